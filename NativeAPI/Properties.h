@@ -1,0 +1,31 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/HostFacts.h"
+#include "platform/Row.h"
+#include "source/InstanceRecord.h"
+
+namespace qv {
+
+/// The host's name, or nothing when the system gives none.
+std::optional<std::string> HostName(const platform::HostFacts& host);
+
+/// Puts the key SystemName, unless there is no host name.
+void PutSystemName(InstanceRecord& record, const std::optional<std::string>& hostName);
+
+/// Puts the property `name` as a string: the source text, empty when it is missing.
+void PutText(InstanceRecord& record, std::string_view name, const platform::Row& row,
+             std::string_view sourceName);
+
+/// Puts the property `name` as a number: the source's whole number, 0 when it is missing.
+void PutNumber(InstanceRecord& record, std::string_view name, const platform::Row& row,
+               std::string_view sourceName);
+
+/// Puts OperationalStatus and StatusDescriptions from the row's Status. A status text outside the
+/// map gives, on purpose, an empty OperationalStatus beside the text in StatusDescriptions.
+void PutStatus(InstanceRecord& record, const platform::Row& row);
+
+}  // namespace qv

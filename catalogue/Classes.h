@@ -1,0 +1,25 @@
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "NativeAPI/NativeAPI.h"
+
+namespace qv {
+
+/// A published class and the operation that builds its instances.
+struct PublishedClass {
+    using Builder = RecordList (NativeAPI::*)(const Request&) const;
+
+    std::string_view name;
+    Builder builder;  ///< null while the class has no builder: it then has no instances
+};
+
+/// How many of the published classes, the first ones, are instance classes; the others are
+/// associations.
+inline constexpr std::size_t instanceClassCount = 17;
+
+/// The published classes in the order in which a requested name is compared with theirs.
+std::span<const PublishedClass> PublishedClasses();
+
+}  // namespace qv

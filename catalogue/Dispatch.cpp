@@ -1,0 +1,39 @@
+// The catalogue's operations of NativeAPI: from a class name to its builder.
+#include <algorithm>
+
+#include "NativeAPI/NativeAPI.h"
+#include "catalogue/Classes.h"
+#include "source/Text.h"
+
+namespace qv {
+
+RecordList NativeAPI::BuildInstances(std::string_view className, std::uint32_t mode,
+                                     std::string_view path) const {
+    const auto classes = PublishedClasses();
+    const auto found = std::ranges::find_if(classes, [className](const PublishedClass& one) {
+        return EqualsIgnoringCase(one.name, className);
+    });
+    if (found == classes.end() || found->builder == nullptr) {
+        return {};
+    }
+    return (this->*found->builder)({className, mode, path});
+}
+
+RecordList NativeAPI::BuildAllInstances(std::string_view className, std::uint32_t mode) const {
+    return BuildInstances(className, mode, {});
+}
+
+RecordList NativeAPI::FindRecordByKey(std::string_view className, std::string_view keyName,
+                                      std::string_view keyValue) const {
+    const RecordList candidates = BuildAllInstances(className, mode::keysOnly);
+    const auto found = std::ranges::find_if(candidates, [&](const InstanceRecord& record) {
+        return GetPropertyEntry(record, keyName).value == keyValue;
+    });
+    if (found == candidates.end()) {
+        return {};
+    }
+    RecordList full = BuildInstances(className, mode::foundByKey, BuildObjectPath(*found));
+    return full.size() == 1 ? full : RecordList{};
+}
+
+}  // namespace qv

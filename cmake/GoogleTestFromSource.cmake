@@ -1,0 +1,32 @@
+# GoogleTest from the distribution's sources, compiled with this build's own compiler and flags.
+if(BUILD_TESTING)
+  set(INSTALL_GTEST OFF)
+  set(BUILD_GMOCK ON)
+  set(gtest_force_shared_crt ON)
+  add_subdirectory(/usr/src/googletest ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL SYSTEM)
+  if(QV_SANITIZE)
+    foreach(target gtest gtest_main gmock gmock_main)
+      target_compile_options(${target} PRIVATE -fsanitize=${QV_SANITIZE})
+    endforeach()
+  endif()
+  if(WIN32)
+    foreach(target gtest gtest_main gmock gmock_main)
+      target_link_options(${target} INTERFACE -static)
+    endforeach()
+  endif()
+endif()
+
+# qv_test(name sources...): a test program, registered under its name with a time limit.
+# LINK lists what it links besides GoogleTest.
+function(qv_test name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "TIMEOUT" "LINK")
+  if(NOT arg_TIMEOUT)
+    set(arg_TIMEOUT 300)
+  endif()
+  add_executable(${name} ${arg_UNPARSED_ARGUMENTS})
+  target_link_libraries(${name} PRIVATE qv_options ${arg_LINK} GTest::gmock_main)
+  target_compile_definitions(${name} PRIVATE QV_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+  add_test(NAME ${QV_TEST_PREFIX}${name}
+    COMMAND ${name} --gtest_brief=1 --gtest_output=xml:${CMAKE_BINARY_DIR}/results/${name}.xml)
+  set_tests_properties(${QV_TEST_PREFIX}${name} PROPERTIES TIMEOUT ${arg_TIMEOUT})
+endfunction()

@@ -1,0 +1,43 @@
+# What every target of this project is compiled with.
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+option(QV_BENCHMARKS "build the benchmarks" OFF)
+set(QV_SANITIZE "" CACHE STRING "sanitizers of the native build, as -fsanitize= takes them")
+option(QV_COVERAGE "instrument for gcov" OFF)
+
+add_library(qv_options INTERFACE)
+target_include_directories(qv_options INTERFACE ${PROJECT_SOURCE_DIR})
+target_compile_options(qv_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
+  -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align -Wunused -Wformat=2
+  -Wnull-dereference -Wduplicated-cond -Wlogical-op -Wextra-semi -Werror)
+
+if(QV_SANITIZE)
+  target_compile_options(qv_options INTERFACE
+    -fsanitize=${QV_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer
+    # GCC's flow analysis reports false positives on sanitizer-instrumented code.
+    -Wno-null-dereference -Wno-maybe-uninitialized)
+  target_link_options(qv_options INTERFACE -fsanitize=${QV_SANITIZE})
+endif()
+if(QV_COVERAGE)
+  target_compile_options(qv_options INTERFACE --coverage)
+  target_link_options(qv_options INTERFACE --coverage)
+endif()
+
+if(WIN32)
+  # Windows 7 is the oldest system supported.
+  target_compile_definitions(qv_options INTERFACE
+    UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0601)
+  target_compile_options(qv_options INTERFACE -fstack-protector-strong)
+  target_link_options(qv_options INTERFACE
+    -static -Wl,--dynamicbase,--high-entropy-va,--nxcompat,--no-insert-timestamp)
+endif()
+
+# qv_library(name sources...): a static library of the project.
+function(qv_library name)
+  add_library(${name} STATIC ${ARGN})
+  target_link_libraries(${name} PUBLIC qv_options)
+endfunction()

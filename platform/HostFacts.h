@@ -1,0 +1,27 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace qv::platform {
+
+/// The formats of GetComputerNameExW in which a host's name is asked for.
+enum class NameFormat { dnsFullyQualified, dnsHostname, netBios };
+
+/// A host name, or the system error code (winerror.h) with which the system refused it.
+struct ComputerName {
+    std::uint32_t error = 0;
+    std::string name;
+};
+
+/// What the operating system says of the host without a management query.
+class HostFacts {
+public:
+    virtual ~HostFacts() = default;
+
+    /// The computer's name in one format. Errors: the system's own, and 8 (not enough memory) when
+    /// there was no room for the name.
+    virtual ComputerName GetComputerName(NameFormat format) const = 0;
+};
+
+}  // namespace qv::platform
