@@ -33,7 +33,7 @@ if(WIN32)
     UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0601)
   target_compile_options(qv_options INTERFACE -fstack-protector-strong)
   target_link_options(qv_options INTERFACE
-    -static -Wl,--dynamicbase,--high-entropy-va,--nxcompat,--no-insert-timestamp)
+    -static -fstack-protector-strong -Wl,--dynamicbase,--high-entropy-va,--nxcompat,--no-insert-timestamp)
 endif()
 
 # qv_library(name sources...): a static library of the project.
