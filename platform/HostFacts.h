@@ -21,7 +21,7 @@ public:
 
     /// The computer's name in one format. Errors: the system's own, and 8 (not enough memory) when
     /// there was no room for the name.
-    virtual ComputerName GetComputerName(NameFormat format) const = 0;
+    virtual ComputerName NameInFormat(NameFormat format) const = 0;
 };
 
 }  // namespace qv::platform

@@ -27,7 +27,7 @@ std::uint32_t GetHostName(const platform::HostFacts& host, std::string& name) {
     std::uint32_t error = 0;
     for (const NameFormat format :
          {NameFormat::dnsFullyQualified, NameFormat::dnsHostname, NameFormat::netBios}) {
-        platform::ComputerName found = host.GetComputerName(format);
+        platform::ComputerName found = host.NameInFormat(format);
         error = found.error;
         if (error == 0) {
             name = std::move(found.name);

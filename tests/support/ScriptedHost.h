@@ -65,7 +65,7 @@ public:
         return platform::QueryResult::submitted;
     }
 
-    platform::ComputerName GetComputerName(platform::NameFormat format) const override {
+    platform::ComputerName NameInFormat(platform::NameFormat format) const override {
         const auto found = names.find(format);
         return found == names.end() ? platform::ComputerName{1, {}} : found->second;
     }
