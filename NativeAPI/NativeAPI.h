@@ -5,6 +5,7 @@
 
 #include "NativeAPI/Request.h"
 #include "platform/HostFacts.h"
+#include "platform/LogPort.h"
 #include "platform/QueryPort.h"
 #include "source/InstanceRecord.h"
 
@@ -18,9 +19,10 @@ namespace qv {
 /// std::bad_alloc.
 class NativeAPI {
 public:
-    /// Both outlive the object.
-    NativeAPI(const platform::QueryPort& queries, const platform::HostFacts& host)
-        : queries_(queries), host_(host) {}
+    /// All three outlive the object.
+    NativeAPI(const platform::QueryPort& queries, const platform::HostFacts& host,
+              platform::LogPort& log)
+        : queries_(queries), host_(host), log_(log) {}
 
     /// The instances of a published class, in the order of their source rows; an empty list for any
     /// other class. The class name is taken without regard to case, `mode` is made of the bits of
@@ -39,12 +41,29 @@ public:
 
     RecordList getQV_SATAPortController(const Request& request) const;
     RecordList getQV_SATADiskDrive(const Request& request) const;
+    RecordList getQV_SATAStorageExtent(const Request& request) const;
+    RecordList getQV_SATADiskDriveFW(const Request& request) const;
+    RecordList getQV_SATAPortControllerPhysicalPackage(const Request& request) const;
+    RecordList getQV_SATADiskPhysicalPackage(const Request& request) const;
+    /// Answers with the one group of all published disks, whatever the mode and the path. Its query
+    /// asks the management service for QV_SATADiskDrive and so re-enters the provider.
+    RecordList getQV_SATAStorageCollection(const Request& request) const;
+    RecordList getQV_SATADiskLocation(const Request& request) const;
+    RecordList getQV_SATAControllerLocation(const Request& request) const;
+    RecordList getQV_SATAPortControllerProduct(const Request& request) const;
+    RecordList getQV_SATALogicalPort(const Request& request) const;
+    RecordList getQV_ISATAProtocolEndpoint(const Request& request) const;
+    RecordList getQV_TSATAProtocolEndpoint(const Request& request) const;
+    RecordList getQV_SATAPortControllerDriver(const Request& request) const;
+    RecordList getQV_SATAPortControllerFW(const Request& request) const;
+    RecordList getQV_SATAPortControllerBIOS(const Request& request) const;
     /// Answers with the one host, whatever the mode and the path.
     RecordList getQV_WinComputerSystem(const Request& request) const;
 
 private:
     const platform::QueryPort& queries_;
     const platform::HostFacts& host_;
+    platform::LogPort& log_;
 };
 
 }  // namespace qv

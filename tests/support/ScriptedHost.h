@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/HostFacts.h"
+#include "platform/LogPort.h"
 #include "platform/QueryPort.h"
 
 namespace qv::test {
@@ -32,12 +33,12 @@ private:
 };
 
 /// A host that answers query texts exactly as a test scripted them and remembers what was asked.
-/// A text that was not scripted fails. The host's name is "host.example.org".
-class ScriptedHost : public platform::QueryPort, public platform::HostFacts {
+/// A text that was not scripted fails. The host's name is "host.example.org", its log's level 3.
+class ScriptedHost : public platform::QueryPort,
+                     public platform::HostFacts,
+                     public platform::LogPort {
 public:
-    ScriptedHost() {
-        names[platform::NameFormat::dnsFullyQualified] = {0, "host.example.org"};
-    }
+    ScriptedHost() { names[platform::NameFormat::dnsFullyQualified] = {0, "host.example.org"}; }
 
     ScriptedHost& Answer(std::string query, std::vector<Properties> rows) {
         platform::Rows& scripted = answers_[std::move(query)];
@@ -70,10 +71,18 @@ public:
         return found == names.end() ? platform::ComputerName{1, {}} : found->second;
     }
 
+    int Level() const override { return level; }
+
+    void Write(int lineLevel, std::string_view text) override { log.emplace_back(lineLevel, text); }
+
     /// "namespace: query", in the order in which they were run.
     mutable std::vector<std::string> asked;
     /// The names that the system gives; a format that is missing fails with error 1.
     std::map<platform::NameFormat, platform::ComputerName> names;
+    /// The log's configured level.
+    int level = 3;
+    /// The level and the text of each line that was logged.
+    std::vector<std::pair<int, std::string>> log;
 
 private:
     std::map<std::string, platform::Rows, std::less<>> answers_;
