@@ -1,0 +1,18 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <string_view>
+
+namespace qv::windows {
+
+// Conversions between the wide text of the platform and the narrow text of the core. The code page
+// is the system's ANSI code page unless told otherwise, and has ASCII as its lower half; a
+// character that it lacks becomes its replacement character. An empty text gives an empty text.
+// Raise RequestError with the HRESULT of the system error code when a text cannot be converted.
+
+std::string ToNarrow(std::wstring_view text, UINT codePage = CP_ACP);
+std::wstring ToWide(std::string_view text, UINT codePage = CP_ACP);
+
+}  // namespace qv::windows

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace qv {
+
+/// The log file that providers of several libraries share, by default qvwbems.log. Its lines are
+/// narrow text in the system's ANSI code page, and name the prefix that the log was opened with.
+///
+/// Settings are read once, from HKLM\Software\Corvane\WBEM\ServerLOGGING: LOGFILENAME (text), LEVEL
+/// and TYPE (numbers). What is missing or of the wrong type keeps its default.
+class LegacyLog {
+public:
+    static constexpr std::uint32_t defaultLevel = 3;
+    static constexpr std::uint32_t defaultType = 0;
+
+    /// Reads the settings; the file is opened for each line. Not to be called under the loader
+    /// lock.
+    explicit LegacyLog(std::string_view prefix);
+
+    /// Appends a line when `severity` is not below Level(). A line that cannot be written is lost
+    /// without notice. Any thread may call it at any time.
+    void CommonLogEntry(std::string_view message, std::uint32_t severity) const noexcept;
+
+    const std::wstring& FileName() const { return fileName_; }
+    std::uint32_t Level() const { return level_; }
+
+    /// Kept for the library's users; lines do not depend on it.
+    std::uint32_t Type() const { return type_; }
+
+private:
+    std::string prefix_;
+    std::wstring fileName_;
+    std::uint32_t level_ = defaultLevel;
+    std::uint32_t type_ = defaultType;
+};
+
+}  // namespace qv
