@@ -1,11 +1,58 @@
 #include "source/SourceRules.h"
 
+#include <algorithm>
+#include <array>
+#include <utility>
+
 #include "source/PropertyReaders.h"
+#include "source/Text.h"
 
 namespace qv {
 namespace {
 
 constexpr std::string_view revisionMark = "&REV_";
+constexpr std::string_view channelMark = "IDECHANNEL";
+constexpr std::string_view keyMark = ".DeviceID=";
+
+constexpr std::array driverFamilies{
+    std::pair<std::string_view, ControllerFamily>{"msahci", ControllerFamily::nativeSata},
+    std::pair<std::string_view, ControllerFamily>{"pciide", ControllerFamily::pciIde},
+    std::pair<std::string_view, ControllerFamily>{"pciidex", ControllerFamily::pciIde},
+    std::pair<std::string_view, ControllerFamily>{"atapi", ControllerFamily::atapi},
+};
+
+// What follows the first `mark`; the whole text without one (the position after npos is 0).
+std::string_view AfterFirst(std::string_view text, char mark) {
+    return text.substr(text.find(mark) + 1);
+}
+
+// The text from ".DeviceID=" on; nothing without it.
+std::optional<std::string_view> PathTail(std::string_view path) {
+    const auto mark = path.find(keyMark);
+    return mark == std::string_view::npos ? std::nullopt : std::optional(path.substr(mark));
+}
+
+// The form in which device IDs are compared.
+std::string ComparedDeviceId(std::string_view deviceId) {
+    return FoldCase(StripBackslashes(deviceId));
+}
+
+// The key value in a path tail, without its quotes.
+std::string_view KeyValue(std::string_view pathTail) {
+    constexpr auto opening = keyMark.size() + 1;
+    return pathTail.size() > opening ? pathTail.substr(opening, pathTail.size() - opening - 1)
+                                     : std::string_view{};
+}
+
+const platform::Row* Find(const std::unordered_map<std::string, const platform::Row*>& rows,
+                          const std::string& key) {
+    const auto found = rows.find(key);
+    return found == rows.end() ? nullptr : found->second;
+}
+
+bool Contains(std::string_view text, std::string_view part) {
+    return text.find(part) != std::string_view::npos;
+}
 
 }  // namespace
 
@@ -14,7 +61,21 @@ bool IsIdeDisk(const platform::Row& disk) {
 }
 
 bool IsPortController(std::string_view deviceId) {
-    return deviceId.find(revisionMark) != std::string_view::npos;
+    return Contains(deviceId, revisionMark);
+}
+
+bool IsChannel(std::string_view pnpDeviceId) {
+    return Contains(pnpDeviceId, channelMark);
+}
+
+bool IsInitiator(std::string_view deviceId) {
+    return IsChannel(deviceId) && !IsPortController(deviceId);
+}
+
+std::optional<ControllerFamily> FamilyOfDriver(std::string_view driverName) {
+    const auto found =
+        std::ranges::find(driverFamilies, driverName, &decltype(driverFamilies)::value_type::first);
+    return found == driverFamilies.end() ? std::nullopt : std::optional(found->second);
 }
 
 std::string_view RevisionOf(std::string_view deviceId) {
@@ -24,6 +85,23 @@ std::string_view RevisionOf(std::string_view deviceId) {
     }
     const std::string_view revision = deviceId.substr(mark + revisionMark.size());
     return revision.substr(0, revision.find('\\'));
+}
+
+std::string_view FirstSegmentOf(std::string_view deviceId) {
+    const std::string_view rest = AfterFirst(deviceId, '&');
+    return rest.substr(0, rest.find('&'));
+}
+
+std::string_view DeviceNumberOf(std::string_view deviceId) {
+    return AfterFirst(FirstSegmentOf(deviceId), '_');
+}
+
+std::string ChannelLabel(std::string_view channelId) {
+    std::string label(channelId.substr(channelId.find(channelMark)));
+    if (const auto backslash = label.find('\\'); backslash != std::string::npos) {
+        label.replace(backslash, 1, " with ID: ");
+    }
+    return label;
 }
 
 const platform::Row* FindMediaOfDisk(const platform::Row& disk, const platform::Rows& media) {
@@ -38,6 +116,61 @@ const platform::Row* FindMediaOfDisk(const platform::Row& disk, const platform::
         }
     }
     return nullptr;
+}
+
+ControllerLinks::ControllerLinks(const platform::Rows& links, const platform::Rows& controllers) {
+    ControllerByKey byPath;
+    for (const auto& controller : controllers) {
+        byPath.emplace(FoldCase(TextOrEmpty(*controller, "__PATH")), controller.get());
+    }
+    for (const auto& link : links) {
+        const platform::Row* controller = Find(byPath, FoldCase(TextOrEmpty(*link, "Antecedent")));
+        if (controller == nullptr) {
+            continue;
+        }
+        const std::string dependent = TextOrEmpty(*link, "Dependent");
+        if (const auto tail = PathTail(dependent)) {
+            byDevice_[ComparedDeviceId(KeyValue(*tail))] = controller;
+            byPathTail_[std::string(*tail)] = controller;
+        }
+    }
+}
+
+const platform::Row* ControllerLinks::ControllerOfDisk(std::string_view pnpDeviceId) const {
+    return Find(byDevice_, ComparedDeviceId(pnpDeviceId));
+}
+
+const platform::Row* ControllerLinks::ControllerOfChannel(std::string_view path) const {
+    const auto tail = PathTail(path);
+    return tail ? Find(byPathTail_, std::string(*tail)) : nullptr;
+}
+
+PartitionLinks::PartitionLinks(const platform::Rows& links, const platform::Rows& partitions) {
+    for (const auto& link : links) {
+        links_.push_back(
+            {StripBackslashes(TextOrEmpty(*link, "Antecedent")), TextOrEmpty(*link, "Dependent")});
+    }
+    for (const auto& partition : partitions) {
+        partitions_.push_back({TextOrEmpty(*partition, "DeviceID"), partition.get()});
+    }
+}
+
+std::vector<const platform::Row*> PartitionLinks::PartitionsOfDisk(
+    std::string_view deviceId) const {
+    const std::string disk = StripBackslashes(deviceId);
+    std::vector<const platform::Row*> matched;
+    for (const Link& link : links_) {
+        if (!Contains(link.disk, disk)) {
+            continue;
+        }
+        const auto found = std::ranges::find_if(partitions_, [&link](const Partition& partition) {
+            return Contains(link.partition, partition.deviceId);
+        });
+        if (found != partitions_.end()) {
+            matched.push_back(found->row);
+        }
+    }
+    return matched;
 }
 
 }  // namespace qv

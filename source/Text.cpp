@@ -18,6 +18,12 @@ bool EqualsIgnoringCase(std::string_view left, std::string_view right) {
     return std::ranges::equal(left, right, {}, ToLowerAscii, ToLowerAscii);
 }
 
+std::string FoldCase(std::string_view text) {
+    std::string folded(text);
+    std::ranges::transform(folded, folded.begin(), ToLowerAscii);
+    return folded;
+}
+
 std::string EncodeDeviceId(std::string_view text) {
     std::string encoded(text);
     std::ranges::replace(encoded, '\\', '&');

@@ -10,6 +10,10 @@ namespace qv {
 /// Equality without regard to the case of ASCII letters.
 bool EqualsIgnoringCase(std::string_view left, std::string_view right);
 
+/// The text with ASCII letters in lower case: the same for exactly those texts that
+/// EqualsIgnoringCase takes for equal.
+std::string FoldCase(std::string_view text);
+
 /// The text with every backslash replaced by an ampersand: the key text of a plug-and-play device.
 std::string EncodeDeviceId(std::string_view text);
 
