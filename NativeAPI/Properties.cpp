@@ -6,6 +6,24 @@
 #include "source/Text.h"
 
 namespace qv {
+namespace {
+
+struct MappedStatus {
+    std::vector<std::string> codes;
+    std::vector<std::string> descriptions;
+};
+
+MappedStatus ReadStatus(const platform::Row& row) {
+    MappedStatus mapped;
+    MapStatusToOperationalStatus(TextOrEmpty(row, "Status"), mapped.codes, mapped.descriptions);
+    return mapped;
+}
+
+void PutStatusCodes(InstanceRecord& record, const MappedStatus& mapped) {
+    SetProperty(record, "OperationalStatus", JoinList(mapped.codes), PropertyType::int32Array);
+}
+
+}  // namespace
 
 std::optional<std::string> HostName(const platform::HostFacts& host) {
     std::string name;
@@ -18,6 +36,11 @@ void PutSystemName(InstanceRecord& record, const std::optional<std::string>& hos
     }
 }
 
+void PutCreationClassNames(InstanceRecord& record) {
+    SetKeyProperty(record, "CreationClassName", record.className);
+    SetKeyProperty(record, "SystemCreationClassName", std::string(GetComputerSystemClassName()));
+}
+
 void PutText(InstanceRecord& record, std::string_view name, const platform::Row& row,
              std::string_view sourceName) {
     SetProperty(record, name, TextOrEmpty(row, sourceName));
@@ -28,12 +51,15 @@ void PutNumber(InstanceRecord& record, std::string_view name, const platform::Ro
     SetProperty(record, name, DecimalOrZero(row, sourceName), PropertyType::int32);
 }
 
+void PutOperationalStatus(InstanceRecord& record, const platform::Row& row) {
+    PutStatusCodes(record, ReadStatus(row));
+}
+
 void PutStatus(InstanceRecord& record, const platform::Row& row) {
-    std::vector<std::string> codes;
-    std::vector<std::string> descriptions;
-    MapStatusToOperationalStatus(TextOrEmpty(row, "Status"), codes, descriptions);
-    SetProperty(record, "OperationalStatus", JoinList(codes), PropertyType::int32Array);
-    SetProperty(record, "StatusDescriptions", JoinList(descriptions), PropertyType::stringArray);
+    const MappedStatus mapped = ReadStatus(row);
+    PutStatusCodes(record, mapped);
+    SetProperty(record, "StatusDescriptions", JoinList(mapped.descriptions),
+                PropertyType::stringArray);
 }
 
 }  // namespace qv

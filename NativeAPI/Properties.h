@@ -16,6 +16,10 @@ std::optional<std::string> HostName(const platform::HostFacts& host);
 /// Puts the key SystemName, unless there is no host name.
 void PutSystemName(InstanceRecord& record, const std::optional<std::string>& hostName);
 
+/// Puts the keys CreationClassName, the class asked for as the caller spelled it, and
+/// SystemCreationClassName.
+void PutCreationClassNames(InstanceRecord& record);
+
 /// Puts the property `name` as a string: the source text, empty when it is missing.
 void PutText(InstanceRecord& record, std::string_view name, const platform::Row& row,
              std::string_view sourceName);
@@ -23,6 +27,9 @@ void PutText(InstanceRecord& record, std::string_view name, const platform::Row&
 /// Puts the property `name` as a number: the source's whole number, 0 when it is missing.
 void PutNumber(InstanceRecord& record, std::string_view name, const platform::Row& row,
                std::string_view sourceName);
+
+/// Puts OperationalStatus from the row's Status.
+void PutOperationalStatus(InstanceRecord& record, const platform::Row& row);
 
 /// Puts OperationalStatus and StatusDescriptions from the row's Status. A status text outside the
 /// map gives, on purpose, an empty OperationalStatus beside the text in StatusDescriptions.

@@ -2,8 +2,8 @@
 // encoded plug-and-play device ID; the serial number comes from the disk's Win32_PhysicalMedia row.
 #include "NativeAPI/CapabilityMap.h"
 #include "NativeAPI/NativeAPI.h"
+#include "NativeAPI/PhysicalMedia.h"
 #include "NativeAPI/Properties.h"
-#include "source/HostIdentity.h"
 #include "source/PropertyReaders.h"
 #include "source/SourceRules.h"
 #include "source/Text.h"
@@ -39,9 +39,7 @@ RecordList NativeAPI::getQV_SATADiskDrive(const Request& request) const {
         InstanceRecord record(request.className);
         SetKeyProperty(record, "DeviceID", EncodeDeviceId(TextOrEmpty(*disk, "PNPDeviceID")));
         PutSystemName(record, hostName);
-        SetKeyProperty(record, "CreationClassName", std::string(request.className));
-        SetKeyProperty(record, "SystemCreationClassName",
-                       std::string(GetComputerSystemClassName()));
+        PutCreationClassNames(record);
         if (!request.Accepts(record)) {
             continue;
         }
@@ -61,10 +59,8 @@ RecordList NativeAPI::getQV_SATADiskDrive(const Request& request) const {
             PutNumber(record, "Partitions", *disk, "Partitions");
             PutNumber(record, "SectorsPerTrack", *disk, "SectorsPerTrack");
             PutNumber(record, "BytesPerSector", *disk, "BytesPerSector");
-            platform::Rows media;
-            queries_.RunWqlQuery("root\\CIMv2", "SELECT * FROM Win32_PhysicalMedia", media);
-            if (const platform::Row* own = FindMediaOfDisk(*disk, media)) {
-                PutText(record, "SerialNumber", *own, "SerialNumber");
+            if (const auto media = QueryMediaOfDisk(queries_, *disk)) {
+                SetProperty(record, "SerialNumber", media->serialNumber);
             }
             PutText(record, "Size", *disk, "Size");
             PutNumber(record, "TracksPerCylinder", *disk, "TracksPerCylinder");

@@ -2,7 +2,6 @@
 // device ID. The encoded device ID is the key by which everything of the controller refers to it.
 #include "NativeAPI/NativeAPI.h"
 #include "NativeAPI/Properties.h"
-#include "source/HostIdentity.h"
 #include "source/PropertyReaders.h"
 #include "source/SourceRules.h"
 #include "source/Text.h"
@@ -31,9 +30,7 @@ RecordList NativeAPI::getQV_SATAPortController(const Request& request) const {
         }
         InstanceRecord record(request.className);
         PutSystemName(record, hostName);
-        SetKeyProperty(record, "CreationClassName", std::string(request.className));
-        SetKeyProperty(record, "SystemCreationClassName",
-                       std::string(GetComputerSystemClassName()));
+        PutCreationClassNames(record);
         SetKeyProperty(record, "DeviceID", EncodeDeviceId(deviceId));
         if (!request.Accepts(record)) {
             continue;

@@ -1,0 +1,29 @@
+#include "NativeAPI/Attachment.h"
+
+#include <utility>
+
+#include "source/PropertyReaders.h"
+#include "source/Text.h"
+
+namespace qv {
+
+std::string ConnectedId(std::string_view deviceId, const platform::Row* controller) {
+    std::string connected = EncodeDeviceId(deviceId).append(connectedTo);
+    if (controller != nullptr) {
+        connected += EncodeDeviceId(TextOrEmpty(*controller, "DeviceID"));
+    }
+    return connected;
+}
+
+AttachedDisks QueryAttachedDisks(const platform::QueryPort& queries) {
+    platform::Rows disks;
+    platform::Rows links;
+    platform::Rows controllers;
+    queries.RunWqlQuery("root\\CIMv2", "SELECT * FROM Win32_DiskDrive", disks);
+    queries.RunWqlQuery("root\\CIMv2", "SELECT * FROM Win32_IDEControllerDevice", links);
+    queries.RunWqlQuery("root\\CIMv2", "SELECT * FROM Win32_IDEController", controllers);
+    ControllerLinks attachments(links, controllers);
+    return {std::move(disks), std::move(controllers), std::move(attachments)};
+}
+
+}  // namespace qv

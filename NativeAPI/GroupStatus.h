@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string_view>
+
+namespace qv {
+
+/// The consolidated status of a group of disks: a CIM OperationalStatus code and its text.
+struct GroupStatus {
+    std::int32_t code = 2;
+    std::string_view text = "OK";
+
+    bool operator==(const GroupStatus&) const = default;
+};
+
+/// The status of a group from the OperationalStatus codes of its disks, in their order. A disk
+/// without a code repeats the one before it; a group without any is OK.
+GroupStatus RollUp(std::span<const std::optional<std::int32_t>> diskCodes);
+
+}  // namespace qv

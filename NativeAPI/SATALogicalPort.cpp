@@ -1,0 +1,57 @@
+// QV_SATALogicalPort: one instance per channel, a Win32_IDEController row with "IDECHANNEL" in its
+// PNPDeviceID. The key names the channel and the controller that a Win32_IDEControllerDevice row
+// says it hangs on.
+#include "NativeAPI/Attachment.h"
+#include "NativeAPI/NativeAPI.h"
+#include "NativeAPI/Properties.h"
+#include "source/PropertyReaders.h"
+#include "source/SourceRules.h"
+#include "source/Text.h"
+
+namespace qv {
+
+RecordList NativeAPI::getQV_SATALogicalPort(const Request& request) const {
+    RecordList records;
+    platform::Rows channels;
+    platform::Rows controllers;
+    platform::Rows links;
+    // The same query twice, on purpose: only the outcome of the second one counts.
+    queries_.RunWqlQuery("root\\CIMv2", "SELECT * FROM Win32_IDEController", channels);
+    const auto outcome =
+        queries_.RunWqlQuery("root\\CIMv2", "SELECT * FROM Win32_IDEController", controllers);
+    queries_.RunWqlQuery("root\\CIMv2", "SELECT * FROM Win32_IDEControllerDevice", links);
+    if (outcome == platform::QueryResult::failed) {
+        return records;
+    }
+    const ControllerLinks parents(links, controllers);
+    const auto hostName = HostName(host_);
+    for (const auto& channel : channels) {
+        const std::string channelId = TextOrEmpty(*channel, "PNPDeviceID");
+        if (!IsChannel(channelId)) {
+            continue;
+        }
+        const auto* parent = parents.ControllerOfChannel(TextOrEmpty(*channel, "__PATH"));
+        InstanceRecord record(request.className);
+        SetKeyProperty(record, "DeviceID", ConnectedId(channelId, parent));
+        PutSystemName(record, hostName);
+        PutCreationClassNames(record);
+        if (!request.Accepts(record)) {
+            continue;
+        }
+        if (request.WantsAllProperties()) {
+            const std::string label = ChannelLabel(channelId);
+            SetProperty(record, "Caption", label);
+            SetProperty(record, "ElementName", label);
+            // Without StatusDescriptions, on purpose.
+            PutOperationalStatus(record, *channel);
+            // Both are numbers published as text, on purpose.
+            SetProperty(record, "UsageRestriction", "4", PropertyType::text);
+            SetProperty(record, "PortType", "1");
+            SetProperty(record, "OtherPortType", "IDE/SATA");
+        }
+        AppendRecord(records, std::move(record));
+    }
+    return records;
+}
+
+}  // namespace qv

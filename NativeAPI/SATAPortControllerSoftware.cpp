@@ -1,0 +1,148 @@
+// QV_SATAPortControllerBIOS, QV_SATAPortControllerFW and QV_SATAPortControllerDriver: at most one
+// instance of each class per family of controllers, for the first Win32_IDEController row, channels
+// included, that a driver of the family serves. The drivers are found over the row's plug-and-play
+// device.
+#include <array>
+#include <set>
+
+#include "NativeAPI/NativeAPI.h"
+#include "source/PropertyReaders.h"
+#include "source/SourceRules.h"
+#include "source/Text.h"
+
+namespace qv {
+namespace {
+
+/// What a class says of one family. An empty name stands for the driver's own.
+struct FamilyTexts {
+    std::string_view name;
+    std::string_view caption;
+    std::string_view description;
+    std::string_view manufacturer;
+    bool hasVersion;
+};
+
+/// What a class says: the classification code, and a row of texts for each ControllerFamily.
+struct SoftwareClass {
+    std::string_view classification;
+    std::array<FamilyTexts, 3> families;
+};
+
+constexpr std::string_view ideBiosMaker = "Standard IDE/ATA Controllers BIOS";
+constexpr std::string_view ideFirmwareMaker = "Standard IDE/ATA Controllers firmware";
+constexpr std::string_view ahciDriver = "Standard SATA Controllers Driver";
+constexpr std::string_view ideDriver = "Standard IDE ATA/ATAPI Controllers Driver";
+
+// The ATAPI family has no version, on purpose.
+constexpr SoftwareClass bios{
+    "6",
+    {{{"SATA BIOS", "SATA BIOS", "SATA BIOS", "Standard SATA Controllers BIOS", true},
+      {"IDE/ATA BIOS", "IDE/ATA BIOS", "IDE/ATA BIOS", ideBiosMaker, true},
+      {"IDE/ATA BIOS", "IDE/ATA BIOS", "IDE/ATA BIOS", ideBiosMaker, false}}}};
+
+constexpr SoftwareClass firmware{
+    "10",
+    {{{"SATA firmware", "SATA firmware", "SATA firmware", "Standard SATA Controllers firmware",
+       true},
+      {"IDE/ATA firmware", "IDE/ATA firmware", "IDE/ATA firmware", ideFirmwareMaker, true},
+      {"IDE/ATA firmware", "IDE/ATA firmware", "IDE/ATA firmware", ideFirmwareMaker, false}}}};
+
+constexpr SoftwareClass driver{"2",
+                               {{{"", "NATIVE SATA Driver", ahciDriver, ahciDriver, false},
+                                 {"", "PCI IDE Driver", ideDriver, ideDriver, false},
+                                 {"", "ATAPI Driver", ideDriver, ideDriver, false}}}};
+
+// The path without server and namespace; the whole path when the namespace is spelled otherwise.
+std::string RelativePathOf(const platform::Row& row) {
+    constexpr std::string_view nameSpace = "CIMv2:";
+    const std::string path = TextOrEmpty(row, "__PATH");
+    const auto mark = path.find(nameSpace);
+    return mark == std::string::npos ? path : path.substr(mark + nameSpace.size());
+}
+
+// The objects of exactly `resultClass` that `associationClass` relates to the row's object.
+platform::Rows Associated(const platform::QueryPort& queries, const platform::Row& row,
+                          const std::string& associationClass, std::string_view resultClass) {
+    platform::Rows objects;
+    queries.RunWqlQuery(
+        "root\\CIMv2",
+        "ASSOCIATORS OF {" + RelativePathOf(row) + "} where assocclass=" + associationClass,
+        objects);
+    std::erase_if(objects, [resultClass](const auto& object) {
+        return TextOrEmpty(*object, "__CLASS") != resultClass;
+    });
+    return objects;
+}
+
+void PutDetails(InstanceRecord& record, const SoftwareClass& software, const FamilyTexts& texts,
+                const std::string& deviceId, const std::string& driverName) {
+    const auto put = [&record](std::string_view name, std::string_view value,
+                               PropertyType type = PropertyType::string) {
+        SetProperty(record, name, std::string(value), type);
+    };
+    put("Name", texts.name.empty() ? driverName : texts.name);
+    put("Classifications", software.classification, PropertyType::int32Array);
+    put("IdentityInfoType", "CIM:SoftwareFamily", PropertyType::stringArray);
+    put("IdentityInfoValue", "QVQ:" + deviceId, PropertyType::stringArray);
+    put("Caption", texts.caption);
+    put("ElementName", texts.caption);
+    put("Description", texts.description);
+    put("Manufacturer", texts.manufacturer);
+    put("ClassificationDescriptions", texts.description, PropertyType::stringArray);
+    if (texts.hasVersion) {
+        put("VersionString", RevisionOf(deviceId));
+    }
+}
+
+RecordList BuildSoftware(const platform::QueryPort& queries, const Request& request,
+                         const SoftwareClass& software) {
+    RecordList records;
+    platform::Rows controllers;
+    queries.RunWqlQuery("root\\CIMv2", "SELECT * FROM Win32_IDEController", controllers);
+    std::set<ControllerFamily> done;
+    for (const auto& controller : controllers) {
+        const std::string deviceId = TextOrEmpty(*controller, "DeviceID");
+        for (const auto& device :
+             Associated(queries, *controller, "Win32_PnPDevice", "Win32_PnPEntity")) {
+            for (const auto& serving : Associated(queries, *device, "Win32_SystemDriverPNPEntity",
+                                                  "Win32_SystemDriver")) {
+                const std::string driverName = TextOrEmpty(*serving, "Name");
+                const auto family = FamilyOfDriver(driverName);
+                // Before the path is looked at, on purpose: a path that names a later controller
+                // of the family finds nothing.
+                if (!family || !done.insert(*family).second) {
+                    continue;
+                }
+                InstanceRecord record(request.className);
+                SetKeyProperty(record, "InstanceID",
+                               "QV:" + record.className + ":" + EncodeDeviceId(deviceId));
+                if (!request.Accepts(record)) {
+                    continue;
+                }
+                if (request.WantsAllProperties()) {
+                    PutDetails(record, software,
+                               software.families[static_cast<std::size_t>(*family)], deviceId,
+                               driverName);
+                }
+                AppendRecord(records, std::move(record));
+            }
+        }
+    }
+    return records;
+}
+
+}  // namespace
+
+RecordList NativeAPI::getQV_SATAPortControllerBIOS(const Request& request) const {
+    return BuildSoftware(queries_, request, bios);
+}
+
+RecordList NativeAPI::getQV_SATAPortControllerFW(const Request& request) const {
+    return BuildSoftware(queries_, request, firmware);
+}
+
+RecordList NativeAPI::getQV_SATAPortControllerDriver(const Request& request) const {
+    return BuildSoftware(queries_, request, driver);
+}
+
+}  // namespace qv

@@ -1,0 +1,48 @@
+// QV_SATAStorageCollection: the one group of all published disks of the host. Its status is rolled
+// up from the QV_SATADiskDrive instances as the management service delivers them.
+#include "NativeAPI/GroupStatus.h"
+#include "NativeAPI/NativeAPI.h"
+#include "NativeAPI/Properties.h"
+#include "source/PropertyReaders.h"
+
+namespace qv {
+namespace {
+
+constexpr const char* title = "Disk Drives Consolidated Status";
+
+std::optional<std::int32_t> StatusCodeOf(const platform::Row& disk) {
+    std::vector<std::int32_t> codes;
+    GetIntegerArrayProperty(disk, "OperationalStatus", codes);
+    return codes.empty() ? std::nullopt : std::optional(codes.front());
+}
+
+}  // namespace
+
+RecordList NativeAPI::getQV_SATAStorageCollection(const Request& request) const {
+    RecordList records;
+    platform::Rows disks;
+    if (queries_.RunWqlQuery("root\\QVQ", "SELECT * FROM QV_SATADiskDrive", disks) ==
+        platform::QueryResult::failed) {
+        return records;
+    }
+    std::vector<std::optional<std::int32_t>> codes;
+    for (const auto& disk : disks) {
+        codes.push_back(StatusCodeOf(*disk));
+    }
+    const GroupStatus status = RollUp(codes);
+    InstanceRecord record(request.className);
+    if (const auto hostName = HostName(host_)) {
+        SetKeyProperty(record, "InstanceID", *hostName + " QV:QV_SATAStorageCollection");
+    }
+    SetProperty(record, "Caption", title);
+    SetProperty(record, "Description", title);
+    SetProperty(record, "ElementName", title);
+    SetProperty(record, "GroupOperationalStatus", std::to_string(status.code),
+                PropertyType::int32Array);
+    SetProperty(record, "GroupStatusDescriptions", std::string(status.text),
+                PropertyType::stringArray);
+    AppendRecord(records, std::move(record));
+    return records;
+}
+
+}  // namespace qv
