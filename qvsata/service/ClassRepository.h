@@ -69,7 +69,7 @@ public:
 
 private:
     std::vector<ClassDefinition> classes_;                   ///< the management service's own first
-    std::map<std::string, std::size_t, std::less<>> index_;  ///< by name in lower case
+    std::map<std::string, std::size_t, std::less<>> index_;  ///< by folded name
     std::vector<InstanceDefinition> instances_;
 };
 

@@ -1,20 +1,13 @@
 #pragma once
 
 #include <span>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 
 #include "qvsata/service/ClassRepository.h"
+#include "qvsata/service/MofError.h"
 
 namespace qv::service {
-
-/// What is wrong with a MOF file. what() is one line, `file:line:column: what is wrong`, with
-/// lines and columns (of bytes) counted from 1.
-class MofError : public std::runtime_error {
-public:
-    using std::runtime_error::runtime_error;
-};
 
 /// A MOF file: the name that messages give it, and its text in UTF-8.
 struct MofSource {

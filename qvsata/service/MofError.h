@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstddef>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+namespace qv::service {
+
+/// A place in a MOF text, line and column (of bytes) counted from 1.
+struct MofPosition {
+    std::size_t line = 1;
+    std::size_t column = 1;
+};
+
+/// What is wrong with a MOF file. what() is one line, `file:line:column: what is wrong`.
+class MofError : public std::runtime_error {
+public:
+    MofError(std::string_view fileName, MofPosition position, const std::string& what)
+        : std::runtime_error(std::string(fileName) + ':' + std::to_string(position.line) + ':' +
+                             std::to_string(position.column) + ": " + what) {}
+};
+
+}  // namespace qv::service
