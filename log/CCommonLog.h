@@ -44,12 +44,12 @@ public:
     LogLevel Level() const { return level_; }
 
     /// The module name that the log runs under; empty before LogInit.
-    std::wstring Module() const;
+    std::wstring Module();
 
 private:
     HANDLE LocalMutex();
     void TakeLimits(const LogSettings& settings);
-    std::uint32_t StartUnderMutex(std::wstring_view function, std::wstring_view announcement);
+    std::uint32_t Start(std::wstring_view function, std::wstring_view what);
     std::uint32_t Append(std::wstring_view function, LogLevel level, std::wstring_view message);
 
     // Guards all that follows. A kernel mutex rather than std::mutex: a thread that is terminated

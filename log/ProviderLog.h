@@ -25,7 +25,7 @@ public:
     void Plain(std::string_view function, std::string_view text) noexcept;
     void Failure(std::string_view function, std::string_view text) noexcept;
 
-    /// The configured level; LogLevel::silent when the log could not be set up for writing.
+    /// The configured level; LogLevel::silent when the log has no mutex.
     LogLevel Level() noexcept;
 
 private:

@@ -15,4 +15,7 @@ namespace qv::windows {
 std::string ToNarrow(std::wstring_view text, UINT codePage = CP_ACP);
 std::wstring ToWide(std::string_view text, UINT codePage = CP_ACP);
 
+/// The text in upper case, the same for every user and locale.
+std::wstring ToUpper(std::wstring_view text);
+
 }  // namespace qv::windows

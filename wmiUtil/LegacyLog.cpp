@@ -1,0 +1,45 @@
+#include "wmiUtil/LegacyLog.h"
+
+#include <exception>
+#include <span>
+
+#include "log/LogFile.h"
+#include "log/LogLine.h"
+#include "log/LogPlaces.h"
+#include "platform/windows/RegistryKey.h"
+
+namespace qv {
+
+LegacyLog::LegacyLog(std::string_view prefix)
+    : prefix_(prefix), fileName_(DefaultLogFolder() + L"qvwbems.log") {
+    const auto key =
+        windows::RegistryKey::OpenLocalMachine(L"Software\\Corvane\\WBEM\\ServerLOGGING");
+    if (!key) {
+        return;
+    }
+    std::wstring fileName;
+    if (key.ReadText(L"LOGFILENAME", fileName) == ERROR_SUCCESS && !fileName.empty()) {
+        fileName_ = fileName;
+    }
+    level_ = key.ReadNumber(L"LEVEL").value_or(defaultLevel);
+    type_ = key.ReadNumber(L"TYPE").value_or(defaultType);
+}
+
+void LegacyLog::CommonLogEntry(std::string_view message, std::uint32_t severity) const noexcept {
+    if (severity < level_) {
+        return;
+    }
+    try {
+        const windows::FileHandle file = OpenLogFile(fileName_, FILE_FLAG_RANDOM_ACCESS);
+        SYSTEMTIME now{};
+        GetLocalTime(&now);
+        // The leading blank is on purpose: what reads these files counts on it.
+        std::string line = " [" + FormatTime(now, ':') + "] [";
+        line.append(prefix_).append("] - ").append(message).append("\r\n");
+        AppendToFile(file, std::as_bytes(std::span(line)));
+    } catch (const std::exception&) {
+        // Without memory the line is lost, as it is when the file cannot be written.
+    }
+}
+
+}  // namespace qv
