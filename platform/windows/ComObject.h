@@ -1,0 +1,70 @@
+#pragma once
+
+#include <unknwn.h>
+#include <windows.h>
+#include <wrl/client.h>
+
+#include <atomic>
+#include <new>
+#include <tuple>
+#include <utility>
+
+namespace qv::windows {
+
+using Microsoft::WRL::ComPtr;
+
+/// Base of every COM object: counts references, from any thread, and answers QueryInterface with
+/// the interfaces listed; the first of them is the object's identity. Created by MakeObject.
+template <typename... Interfaces>
+class ComObject : public Interfaces... {
+public:
+    ComObject() = default;
+    ComObject(const ComObject&) = delete;
+    ComObject& operator=(const ComObject&) = delete;
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override {
+        if (object == nullptr) {
+            return E_POINTER;
+        }
+        *object = nullptr;
+        if (IsEqualIID(iid, __uuidof(IUnknown))) {
+            using First = std::tuple_element_t<0, std::tuple<Interfaces...>>;
+            *object = static_cast<First*>(this);
+        } else {
+            ((IsEqualIID(iid, __uuidof(Interfaces)) ? * object = static_cast<Interfaces*>(this)
+                                                    : nullptr),
+             ...);
+        }
+        if (*object == nullptr) {
+            return E_NOINTERFACE;
+        }
+        AddRef();
+        return S_OK;
+    }
+
+    ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
+
+    ULONG STDMETHODCALLTYPE Release() override {
+        const ULONG left = --references_;
+        if (left == 0) {
+            delete this;
+        }
+        return left;
+    }
+
+protected:
+    virtual ~ComObject() = default;
+
+private:
+    std::atomic<ULONG> references_ = 1;
+};
+
+/// A new object with one reference, held by the result.
+template <typename T, typename... Arguments>
+ComPtr<T> MakeObject(Arguments&&... arguments) {
+    ComPtr<T> made;
+    made.Attach(new T(std::forward<Arguments>(arguments)...));
+    return made;
+}
+
+}  // namespace qv::windows

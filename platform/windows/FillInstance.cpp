@@ -1,0 +1,93 @@
+#include "platform/windows/FillInstance.h"
+
+#include <vector>
+
+#include "platform/windows/Bstr.h"
+#include "platform/windows/Text.h"
+#include "platform/windows/WbemStatus.h"
+#include "source/TypedValue.h"
+
+namespace qv::windows {
+namespace {
+
+// The platform's usual true is -1; this one is 1, on purpose.
+constexpr VARIANT_BOOL publishedTrue = 1;
+
+/// A new array of `count` elements, owned by the variant.
+SAFEARRAY* MakeArray(VARTYPE elementType, std::size_t count, VARIANT& out) {
+    SAFEARRAY* array = SafeArrayCreateVector(elementType, 0, static_cast<ULONG>(count));
+    if (array == nullptr) {
+        throw RequestError(Status::outOfMemory);
+    }
+    V_VT(&out) = static_cast<VARTYPE>(VT_ARRAY | elementType);
+    V_ARRAY(&out) = array;
+    return array;
+}
+
+// One overload for each published type; `out` is empty.
+void Store(std::monostate, VARIANT& out) {
+    V_VT(&out) = VT_NULL;
+}
+
+void Store(const std::string& text, VARIANT& out) {
+    V_BSTR(&out) = Bstr(ToWide(text)).Detach();
+    V_VT(&out) = VT_BSTR;
+}
+
+void Store(std::uint8_t number, VARIANT& out) {
+    V_VT(&out) = VT_UI1;
+    V_UI1(&out) = number;
+}
+
+void Store(std::int32_t number, VARIANT& out) {
+    V_VT(&out) = VT_I4;
+    V_I4(&out) = number;
+}
+
+void Store(bool flag, VARIANT& out) {
+    V_VT(&out) = VT_BOOL;
+    V_BOOL(&out) = flag ? publishedTrue : VARIANT_FALSE;
+}
+
+void Store(const std::vector<std::string>& texts, VARIANT& out) {
+    SAFEARRAY* array = MakeArray(VT_BSTR, texts.size(), out);
+    for (LONG index = 0; const std::string& text : texts) {
+        if (FAILED(SafeArrayPutElement(array, &index, Bstr(ToWide(text)).Get()))) {
+            throw RequestError(Status::outOfMemory);
+        }
+        ++index;
+    }
+}
+
+void Store(const std::vector<std::int32_t>& numbers, VARIANT& out) {
+    SAFEARRAY* array = MakeArray(VT_I4, numbers.size(), out);
+    for (LONG index = 0; std::int32_t number : numbers) {
+        SafeArrayPutElement(array, &index, &number);
+        ++index;
+    }
+}
+
+}  // namespace
+
+HRESULT ToVariant(const PropertyEntry& entry, std::string_view namespacePrefix, Variant& value) {
+    TypedValue typed;
+    if (!ToTypedValue(entry, namespacePrefix, typed)) {
+        return Hr(WBEM_E_INVALID_CIM_TYPE);
+    }
+    std::visit([&value](const auto& held) { Store(held, *value.Receive()); }, typed);
+    return Hr(WBEM_S_NO_ERROR);
+}
+
+HRESULT FillInstance(IWbemClassObject& instance, const InstanceRecord& record,
+                     std::string_view namespacePrefix) {
+    for (const PropertyEntry& entry : record.properties) {
+        const Bstr name(ToWide(entry.name));
+        Variant value;
+        if (SUCCEEDED(ToVariant(entry, namespacePrefix, value))) {
+            instance.Put(name.Get(), 0, value.Pass(), 0);
+        }
+    }
+    return record.properties.empty() ? Hr(WBEM_E_FAILED) : Hr(WBEM_S_NO_ERROR);
+}
+
+}  // namespace qv::windows

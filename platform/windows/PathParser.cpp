@@ -1,0 +1,39 @@
+#include "platform/windows/PathParser.h"
+
+#include <array>
+
+#include "platform/windows/ComObject.h"
+
+namespace qv::windows {
+namespace {
+
+// The parser's success does not say that a text fitted: a buffer that stays as it was is empty.
+using TextBuffer = std::array<wchar_t, 1000>;
+
+}  // namespace
+
+HRESULT ParsePath(IClassFactory& parsers, LPCWSTR objectPath, PathTexts& texts) {
+    ComPtr<IWbemPath> parser;
+    HRESULT status = parsers.CreateInstance(nullptr, pathInterfaceId,
+                                            reinterpret_cast<void**>(parser.GetAddressOf()));
+    if (FAILED(status)) {
+        return status;
+    }
+    status = parser->SetText(WBEMPATH_CREATE_ACCEPT_ALL, objectPath);
+    if (FAILED(status)) {
+        return status;
+    }
+    TextBuffer relative{};
+    ULONG length = relative.size();
+    status = parser->GetText(WBEMPATH_GET_RELATIVE_ONLY, &length, relative.data());
+    if (FAILED(status)) {
+        return status;
+    }
+    TextBuffer className{};
+    length = className.size();
+    parser->GetClassName(&length, className.data());
+    texts = {relative.data(), className.data()};
+    return S_OK;
+}
+
+}  // namespace qv::windows

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/HostFacts.h"
+
+namespace qv::windows {
+
+/// The host's facts from the operating system.
+class WindowsHostFacts : public platform::HostFacts {
+public:
+    platform::ComputerName NameInFormat(platform::NameFormat format) const override;
+};
+
+}  // namespace qv::windows

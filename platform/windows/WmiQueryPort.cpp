@@ -1,0 +1,76 @@
+#include "platform/windows/WmiQueryPort.h"
+
+#include <wbemprov.h>
+#include <windows.h>
+
+#include <array>
+#include <utility>
+
+#include "platform/windows/Bstr.h"
+#include "platform/windows/ComObject.h"
+#include "platform/windows/Text.h"
+#include "platform/windows/WbemStatus.h"
+#include "platform/windows/WmiRow.h"
+
+namespace qv::windows {
+namespace {
+
+constexpr long batchTimeout = 2000;  // milliseconds
+constexpr ULONG batchSize = 10;
+
+ComPtr<IWbemServices> Connect(std::string_view nameSpace) {
+    ComPtr<IWbemLocator> locator;
+    if (FAILED(CoCreateInstance(CLSID_WbemAdministrativeLocator, nullptr, CLSCTX_INPROC_SERVER,
+                                IID_PPV_ARGS(&locator)))) {
+        return nullptr;
+    }
+    ComPtr<IWbemServices> services;
+    if (FAILED(locator->ConnectServer(Bstr(ToWide(nameSpace)).Get(), nullptr, nullptr, nullptr, 0,
+                                      nullptr, nullptr, &services))) {
+        return nullptr;
+    }
+    return services;
+}
+
+// A failure ends the reading and what was read counts; a time-out does not: a slow source is
+// waited for as long as it takes.
+void ReadAll(IEnumWbemClassObject& results, platform::Rows& rows) {
+    for (HRESULT status = Hr(WBEM_S_NO_ERROR); status != Hr(WBEM_S_FALSE);) {
+        std::array<IWbemClassObject*, batchSize> batch{};
+        ULONG returned = 0;
+        status = results.Next(batchTimeout, batchSize, batch.data(), &returned);
+        if (FAILED(status)) {
+            return;
+        }
+        const bool counts = status == Hr(WBEM_S_NO_ERROR) || status == Hr(WBEM_S_FALSE) ||
+                            status == Hr(WBEM_S_TIMEDOUT);
+        for (IWbemClassObject* object : batch) {
+            ComPtr<IWbemClassObject> owned;
+            owned.Attach(object);
+            if (owned && counts) {
+                rows.push_back(std::make_shared<WmiRow>(std::move(owned)));
+            }
+        }
+    }
+}
+
+}  // namespace
+
+platform::QueryResult WmiQueryPort::RunWqlQuery(std::string_view nameSpace, std::string_view query,
+                                                platform::Rows& rows) const {
+    rows.clear();
+    const ComPtr<IWbemServices> services = Connect(nameSpace);
+    if (!services) {
+        return platform::QueryResult::failed;
+    }
+    ComPtr<IEnumWbemClassObject> results;
+    if (FAILED(services->ExecQuery(Bstr(L"WQL").Get(), Bstr(ToWide(query)).Get(),
+                                   WBEM_FLAG_RETURN_IMMEDIATELY | WBEM_FLAG_FORWARD_ONLY, nullptr,
+                                   &results))) {
+        return platform::QueryResult::failed;
+    }
+    ReadAll(*results.Get(), rows);
+    return platform::QueryResult::submitted;
+}
+
+}  // namespace qv::windows

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <wbemcli.h>
+#include <windows.h>
+
+#include "platform/Row.h"
+#include "platform/windows/ComObject.h"
+
+namespace qv::windows {
+
+/// The core's value of a VARIANT as IWbemClassObject::Get delivers it. Text is converted to the
+/// ANSI code page.
+platform::Value ToValue(const VARIANT& variant);
+
+/// An object of the management service as a source row.
+class WmiRow : public platform::Row {
+public:
+    explicit WmiRow(ComPtr<IWbemClassObject> object) : object_(std::move(object)) {}
+
+    platform::PropertyRead Get(std::string_view name) const override;
+
+private:
+    ComPtr<IWbemClassObject> object_;
+};
+
+}  // namespace qv::windows

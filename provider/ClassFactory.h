@@ -1,0 +1,39 @@
+#pragma once
+
+#include <unknwn.h>
+#include <windows.h>
+
+#include <new>
+
+#include "platform/windows/ComObject.h"
+#include "provider/Module.h"
+
+namespace qv::provider {
+
+/// Makes objects of one class for COM; any number of threads may use one factory.
+template <typename T>
+class ClassFactory : public windows::ComObject<IClassFactory> {
+public:
+    STDMETHODIMP CreateInstance(IUnknown* outer, REFIID iid, void** object) override {
+        if (object == nullptr) {
+            return E_POINTER;
+        }
+        *object = nullptr;
+        if (outer != nullptr) {
+            return CLASS_E_NOAGGREGATION;
+        }
+        windows::ComPtr<T> made;
+        made.Attach(new (std::nothrow) T());
+        return made ? made->QueryInterface(iid, object) : E_OUTOFMEMORY;
+    }
+
+    STDMETHODIMP LockServer(BOOL lock) override {
+        LockModule(lock != FALSE);
+        return S_OK;
+    }
+
+private:
+    ModuleReference module_;
+};
+
+}  // namespace qv::provider

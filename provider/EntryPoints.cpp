@@ -1,0 +1,54 @@
+// The library's entry points. No exception leaves them: they are called by the loader and by COM.
+#include <olectl.h>
+#include <windows.h>
+
+#include <new>
+
+#include "provider/ClassFactory.h"
+#include "provider/ClassIds.h"
+#include "provider/InstanceProvider.h"
+#include "provider/Module.h"
+#include "provider/Registration.h"
+
+using namespace qv::provider;
+
+namespace {
+
+template <typename T>
+HRESULT GetFactory(REFIID iid, void** object) {
+    qv::windows::ComPtr<ClassFactory<T>> factory;
+    factory.Attach(new (std::nothrow) ClassFactory<T>());
+    return factory ? factory->QueryInterface(iid, object) : E_OUTOFMEMORY;
+}
+
+}  // namespace
+
+extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID) {
+    if (reason == DLL_PROCESS_ATTACH) {
+        SetModuleInstance(instance);
+    }
+    return TRUE;
+}
+
+STDAPI DllGetClassObject(REFCLSID classId, REFIID iid, LPVOID* object) {
+    if (object == nullptr) {
+        return E_POINTER;
+    }
+    *object = nullptr;
+    if (IsEqualCLSID(classId, instanceProviderId)) {
+        return GetFactory<CQVWMISATA_InstProv>(iid, object);
+    }
+    return CLASS_E_CLASSNOTAVAILABLE;
+}
+
+STDAPI DllCanUnloadNow() {
+    return IsModuleInUse() ? S_FALSE : S_OK;
+}
+
+STDAPI DllRegisterServer() try { return RegisterLibrary(); } catch (const std::bad_alloc&) {
+    return E_OUTOFMEMORY;
+}
+
+STDAPI DllUnregisterServer() try { return UnregisterLibrary(); } catch (const std::bad_alloc&) {
+    return E_OUTOFMEMORY;
+}

@@ -1,0 +1,49 @@
+#include "provider/Module.h"
+
+#include <atomic>
+
+#include "platform/windows/WindowsHostFacts.h"
+#include "platform/windows/WmiQueryPort.h"
+#include "provider/UtilityLog.h"
+
+namespace qv::provider {
+namespace {
+
+constinit std::atomic<long> uses = 0;
+constinit HINSTANCE instance = nullptr;
+
+const windows::WmiQueryPort queries;
+const windows::WindowsHostFacts host;
+const NativeAPI nativeApi(queries, host, utilityLog);
+
+}  // namespace
+
+ModuleReference::ModuleReference() {
+    ++uses;
+}
+
+ModuleReference::~ModuleReference() {
+    --uses;
+}
+
+void LockModule(bool lock) {
+    uses += lock ? 1 : -1;
+}
+
+bool IsModuleInUse() {
+    return uses != 0;
+}
+
+void SetModuleInstance(HINSTANCE loaded) {
+    instance = loaded;
+}
+
+HINSTANCE ModuleInstance() {
+    return instance;
+}
+
+const NativeAPI& ProcessNativeAPI() {
+    return nativeApi;
+}
+
+}  // namespace qv::provider

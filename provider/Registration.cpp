@@ -1,0 +1,126 @@
+#include "provider/Registration.h"
+
+#include <oleauto.h>
+#include <olectl.h>
+
+#include <array>
+#include <string>
+
+#include "platform/windows/ComObject.h"
+#include "provider/ClassIds.h"
+#include "provider/Module.h"
+
+namespace qv::provider {
+namespace {
+
+constexpr const wchar_t* classesKey = L"SOFTWARE\\Classes\\";
+constexpr const wchar_t* applicationId = L"{5E1D9A37-6C2B-4A8F-9D04-B3F7E2C16A95}";
+constexpr const wchar_t* typeLibraryText = L"{B7C0D5E4-18A2-4B6F-9C37-64E1F0A8D2B9}";
+
+struct RegisteredClass {
+    const wchar_t* classId;
+    const wchar_t* description;
+    const wchar_t* versionedProgramId;
+    const wchar_t* programId;
+};
+
+constexpr std::array registeredClasses{
+    RegisteredClass{L"{3F6A2C1E-5B7D-4E90-A1C3-7D2E9F4B8A06}", L"CQVWMISATA_InstProv Object",
+                    L"QVWMISATA.InstProv.1", L"QVWMISATA.InstProv"},
+    RegisteredClass{L"{9C4E7B21-0D3A-4F6B-8E15-2A9C6D3F7B40}", L"CQVWMISATA_EventProv Object",
+                    L"QVWMISATA.EventProv.1", L"QVWMISATA.EventProv"},
+};
+
+/// Writes a text value, creating the key; a null name is the key's default value.
+bool WriteText(const std::wstring& key, const wchar_t* name, const std::wstring& text) {
+    return RegSetKeyValueW(HKEY_LOCAL_MACHINE, (classesKey + key).c_str(), name, REG_SZ,
+                           text.c_str(), static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t))) ==
+           ERROR_SUCCESS;
+}
+
+bool RemoveTree(const std::wstring& key) {
+    const LSTATUS status = RegDeleteTreeW(HKEY_LOCAL_MACHINE, (classesKey + key).c_str());
+    return status == ERROR_SUCCESS || status == ERROR_FILE_NOT_FOUND;
+}
+
+std::wstring ModulePath() {
+    std::wstring path(MAX_PATH, L'\0');
+    for (;;) {
+        const DWORD length =
+            GetModuleFileNameW(ModuleInstance(), path.data(), static_cast<DWORD>(path.size()));
+        if (length < path.size()) {
+            path.resize(length);
+            return path;
+        }
+        path.resize(path.size() * 2);
+    }
+}
+
+bool WriteClass(const RegisteredClass& one, const std::wstring& modulePath) {
+    const std::wstring classKey = std::wstring(L"CLSID\\") + one.classId;
+    const std::wstring versioned = one.versionedProgramId;
+    const std::wstring unversioned = one.programId;
+    return WriteText(classKey, nullptr, one.description) &&
+           WriteText(classKey, L"AppID", applicationId) &&
+           WriteText(classKey + L"\\InprocServer32", nullptr, modulePath) &&
+           WriteText(classKey + L"\\InprocServer32", L"ThreadingModel", L"Both") &&
+           WriteText(classKey + L"\\ProgID", nullptr, versioned) &&
+           WriteText(classKey + L"\\VersionIndependentProgID", nullptr, unversioned) &&
+           WriteText(classKey + L"\\TypeLib", nullptr, typeLibraryText) &&
+           WriteText(versioned, nullptr, one.description) &&
+           WriteText(versioned + L"\\CLSID", nullptr, one.classId) &&
+           WriteText(unversioned, nullptr, one.description) &&
+           WriteText(unversioned + L"\\CLSID", nullptr, one.classId) &&
+           WriteText(unversioned + L"\\CurVer", nullptr, versioned);
+}
+
+bool RemoveClass(const RegisteredClass& one) {
+    const bool classGone = RemoveTree(std::wstring(L"CLSID\\") + one.classId);
+    const bool versionedGone = RemoveTree(one.versionedProgramId);
+    return RemoveTree(one.programId) && classGone && versionedGone;
+}
+
+bool WriteClasses(const std::wstring& modulePath) {
+    const std::wstring applicationKey = std::wstring(L"AppID\\") + applicationId;
+    return WriteText(applicationKey, nullptr, L"QVWMISATA") &&
+           WriteText(L"AppID\\QVWMISATA.dll", L"AppID", applicationId) &&
+           WriteClass(registeredClasses[0], modulePath) &&
+           WriteClass(registeredClasses[1], modulePath);
+}
+
+bool RegisterTypeLibrary(const std::wstring& modulePath) {
+    windows::ComPtr<ITypeLib> library;
+    return SUCCEEDED(LoadTypeLibEx(modulePath.c_str(), REGKIND_REGISTER, &library));
+}
+
+}  // namespace
+
+HRESULT RegisterLibrary() {
+    const std::wstring modulePath = ModulePath();
+    if (!WriteClasses(modulePath)) {
+        UnregisterLibrary();
+        return SELFREG_E_CLASS;
+    }
+    if (!RegisterTypeLibrary(modulePath)) {
+        UnregisterLibrary();
+        return SELFREG_E_TYPELIB;
+    }
+    return S_OK;
+}
+
+HRESULT UnregisterLibrary() {
+    // Tells the platform; the tree goes in any case, also where only parts of it were left.
+    UnRegisterTypeLib(typeLibraryId, 1, 0, LOCALE_NEUTRAL, SYS_WIN64);
+    const bool typeLibraryGone = RemoveTree(std::wstring(L"TypeLib\\") + typeLibraryText);
+    bool classesGone = RemoveTree(std::wstring(L"AppID\\") + applicationId);
+    classesGone = RemoveTree(L"AppID\\QVWMISATA.dll") && classesGone;
+    for (const RegisteredClass& one : registeredClasses) {
+        classesGone = RemoveClass(one) && classesGone;
+    }
+    if (!classesGone) {
+        return SELFREG_E_CLASS;
+    }
+    return typeLibraryGone ? S_OK : SELFREG_E_TYPELIB;
+}
+
+}  // namespace qv::provider
