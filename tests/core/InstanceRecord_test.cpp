@@ -2,8 +2,97 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/core/Records.h"
+
 namespace qv {
 namespace {
+
+using test::Key;
+using test::Record;
+
+TEST(PropertyType, CodesAreThePublishedOnes) {
+    const auto code = [](PropertyType type) { return static_cast<std::uint32_t>(type); };
+    EXPECT_EQ(code(PropertyType::untyped), 0U);
+    EXPECT_EQ(code(PropertyType::uint8), 7U);
+    EXPECT_EQ(code(PropertyType::int32), 8U);
+    EXPECT_EQ(code(PropertyType::integer), 9U);
+    EXPECT_EQ(code(PropertyType::text), 10U);
+    EXPECT_EQ(code(PropertyType::boolean), 11U);
+    EXPECT_EQ(code(PropertyType::reference), 14U);
+    EXPECT_EQ(code(PropertyType::string), 16U);
+    EXPECT_EQ(code(PropertyType::stringArray), 17U);
+    EXPECT_EQ(code(PropertyType::int32Array), 19U);
+    EXPECT_EQ(code(PropertyType::textArray), 21U);
+}
+
+TEST(InstanceRecord, StartsWithItsClassNameAndNoProperties) {
+    const InstanceRecord record("qv_SATAdiskDRIVE");
+    EXPECT_EQ(record.className, "qv_SATAdiskDRIVE");
+    EXPECT_TRUE(record.properties.empty());
+}
+
+TEST(SetProperty, AppendsAStringThatIsNoKey) {
+    InstanceRecord record("C");
+    SetProperty(record, "Caption", "disk");
+    EXPECT_EQ(record, Record("C", {{"Caption", "disk", PropertyType::string, false}}));
+}
+
+TEST(SetProperty, AppendsTheGivenType) {
+    InstanceRecord record("C");
+    SetProperty(record, "Index", "3", PropertyType::int32);
+    SetProperty(record, "Other", "x", static_cast<PropertyType>(99));
+    EXPECT_EQ(record, Record("C", {{"Index", "3", PropertyType::int32, false},
+                                   {"Other", "x", static_cast<PropertyType>(99), false}}));
+}
+
+TEST(SetKeyProperty, AppendsAStringKey) {
+    InstanceRecord record("C");
+    SetKeyProperty(record, "DeviceID", "IDE&X");
+    EXPECT_EQ(record, Record("C", {{"DeviceID", "IDE&X", PropertyType::string, true}}));
+}
+
+TEST(SetKeyReference, AppendsAReferenceKey) {
+    InstanceRecord record("C");
+    SetKeyReference(record, "Antecedent", "D.K=\"v\"");
+    EXPECT_EQ(record, Record("C", {{"Antecedent", "D.K=\"v\"", PropertyType::reference, true}}));
+}
+
+TEST(SetProperty, ASecondPutOfANameAppendsASecondEntry) {
+    InstanceRecord record("C");
+    SetProperty(record, "Name", "first");
+    SetKeyProperty(record, "Name", "second");
+    EXPECT_EQ(record, Record("C", {{"Name", "first", PropertyType::string, false},
+                                   {"Name", "second", PropertyType::string, true}}));
+}
+
+TEST(AppendRecord, AddsToTheEndOfTheList) {
+    RecordList list;
+    AppendRecord(list, Record("A", {}));
+    AppendRecord(list, Record("B", {Key("K", "v")}));
+    EXPECT_EQ(list, (RecordList{Record("A", {}), Record("B", {Key("K", "v")})}));
+}
+
+TEST(GetPropertyEntry, GivesTheFirstEntryOfTheName) {
+    InstanceRecord record("C");
+    SetProperty(record, "Other", "x");
+    SetProperty(record, "Name", "first", PropertyType::int32);
+    SetProperty(record, "Name", "second");
+    EXPECT_EQ(GetPropertyEntry(record, "Name"),
+              (PropertyEntry{"Name", "first", PropertyType::int32, false}));
+}
+
+TEST(GetPropertyEntry, TakesTheNameWithRegardToCase) {
+    InstanceRecord record("C");
+    SetProperty(record, "Name", "x");
+    EXPECT_EQ(GetPropertyEntry(record, "name"), PropertyEntry{});
+}
+
+TEST(GetPropertyEntry, IsEmptyWhenThereIsNone) {
+    const PropertyEntry missing = GetPropertyEntry(InstanceRecord("C"), "Name");
+    EXPECT_EQ(missing.name, "");
+    EXPECT_EQ(missing.value, "");
+    EXPECT_FALSE(missing.key);
+}
 
 TEST(BuildObjectPath, ListsKeysInTheOrderInWhichTheyWerePut) {
     InstanceRecord record("QV_SATADiskDrive");
@@ -15,6 +104,44 @@ TEST(BuildObjectPath, ListsKeysInTheOrderInWhichTheyWerePut) {
     EXPECT_EQ(BuildObjectPath(record),
               R"(QV_SATADiskDrive.CreationClassName="QV_SATADiskDrive",DeviceID="IDE&X",)"
               R"(SystemCreationClassName="QV_WinComputerSystem",SystemName="srv")");
+}
+
+TEST(BuildObjectPath, DoesNotSortKeysByName) {
+    InstanceRecord record("C");
+    SetKeyProperty(record, "Zeta", "1");
+    SetKeyProperty(record, "Alpha", "2");
+    EXPECT_EQ(BuildObjectPath(record), R"(C.Zeta="1",Alpha="2")");
+}
+
+TEST(BuildObjectPath, WritesABackslashBeforeADoubleQuoteInsideAValue) {
+    InstanceRecord record("C");
+    SetKeyProperty(record, "K", R"(a"b"")");
+    EXPECT_EQ(BuildObjectPath(record), R"(C.K="a\"b\"\"")");
+}
+
+TEST(BuildObjectPath, LeavesBackslashesAsTheyStand) {
+    InstanceRecord record("C");
+    SetKeyProperty(record, "K", R"(\\.\X)");
+    EXPECT_EQ(BuildObjectPath(record), R"(C.K="\\.\X")");
+}
+
+TEST(BuildObjectPath, TakesReferenceKeysToo) {
+    InstanceRecord record("A");
+    SetKeyReference(record, "Antecedent", R"(D.K="v")");
+    SetKeyReference(record, "Dependent", R"(E.K="w")");
+    EXPECT_EQ(BuildObjectPath(record), R"(A.Antecedent="D.K=\"v\"",Dependent="E.K=\"w\"")");
+}
+
+TEST(BuildObjectPath, OfARecordWithoutKeysIsTheClassAndADot) {
+    InstanceRecord record("C");
+    SetProperty(record, "Caption", "x");
+    EXPECT_EQ(BuildObjectPath(record), "C.");
+}
+
+TEST(BuildObjectPath, KeepsTheClassNameAsSpelledAndEmptyValues) {
+    InstanceRecord record("qv_X");
+    SetKeyProperty(record, "K", "");
+    EXPECT_EQ(BuildObjectPath(record), R"(qv_X.K="")");
 }
 
 }  // namespace

@@ -1,0 +1,118 @@
+#include <gtest/gtest.h>
+
+#include "source/PropertyReaders.h"
+#include "source/SourceRules.h"
+#include "tests/core/SourceRows.h"
+
+namespace qv {
+namespace {
+
+using test::Controller;
+using test::ControllerLink;
+using test::Properties;
+using test::With;
+
+platform::Rows RowsOf(std::vector<Properties> properties) {
+    platform::Rows rows;
+    for (Properties& one : properties) {
+        rows.push_back(std::make_shared<test::ScriptedRow>(std::move(one)));
+    }
+    return rows;
+}
+
+// The caption of the controller found; "none" without one.
+std::string CaptionOf(const platform::Row* controller) {
+    return controller == nullptr ? "none" : TextOrEmpty(*controller, "Caption");
+}
+
+struct Links {
+    Links(std::vector<Properties> linkRows, std::vector<Properties> controllerRows)
+        : controllers(RowsOf(std::move(controllerRows))),
+          links(RowsOf(std::move(linkRows)), controllers) {}
+
+    std::string OfDisk(std::string_view id) const { return CaptionOf(links.ControllerOfDisk(id)); }
+    std::string OfChannel(std::string_view path) const {
+        return CaptionOf(links.ControllerOfChannel(path));
+    }
+
+    platform::Rows controllers;
+    ControllerLinks links;
+};
+
+Properties Named(const std::string& deviceId, const char* caption) {
+    return With(Controller(deviceId), {{"Caption", caption}});
+}
+
+TEST(ControllerOfDisk, ComparesWithoutBackslashesAndCase) {
+    const Links links({ControllerLink(R"(PCI\A)", R"(IDE\DiskX\5&1)")}, {Named(R"(PCI\A)", "A")});
+    EXPECT_EQ(links.OfDisk(R"(IDE\DISKX\5&1)"), "A");
+    EXPECT_EQ(links.OfDisk(R"(ide\diskx5&1)"), "A");
+    EXPECT_EQ(links.OfDisk(R"(IDE\DISKX\5&11)"), "none");
+    EXPECT_EQ(links.OfDisk(R"(IDE\DISKX\5&)"), "none");
+}
+
+TEST(ControllerOfDisk, IsOfTheLastLinkThatNamesAController) {
+    const std::vector<Properties> controllers{Named(R"(PCI\A)", "A"), Named(R"(PCI\B)", "B")};
+    EXPECT_EQ(Links({ControllerLink(R"(PCI\A)", "D"), ControllerLink(R"(PCI\B)", "D")}, controllers)
+                  .OfDisk("D"),
+              "B");
+    EXPECT_EQ(Links({ControllerLink(R"(PCI\A)", "D"), ControllerLink(R"(PCI\C)", "D")}, controllers)
+                  .OfDisk("D"),
+              "A");
+}
+
+TEST(ControllerOfDisk, IsTheFirstRowWithThePath) {
+    const Links links({ControllerLink(R"(PCI\A)", "D")},
+                      {Named(R"(PCI\A)", "first"), Named(R"(PCI\A)", "second")});
+    EXPECT_EQ(links.OfDisk("D"), "first");
+}
+
+TEST(ControllerOfDisk, TakesThePathWithoutRegardToCase) {
+    const Links links({ControllerLink(R"(pci\a)", "D")}, {Named(R"(PCI\A)", "A")});
+    EXPECT_EQ(links.OfDisk("D"), "A");
+}
+
+TEST(ControllerOfDisk, PassesOverADependentWithoutKey) {
+    const Links links({With(ControllerLink("A", "D"), {{"Dependent", R"(\\SRV\x:Win32_X="D")"}}),
+                       With(ControllerLink("A", "D"), {{"Dependent", ".DeviceID="}}),
+                       With(ControllerLink("A", "D"), {{"Dependent", std::monostate{}}})},
+                      {Named("A", "A")});
+    EXPECT_EQ(links.OfDisk("D"), "none");
+}
+
+TEST(ControllerOfDisk, IsNullWithoutRows) {
+    EXPECT_EQ(Links({}, {Named("A", "A")}).OfDisk("D"), "none");
+    EXPECT_EQ(Links({ControllerLink("A", "D")}, {}).OfDisk("D"), "none");
+}
+
+TEST(ControllerOfChannel, ComparesPathsFromTheKeyOn) {
+    const Links links({ControllerLink("A", R"(PCIIDE\IDECHANNEL\4)")}, {Named("A", "A")});
+    EXPECT_EQ(links.OfChannel(R"(\\OTHER\ns:Win32_IDEController.DeviceID="PCIIDE\\IDECHANNEL\\4")"),
+              "A");
+}
+
+TEST(ControllerOfChannel, TakesThePathWithRegardToCase) {
+    const Links links({ControllerLink("A", R"(PCIIDE\IDECHANNEL\4a)")}, {Named("A", "A")});
+    EXPECT_EQ(links.OfChannel(R"(x.DeviceID="PCIIDE\\IDECHANNEL\\4A")"), "none");
+    EXPECT_EQ(links.OfChannel(R"(x.deviceid="PCIIDE\\IDECHANNEL\\4a")"), "none");
+}
+
+TEST(ControllerOfChannel, DoesNotForgiveOtherBackslashes) {
+    const Links links({ControllerLink("A", R"(PCIIDE\IDECHANNEL\4)")}, {Named("A", "A")});
+    EXPECT_EQ(links.OfChannel(R"(x.DeviceID="PCIIDE\IDECHANNEL\4")"), "none");
+}
+
+TEST(ControllerOfChannel, IsOfTheLastLinkThatNamesAController) {
+    const Links links(
+        {ControllerLink("A", "C"), ControllerLink("b", "C"), ControllerLink("missing", "C")},
+        {Named("A", "A"), Named("B", "B")});
+    EXPECT_EQ(links.OfChannel(R"(x.DeviceID="C")"), "B");
+}
+
+TEST(ControllerOfChannel, IsNullForAPathWithoutKey) {
+    const Links links({With(ControllerLink("A", "C"), {{"Dependent", ""}})}, {Named("A", "A")});
+    EXPECT_EQ(links.OfChannel(""), "none");
+}
+
+}  // namespace
+}  // namespace qv

@@ -1,0 +1,101 @@
+#include <gtest/gtest.h>
+
+#include "source/PropertyReaders.h"
+#include "source/SourceRules.h"
+#include "tests/core/SourceRows.h"
+
+namespace qv {
+namespace {
+
+using test::Partition;
+using test::PartitionLink;
+using test::Properties;
+using test::With;
+
+platform::Rows RowsOf(std::vector<Properties> properties) {
+    platform::Rows rows;
+    for (Properties& one : properties) {
+        rows.push_back(std::make_shared<test::ScriptedRow>(std::move(one)));
+    }
+    return rows;
+}
+
+// The DeviceIDs of a disk's partitions, in order.
+std::vector<std::string> PartitionsOf(std::string_view devicePath, std::vector<Properties> links,
+                                      std::vector<Properties> partitions) {
+    const platform::Rows rows = RowsOf(std::move(partitions));
+    std::vector<std::string> found;
+    for (const auto* row : PartitionLinks(RowsOf(std::move(links)), rows)
+                               .PartitionsOfDisk(devicePath)) {
+        found.push_back(TextOrEmpty(*row, "DeviceID"));
+    }
+    return found;
+}
+
+using Ids = std::vector<std::string>;
+const std::string drive1 = R"(\\.\PHYSICALDRIVE1)";
+const std::string drive10 = R"(\\.\PHYSICALDRIVE10)";
+
+TEST(PartitionsOfDisk, AreThoseOfItsLinksInTheirOrder) {
+    EXPECT_EQ(PartitionsOf(drive1,
+                           {PartitionLink(drive1, "B"), PartitionLink(R"(\\.\PHYSICALDRIVE2)", "C"),
+                            PartitionLink(drive1, "A")},
+                           {Partition("A"), Partition("B"), Partition("C")}),
+              (Ids{"B", "A"}));
+}
+
+TEST(PartitionsOfDisk, IncludeThoseOfADiskWhosePathBeginsWithItsOwn) {
+    const std::vector<Properties> links{PartitionLink(drive10, "Disk #10, Partition #0")};
+    const std::vector<Properties> partitions{Partition("Disk #10, Partition #0")};
+    EXPECT_EQ(PartitionsOf(drive1, links, partitions), (Ids{"Disk #10, Partition #0"}));
+    EXPECT_EQ(PartitionsOf(drive10, links, partitions), (Ids{"Disk #10, Partition #0"}));
+}
+
+TEST(PartitionsOfDisk, TakeTheFirstPartitionWhoseIdTheLinkContains) {
+    EXPECT_EQ(PartitionsOf(drive1, {PartitionLink(drive1, "Disk #1, Partition #10")},
+                           {Partition("Disk #1, Partition #1"), Partition("Disk #1, Partition #10")}),
+              (Ids{"Disk #1, Partition #1"}));
+    EXPECT_EQ(PartitionsOf(drive1, {PartitionLink(drive1, "Disk #1, Partition #10")},
+                           {Partition("Disk #1, Partition #10"), Partition("Disk #1, Partition #1")}),
+              (Ids{"Disk #1, Partition #10"}));
+}
+
+TEST(PartitionsOfDisk, AreComparedWithRegardToCase) {
+    EXPECT_EQ(PartitionsOf(drive1, {PartitionLink(R"(\\.\PhysicalDrive1)", "A")}, {Partition("A")}),
+              Ids{});
+    EXPECT_EQ(PartitionsOf(drive1, {PartitionLink(drive1, "part q")}, {Partition("PART Q")}), Ids{});
+}
+
+TEST(PartitionsOfDisk, PassOverALinkToNoPartition) {
+    EXPECT_EQ(PartitionsOf(drive1, {PartitionLink(drive1, "X#9"), PartitionLink(drive1, "Y#9")},
+                           {Partition("Y#9")}),
+              (Ids{"Y#9"}));
+}
+
+TEST(PartitionsOfDisk, AreGivenOncePerLink) {
+    EXPECT_EQ(PartitionsOf(drive1, {PartitionLink(drive1, "Y#9"), PartitionLink(drive1, "Y#9")},
+                           {Partition("Y#9")}),
+              (Ids{"Y#9", "Y#9"}));
+}
+
+TEST(PartitionsOfDisk, BackslashesOfThePartitionsIdCount) {
+    EXPECT_EQ(PartitionsOf(drive1, {PartitionLink(drive1, R"(a\b)")}, {Partition(R"(a\b)")}),
+              Ids{});
+    EXPECT_EQ(PartitionsOf(drive1, {PartitionLink(drive1, R"(a\b)")}, {Partition(R"(a\\b)")}),
+              (Ids{R"(a\\b)"}));
+}
+
+TEST(PartitionsOfDisk, AMissingIdIsContainedInEveryText) {
+    EXPECT_EQ(PartitionsOf("", {PartitionLink(drive1, "A#1")}, {Partition("A#1")}), (Ids{"A#1"}));
+    EXPECT_EQ(PartitionsOf(drive1, {PartitionLink(drive1, "A#1")},
+                           {With(Partition("A#1"), {{"DeviceID", std::monostate{}}})}),
+              (Ids{""}));
+}
+
+TEST(PartitionsOfDisk, AreNoneWithoutRows) {
+    EXPECT_EQ(PartitionsOf(drive1, {}, {Partition("A")}), Ids{});
+    EXPECT_EQ(PartitionsOf(drive1, {PartitionLink(drive1, "A")}, {}), Ids{});
+}
+
+}  // namespace
+}  // namespace qv

@@ -1,0 +1,94 @@
+#include "NativeAPI/Properties.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/core/Records.h"
+#include "tests/support/ScriptedHost.h"
+
+namespace qv {
+namespace {
+
+using test::Key;
+using test::Number;
+using test::Numbers;
+using test::Properties;
+using test::Record;
+using test::ScriptedRow;
+using test::Text;
+using test::Texts;
+
+TEST(HostName, IsNothingWhenTheSystemGivesNone) {
+    test::ScriptedHost host;
+    EXPECT_EQ(HostName(host), "host.example.org");
+    host.names.clear();
+    EXPECT_EQ(HostName(host), std::nullopt);
+}
+
+TEST(PutSystemName, PutsAKeyUnlessThereIsNoHostName) {
+    InstanceRecord record("C");
+    PutSystemName(record, std::nullopt);
+    EXPECT_EQ(record, Record("C", {}));
+    PutSystemName(record, "srv");
+    EXPECT_EQ(record, Record("C", {Key("SystemName", "srv")}));
+}
+
+TEST(PutCreationClassNames, PutsTheRequestedClassAsSpelledAndTheComputerSystems) {
+    InstanceRecord record("qv_X");
+    PutCreationClassNames(record);
+    EXPECT_EQ(record, Record("qv_X", {Key("CreationClassName", "qv_X"),
+                                      Key("SystemCreationClassName", "QV_WinComputerSystem")}));
+}
+
+TEST(PutText, PutsTheSourceTextAndAnEmptyOneWhereItIsMissing) {
+    const ScriptedRow row({{"Caption", "disk"}, {"Null", std::monostate{}}, {"Count", 3}});
+    InstanceRecord record("C");
+    PutText(record, "A", row, "Caption");
+    PutText(record, "B", row, "Null");
+    PutText(record, "C", row, "Count");
+    PutText(record, "D", row, "Missing");
+    EXPECT_EQ(record,
+              Record("C", {Text("A", "disk"), Text("B", ""), Text("C", ""), Text("D", "")}));
+}
+
+TEST(PutNumber, PutsTheSourceNumberAndZeroWhereItIsMissing) {
+    const ScriptedRow row({{"Index", 3}, {"Null", std::monostate{}}, {"Caption", "5"}});
+    InstanceRecord record("C");
+    PutNumber(record, "A", row, "Index");
+    PutNumber(record, "B", row, "Null");
+    PutNumber(record, "C", row, "Caption");
+    PutNumber(record, "D", row, "Missing");
+    EXPECT_EQ(record, Record("C", {Number("A", "3"), Number("B", "0"), Number("C", "0"),
+                                   Number("D", "0")}));
+}
+
+TEST(PutOperationalStatus, PutsTheCodeAlone) {
+    InstanceRecord record("C");
+    PutOperationalStatus(record, ScriptedRow(Properties{{"Status", "Stressed"}}));
+    PutOperationalStatus(record, ScriptedRow(Properties{{"Status", "Starting"}}));
+    EXPECT_EQ(record,
+              Record("C", {Numbers("OperationalStatus", "3"), Numbers("OperationalStatus", "")}));
+}
+
+TEST(PutStatus, PutsTheCodeAndTheText) {
+    InstanceRecord record("C");
+    PutStatus(record, ScriptedRow(Properties{{"Status", "Lost Comm"}}));
+    EXPECT_EQ(record, Record("C", {Numbers("OperationalStatus", "6"),
+                                   Texts("StatusDescriptions", "Lost Comm")}));
+}
+
+TEST(PutStatus, PutsAnEmptyCodeBesideATextOutsideTheMap) {
+    InstanceRecord record("C");
+    PutStatus(record, ScriptedRow(Properties{{"Status", "Starting"}}));
+    EXPECT_EQ(record, Record("C", {Numbers("OperationalStatus", ""),
+                                   Texts("StatusDescriptions", "Starting")}));
+}
+
+TEST(PutStatus, PutsTwoEmptyTextsWithoutASourceStatus) {
+    InstanceRecord record("C");
+    PutStatus(record, ScriptedRow({}));
+    EXPECT_EQ(record,
+              Record("C", {Numbers("OperationalStatus", ""), Texts("StatusDescriptions", "")}));
+}
+
+}  // namespace
+}  // namespace qv

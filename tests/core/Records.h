@@ -1,0 +1,82 @@
+#pragma once
+
+#include <ostream>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "source/InstanceRecord.h"
+
+// How tests write the records that they expect, and how GoogleTest prints those that it got.
+
+namespace qv {
+
+inline void PrintTo(const PropertyEntry& entry, std::ostream* out) {
+    *out << (entry.key ? "key " : "") << entry.name << " = \"" << entry.value << "\" (type "
+         << static_cast<std::uint32_t>(entry.type) << ")";
+}
+
+inline void PrintTo(const InstanceRecord& record, std::ostream* out) {
+    *out << record.className << " {\n";
+    for (const PropertyEntry& entry : record.properties) {
+        *out << "    ";
+        PrintTo(entry, out);
+        *out << "\n";
+    }
+    *out << "}";
+}
+
+}  // namespace qv
+
+namespace qv::test {
+
+inline PropertyEntry Key(std::string name, std::string value) {
+    return {std::move(name), std::move(value), PropertyType::string, true};
+}
+
+inline PropertyEntry Text(std::string name, std::string value) {
+    return {std::move(name), std::move(value), PropertyType::string, false};
+}
+
+inline PropertyEntry Texts(std::string name, std::string joined) {
+    return {std::move(name), std::move(joined), PropertyType::stringArray, false};
+}
+
+inline PropertyEntry Number(std::string name, std::string decimal) {
+    return {std::move(name), std::move(decimal), PropertyType::int32, false};
+}
+
+inline PropertyEntry Numbers(std::string name, std::string joined) {
+    return {std::move(name), std::move(joined), PropertyType::int32Array, false};
+}
+
+inline InstanceRecord Record(std::string_view className, std::vector<PropertyEntry> properties) {
+    InstanceRecord record(className);
+    record.properties = std::move(properties);
+    return record;
+}
+
+/// The values of the properties called `name`, one for each record that has it.
+inline std::vector<std::string> ValuesOf(const RecordList& records, std::string_view name) {
+    std::vector<std::string> values;
+    for (const InstanceRecord& record : records) {
+        for (const PropertyEntry& entry : record.properties) {
+            if (entry.name == name) {
+                values.push_back(entry.value);
+            }
+        }
+    }
+    return values;
+}
+
+/// The names of a record's properties, in order.
+inline std::vector<std::string> NamesOf(const InstanceRecord& record) {
+    std::vector<std::string> names;
+    for (const PropertyEntry& entry : record.properties) {
+        names.push_back(entry.name);
+    }
+    return names;
+}
+
+}  // namespace qv::test

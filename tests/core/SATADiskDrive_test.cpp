@@ -1,0 +1,340 @@
+#include <string>
+
+#include "tests/core/BuilderTest.h"
+
+namespace qv {
+namespace {
+
+using test::Key;
+using test::NamesOf;
+using test::Number;
+using test::Numbers;
+using test::Record;
+using test::Text;
+using test::Texts;
+using test::ValuesOf;
+using test::With;
+using test::Without;
+using Values = std::vector<std::string>;
+
+const std::string diskQuery = "SELECT * FROM Win32_DiskDrive";
+const std::string mediaQuery = "SELECT * FROM Win32_PhysicalMedia";
+const std::string diskQueryAsked = R"(root\CIMv2: )" + diskQuery;
+const std::string mediaQueryAsked = R"(root\CIMv2: )" + mediaQuery;
+
+// Each source property has a value of its own, so that none can stand in for another.
+const test::Properties disk{
+    {"DeviceID", R"(\\.\PHYSICALDRIVE0)"},
+    {"PNPDeviceID", R"(IDE\DISKX\5&1)"},
+    {"InterfaceType", "IDE"},
+    {"Caption", "the caption"},
+    {"Description", "the description"},
+    {"Name", "the name"},
+    {"Status", "OK"},
+    {"Capabilities", std::vector<std::uint16_t>{3, 4, 10}},
+    {"FirmwareRevision", "FW01"},
+    {"Index", std::int32_t{1}},
+    {"Manufacturer", "the manufacturer"},
+    {"Model", "the model"},
+    {"Partitions", std::uint32_t{2}},
+    {"SectorsPerTrack", std::uint32_t{63}},
+    {"BytesPerSector", std::uint32_t{512}},
+    {"Size", "500105249280"},
+    {"TracksPerCylinder", std::uint32_t{255}},
+    {"TotalCylinders", "60801"},
+    {"TotalHeads", std::uint32_t{240}},
+    {"TotalSectors", "976768065"},
+    {"TotalTracks", "15504255"},
+};
+const test::Properties medium{{"Tag", R"(\\.\PHYSICALDRIVE0)"}, {"SerialNumber", "SN-0"}};
+
+InstanceRecord FullRecord(std::string_view className = "QV_SATADiskDrive") {
+    return Record(className, {
+                                 Key("DeviceID", "IDE&DISKX&5&1"),
+                                 Key("SystemName", "host.example.org"),
+                                 Key("CreationClassName", std::string(className)),
+                                 Key("SystemCreationClassName", "QV_WinComputerSystem"),
+                                 Text("Caption", "the caption"),
+                                 Text("Name", "the description"),
+                                 Text("Description", "the description"),
+                                 Text("ElementName", "the name"),
+                                 Numbers("OperationalStatus", "2"),
+                                 Texts("StatusDescriptions", "OK"),
+                                 Numbers("Capabilities", "3*-*4*-*10"),
+                                 Texts("CapabilityDescriptions",
+                                       "Random Access*-*Supports Writing*-*SMART Notification"),
+                                 Text("FirmwareRevision", "FW01"),
+                                 Number("Index", "1"),
+                                 Text("InterfaceType", "IDE"),
+                                 Text("Manufacturer", "the manufacturer"),
+                                 Text("Model", "the model"),
+                                 Number("Partitions", "2"),
+                                 Number("SectorsPerTrack", "63"),
+                                 Number("BytesPerSector", "512"),
+                                 Text("SerialNumber", "SN-0"),
+                                 Text("Size", "500105249280"),
+                                 Number("TracksPerCylinder", "255"),
+                                 Text("TotalCylinders", "60801"),
+                                 Number("TotalHeads", "240"),
+                                 Text("TotalSectors", "976768065"),
+                                 Text("TotalTracks", "15504255"),
+                             });
+}
+
+InstanceRecord Leaving(InstanceRecord record, std::string_view name) {
+    std::erase_if(record.properties,
+                  [name](const PropertyEntry& entry) { return entry.name == name; });
+    return record;
+}
+
+class SATADiskDrive : public test::BuilderTest {
+protected:
+    SATADiskDrive() { host.Answer(mediaQuery, {medium}); }
+
+    RecordList Build(std::vector<test::Properties> rows, std::uint32_t mode = mode::allProperties,
+                     std::string_view path = {}) {
+        host.Answer(diskQuery, std::move(rows));
+        return api.getQV_SATADiskDrive({"QV_SATADiskDrive", mode, path});
+    }
+
+    // The one value of a property of the one disk built from a row.
+    std::string ValueOf(const test::Properties& row, std::string_view name) {
+        const Values values = ValuesOf(Build({row}), name);
+        EXPECT_EQ(values.size(), 1U) << name;
+        return values.empty() ? "" : values.front();
+    }
+
+    void ExpectUnspecifiedFailure(const test::Properties& row) {
+        try {
+            Build({disk, row});
+            ADD_FAILURE() << "no error was raised";
+        } catch (const RequestError& error) {
+            EXPECT_EQ(error.status(), Status::unspecifiedFailure);
+        }
+    }
+};
+
+TEST_F(SATADiskDrive, PublishesEveryPropertyInOrder) {
+    EXPECT_EQ(Build({disk}), RecordList{FullRecord()});
+}
+
+TEST_F(SATADiskDrive, AsksForDisksOnceAndForMediaOncePerKeptDisk) {
+    Build({disk, With(disk, "InterfaceType", "USB"), disk});
+    EXPECT_EQ(host.asked, (Values{diskQueryAsked, mediaQueryAsked, mediaQueryAsked}));
+}
+
+TEST_F(SATADiskDrive, KeepsTheClassNameAsTheCallerSpelledIt) {
+    host.Answer(diskQuery, {disk});
+    EXPECT_EQ(api.getQV_SATADiskDrive({"QV_satadiskdrive", mode::allProperties, {}}),
+              RecordList{FullRecord("QV_satadiskdrive")});
+}
+
+TEST_F(SATADiskDrive, OfAnotherInterfaceTypeIsNotPublished) {
+    EXPECT_EQ(
+        Build({With(disk, "InterfaceType", "SCSI"), With(disk, "InterfaceType", "USB"),
+               With(disk, "InterfaceType", "1394"), With(disk, "InterfaceType", std::monostate{}),
+               Without(disk, "InterfaceType")}),
+        RecordList{});
+    EXPECT_EQ(host.asked, Values{diskQueryAsked});
+}
+
+TEST_F(SATADiskDrive, OfInterfaceTypeIdeInLowerCaseIsNotPublished) {
+    EXPECT_EQ(Build({With(disk, "InterfaceType", "ide")}), RecordList{});
+}
+
+TEST_F(SATADiskDrive, DeviceIdWithoutBackslashesIsUsedUnchanged) {
+    EXPECT_EQ(ValueOf(With(disk, "PNPDeviceID", "IDE-DISK 7&1/2"), "DeviceID"), "IDE-DISK 7&1/2");
+}
+
+TEST_F(SATADiskDrive, DeviceIdIsEmptyWithoutASourceText) {
+    EXPECT_EQ(ValueOf(Without(disk, "PNPDeviceID"), "DeviceID"), "");
+}
+
+TEST_F(SATADiskDrive, IsFoundByAPathThatDiffersInLetterCase) {
+    EXPECT_EQ(Build({disk}, mode::allProperties,
+                    R"(qv_satadiskdrive.deviceid="ide&diskx&5&1",SYSTEMNAME="HOST.EXAMPLE.ORG",)"
+                    R"(CreationClassName="QV_SATADiskDrive",)"
+                    R"(SystemCreationClassName="QV_WinComputerSystem")"),
+              RecordList{FullRecord()});
+}
+
+TEST_F(SATADiskDrive, PathKeepsEveryRowThatMatchesAndNoOther) {
+    EXPECT_EQ(ValuesOf(Build({disk, With(disk, "PNPDeviceID", R"(IDE\OTHER\1)"),
+                              With(disk, "Caption", "second")},
+                             mode::allProperties, BuildObjectPath(FullRecord())),
+                       "Caption"),
+              (Values{"the caption", "second"}));
+    EXPECT_EQ(host.asked, (Values{diskQueryAsked, mediaQueryAsked, mediaQueryAsked}));
+}
+
+TEST_F(SATADiskDrive, PathOfNoDiskFindsNothing) {
+    EXPECT_EQ(Build({disk}, mode::allProperties, R"(QV_SATADiskDrive.DeviceID="IDE&DISKX&5&1")"),
+              RecordList{});
+    EXPECT_EQ(host.asked, Values{diskQueryAsked});
+}
+
+TEST_F(SATADiskDrive, InKeysOnlyModeHasExactlyTheFourKeys) {
+    for (const std::uint32_t word : {mode::keysOnly, 0U, 8U}) {
+        host.asked.clear();
+        const RecordList records = Build({disk}, word);
+        ASSERT_EQ(records.size(), 1U);
+        EXPECT_EQ(records[0],
+                  Record("QV_SATADiskDrive",
+                         {Key("DeviceID", "IDE&DISKX&5&1"), Key("SystemName", "host.example.org"),
+                          Key("CreationClassName", "QV_SATADiskDrive"),
+                          Key("SystemCreationClassName", "QV_WinComputerSystem")}));
+        EXPECT_EQ(host.asked, Values{diskQueryAsked});
+    }
+}
+
+TEST_F(SATADiskDrive, InKeysOnlyModeHasThreeKeysWithoutAHostName) {
+    ForgetHostName();
+    const RecordList records = Build({disk}, mode::keysOnly);
+    ASSERT_EQ(records.size(), 1U);
+    EXPECT_EQ(NamesOf(records[0]),
+              (Values{"DeviceID", "CreationClassName", "SystemCreationClassName"}));
+}
+
+TEST_F(SATADiskDrive, LeavesSystemNameOutWithoutAHostName) {
+    ForgetHostName();
+    EXPECT_EQ(Build({disk}), RecordList{Leaving(FullRecord(), "SystemName")});
+}
+
+TEST_F(SATADiskDrive, StatusPredFailGivesCode5AndTheText) {
+    const auto row = With(disk, "Status", "Pred Fail");
+    EXPECT_EQ(ValueOf(row, "OperationalStatus"), "5");
+    EXPECT_EQ(ValueOf(row, "StatusDescriptions"), "Pred Fail");
+}
+
+TEST_F(SATADiskDrive, StatusOutsideTheMapGivesAnEmptyCodeBesideTheText) {
+    const auto row = With(disk, "Status", "Starting");
+    EXPECT_EQ(ValueOf(row, "OperationalStatus"), "");
+    EXPECT_EQ(ValueOf(row, "StatusDescriptions"), "Starting");
+}
+
+TEST_F(SATADiskDrive, CapabilityOutsideTheMapIsPublishedAsUnknown) {
+    const auto row = With(disk, "Capabilities", std::vector<std::int32_t>{13, 1});
+    EXPECT_EQ(ValueOf(row, "Capabilities"), "13*-*1");
+    EXPECT_EQ(ValueOf(row, "CapabilityDescriptions"), "Unknown*-*Other");
+}
+
+TEST_F(SATADiskDrive, WithoutCapabilitiesPublishesTwoEmptyTexts) {
+    for (const auto& row : {With(disk, "Capabilities", std::vector<std::uint16_t>{}),
+                            With(disk, "Capabilities", std::monostate{}),
+                            With(disk, "Capabilities", 3), Without(disk, "Capabilities")}) {
+        EXPECT_EQ(ValueOf(row, "Capabilities"), "");
+        EXPECT_EQ(ValueOf(row, "CapabilityDescriptions"), "");
+    }
+}
+
+TEST_F(SATADiskDrive, SerialNumberIsThatOfTheFirstOfTwoMediaRowsWithOneTag) {
+    host.Answer(mediaQuery,
+                {With(medium, "Tag", R"(\\.\PHYSICALDRIVE1)"),
+                 With(medium, "SerialNumber", "first"), With(medium, "SerialNumber", "second")});
+    EXPECT_EQ(ValueOf(disk, "SerialNumber"), "first");
+}
+
+TEST_F(SATADiskDrive, SerialNumberOfAMediaRowWithoutOneIsPublishedEmpty) {
+    host.Answer(mediaQuery, {With(medium, "SerialNumber", std::monostate{})});
+    EXPECT_EQ(ValueOf(disk, "SerialNumber"), "");
+}
+
+TEST_F(SATADiskDrive, SerialNumberIsLeftOutWhenNoMediaRowMatches) {
+    host.Answer(mediaQuery, {With(medium, "Tag", R"(\\.\physicaldrive0)"),
+                             With(medium, "Tag", std::monostate{})});
+    EXPECT_EQ(Build({disk}), RecordList{Leaving(FullRecord(), "SerialNumber")});
+}
+
+TEST_F(SATADiskDrive, SerialNumberIsLeftOutWhenTheMediaQueryFails) {
+    host.Fail(mediaQuery);
+    EXPECT_EQ(Build({disk}), RecordList{Leaving(FullRecord(), "SerialNumber")});
+    EXPECT_EQ(host.asked, (Values{diskQueryAsked, mediaQueryAsked}));
+}
+
+TEST_F(SATADiskDrive, NullDeviceIdComparedWithAMediaRowEndsTheRequest) {
+    ExpectUnspecifiedFailure(With(disk, "DeviceID", std::monostate{}));
+    ExpectUnspecifiedFailure(Without(disk, "DeviceID"));
+}
+
+TEST_F(SATADiskDrive, NullDeviceIdIsNoErrorWhereNothingIsComparedWithIt) {
+    const auto row = With(disk, "DeviceID", std::monostate{});
+    EXPECT_EQ(Build({row}, mode::keysOnly).size(), 1U);
+    EXPECT_EQ(Build({With(row, "InterfaceType", "USB")}), RecordList{});
+    host.Answer(mediaQuery, {});
+    EXPECT_EQ(Build({row}), RecordList{Leaving(FullRecord(), "SerialNumber")});
+    host.Fail(mediaQuery);
+    EXPECT_EQ(Build({row}), RecordList{Leaving(FullRecord(), "SerialNumber")});
+}
+
+TEST_F(SATADiskDrive, MissingTextsArePublishedEmptyAndMissingNumbersAsZero) {
+    EXPECT_EQ(
+        Build({test::Properties{{"InterfaceType", "IDE"}, {"DeviceID", R"(\\.\PHYSICALDRIVE0)"}}}),
+        RecordList{
+            Record("QV_SATADiskDrive", {
+                                           Key("DeviceID", ""),
+                                           Key("SystemName", "host.example.org"),
+                                           Key("CreationClassName", "QV_SATADiskDrive"),
+                                           Key("SystemCreationClassName", "QV_WinComputerSystem"),
+                                           Text("Caption", ""),
+                                           Text("Name", ""),
+                                           Text("Description", ""),
+                                           Text("ElementName", ""),
+                                           Numbers("OperationalStatus", ""),
+                                           Texts("StatusDescriptions", ""),
+                                           Numbers("Capabilities", ""),
+                                           Texts("CapabilityDescriptions", ""),
+                                           Text("FirmwareRevision", ""),
+                                           Number("Index", "0"),
+                                           Text("InterfaceType", "IDE"),
+                                           Text("Manufacturer", ""),
+                                           Text("Model", ""),
+                                           Number("Partitions", "0"),
+                                           Number("SectorsPerTrack", "0"),
+                                           Number("BytesPerSector", "0"),
+                                           Text("SerialNumber", "SN-0"),
+                                           Text("Size", ""),
+                                           Number("TracksPerCylinder", "0"),
+                                           Text("TotalCylinders", ""),
+                                           Number("TotalHeads", "0"),
+                                           Text("TotalSectors", ""),
+                                           Text("TotalTracks", ""),
+                                       })});
+}
+
+TEST_F(SATADiskDrive, NumbersArePublishedAsSignedDecimals) {
+    for (const char* name : {"Index", "Partitions", "SectorsPerTrack", "BytesPerSector",
+                             "TracksPerCylinder", "TotalHeads"}) {
+        EXPECT_EQ(ValueOf(With(disk, name, std::uint32_t{0xFFFFFFFF}), name), "-1");
+        EXPECT_EQ(ValueOf(With(disk, name, std::uint32_t{0x80000000}), name), "-2147483648");
+        EXPECT_EQ(ValueOf(With(disk, name, std::int32_t{2147483647}), name), "2147483647");
+        EXPECT_EQ(ValueOf(With(disk, name, std::uint16_t{65535}), name), "65535");
+        EXPECT_EQ(ValueOf(With(disk, name, std::int8_t{-1}), name), "-1");
+        EXPECT_EQ(ValueOf(With(disk, name, "12"), name), "0");
+    }
+}
+
+TEST_F(SATADiskDrive, CountsOf64BitsAreTextAndNothingElse) {
+    for (const char* name : {"Size", "TotalCylinders", "TotalSectors", "TotalTracks"}) {
+        EXPECT_EQ(ValueOf(With(disk, name, "18446744073709551615"), name), "18446744073709551615");
+        EXPECT_EQ(ValueOf(With(disk, name, 12), name), "");
+    }
+}
+
+TEST_F(SATADiskDrive, RecordsFollowTheOrderOfTheirRows) {
+    EXPECT_EQ(ValuesOf(Build({With(disk, "PNPDeviceID", "Z"), With(disk, "InterfaceType", "USB"),
+                              With(disk, "PNPDeviceID", "A")}),
+                       "DeviceID"),
+              (Values{"Z", "A"}));
+}
+
+TEST_F(SATADiskDrive, NoRowsGiveAnEmptyList) {
+    EXPECT_EQ(Build({}), RecordList{});
+}
+
+TEST_F(SATADiskDrive, FailedQueryGivesAnEmptyList) {
+    EXPECT_EQ(api.getQV_SATADiskDrive({"QV_SATADiskDrive", mode::allProperties, {}}), RecordList{});
+    EXPECT_EQ(host.asked, Values{diskQueryAsked});
+}
+
+}  // namespace
+}  // namespace qv

@@ -1,0 +1,146 @@
+#include <gtest/gtest.h>
+
+#include "tests/core/Records.h"
+#include "tests/core/SourceRows.h"
+
+namespace qv {
+namespace {
+
+using namespace test;
+
+constexpr const char* className = "QV_SATALogicalPort";
+
+class LogicalPort : public testing::Test, protected Builders {
+protected:
+    LogicalPort() {
+        host.Answer(controllersQuery, {Controller(ahciId), Controller(channelId)});
+        host.Answer(controllerLinksQuery, {ControllerLink(ahciId, channelId)});
+    }
+};
+
+TEST_F(LogicalPort, PublishesAChannelWithItsPropertiesInOrder) {
+    EXPECT_EQ(All(className),
+              RecordList{Record(
+                  className, {Key("DeviceID", channelKey + " connected to " + ahciKey),
+                              Key("SystemName", "host.example.org"),
+                              Key("CreationClassName", className),
+                              Key("SystemCreationClassName", "QV_WinComputerSystem"),
+                              Text("Caption", "IDECHANNEL with ID: 4&2E6E9E8&0&0"),
+                              Text("ElementName", "IDECHANNEL with ID: 4&2E6E9E8&0&0"),
+                              Numbers("OperationalStatus", "2"),
+                              {"UsageRestriction", "4", PropertyType::text, false},
+                              Text("PortType", "1"), Text("OtherPortType", "IDE/SATA")})});
+}
+
+TEST_F(LogicalPort, AsksForTheControllersTwiceAndThenForTheLinks) {
+    const auto expected = InCimv2({controllersQuery, controllersQuery, controllerLinksQuery});
+    All(className);
+    EXPECT_EQ(host.asked, expected);
+    host.asked.clear();
+    Keys(className);
+    EXPECT_EQ(host.asked, expected);
+}
+
+TEST_F(LogicalPort, AsksForTheLinksAlsoWhenTheControllersCannotBeHad) {
+    host.Fail(controllersQuery);
+    EXPECT_EQ(All(className), RecordList{});
+    EXPECT_EQ(host.asked.size(), 3U);
+}
+
+TEST_F(LogicalPort, CarriesOnlyKeysWhenOnlyKeysAreAskedFor) {
+    const RecordList records = Keys("qv_sataLOGICALport");
+    ASSERT_EQ(records.size(), 1U);
+    EXPECT_EQ(records[0],
+              Record("qv_sataLOGICALport",
+                     {Key("DeviceID", channelKey + " connected to " + ahciKey),
+                      Key("SystemName", "host.example.org"),
+                      Key("CreationClassName", "qv_sataLOGICALport"),
+                      Key("SystemCreationClassName", "QV_WinComputerSystem")}));
+}
+
+TEST_F(LogicalPort, LeavesSystemNameOutWithoutAHostName) {
+    ForgetHostName();
+    EXPECT_EQ(NamesOf(Keys(className).at(0)),
+              (std::vector<std::string>{"DeviceID", "CreationClassName",
+                                        "SystemCreationClassName"}));
+}
+
+TEST_F(LogicalPort, IsFoundByItsPathInAnyLetterCase) {
+    const std::string path =
+        R"(qv_satalogicalport.DEVICEID="pciide&idechannel&4&2e6e9e8&0&0 CONNECTED TO )" + ahciKey +
+        R"(",SystemName="HOST.example.org",CreationClassName="QV_SATALogicalPort",)"
+        R"(SystemCreationClassName="QV_WinComputerSystem")";
+    EXPECT_EQ(At(className, path), All(className));
+    EXPECT_EQ(At(className, "QV_SATALogicalPort.DeviceID=\"x\""), RecordList{});
+}
+
+TEST_F(LogicalPort, AChannelWithoutLinkHasAKeyThatEndsInABlank) {
+    host.Answer(controllerLinksQuery, {});
+    EXPECT_EQ(ValuesOf(All(className), "DeviceID"),
+              (std::vector<std::string>{channelKey + " connected to "}));
+}
+
+TEST_F(LogicalPort, AChannelWhoseLinkCannotBeHadHasAKeyThatEndsInABlank) {
+    host.Fail(controllerLinksQuery);
+    EXPECT_EQ(ValuesOf(All(className), "DeviceID"),
+              (std::vector<std::string>{channelKey + " connected to "}));
+}
+
+TEST_F(LogicalPort, ALinkToAnUnknownControllerLeavesTheKeyAsItWas) {
+    host.Answer(controllerLinksQuery, {ControllerLink(R"(PCI\X)", channelId)});
+    EXPECT_EQ(ValuesOf(All(className), "DeviceID"),
+              (std::vector<std::string>{channelKey + " connected to "}));
+    host.Answer(controllerLinksQuery,
+                {ControllerLink(ahciId, channelId), ControllerLink(R"(PCI\X)", channelId)});
+    EXPECT_EQ(ValuesOf(All(className), "DeviceID"),
+              (std::vector<std::string>{channelKey + " connected to " + ahciKey}));
+}
+
+TEST_F(LogicalPort, TheLastMatchingLinkNamesTheController) {
+    host.Answer(controllersQuery,
+                {Controller(ahciId), Controller(channelId), Controller(R"(PCI\B&REV_1)")});
+    host.Answer(controllerLinksQuery,
+                {ControllerLink(ahciId, channelId), ControllerLink(R"(PCI\B&REV_1)", channelId)});
+    EXPECT_EQ(ValuesOf(All(className), "DeviceID"),
+              (std::vector<std::string>{channelKey + " connected to PCI&B&REV_1"}));
+}
+
+TEST_F(LogicalPort, MatchesTheChannelWithAndTheControllerWithoutRegardToCase) {
+    host.Answer(controllerLinksQuery, {ControllerLink(R"(pci\ven_8086&dev_2922&subsys_12345678)"
+                                                      R"(&rev_02\3&1ab2&0&fa)",
+                                                      channelId)});
+    EXPECT_EQ(ValuesOf(All(className), "DeviceID"),
+              (std::vector<std::string>{channelKey + " connected to " + ahciKey}));
+    host.Answer(controllerLinksQuery,
+                {ControllerLink(ahciId, R"(PCIIDE\IDECHANNEL\4&2e6e9e8&0&0)")});
+    EXPECT_EQ(ValuesOf(All(className), "DeviceID"),
+              (std::vector<std::string>{channelKey + " connected to "}));
+}
+
+TEST_F(LogicalPort, GoesByThePlugAndPlayIdAndNotByTheDeviceId) {
+    host.Answer(controllersQuery,
+                {With(Controller("IDECHANNEL"), {{"PNPDeviceID", "other"}}),
+                 Without(Controller("IDECHANNEL"), "PNPDeviceID"),
+                 With(Controller(channelId), {{"DeviceID", "something else"}})});
+    EXPECT_EQ(ValuesOf(All(className), "DeviceID"),
+              (std::vector<std::string>{channelKey + " connected to "}));
+}
+
+TEST_F(LogicalPort, PublishesChannelsInSourceOrder) {
+    host.Answer(controllersQuery, {Controller(R"(IDECHANNEL\2)"), Controller(R"(IDECHANNEL\1)")});
+    EXPECT_EQ(ValuesOf(Keys(className), "DeviceID"),
+              (std::vector<std::string>{"IDECHANNEL&2 connected to ",
+                                        "IDECHANNEL&1 connected to "}));
+}
+
+TEST_F(LogicalPort, AMissingOrUnknownStatusGivesAnEmptyOperationalStatus) {
+    host.Answer(controllersQuery, {Without(Controller(channelId), "Status"),
+                                   With(Controller(channelId), {{"Status", "Starting"}}),
+                                   With(Controller(channelId), {{"Status", "Pred Fail"}})});
+    const RecordList records = All(className);
+    EXPECT_EQ(ValuesOf(records, "OperationalStatus"), (std::vector<std::string>{"", "", "5"}));
+    EXPECT_EQ(ValuesOf(records, "StatusDescriptions"), std::vector<std::string>{});
+}
+
+}  // namespace
+}  // namespace qv

@@ -1,0 +1,134 @@
+#include <gtest/gtest.h>
+
+#include "tests/core/Records.h"
+#include "tests/core/SourceRows.h"
+
+namespace qv {
+namespace {
+
+using namespace test;
+using Values = std::vector<std::string>;
+
+constexpr const char* product = "QV_SATAPortControllerProduct";
+constexpr const char* location = "QV_SATAControllerLocation";
+constexpr const char* package = "QV_SATAPortControllerPhysicalPackage";
+
+class Physical : public testing::Test, protected Builders {
+protected:
+    Physical() { host.Answer(controllersQuery, {Controller(ahciId), Controller(channelId)}); }
+};
+
+TEST_F(Physical, ProductHasItsPropertiesInOrder) {
+    EXPECT_EQ(All(product),
+              RecordList{Record(
+                  product,
+                  {Key("Name", ahciKey), Key("Vendor", "the maker"),
+                   Key("IdentifyingNumber", "the caption with Revision number: 02"),
+                   Key("Version", "02"), Text("ElementName", "the caption with Device ID: 2922")})});
+}
+
+TEST_F(Physical, LocationHasItsPropertiesInOrderAndItsTagDescTwice) {
+    const std::string position = "the caption with Device ID: 2922";
+    EXPECT_EQ(All(location),
+              RecordList{Record(
+                  location, {Key("Name", ahciKey), Key("PhysicalPosition", position),
+                             Text("ElementName", position), Text("Caption", position),
+                             Text("Description", position), Number("ElementLocationTagDesc", "21"),
+                             Number("ElementLocationTagDesc", "15"),
+                             Text("ElementLocationTag", "PCI DEVICE ID: 2922")})});
+}
+
+TEST_F(Physical, PackageHasItsPropertiesInOrder) {
+    EXPECT_EQ(All(package),
+              RecordList{Record(
+                  package, {Key("CreationClassName", package), Key("Tag", ahciKey),
+                            Text("Caption", "the caption"), Text("Name", "the description"),
+                            Text("Description", "the description"), Text("ElementName", "the name"),
+                            Text("Manufacturer", "the maker"), Text("SerialNumber", ahciId)})});
+}
+
+TEST_F(Physical, EachAsksForTheControllersOnce) {
+    for (const char* className : {product, location, package}) {
+        host.asked.clear();
+        All(className);
+        EXPECT_EQ(host.asked, InCimv2({controllersQuery})) << className;
+    }
+}
+
+TEST_F(Physical, EachIsNoneWhenTheControllersCannotBeHad) {
+    host.Fail(controllersQuery);
+    for (const char* className : {product, location, package}) {
+        EXPECT_EQ(All(className), RecordList{}) << className;
+    }
+}
+
+TEST_F(Physical, EachCarriesOnlyItsKeysWhenOnlyKeysAreAskedFor) {
+    EXPECT_EQ(NamesOf(Keys(product).at(0)),
+              (Values{"Name", "Vendor", "IdentifyingNumber", "Version"}));
+    EXPECT_EQ(NamesOf(Keys(location).at(0)), (Values{"Name", "PhysicalPosition"}));
+    EXPECT_EQ(NamesOf(Keys(package).at(0)), (Values{"CreationClassName", "Tag"}));
+}
+
+TEST_F(Physical, EachIsFoundByItsPathInAnyLetterCase) {
+    EXPECT_EQ(At(product, "qv_SATAportControllerProduct.name=\"" + ahciKey +
+                              R"(",Vendor="THE maker",)"
+                              R"(IdentifyingNumber="the caption with Revision number: 02",)"
+                              R"(Version="02")"),
+              All(product));
+    EXPECT_EQ(At(location, "QV_SATAControllerLocation.Name=\"" + ahciKey +
+                               R"(",PhysicalPosition="THE CAPTION with Device ID: 2922")"),
+              All(location));
+    EXPECT_EQ(At(package, "QV_SATAPortControllerPhysicalPackage.CreationClassName="
+                          "\"qv_sataportcontrollerphysicalpackage\",Tag=\"" +
+                              ahciKey + "\""),
+              All(package));
+}
+
+TEST_F(Physical, EachIsNotFoundByAnotherPath) {
+    for (const char* className : {product, location, package}) {
+        EXPECT_EQ(At(className, std::string(className) + R"(.Name="x")"), RecordList{}) << className;
+    }
+}
+
+TEST_F(Physical, PackageIsOfTheClassAsItWasAskedFor) {
+    EXPECT_EQ(Keys("qv_sataPORTcontrollerphysicalpackage"),
+              RecordList{Record("qv_sataPORTcontrollerphysicalpackage",
+                                {Key("CreationClassName", "qv_sataPORTcontrollerphysicalpackage"),
+                                 Key("Tag", ahciKey)})});
+}
+
+TEST_F(Physical, ARevisionAtTheEndRunsToTheEnd) {
+    host.Answer(controllersQuery, {Controller(R"(PCI\VEN_8086&DEV_2922&REV_0F)")});
+    EXPECT_EQ(ValuesOf(All(product), "Version"), Values{"0F"});
+}
+
+TEST_F(Physical, TheDeviceNumberIsOfTheFirstSegmentWhateverItIs) {
+    host.Answer(controllersQuery, {Controller(R"(PCI\VEN_8086&SUBSYS_12345678&REV_02\3)")});
+    EXPECT_EQ(ValuesOf(All(location), "ElementLocationTag"), Values{"PCI DEVICE ID: 12345678"});
+}
+
+TEST_F(Physical, MissingTextsAreEmptyTexts) {
+    host.Answer(controllersQuery, {{{"DeviceID", ahciId}, {"Manufacturer", std::monostate{}}}});
+    EXPECT_EQ(ValuesOf(All(product), "Vendor"), Values{""});
+    EXPECT_EQ(ValuesOf(All(product), "IdentifyingNumber"), Values{" with Revision number: 02"});
+    EXPECT_EQ(ValuesOf(All(location), "PhysicalPosition"), Values{" with Device ID: 2922"});
+    EXPECT_EQ(ValuesOf(All(package), "Manufacturer"), Values{""});
+    EXPECT_EQ(ValuesOf(All(package), "Name"), Values{""});
+}
+
+TEST_F(Physical, NoneCarriesTheHostsName) {
+    for (const char* className : {product, location, package}) {
+        EXPECT_EQ(ValuesOf(All(className), "SystemName"), Values{}) << className;
+    }
+}
+
+TEST_F(Physical, EachIsOnePerPortControllerInSourceOrder) {
+    host.Answer(controllersQuery, {Controller("B&REV_1"), Controller("none"), Controller("A&REV_1"),
+                                   Without(Controller(ahciId), "DeviceID")});
+    EXPECT_EQ(ValuesOf(Keys(product), "Name"), (Values{"B&REV_1", "A&REV_1"}));
+    EXPECT_EQ(ValuesOf(Keys(location), "Name"), (Values{"B&REV_1", "A&REV_1"}));
+    EXPECT_EQ(ValuesOf(Keys(package), "Tag"), (Values{"B&REV_1", "A&REV_1"}));
+}
+
+}  // namespace
+}  // namespace qv

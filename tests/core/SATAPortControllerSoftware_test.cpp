@@ -1,0 +1,225 @@
+#include <gtest/gtest.h>
+
+#include "tests/core/Records.h"
+#include "tests/core/SourceRows.h"
+
+namespace qv {
+namespace {
+
+using namespace test;
+using Values = std::vector<std::string>;
+
+constexpr const char* bios = "QV_SATAPortControllerBIOS";
+constexpr const char* firmware = "QV_SATAPortControllerFW";
+constexpr const char* driver = "QV_SATAPortControllerDriver";
+
+struct FamilyTexts {
+    std::string name, classification, caption, description, manufacturer;
+};
+
+// The whole record of the AHCI controller, `version` as its last properties.
+InstanceRecord Whole(const std::string& className, const FamilyTexts& texts,
+                     const std::vector<PropertyEntry>& version) {
+    InstanceRecord record =
+        Record(className, {Key("InstanceID", "QV:" + className + ":" + ahciKey),
+                           Text("Name", texts.name),
+                           Numbers("Classifications", texts.classification),
+                           test::Texts("IdentityInfoType", "CIM:SoftwareFamily"),
+                           test::Texts("IdentityInfoValue", "QVQ:" + ahciId),
+                           Text("Caption", texts.caption), Text("ElementName", texts.caption),
+                           Text("Description", texts.description),
+                           Text("Manufacturer", texts.manufacturer),
+                           test::Texts("ClassificationDescriptions", texts.description)});
+    record.properties.insert(record.properties.end(), version.begin(), version.end());
+    return record;
+}
+
+const std::vector<PropertyEntry> version02{Text("VersionString", "02")};
+
+class Software : public testing::Test, protected Builders {
+protected:
+    // The one controller of the host is served by this driver.
+    Software& ServedBy(const std::string& driverName) {
+        host.Answer(controllersQuery, {Controller(ahciId)});
+        ServeWith(host, ahciId, driverName);
+        return *this;
+    }
+    using Builders::All;
+};
+
+TEST_F(Software, BiosOfEachFamilyHasItsPropertiesInOrder) {
+    const FamilyTexts ide{"IDE/ATA BIOS", "6", "IDE/ATA BIOS", "IDE/ATA BIOS",
+                    "Standard IDE/ATA Controllers BIOS"};
+    EXPECT_EQ(ServedBy("msahci").All(bios),
+              RecordList{Whole(bios,
+                               {"SATA BIOS", "6", "SATA BIOS", "SATA BIOS",
+                                "Standard SATA Controllers BIOS"},
+                               version02)});
+    EXPECT_EQ(ServedBy("pciide").All(bios), RecordList{Whole(bios, ide, version02)});
+    EXPECT_EQ(ServedBy("pciidex").All(bios), RecordList{Whole(bios, ide, version02)});
+    EXPECT_EQ(ServedBy("atapi").All(bios), RecordList{Whole(bios, ide, {})});
+}
+
+TEST_F(Software, FirmwareOfEachFamilyHasItsPropertiesInOrder) {
+    const FamilyTexts ide{"IDE/ATA firmware", "10", "IDE/ATA firmware", "IDE/ATA firmware",
+                    "Standard IDE/ATA Controllers firmware"};
+    EXPECT_EQ(ServedBy("msahci").All(firmware),
+              RecordList{Whole(firmware,
+                               {"SATA firmware", "10", "SATA firmware", "SATA firmware",
+                                "Standard SATA Controllers firmware"},
+                               version02)});
+    EXPECT_EQ(ServedBy("pciide").All(firmware), RecordList{Whole(firmware, ide, version02)});
+    EXPECT_EQ(ServedBy("pciidex").All(firmware), RecordList{Whole(firmware, ide, version02)});
+    EXPECT_EQ(ServedBy("atapi").All(firmware), RecordList{Whole(firmware, ide, {})});
+}
+
+TEST_F(Software, DriverOfEachFamilyHasItsOwnNameAndNoVersion) {
+    const std::string sata = "Standard SATA Controllers Driver";
+    const std::string ide = "Standard IDE ATA/ATAPI Controllers Driver";
+    EXPECT_EQ(ServedBy("msahci").All(driver),
+              RecordList{Whole(driver, {"msahci", "2", "NATIVE SATA Driver", sata, sata}, {})});
+    EXPECT_EQ(ServedBy("pciide").All(driver),
+              RecordList{Whole(driver, {"pciide", "2", "PCI IDE Driver", ide, ide}, {})});
+    EXPECT_EQ(ServedBy("pciidex").All(driver),
+              RecordList{Whole(driver, {"pciidex", "2", "PCI IDE Driver", ide, ide}, {})});
+    EXPECT_EQ(ServedBy("atapi").All(driver),
+              RecordList{Whole(driver, {"atapi", "2", "ATAPI Driver", ide, ide}, {})});
+}
+
+TEST_F(Software, IsFoundOverThePlugAndPlayDevicesOfEachControllerInTurn) {
+    host.Answer(controllersQuery, {Controller(ahciId), Controller(channelId)});
+    ServeWith(host, ahciId, "pciide");
+    ServeWith(host, channelId, "atapi");
+    const auto expected = InCimv2({controllersQuery, DevicesOf(ahciId), DriversOf(ahciId),
+                                   DevicesOf(channelId), DriversOf(channelId)});
+    for (const char* className : {bios, firmware, driver}) {
+        host.asked.clear();
+        All(className);
+        EXPECT_EQ(host.asked, expected);
+        host.asked.clear();
+        Keys(className);
+        EXPECT_EQ(host.asked, expected);
+    }
+}
+
+TEST_F(Software, TheQueriesNameTheRelativePath) {
+    ServedBy("msahci").All(bios);
+    EXPECT_EQ(host.asked.at(1),
+              R"(root\CIMv2: ASSOCIATORS OF {Win32_IDEController.DeviceID=)"
+              R"("PCI\\VEN_8086&DEV_2922&SUBSYS_12345678&REV_02\\3&1AB2&0&FA"})"
+              R"( where assocclass=Win32_PnPDevice)");
+}
+
+TEST_F(Software, TheQueriesNameTheWholePathWhenTheNamespaceIsSpelledOtherwise) {
+    const std::string path = R"(\\SRV\ROOT\CIMV2:Win32_IDEController.DeviceID="X")";
+    host.Answer(controllersQuery, {With(Controller("X"), {{"__PATH", path}})});
+    All(bios);
+    EXPECT_EQ(host.asked.at(1),
+              R"(root\CIMv2: ASSOCIATORS OF {)" + path + "} where assocclass=Win32_PnPDevice");
+}
+
+TEST_F(Software, IsOneForEachFamilyThatTheHostHas) {
+    host.Answer(controllersQuery,
+                {Controller(ahciId), Controller(R"(PCI\B&REV_1)"), Controller(channelId)});
+    ServeWith(host, ahciId, "msahci");
+    ServeWith(host, R"(PCI\B&REV_1)", "pciide");
+    ServeWith(host, channelId, "atapi");
+    EXPECT_EQ(ValuesOf(All(driver), "Name"), (Values{"msahci", "pciide", "atapi"}));
+    EXPECT_EQ(ValuesOf(All(bios), "Name"), (Values{"SATA BIOS", "IDE/ATA BIOS", "IDE/ATA BIOS"}));
+    EXPECT_EQ(ValuesOf(All(bios), "InstanceID"),
+              (Values{"QV:QV_SATAPortControllerBIOS:" + ahciKey,
+                      "QV:QV_SATAPortControllerBIOS:PCI&B&REV_1",
+                      "QV:QV_SATAPortControllerBIOS:" + channelKey}));
+}
+
+TEST_F(Software, ASecondControllerOfAFamilyHasNoneOfItsOwn) {
+    host.Answer(controllersQuery, {Controller(ahciId), Controller(R"(PCI\B&REV_1)")});
+    ServeWith(host, ahciId, "pciidex");
+    ServeWith(host, R"(PCI\B&REV_1)", "pciide");
+    for (const char* className : {bios, firmware, driver}) {
+        EXPECT_EQ(ValuesOf(All(className), "InstanceID"),
+                  Values{"QV:" + std::string(className) + ":" + ahciKey});
+    }
+}
+
+TEST_F(Software, APathThatNamesALaterControllerOfTheFamilyFindsNothing) {
+    host.Answer(controllersQuery, {Controller(ahciId), Controller(R"(PCI\B&REV_1)")});
+    ServeWith(host, ahciId, "msahci");
+    ServeWith(host, R"(PCI\B&REV_1)", "msahci");
+    EXPECT_EQ(At(bios, R"(QV_SATAPortControllerBIOS.InstanceID=)"
+                       R"("QV:QV_SATAPortControllerBIOS:PCI&B&REV_1")"),
+              RecordList{});
+}
+
+TEST_F(Software, IsFoundByItsPathInAnyLetterCase) {
+    ServedBy("msahci");
+    for (const std::string className : {bios, firmware, driver}) {
+        EXPECT_EQ(At(className, className + R"(.INSTANCEID="qv:)" + className + ":" + ahciKey + "\""),
+                  All(className));
+    }
+}
+
+TEST_F(Software, CarriesOnlyItsKeyWhenOnlyKeysAreAskedFor) {
+    ServedBy("msahci");
+    EXPECT_EQ(Keys("qv_sataportcontrollerbios"),
+              RecordList{Record("qv_sataportcontrollerbios",
+                                {Key("InstanceID", "QV:qv_sataportcontrollerbios:" + ahciKey)})});
+}
+
+TEST_F(Software, DriverNamesAreComparedWithRegardToCase) {
+    EXPECT_EQ(ServedBy("MSAHCI").All(bios), RecordList{});
+    EXPECT_EQ(ServedBy("storahci").All(bios), RecordList{});
+    EXPECT_EQ(ServedBy("").All(bios), RecordList{});
+}
+
+TEST_F(Software, OtherAssociatedObjectsDoNotCount) {
+    ServedBy("msahci");
+    host.Answer(DevicesOf(ahciId), {{{"__CLASS", "win32_pnpentity"},
+                                     {"__PATH", FullPath("Win32_PnPEntity", ahciId)}}});
+    EXPECT_EQ(All(bios), RecordList{});
+    ServedBy("msahci");
+    host.Answer(DriversOf(ahciId), {{{"__CLASS", "Win32_Service"}, {"Name", "msahci"}},
+                                    {{"Name", "msahci"}}});
+    EXPECT_EQ(All(bios), RecordList{});
+}
+
+TEST_F(Software, IsFoundOverALaterDeviceAndALaterDriver) {
+    ServedBy("storahci");
+    host.Answer(DevicesOf(ahciId),
+                {{{"__CLASS", "Win32_PnPEntity"}, {"__PATH", FullPath("Win32_PnPEntity", "none")}},
+                 {{"__CLASS", "Win32_PnPEntity"}, {"__PATH", FullPath("Win32_PnPEntity", ahciId)}}});
+    host.Answer(DriversOf(ahciId), {{{"__CLASS", "Win32_SystemDriver"}, {"Name", "disk"}},
+                                    {{"__CLASS", "Win32_SystemDriver"}, {"Name", "msahci"}}});
+    EXPECT_EQ(ValuesOf(All(driver), "Name"), Values{"msahci"});
+}
+
+TEST_F(Software, AFailedAssociatorsQueryIsPassedOver) {
+    host.Answer(controllersQuery, {Controller("X&REV_1"), Controller(ahciId)});
+    ServeWith(host, ahciId, "msahci");
+    EXPECT_EQ(ValuesOf(All(driver), "InstanceID"),
+              Values{"QV:QV_SATAPortControllerDriver:" + ahciKey});
+}
+
+TEST_F(Software, IsNoneWhenTheControllersCannotBeHad) {
+    ServedBy("msahci");
+    host.Fail(controllersQuery);
+    for (const char* className : {bios, firmware, driver}) {
+        EXPECT_EQ(All(className), RecordList{});
+    }
+}
+
+TEST_F(Software, TheVersionOfAControllerWithoutRevisionIsEmpty) {
+    host.Answer(controllersQuery, {Controller(channelId)});
+    ServeWith(host, channelId, "pciide");
+    EXPECT_EQ(ValuesOf(All(bios), "VersionString"), Values{""});
+}
+
+TEST_F(Software, IsPublishedForARowWithoutDeviceId) {
+    host.Answer(controllersQuery, {Without(Controller(ahciId), "DeviceID")});
+    ServeWith(host, ahciId, "atapi");
+    EXPECT_EQ(ValuesOf(All(driver), "InstanceID"), Values{"QV:QV_SATAPortControllerDriver:"});
+    EXPECT_EQ(ValuesOf(All(driver), "IdentityInfoValue"), Values{"QVQ:"});
+}
+
+}  // namespace
+}  // namespace qv

@@ -1,0 +1,221 @@
+#include <string>
+
+#include "tests/core/BuilderTest.h"
+
+namespace qv {
+namespace {
+
+using test::Key;
+using test::NamesOf;
+using test::Number;
+using test::Numbers;
+using test::Record;
+using test::Text;
+using test::Texts;
+using test::ValuesOf;
+using test::With;
+using test::Without;
+using Values = std::vector<std::string>;
+
+const std::string query = "SELECT * FROM Win32_IDEController";
+const Values askedOnce{R"(root\CIMv2: )" + query};
+
+const test::Properties controller{
+    {"DeviceID", R"(PCI\VEN_8086&DEV_2922&SUBSYS_12345678&REV_02\3&1AB2&0&FA)"},
+    {"Caption", "the caption"},
+    {"Description", "the description"},
+    {"Name", "the name"},
+    {"ProtocolSupported", std::uint16_t{37}},
+    {"Status", "OK"},
+};
+const std::string encodedId = "PCI&VEN_8086&DEV_2922&SUBSYS_12345678&REV_02&3&1AB2&0&FA";
+
+InstanceRecord FullRecord(std::string_view className = "QV_SATAPortController") {
+    return Record(className, {
+                                 Key("SystemName", "host.example.org"),
+                                 Key("CreationClassName", std::string(className)),
+                                 Key("SystemCreationClassName", "QV_WinComputerSystem"),
+                                 Key("DeviceID", encodedId),
+                                 Text("Caption", "the caption"),
+                                 Text("Name", "the description"),
+                                 Text("Description", "the description"),
+                                 Text("ElementName", "the name"),
+                                 Number("ProtocolSupported", "37"),
+                                 Numbers("OperationalStatus", "2"),
+                                 Texts("StatusDescriptions", "OK"),
+                                 Number("ControllerType", "1"),
+                                 Text("OtherControllerType", "IDE/SATA"),
+                                 Number("ControllerVersion", "02"),
+                             });
+}
+
+class SATAPortController : public test::BuilderTest {
+protected:
+    RecordList Build(std::vector<test::Properties> rows, std::uint32_t mode = mode::allProperties,
+                     std::string_view path = {}) {
+        host.Answer(query, std::move(rows));
+        return api.getQV_SATAPortController({"QV_SATAPortController", mode, path});
+    }
+
+    // The one value of a property of the one controller built from a row.
+    std::string ValueOf(const test::Properties& row, std::string_view name) {
+        const Values values = ValuesOf(Build({row}), name);
+        EXPECT_EQ(values.size(), 1U) << name;
+        return values.empty() ? "" : values.front();
+    }
+};
+
+TEST_F(SATAPortController, PublishesEveryPropertyInOrder) {
+    EXPECT_EQ(Build({controller}), RecordList{FullRecord()});
+    EXPECT_EQ(host.asked, askedOnce);
+}
+
+TEST_F(SATAPortController, KeepsTheClassNameAsTheCallerSpelledIt) {
+    host.Answer(query, {controller});
+    EXPECT_EQ(api.getQV_SATAPortController({"qv_sataPORTcontroller", mode::allProperties, {}}),
+              RecordList{FullRecord("qv_sataPORTcontroller")});
+}
+
+TEST_F(SATAPortController, InKeysOnlyModeHasExactlyTheFourKeys) {
+    for (const std::uint32_t word : {mode::keysOnly, 0U, 8U}) {
+        const RecordList records = Build({controller}, word);
+        ASSERT_EQ(records.size(), 1U);
+        EXPECT_EQ(NamesOf(records[0]), (Values{"SystemName", "CreationClassName",
+                                               "SystemCreationClassName", "DeviceID"}));
+    }
+}
+
+TEST_F(SATAPortController, LeavesSystemNameOutWithoutAHostName) {
+    ForgetHostName();
+    InstanceRecord expected = FullRecord();
+    expected.properties.erase(expected.properties.begin());
+    EXPECT_EQ(Build({controller}), RecordList{expected});
+}
+
+TEST_F(SATAPortController, IsNotPublishedWithoutAPciRevision) {
+    EXPECT_EQ(Build({With(controller, "DeviceID", R"(ROOT\IDE\0000)"),
+                     With(controller, "DeviceID", R"(PCI\VEN_8086&DEV_2922\3&1)"),
+                     With(controller, "DeviceID", R"(PCI\VEN_8086&rev_02\3&1)")}),
+              RecordList{});
+}
+
+TEST_F(SATAPortController, IsNotPublishedWithoutATextDeviceId) {
+    EXPECT_EQ(
+        Build({Without(controller, "DeviceID"), With(controller, "DeviceID", std::monostate{}),
+               With(controller, "DeviceID", 7), With(controller, "DeviceID", "")}),
+        RecordList{});
+}
+
+TEST_F(SATAPortController, VersionRunsToTheEndWhenNoBackslashFollowsTheRevision) {
+    EXPECT_EQ(ValueOf(With(controller, "DeviceID", R"(PCI\VEN_8086&DEV_2922&REV_1A)"),
+                      "ControllerVersion"),
+              "1A");
+}
+
+TEST_F(SATAPortController, VersionComesFromTheFirstRevision) {
+    EXPECT_EQ(ValueOf(With(controller, "DeviceID", R"(PCI\VEN_1&REV_03\X&REV_04\1)"),
+                      "ControllerVersion"),
+              "03");
+}
+
+TEST_F(SATAPortController, VersionKeepsWhatFollowsTheFirstUnderscore) {
+    EXPECT_EQ(ValueOf(With(controller, "DeviceID", R"(PCI\VEN_1&REV_0_3\X)"), "ControllerVersion"),
+              "0_3");
+}
+
+TEST_F(SATAPortController, IsFoundByAPathWhoseDeviceIdDiffersInLetterCase) {
+    EXPECT_EQ(Build({controller}, mode::allProperties,
+                    R"(QV_SATAPortController.SystemName="HOST.example.org",)"
+                    R"(CreationClassName="QV_SATAPortController",)"
+                    R"(SystemCreationClassName="QV_WinComputerSystem",)"
+                    R"(DeviceID="pci&ven_8086&dev_2922&subsys_12345678&rev_02&3&1ab2&0&fa")"),
+              RecordList{FullRecord()});
+}
+
+TEST_F(SATAPortController, PathKeepsEveryRowThatMatchesAndNoOther) {
+    const std::string path = BuildObjectPath(FullRecord());
+    EXPECT_EQ(Build({controller, With(controller, "DeviceID", R"(PCI\VEN_1&REV_01\2)"),
+                     With(controller, "Caption", "second")},
+                    mode::allProperties, path)
+                  .size(),
+              2U);
+    EXPECT_EQ(ValuesOf(Build({controller, With(controller, "DeviceID", R"(PCI\VEN_1&REV_01\2)"),
+                              With(controller, "Caption", "second")},
+                             mode::allProperties, path),
+                       "Caption"),
+              (Values{"the caption", "second"}));
+}
+
+TEST_F(SATAPortController, PathWithKeysInAnotherOrderFindsNothing) {
+    EXPECT_EQ(
+        Build({controller}, mode::allProperties,
+              R"(QV_SATAPortController.CreationClassName="QV_SATAPortController",DeviceID=")" +
+                  encodedId +
+                  R"(",SystemCreationClassName="QV_WinComputerSystem",)"
+                  R"(SystemName="host.example.org")"),
+        RecordList{});
+}
+
+TEST_F(SATAPortController, RecordsFollowTheOrderOfTheirRows) {
+    EXPECT_EQ(ValuesOf(Build({With(controller, "DeviceID", R"(PCI\Z&REV_01\2)"),
+                              With(controller, "DeviceID", R"(ROOT\SKIPPED)"),
+                              With(controller, "DeviceID", R"(PCI\A&REV_01\2)")}),
+                       "DeviceID"),
+              (Values{"PCI&Z&REV_01&2", "PCI&A&REV_01&2"}));
+}
+
+TEST_F(SATAPortController, MissingSourceTextsArePublishedEmpty) {
+    InstanceRecord expected = FullRecord();
+    for (PropertyEntry& entry : expected.properties) {
+        for (const char* name : {"Caption", "Name", "Description", "ElementName",
+                                 "OperationalStatus", "StatusDescriptions"}) {
+            if (entry.name == name) {
+                entry.value = "";
+            }
+        }
+        if (entry.name == "ProtocolSupported") {
+            entry.value = "0";
+        }
+    }
+    EXPECT_EQ(Build({test::Properties{{"DeviceID", controller.at("DeviceID")}}}),
+              RecordList{expected});
+}
+
+TEST_F(SATAPortController, NullCaptionIsPublishedEmptyAndNotAbsent) {
+    EXPECT_EQ(ValueOf(With(controller, "Caption", std::monostate{}), "Caption"), "");
+}
+
+TEST_F(SATAPortController, ProtocolSupportedIsReadAs16UnsignedBits) {
+    const auto protocolOf = [this](platform::Value value) {
+        return ValueOf(With(controller, "ProtocolSupported", std::move(value)),
+                       "ProtocolSupported");
+    };
+    EXPECT_EQ(protocolOf(std::int32_t{37}), "37");
+    EXPECT_EQ(protocolOf(std::int8_t{-1}), "65535");
+    EXPECT_EQ(protocolOf(std::int32_t{65536 + 5}), "5");
+    EXPECT_EQ(protocolOf(std::uint32_t{0xFFFFFFFF}), "65535");
+}
+
+TEST_F(SATAPortController, ProtocolSupportedIsZeroWithoutASourceNumber) {
+    EXPECT_EQ(ValueOf(Without(controller, "ProtocolSupported"), "ProtocolSupported"), "0");
+    EXPECT_EQ(ValueOf(With(controller, "ProtocolSupported", "37"), "ProtocolSupported"), "0");
+}
+
+TEST_F(SATAPortController, StatusOutsideTheMapGivesAnEmptyCodeBesideTheText) {
+    const auto row = With(controller, "Status", "Starting");
+    EXPECT_EQ(ValueOf(row, "OperationalStatus"), "");
+    EXPECT_EQ(ValueOf(row, "StatusDescriptions"), "Starting");
+}
+
+TEST_F(SATAPortController, NoRowsGiveAnEmptyList) {
+    EXPECT_EQ(Build({}), RecordList{});
+}
+
+TEST_F(SATAPortController, FailedQueryGivesAnEmptyList) {
+    EXPECT_EQ(api.getQV_SATAPortController({"QV_SATAPortController", mode::allProperties, {}}),
+              RecordList{});
+    EXPECT_EQ(host.asked, askedOnce);
+}
+
+}  // namespace
+}  // namespace qv

@@ -1,0 +1,171 @@
+#include <gtest/gtest.h>
+
+#include "tests/core/Records.h"
+#include "tests/core/SourceRows.h"
+
+namespace qv {
+namespace {
+
+using namespace test;
+using Values = std::vector<std::string>;
+
+constexpr const char* initiator = "QV_ISATAProtocolEndpoint";
+constexpr const char* target = "QV_TSATAProtocolEndpoint";
+
+class Endpoint : public testing::Test, protected Builders {
+protected:
+    Endpoint() {
+        host.Answer(controllersQuery, {Controller(ahciId), Controller(channelId)});
+        host.Answer(controllerLinksQuery, {ControllerLink(channelId, diskId)});
+        host.Answer(disksQuery, {Disk(diskId)});
+    }
+};
+
+TEST_F(Endpoint, InitiatorHasItsPropertiesInOrder) {
+    const std::string caption = "Protocol Endpoint for IDECHANNEL with ID: 4&2E6E9E8&0&0";
+    EXPECT_EQ(All(initiator),
+              RecordList{Record(initiator, {Key("SystemName", "host.example.org"),
+                                            Key("SystemCreationClassName", "QV_WinComputerSystem"),
+                                            Key("CreationClassName", initiator),
+                                            Key("Name", channelKey), Text("Caption", caption),
+                                            Text("ElementName", caption),
+                                            Number("ProtocolIFType", "1"),
+                                            Text("OtherTypeDescription", "IDE/ATA/SATA")})});
+}
+
+TEST_F(Endpoint, InitiatorAsksForTheControllersOnce) {
+    All(initiator);
+    EXPECT_EQ(host.asked, InCimv2({controllersQuery}));
+}
+
+TEST_F(Endpoint, InitiatorsAreNoneWhenTheControllersCannotBeHad) {
+    host.Fail(controllersQuery);
+    EXPECT_EQ(All(initiator), RecordList{});
+}
+
+TEST_F(Endpoint, InitiatorCarriesOnlyKeysWhenOnlyKeysAreAskedFor) {
+    EXPECT_EQ(NamesOf(Keys(initiator).at(0)),
+              (Values{"SystemName", "SystemCreationClassName", "CreationClassName", "Name"}));
+}
+
+TEST_F(Endpoint, InitiatorLeavesSystemNameOutWithoutAHostName) {
+    ForgetHostName();
+    EXPECT_EQ(NamesOf(Keys(initiator).at(0)),
+              (Values{"SystemCreationClassName", "CreationClassName", "Name"}));
+}
+
+TEST_F(Endpoint, InitiatorIsFoundByItsPathInAnyLetterCase) {
+    const std::string path =
+        R"(qv_isataprotocolendpoint.SYSTEMNAME="host.example.org",)"
+        R"(SystemCreationClassName="QV_WinComputerSystem",)"
+        R"(CreationClassName="QV_ISATAProtocolEndpoint",Name="pciide&idechannel&4&2e6e9e8&0&0")";
+    EXPECT_EQ(At(initiator, path), All(initiator));
+    EXPECT_EQ(At(initiator, "QV_ISATAProtocolEndpoint.Name=\"x\""), RecordList{});
+}
+
+TEST_F(Endpoint, InitiatorPassesOverARowThatIsNoChannel) {
+    host.Answer(controllersQuery, {Controller(R"(ROOT\IDE\0000)"), Controller(channelId),
+                                   Without(Controller(channelId), "DeviceID")});
+    EXPECT_EQ(ValuesOf(All(initiator), "Name"), Values{channelKey});
+}
+
+TEST_F(Endpoint, InitiatorGoesByTheDeviceIdAndNotByThePlugAndPlayId) {
+    host.Answer(controllersQuery, {With(Controller(channelId), {{"PNPDeviceID", ""}})});
+    EXPECT_EQ(ValuesOf(All(initiator), "Name"), Values{channelKey});
+}
+
+TEST_F(Endpoint, TargetHasItsPropertiesInOrder) {
+    const std::string caption = "Protocol Endpoint for " + diskId;
+    EXPECT_EQ(All(target),
+              RecordList{Record(target, {Key("Name", diskKey + " connected to " + channelKey),
+                                         Key("SystemName", "host.example.org"),
+                                         Key("SystemCreationClassName", "QV_WinComputerSystem"),
+                                         Key("CreationClassName", target),
+                                         Text("Caption", caption), Text("ElementName", caption),
+                                         Number("ProtocolIFType", "1"),
+                                         Text("OtherTypeDescription", "IDE/ATA/SATA")})});
+}
+
+TEST_F(Endpoint, TargetAsksForDisksLinksAndControllers) {
+    const auto expected = InCimv2({disksQuery, controllerLinksQuery, controllersQuery});
+    All(target);
+    EXPECT_EQ(host.asked, expected);
+    host.asked.clear();
+    Keys(target);
+    EXPECT_EQ(host.asked, expected);
+}
+
+TEST_F(Endpoint, TargetsAreNoneWhenTheDisksCannotBeHad) {
+    host.Fail(disksQuery);
+    EXPECT_EQ(All(target), RecordList{});
+}
+
+TEST_F(Endpoint, TargetHasNoNameWhenTheLinksCannotBeHad) {
+    host.Fail(controllerLinksQuery);
+    EXPECT_EQ(NamesOf(Keys(target).at(0)),
+              (Values{"SystemName", "SystemCreationClassName", "CreationClassName"}));
+}
+
+TEST_F(Endpoint, TargetHasNoNameWhenTheControllersCannotBeHad) {
+    host.Fail(controllersQuery);
+    EXPECT_EQ(NamesOf(Keys(target).at(0)),
+              (Values{"SystemName", "SystemCreationClassName", "CreationClassName"}));
+}
+
+TEST_F(Endpoint, TargetOfADiskWithoutLinkHasThreeKeysAndNoName) {
+    host.Answer(controllerLinksQuery, {ControllerLink(channelId, "other")});
+    EXPECT_EQ(All(target).size(), 1U);
+    EXPECT_EQ(NamesOf(Keys(target).at(0)),
+              (Values{"SystemName", "SystemCreationClassName", "CreationClassName"}));
+}
+
+TEST_F(Endpoint, TargetHasAnEmptySystemNameWithoutAHostName) {
+    ForgetHostName();
+    EXPECT_EQ(ValuesOf(Keys(target), "SystemName"), Values{""});
+}
+
+TEST_F(Endpoint, TargetIsOneForEachIdeDiskInSourceOrder) {
+    host.Answer(disksQuery,
+                {Disk("D2"), With(Disk("S"), {{"InterfaceType", "SCSI"}}),
+                 With(Disk("U"), {{"InterfaceType", "USB"}}),
+                 With(Disk("i"), {{"InterfaceType", "ide"}}),
+                 Without(Disk("N"), "InterfaceType"), Disk("D1")});
+    EXPECT_EQ(ValuesOf(All(target), "Caption"),
+              (Values{"Protocol Endpoint for D2", "Protocol Endpoint for D1"}));
+}
+
+TEST_F(Endpoint, TargetOfADiskOnAPciControllerNamesThatController) {
+    host.Answer(controllerLinksQuery, {ControllerLink(ahciId, diskId)});
+    EXPECT_EQ(ValuesOf(All(target), "Name"), Values{diskKey + " connected to " + ahciKey});
+}
+
+TEST_F(Endpoint, TargetMatchesIdsWhateverTheirBackslashesAndCase) {
+    host.Answer(disksQuery, {Disk(R"(ide\diskxyz_1.0\5&1a2b3c&0&0.0.0)")});
+    EXPECT_EQ(ValuesOf(All(target), "Name"),
+              Values{"ide&diskxyz_1.0&5&1a2b3c&0&0.0.0 connected to " + channelKey});
+}
+
+TEST_F(Endpoint, TargetHasTheNameOfTheLastMatchingLinkOnly) {
+    host.Answer(controllerLinksQuery,
+                {ControllerLink(channelId, diskId), ControllerLink(ahciId, diskId),
+                 ControllerLink(R"(PCI\MISSING)", diskId)});
+    EXPECT_EQ(ValuesOf(All(target), "Name"), Values{diskKey + " connected to " + ahciKey});
+}
+
+TEST_F(Endpoint, TargetIsFoundByItsPathInAnyLetterCase) {
+    const std::string path = "qv_tsataprotocolendpoint.name=\"" + diskKey + " CONNECTED to " +
+                             channelKey +
+                             R"(",SystemName="host.example.org",)"
+                             R"(SystemCreationClassName="QV_WinComputerSystem",)"
+                             R"(CreationClassName="QV_TSATAProtocolEndpoint")";
+    EXPECT_EQ(At(target, path), All(target));
+    EXPECT_EQ(At(target, "QV_TSATAProtocolEndpoint.Name=\"x\""), RecordList{});
+}
+
+TEST_F(Endpoint, TargetOfADiskWithoutPlugAndPlayIdHasAnEmptyIdInItsCaption) {
+    host.Answer(disksQuery, {With(Disk(""), {{"PNPDeviceID", std::monostate{}}})});
+    EXPECT_EQ(ValuesOf(All(target), "Caption"), Values{"Protocol Endpoint for "});
+}
+
+}  // namespace
+}  // namespace qv

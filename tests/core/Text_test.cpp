@@ -1,0 +1,73 @@
+#include "source/Text.h"
+
+#include <gtest/gtest.h>
+
+namespace qv {
+namespace {
+
+using Pieces = std::vector<std::string>;
+
+TEST(EqualsIgnoringCase, FoldsAsciiLettersOnly) {
+    EXPECT_TRUE(EqualsIgnoringCase("QV_sataDISKdrive", "qv_SATAdiskDRIVE"));
+    EXPECT_TRUE(EqualsIgnoringCase("azAZ", "AZaz"));
+    EXPECT_FALSE(EqualsIgnoringCase("@[`{", "`{@["));
+    EXPECT_FALSE(EqualsIgnoringCase("\xC3\xA9", "\xC3\x89"));
+}
+
+TEST(EqualsIgnoringCase, TellsTextsOfDifferentLengthApart) {
+    EXPECT_FALSE(EqualsIgnoringCase("abc", "abcd"));
+    EXPECT_FALSE(EqualsIgnoringCase("", "a"));
+    EXPECT_TRUE(EqualsIgnoringCase("", ""));
+}
+
+TEST(FoldCase, LowersAsciiLettersOnly) {
+    EXPECT_EQ(FoldCase("QV_sataAZaz@[`{09"), "qv_sataazaz@[`{09");
+    EXPECT_EQ(FoldCase("\xC3\x89"), "\xC3\x89");
+    EXPECT_EQ(FoldCase(""), "");
+}
+
+TEST(EncodeDeviceId, ReplacesEachBackslashByAnAmpersand) {
+    EXPECT_EQ(EncodeDeviceId(R"(IDE\DISK&VEN_X\5&1)"), "IDE&DISK&VEN_X&5&1");
+    EXPECT_EQ(EncodeDeviceId(R"(IDE\DISKX\5&1)"), "IDE&DISKX&5&1");
+    EXPECT_EQ(EncodeDeviceId(R"(\\a\)"), "&&a&");
+}
+
+TEST(EncodeDeviceId, LeavesATextWithoutBackslashesUnchanged) {
+    EXPECT_EQ(EncodeDeviceId("IDE/DISK 1\"*-*"), "IDE/DISK 1\"*-*");
+    EXPECT_EQ(EncodeDeviceId(""), "");
+}
+
+TEST(StripBackslashes, RemovesEveryBackslash) {
+    EXPECT_EQ(StripBackslashes(R"(\\.\PHYSICALDRIVE0\)"), ".PHYSICALDRIVE0");
+    EXPECT_EQ(StripBackslashes("a&b/c"), "a&b/c");
+    EXPECT_EQ(StripBackslashes(R"(\\)"), "");
+}
+
+TEST(SplitList, CutsAtEverySeparator) {
+    EXPECT_EQ(SplitList("3*-*10"), (Pieces{"3", "10"}));
+    EXPECT_EQ(SplitList("one"), Pieces{"one"});
+}
+
+TEST(SplitList, GivesNoPieceForAnEmptyText) {
+    EXPECT_EQ(SplitList(""), Pieces{});
+}
+
+TEST(SplitList, GivesEmptyPiecesBetweenConsecutiveSeparators) {
+    EXPECT_EQ(SplitList("2*-**-*5"), (Pieces{"2", "", "5"}));
+    EXPECT_EQ(SplitList("*-*"), (Pieces{"", ""}));
+    EXPECT_EQ(SplitList("a*-*"), (Pieces{"a", ""}));
+}
+
+TEST(SplitList, TakesPiecesAsTheyStand) {
+    EXPECT_EQ(SplitList(" a *-*\tb*-c-*"), (Pieces{" a ", "\tb*-c-*"}));
+}
+
+TEST(JoinList, PutsTheSeparatorBetweenPieces) {
+    EXPECT_EQ(JoinList(Pieces{"2", "6"}), "2*-*6");
+    EXPECT_EQ(JoinList(Pieces{"2", "", "5"}), "2*-**-*5");
+    EXPECT_EQ(JoinList(Pieces{"one"}), "one");
+    EXPECT_EQ(JoinList(Pieces{}), "");
+}
+
+}  // namespace
+}  // namespace qv
