@@ -2,22 +2,19 @@
 if(BUILD_TESTING)
   set(INSTALL_GTEST OFF)
   set(BUILD_GMOCK ON)
-  set(gtest_force_shared_crt ON)
   add_subdirectory(/usr/src/googletest ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL SYSTEM)
   if(QV_SANITIZE)
     foreach(target gtest gtest_main gmock gmock_main)
       target_compile_options(${target} PRIVATE -fsanitize=${QV_SANITIZE})
     endforeach()
   endif()
-  if(WIN32)
-    foreach(target gtest gtest_main gmock gmock_main)
-      target_link_options(${target} INTERFACE -static)
-    endforeach()
-  endif()
 endif()
 
-# qv_test(name sources...): a test program, registered under its name with a time limit.
-# LINK lists what it links besides GoogleTest.
+# Recordings that are not this project's own; tests use them where they are.
+set(QV_SHARED_HOSTS ${PROJECT_SOURCE_DIR}/../shared/hosts)
+
+# qv_test(name sources... [LINK libraries...] [TIMEOUT seconds]): a test program, registered under
+# its name. It is run again only when it, the tool, the DLL or the data that tests read changed.
 function(qv_test name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "TIMEOUT" "LINK")
   if(NOT arg_TIMEOUT)
@@ -26,7 +23,15 @@ function(qv_test name)
   add_executable(${name} ${arg_UNPARSED_ARGUMENTS})
   target_link_libraries(${name} PRIVATE qv_options ${arg_LINK} GTest::gmock_main)
   target_compile_definitions(${name} PRIVATE QV_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+  set(products)
+  if(WIN32)
+    set(products ${CMAKE_BINARY_DIR}/QVWMISATA.dll ${CMAKE_BINARY_DIR}/qvsata.exe)
+  endif()
   add_test(NAME ${QV_TEST_PREFIX}${name}
-    COMMAND ${name} --gtest_brief=1 --gtest_output=xml:${CMAKE_BINARY_DIR}/results/${name}.xml)
+    COMMAND ${PROJECT_SOURCE_DIR}/tools/cached-test ${CMAKE_BINARY_DIR}/passed/${name}
+      $<TARGET_FILE:${name}> ${products} ${PROJECT_SOURCE_DIR}/hosts ${PROJECT_SOURCE_DIR}/mof
+      ${PROJECT_SOURCE_DIR}/tests ${QV_SHARED_HOSTS}
+      -- ${CMAKE_CROSSCOMPILING_EMULATOR} $<TARGET_FILE:${name}> --gtest_brief=1
+      --gtest_output=xml:${CMAKE_BINARY_DIR}/results/${name}.xml)
   set_tests_properties(${QV_TEST_PREFIX}${name} PROPERTIES TIMEOUT ${arg_TIMEOUT})
 endfunction()
