@@ -34,4 +34,8 @@ function(qv_test name)
       -- ${CMAKE_CROSSCOMPILING_EMULATOR} $<TARGET_FILE:${name}> --gtest_brief=1
       --gtest_output=xml:${CMAKE_BINARY_DIR}/results/${name}.xml)
   set_tests_properties(${QV_TEST_PREFIX}${name} PROPERTIES TIMEOUT ${arg_TIMEOUT})
+  if(WIN32)
+    # They share one prefix, that is, one registry and one set of log files.
+    set_tests_properties(${QV_TEST_PREFIX}${name} PROPERTIES RESOURCE_LOCK wine)
+  endif()
 endfunction()
