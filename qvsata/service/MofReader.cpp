@@ -197,15 +197,15 @@ private:
                                const std::vector<PropertyDefinition>& inherited) {
         const PropertyDefinition* const overridden = FindProperty(inherited, property.name);
         const bool says = HasQualifier(property.qualifiers, "override");
-        if (overridden == nullptr) {
-            if (says) {
-                Fail(written.position, "property " + property.name + " overrides nothing");
-            }
-            if (property.isKey && std::ranges::any_of(inherited, &PropertyDefinition::isKey)) {
-                Fail(written.position, "property " + property.name + " adds to inherited keys");
-            }
-        } else {
+        if (overridden != nullptr) {
             CheckOverride(written, property, *overridden, says);
+        } else if (says) {
+            Fail(written.position, "property " + property.name + " overrides nothing");
+        }
+        const bool wasKey = overridden != nullptr && overridden->isKey;
+        if (property.isKey && !wasKey &&
+            std::ranges::any_of(inherited, &PropertyDefinition::isKey)) {
+            Fail(written.position, "property " + property.name + " adds to inherited keys");
         }
         if (property.type == CimType::reference) {
             references_.push_back({std::string(fileName_), written.typePosition, namespacePath_,
@@ -227,9 +227,8 @@ private:
                                        TypeText(property.type, property.isArray));
         }
         const Qualifier* const key = FindQualifier(property.qualifiers, "key");
-        if (key != nullptr && property.isKey != overridden.isKey) {
-            Fail(written.position, "property " + property.name +
-                                       (property.isKey ? " becomes a key" : " ceases to be a key"));
+        if (key != nullptr && overridden.isKey && !property.isKey) {
+            Fail(written.position, "property " + property.name + " ceases to be a key");
         }
     }
 
