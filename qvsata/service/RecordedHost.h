@@ -59,6 +59,8 @@ public:
     bool IsClass() const;
 
 private:
+    bool IsSelected(std::string_view name) const;
+
     std::shared_ptr<const RecordedRow> row_;
     std::shared_ptr<const RecordedScope> scope_;
 };
@@ -88,7 +90,7 @@ struct QueryAnswer {
 class RecordedHost {
 public:
     RecordedHost();
-    explicit RecordedHost(ComputerNames computer);
+    explicit RecordedHost(ComputerNames computer, std::string description = {});
     RecordedHost(const RecordedHost&);
     RecordedHost(RecordedHost&&) noexcept;
     RecordedHost& operator=(const RecordedHost&);

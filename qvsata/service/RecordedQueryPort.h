@@ -19,7 +19,7 @@ public:
                                       platform::Rows& rows) const override;
 
     /// The recorded names; a name that was not recorded is error 1210 (invalid computer name).
-    platform::ComputerName GetComputerName(platform::NameFormat format) const override;
+    platform::ComputerName NameInFormat(platform::NameFormat format) const override;
 
 private:
     RecordedHost host_;
