@@ -1,0 +1,136 @@
+#include "wmiUtil/LegacyLog.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <regex>
+
+#include "log/LogFile.h"
+#include "tests/windows/log/LogTimes.h"
+#include "tests/windows/log/ScratchFolder.h"
+#include "tests/windows/log/ScratchRegistry.h"
+
+namespace qv {
+namespace {
+
+using qv::testing::ReadBytesOf;
+using qv::testing::WriteBytesTo;
+
+constexpr auto path = L"Software\\Corvane\\WBEM\\ServerLOGGING";
+constexpr auto prefix = "QVWMISATA::CQVWMISATA_EventProv::";
+constexpr auto defaultFile = L"C:\\windows\\system32\\wbem\\logs\\qvwbems.log";
+
+class LegacyLogTest : public ::testing::Test {
+protected:
+    LegacyLogTest() { registry.SetText(path, L"LOGFILENAME", file); }
+
+    qv::testing::ScratchFolder folder;
+    qv::testing::ScratchRegistry registry;
+    std::wstring file = folder.File(L"legacy.log");
+};
+
+TEST_F(LegacyLogTest, HasItsDefaultsWithoutTheKey) {
+    RegDeleteTreeW(HKEY_LOCAL_MACHINE, path);
+    const LegacyLog log(prefix);
+    EXPECT_EQ(log.FileName(), defaultFile);
+    EXPECT_EQ(log.Level(), 3U);
+    EXPECT_EQ(log.Type(), 0U);
+}
+
+TEST_F(LegacyLogTest, TakesItsSettingsFromTheRegistry) {
+    registry.SetNumber(path, L"LEVEL", 5);
+    registry.SetNumber(path, L"TYPE", 2);
+    const LegacyLog log(prefix);
+    EXPECT_EQ(log.FileName(), file);
+    EXPECT_EQ(log.Level(), 5U);
+    EXPECT_EQ(log.Type(), 2U);
+}
+
+TEST_F(LegacyLogTest, KeepsDefaultsInPlaceOfValuesOfTheWrongTypeOrSize) {
+    registry.SetNumber(path, L"LOGFILENAME", 1);
+    registry.SetText(path, L"LEVEL", L"5");
+    registry.SetBytes(path, L"TYPE", REG_DWORD, {});
+    const LegacyLog log(prefix);
+    EXPECT_EQ(log.FileName(), defaultFile);
+    EXPECT_EQ(log.Level(), 3U);
+    EXPECT_EQ(log.Type(), 0U);
+}
+
+TEST_F(LegacyLogTest, KeepsItsDefaultFileInPlaceOfAnEmptyName) {
+    registry.SetText(path, L"LOGFILENAME", L"");
+    EXPECT_EQ(LegacyLog(prefix).FileName(), defaultFile);
+}
+
+TEST_F(LegacyLogTest, TakesAFileNameThatNothingTerminates) {
+    registry.SetBytes(path, L"LOGFILENAME", REG_SZ,
+                      std::as_bytes(std::span(std::wstring_view(file))));
+    EXPECT_EQ(LegacyLog(prefix).FileName(), file);
+}
+
+TEST_F(LegacyLogTest, CreatesItsFileWithTheFirstLine) {
+    const LegacyLog log(prefix);
+    EXPECT_FALSE(std::filesystem::exists(file));
+    log.CommonLogEntry("text", 3);
+    EXPECT_TRUE(std::filesystem::exists(file));
+}
+
+TEST_F(LegacyLogTest, WritesNarrowLinesWithTheLocalTimeBehindABlank) {
+    const LegacyLog log(prefix);
+    const std::uint64_t before = qv::testing::LocalTimeNow();
+    log.CommonLogEntry("SendIndication for EventID = 600", 3);
+    const std::uint64_t after = qv::testing::LocalTimeNow();
+    const std::string line = ReadBytesOf(file);
+    std::smatch match;
+    ASSERT_TRUE(
+        std::regex_match(line, match,
+                         std::regex(R"( \[(\d\d)/(\d\d)/(\d{4}) (\d\d):(\d\d):(\d\d):(\d{3})\] )"
+                                    R"(\[QVWMISATA::CQVWMISATA_EventProv::\] - )"
+                                    "SendIndication for EventID = 600\r\n")));
+    EXPECT_LE(before, qv::testing::TimeOf(match));
+    EXPECT_GE(after, qv::testing::TimeOf(match));
+}
+
+TEST_F(LegacyLogTest, AppendsToWhatIsThere) {
+    WriteBytesTo(file, "older\r\n");
+    const LegacyLog log(prefix);
+    log.CommonLogEntry("one", 3);
+    log.CommonLogEntry("two", 3);
+    EXPECT_TRUE(std::regex_match(ReadBytesOf(file),
+                                 std::regex("older\r\n [^\r]* - one\r\n [^\r]* - two\r\n")));
+}
+
+TEST_F(LegacyLogTest, WritesLinesWhoseSeverityIsNotBelowItsLevel) {
+    registry.SetNumber(path, L"LEVEL", 4);
+    const LegacyLog log(prefix);
+    log.CommonLogEntry("below", 3);
+    EXPECT_FALSE(std::filesystem::exists(file));
+    log.CommonLogEntry("equal", 4);
+    log.CommonLogEntry("above", 5);
+    EXPECT_TRUE(
+        std::regex_match(ReadBytesOf(file), std::regex(" [^\r]*equal\r\n [^\r]*above\r\n")));
+}
+
+TEST_F(LegacyLogTest, WritesWhileOthersReadAndWrite) {
+    const LegacyLog log(prefix);
+    const windows::FileHandle other = OpenLogFile(file);
+    log.CommonLogEntry("text", 3);
+    EXPECT_NE(ReadBytesOf(file), "");
+}
+
+TEST_F(LegacyLogTest, LosesALineThatCannotBeWrittenAndGoesOn) {
+    const LegacyLog log(prefix);
+    std::filesystem::create_directory(file);
+    log.CommonLogEntry("lost", 3);
+    std::filesystem::remove(file);
+    log.CommonLogEntry("written", 3);
+    EXPECT_TRUE(std::regex_match(ReadBytesOf(file), std::regex(" [^\r]*written\r\n")));
+}
+
+TEST_F(LegacyLogTest, CreatesNoFolder) {
+    registry.SetText(path, L"LOGFILENAME", folder.File(L"missing\\legacy.log"));
+    LegacyLog(prefix).CommonLogEntry("lost", 3);
+    EXPECT_EQ(folder.FileCount(), 0U);
+}
+
+}  // namespace
+}  // namespace qv
