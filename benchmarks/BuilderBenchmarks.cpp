@@ -1,0 +1,61 @@
+// Measures each builder beside the reads that it cannot do without: "read/CLASS/DISKS" and
+// "build/CLASS/DISKS". tools/bench makes a table of them.
+#include <benchmark/benchmark.h>
+
+#include <string>
+
+#include "NativeAPI/NativeAPI.h"
+#include "benchmarks/ClassReads.h"
+#include "benchmarks/GeneratedHost.h"
+
+namespace qv::benchmarks {
+namespace {
+
+class SilentLog : public platform::LogPort {
+public:
+    int Level() const override { return 5; }
+    void Write(int, std::string_view) override {}
+};
+
+void Reads(benchmark::State& state, const ClassReads& one) {
+    const GeneratedHost host(static_cast<int>(state.range(0)));
+    for (auto _ : state) {
+        one.read(host, host);
+    }
+}
+
+void Builds(benchmark::State& state, const ClassReads& one) {
+    const GeneratedHost host(static_cast<int>(state.range(0)));
+    SilentLog log;
+    const NativeAPI api(host, host, log);
+    if (api.BuildAllInstances(one.className, mode::allProperties).empty()) {
+        state.SkipWithError("the class has no instances");
+    }
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(api.BuildAllInstances(one.className, mode::allProperties));
+    }
+}
+
+void RegisterClass(const ClassReads& one) {
+    const std::string name(one.className);
+    for (const int disks : {1, 16, 256, 1024}) {
+        benchmark::RegisterBenchmark(("read/" + name).c_str(), Reads, one)->Arg(disks);
+        benchmark::RegisterBenchmark(("build/" + name).c_str(), Builds, one)->Arg(disks);
+    }
+}
+
+}  // namespace
+}  // namespace qv::benchmarks
+
+int main(int argc, char** argv) {
+    for (const auto& one : qv::benchmarks::MeasuredClasses()) {
+        qv::benchmarks::RegisterClass(one);
+    }
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
+        return 1;
+    }
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}
