@@ -1,0 +1,73 @@
+#include "qvsata/service/RecordedQueryPort.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/HostBuilder.h"
+
+namespace qv::service {
+namespace {
+
+using platform::NameFormat;
+using platform::QueryResult;
+using platform::Value;
+
+TEST(RecordedQueryPort, GivesTheRowsOfAQuery) {
+    test::HostBuilder host;
+    host.Disk(0, R"(IDE\DISKX\5&1)", {{"Status", {}}});
+    platform::Rows rows;
+    ASSERT_EQ(RecordedQueryPort(host.Build())
+                  .RunWqlQuery(R"(root\CIMv2)", "SELECT * FROM Win32_DiskDrive", rows),
+              QueryResult::submitted);
+    ASSERT_EQ(rows.size(), 1U);
+    EXPECT_EQ(rows[0]->Get("deviceid").status, Status::noError);
+    EXPECT_EQ(rows[0]->Get("DeviceID").value.index(), Value(std::string()).index());
+    EXPECT_EQ(std::get<std::string>(rows[0]->Get("Size").value), "500105249280");
+    EXPECT_EQ(rows[0]->Get("Status").status, Status::noError);
+    EXPECT_TRUE(std::holds_alternative<std::monostate>(rows[0]->Get("Status").value));
+    EXPECT_EQ(rows[0]->Get("Missing").status, Status::notFound);
+}
+
+TEST(RecordedQueryPort, DropsEarlierRowsWhenAQueryFails) {
+    test::HostBuilder host;
+    host.Disk(0, "X").Fail("Win32_PhysicalMedia");
+    const RecordedQueryPort port(host.Build());
+    platform::Rows rows;
+    port.RunWqlQuery(R"(root\CIMv2)", "SELECT * FROM Win32_DiskDrive", rows);
+    EXPECT_EQ(port.RunWqlQuery(R"(root\CIMv2)", "SELECT * FROM Win32_PhysicalMedia", rows),
+              QueryResult::failed);
+    EXPECT_TRUE(rows.empty());
+    EXPECT_EQ(port.RunWqlQuery("root/other", "SELECT * FROM Win32_DiskDrive", rows),
+              QueryResult::failed);
+    EXPECT_EQ(port.RunWqlQuery(R"(root\CIMv2)", "no query", rows), QueryResult::failed);
+}
+
+TEST(RecordedQueryPort, GivesTheRecordedNames) {
+    const RecordedQueryPort port(RecordedHost({"S", "s.example.org", "s", "SNB"}));
+    EXPECT_EQ(port.NameInFormat(NameFormat::dnsFullyQualified).name, "s.example.org");
+    EXPECT_EQ(port.NameInFormat(NameFormat::dnsHostname).name, "s");
+    EXPECT_EQ(port.NameInFormat(NameFormat::netBios).name, "SNB");
+    EXPECT_EQ(port.NameInFormat(NameFormat::netBios).error, 0U);
+}
+
+TEST(RecordedQueryPort, RefusesANameThatWasNotRecorded) {
+    EXPECT_EQ(RecordedQueryPort(RecordedHost()).NameInFormat(NameFormat::netBios).error, 1210U);
+}
+
+TEST(ToPlatformValue, HandsValuesOverAsTheManagementServiceDoes) {
+    EXPECT_EQ(std::get<std::int32_t>(ToPlatformValue(CimValue{std::int64_t{-3}})), -3);
+    EXPECT_EQ(std::get<std::vector<std::int32_t>>(
+                  ToPlatformValue(CimValue{std::vector<std::int64_t>{3, 4}})),
+              (std::vector<std::int32_t>{3, 4}));
+    EXPECT_EQ(std::get<std::string>(ToPlatformValue(CimValue{"x"})), "x");
+    EXPECT_TRUE(std::get<bool>(ToPlatformValue(CimValue{true})));
+    EXPECT_TRUE(std::holds_alternative<std::monostate>(ToPlatformValue(CimValue{})));
+}
+
+TEST(ToPlatformValue, MarksWhatNobodyReads) {
+    EXPECT_TRUE(std::holds_alternative<platform::UnreadValue>(ToPlatformValue(CimValue{0.5})));
+    EXPECT_TRUE(std::holds_alternative<platform::UnreadValue>(
+        ToPlatformValue(CimValue{std::vector<std::string>{"x"}})));
+}
+
+}  // namespace
+}  // namespace qv::service

@@ -1,0 +1,151 @@
+// The recorded hosts of the hosts/ folder, and recordings of real machines where there are any.
+#include <gmock/gmock.h>
+
+#include <set>
+
+#include "qvsata/service/RecordedHost.h"
+
+namespace qv::service {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::UnorderedElementsAre;
+
+const std::filesystem::path shippedHosts = std::filesystem::path(QV_SOURCE_DIR) / "hosts";
+
+std::vector<std::filesystem::path> FilesIn(const std::filesystem::path& folder) {
+    std::vector<std::filesystem::path> files;
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+        if (entry.path().extension() == ".json") {
+            files.push_back(entry.path());
+        }
+    }
+    return files;
+}
+
+std::vector<RecordedObject> RowsOf(const RecordedHost& host, std::string_view className,
+                                   std::string_view nameSpace = R"(root\CIMv2)") {
+    return host.RunQuery(nameSpace, "SELECT * FROM " + std::string(className)).objects;
+}
+
+std::vector<std::string> TextsOf(const std::vector<RecordedObject>& rows, std::string_view name) {
+    std::vector<std::string> texts;
+    for (const RecordedObject& row : rows) {
+        const auto value = row.Get(name).value_or(CimValue{});
+        texts.push_back(std::holds_alternative<std::string>(value) ? std::get<std::string>(value)
+                                                                   : "");
+    }
+    return texts;
+}
+
+// What the references of a host name without there being such a row.
+std::vector<std::string> DanglingReferences(const RecordedHost& host) {
+    std::vector<std::string> dangling;
+    for (const char* name : {"Win32_DiskDriveToDiskPartition", "Win32_IDEControllerDevice",
+                             "Win32_PnPDevice", "Win32_SystemDriverPNPEntity"}) {
+        for (const char* role : {"Antecedent", "Dependent", "SameElement", "SystemElement"}) {
+            for (const std::string& text : TextsOf(RowsOf(host, name), role)) {
+                const auto path = ParseObjectPath(text);
+                if (path && !host.Find(R"(root\CIMv2)", *path)) {
+                    dangling.push_back(text);
+                }
+            }
+        }
+    }
+    return dangling;
+}
+
+// The paths that more than one row of a class has.
+std::vector<std::string> RepeatedPaths(const RecordedHost& host) {
+    std::set<std::string> seen;
+    std::vector<std::string> repeated;
+    for (const std::string& nameSpace : host.Namespaces()) {
+        for (const std::string& name : host.Classes(nameSpace)) {
+            for (const std::string& path : TextsOf(RowsOf(host, name, nameSpace), "__PATH")) {
+                if (path.empty() || !seen.insert(path).second) {
+                    repeated.push_back(name + ": " + path);
+                }
+            }
+        }
+    }
+    return repeated;
+}
+
+TEST(ShippedHosts, AreThree) {
+    std::vector<std::string> names;
+    for (const auto& file : FilesIn(shippedHosts)) {
+        names.push_back(file.filename().string());
+    }
+    EXPECT_THAT(names, UnorderedElementsAre("ahci-desktop.json", "legacy-ide.json",
+                                            "mixed-buses-failing.json"));
+}
+
+class ShippedHost : public testing::TestWithParam<const char*> {
+protected:
+    RecordedHost host_ = RecordedHost::FromFile(shippedHosts / GetParam());
+};
+
+TEST_P(ShippedHost, HoldsEverySourceClass) {
+    EXPECT_THAT(
+        host_.Classes(R"(root\CIMv2)"),
+        UnorderedElementsAre("Win32_DiskDrive", "Win32_PhysicalMedia", "Win32_DiskPartition",
+                             "Win32_DiskDriveToDiskPartition", "Win32_IDEController",
+                             "Win32_IDEControllerDevice", "Win32_PnPEntity", "Win32_PnPDevice",
+                             "Win32_SystemDriver", "Win32_SystemDriverPNPEntity"));
+    EXPECT_THAT(host_.Classes(R"(root\wmi)"), ElementsAre("MSStorageDriver_FailurePredictStatus"));
+}
+
+TEST_P(ShippedHost, IsWholeAndWithoutRepetition) {
+    EXPECT_THAT(DanglingReferences(host_), IsEmpty());
+    EXPECT_THAT(RepeatedPaths(host_), IsEmpty());
+}
+
+TEST_P(ShippedHost, HasAPhysicalMediumForEachDisk) {
+    EXPECT_EQ(TextsOf(RowsOf(host_, "Win32_DiskDrive"), "DeviceID"),
+              TextsOf(RowsOf(host_, "Win32_PhysicalMedia"), "Tag"));
+}
+
+INSTANTIATE_TEST_SUITE_P(All, ShippedHost,
+                         testing::Values("ahci-desktop.json", "legacy-ide.json",
+                                         "mixed-buses-failing.json"));
+
+TEST(ShippedHosts, ShowAFailingDisk) {
+    const auto host = RecordedHost::FromFile(shippedHosts / "mixed-buses-failing.json");
+    EXPECT_THAT(TextsOf(RowsOf(host, "Win32_DiskDrive"), "InterfaceType"),
+                ElementsAre("IDE", "IDE", "IDE", "SCSI", "USB"));
+    EXPECT_THAT(TextsOf(RowsOf(host, "Win32_DiskDrive"), "Status"),
+                ElementsAre("Pred Fail", "OK", "Degraded", "OK", "OK"));
+    const auto predicting = host.RunQuery(
+        R"(root\wmi)",
+        "SELECT * FROM MSStorageDriver_FailurePredictStatus WHERE PredictFailure = TRUE");
+    EXPECT_THAT(TextsOf(predicting.objects, "InstanceName"),
+                ElementsAre(R"(SCSI\Disk&Ven_Halden&Prod_HD4000F05\4&35e81d6c&0&020000_0)"));
+}
+
+TEST(ShippedHosts, LeadFromAControllerToItsDriver) {
+    const auto host = RecordedHost::FromFile(shippedHosts / "ahci-desktop.json");
+    const auto entities = host.RunQuery(
+        R"(root\CIMv2)",
+        R"(ASSOCIATORS OF {Win32_IDEController.DeviceID="PCI\\VEN_1AF7&DEV_3A22&SUBSYS_82D41043&REV_05\\3&2411E6FE&0&FA"} where assocclass=Win32_PnPDevice)");
+    ASSERT_EQ(entities.objects.size(), 1U);
+    const auto drivers = host.RunQuery(
+        R"(root\CIMv2)", "ASSOCIATORS OF {" + TextsOf(entities.objects, "__RELPATH").front() +
+                             "} where assocclass=Win32_SystemDriverPNPEntity");
+    EXPECT_THAT(TextsOf(drivers.objects, "Name"), ElementsAre("msahci"));
+}
+
+#ifdef QV_RECORDINGS_DIR
+TEST(Recordings, AreReadWithoutALossOfRows) {
+    for (const auto& file : FilesIn(QV_RECORDINGS_DIR)) {
+        SCOPED_TRACE(file.string());
+        const RecordedHost host = RecordedHost::FromFile(file);
+        EXPECT_FALSE(host.Computer().dnsFullyQualified.empty());
+        EXPECT_FALSE(RowsOf(host, "Win32_DiskDrive").empty());
+        EXPECT_THAT(RepeatedPaths(host), IsEmpty());
+    }
+}
+#endif
+
+}  // namespace
+}  // namespace qv::service
