@@ -10,15 +10,8 @@ namespace {
 using test::Controller;
 using test::ControllerLink;
 using test::Properties;
+using test::RowsOf;
 using test::With;
-
-platform::Rows RowsOf(std::vector<Properties> properties) {
-    platform::Rows rows;
-    for (Properties& one : properties) {
-        rows.push_back(std::make_shared<test::ScriptedRow>(std::move(one)));
-    }
-    return rows;
-}
 
 // The caption of the controller found; "none" without one.
 std::string CaptionOf(const platform::Row* controller) {

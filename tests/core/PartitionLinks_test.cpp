@@ -10,23 +10,16 @@ namespace {
 using test::Partition;
 using test::PartitionLink;
 using test::Properties;
+using test::RowsOf;
 using test::With;
-
-platform::Rows RowsOf(std::vector<Properties> properties) {
-    platform::Rows rows;
-    for (Properties& one : properties) {
-        rows.push_back(std::make_shared<test::ScriptedRow>(std::move(one)));
-    }
-    return rows;
-}
 
 // The DeviceIDs of a disk's partitions, in order.
 std::vector<std::string> PartitionsOf(std::string_view devicePath, std::vector<Properties> links,
                                       std::vector<Properties> partitions) {
     const platform::Rows rows = RowsOf(std::move(partitions));
     std::vector<std::string> found;
-    for (const auto* row : PartitionLinks(RowsOf(std::move(links)), rows)
-                               .PartitionsOfDisk(devicePath)) {
+    for (const auto* row :
+         PartitionLinks(RowsOf(std::move(links)), rows).PartitionsOfDisk(devicePath)) {
         found.push_back(TextOrEmpty(*row, "DeviceID"));
     }
     return found;
@@ -52,18 +45,21 @@ TEST(PartitionsOfDisk, IncludeThoseOfADiskWhosePathBeginsWithItsOwn) {
 }
 
 TEST(PartitionsOfDisk, TakeTheFirstPartitionWhoseIdTheLinkContains) {
-    EXPECT_EQ(PartitionsOf(drive1, {PartitionLink(drive1, "Disk #1, Partition #10")},
-                           {Partition("Disk #1, Partition #1"), Partition("Disk #1, Partition #10")}),
-              (Ids{"Disk #1, Partition #1"}));
-    EXPECT_EQ(PartitionsOf(drive1, {PartitionLink(drive1, "Disk #1, Partition #10")},
-                           {Partition("Disk #1, Partition #10"), Partition("Disk #1, Partition #1")}),
-              (Ids{"Disk #1, Partition #10"}));
+    EXPECT_EQ(
+        PartitionsOf(drive1, {PartitionLink(drive1, "Disk #1, Partition #10")},
+                     {Partition("Disk #1, Partition #1"), Partition("Disk #1, Partition #10")}),
+        (Ids{"Disk #1, Partition #1"}));
+    EXPECT_EQ(
+        PartitionsOf(drive1, {PartitionLink(drive1, "Disk #1, Partition #10")},
+                     {Partition("Disk #1, Partition #10"), Partition("Disk #1, Partition #1")}),
+        (Ids{"Disk #1, Partition #10"}));
 }
 
 TEST(PartitionsOfDisk, AreComparedWithRegardToCase) {
     EXPECT_EQ(PartitionsOf(drive1, {PartitionLink(R"(\\.\PhysicalDrive1)", "A")}, {Partition("A")}),
               Ids{});
-    EXPECT_EQ(PartitionsOf(drive1, {PartitionLink(drive1, "part q")}, {Partition("PART Q")}), Ids{});
+    EXPECT_EQ(PartitionsOf(drive1, {PartitionLink(drive1, "part q")}, {Partition("PART Q")}),
+              Ids{});
 }
 
 TEST(PartitionsOfDisk, PassOverALinkToNoPartition) {

@@ -10,7 +10,7 @@ using namespace test;
 
 constexpr const char* className = "QV_SATALogicalPort";
 
-class LogicalPort : public testing::Test, protected Builders {
+class LogicalPort : public testing::Test, public Builders {
 protected:
     LogicalPort() {
         host.Answer(controllersQuery, {Controller(ahciId), Controller(channelId)});
@@ -19,17 +19,18 @@ protected:
 };
 
 TEST_F(LogicalPort, PublishesAChannelWithItsPropertiesInOrder) {
-    EXPECT_EQ(All(className),
-              RecordList{Record(
-                  className, {Key("DeviceID", channelKey + " connected to " + ahciKey),
-                              Key("SystemName", "host.example.org"),
-                              Key("CreationClassName", className),
-                              Key("SystemCreationClassName", "QV_WinComputerSystem"),
-                              Text("Caption", "IDECHANNEL with ID: 4&2E6E9E8&0&0"),
-                              Text("ElementName", "IDECHANNEL with ID: 4&2E6E9E8&0&0"),
-                              Numbers("OperationalStatus", "2"),
-                              {"UsageRestriction", "4", PropertyType::text, false},
-                              Text("PortType", "1"), Text("OtherPortType", "IDE/SATA")})});
+    EXPECT_EQ(
+        All(className),
+        RecordList{Record(className, {Key("DeviceID", channelKey + " connected to " + ahciKey),
+                                      Key("SystemName", "host.example.org"),
+                                      Key("CreationClassName", className),
+                                      Key("SystemCreationClassName", "QV_WinComputerSystem"),
+                                      Text("Caption", "IDECHANNEL with ID: 4&2E6E9E8&0&0"),
+                                      Text("ElementName", "IDECHANNEL with ID: 4&2E6E9E8&0&0"),
+                                      Numbers("OperationalStatus", "2"),
+                                      {"UsageRestriction", "4", PropertyType::text, false},
+                                      Text("PortType", "1"),
+                                      Text("OtherPortType", "IDE/SATA")})});
 }
 
 TEST_F(LogicalPort, AsksForTheControllersTwiceAndThenForTheLinks) {
@@ -50,19 +51,18 @@ TEST_F(LogicalPort, AsksForTheLinksAlsoWhenTheControllersCannotBeHad) {
 TEST_F(LogicalPort, CarriesOnlyKeysWhenOnlyKeysAreAskedFor) {
     const RecordList records = Keys("qv_sataLOGICALport");
     ASSERT_EQ(records.size(), 1U);
-    EXPECT_EQ(records[0],
-              Record("qv_sataLOGICALport",
-                     {Key("DeviceID", channelKey + " connected to " + ahciKey),
-                      Key("SystemName", "host.example.org"),
-                      Key("CreationClassName", "qv_sataLOGICALport"),
-                      Key("SystemCreationClassName", "QV_WinComputerSystem")}));
+    EXPECT_EQ(records[0], Record("qv_sataLOGICALport",
+                                 {Key("DeviceID", channelKey + " connected to " + ahciKey),
+                                  Key("SystemName", "host.example.org"),
+                                  Key("CreationClassName", "qv_sataLOGICALport"),
+                                  Key("SystemCreationClassName", "QV_WinComputerSystem")}));
 }
 
 TEST_F(LogicalPort, LeavesSystemNameOutWithoutAHostName) {
     ForgetHostName();
-    EXPECT_EQ(NamesOf(Keys(className).at(0)),
-              (std::vector<std::string>{"DeviceID", "CreationClassName",
-                                        "SystemCreationClassName"}));
+    EXPECT_EQ(
+        NamesOf(Keys(className).at(0)),
+        (std::vector<std::string>{"DeviceID", "CreationClassName", "SystemCreationClassName"}));
 }
 
 TEST_F(LogicalPort, IsFoundByItsPathInAnyLetterCase) {
@@ -118,19 +118,18 @@ TEST_F(LogicalPort, MatchesTheChannelWithAndTheControllerWithoutRegardToCase) {
 }
 
 TEST_F(LogicalPort, GoesByThePlugAndPlayIdAndNotByTheDeviceId) {
-    host.Answer(controllersQuery,
-                {With(Controller("IDECHANNEL"), {{"PNPDeviceID", "other"}}),
-                 Without(Controller("IDECHANNEL"), "PNPDeviceID"),
-                 With(Controller(channelId), {{"DeviceID", "something else"}})});
+    host.Answer(controllersQuery, {With(Controller("IDECHANNEL"), {{"PNPDeviceID", "other"}}),
+                                   Without(Controller("IDECHANNEL"), "PNPDeviceID"),
+                                   With(Controller(channelId), {{"DeviceID", "something else"}})});
     EXPECT_EQ(ValuesOf(All(className), "DeviceID"),
               (std::vector<std::string>{channelKey + " connected to "}));
 }
 
 TEST_F(LogicalPort, PublishesChannelsInSourceOrder) {
     host.Answer(controllersQuery, {Controller(R"(IDECHANNEL\2)"), Controller(R"(IDECHANNEL\1)")});
-    EXPECT_EQ(ValuesOf(Keys(className), "DeviceID"),
-              (std::vector<std::string>{"IDECHANNEL&2 connected to ",
-                                        "IDECHANNEL&1 connected to "}));
+    EXPECT_EQ(
+        ValuesOf(Keys(className), "DeviceID"),
+        (std::vector<std::string>{"IDECHANNEL&2 connected to ", "IDECHANNEL&1 connected to "}));
 }
 
 TEST_F(LogicalPort, AMissingOrUnknownStatusGivesAnEmptyOperationalStatus) {

@@ -13,18 +13,18 @@ constexpr const char* product = "QV_SATAPortControllerProduct";
 constexpr const char* location = "QV_SATAControllerLocation";
 constexpr const char* package = "QV_SATAPortControllerPhysicalPackage";
 
-class Physical : public testing::Test, protected Builders {
+class Physical : public testing::Test, public Builders {
 protected:
     Physical() { host.Answer(controllersQuery, {Controller(ahciId), Controller(channelId)}); }
 };
 
 TEST_F(Physical, ProductHasItsPropertiesInOrder) {
     EXPECT_EQ(All(product),
-              RecordList{Record(
-                  product,
-                  {Key("Name", ahciKey), Key("Vendor", "the maker"),
-                   Key("IdentifyingNumber", "the caption with Revision number: 02"),
-                   Key("Version", "02"), Text("ElementName", "the caption with Device ID: 2922")})});
+              RecordList{
+                  Record(product, {Key("Name", ahciKey), Key("Vendor", "the maker"),
+                                   Key("IdentifyingNumber", "the caption with Revision number: 02"),
+                                   Key("Version", "02"),
+                                   Text("ElementName", "the caption with Device ID: 2922")})});
 }
 
 TEST_F(Physical, LocationHasItsPropertiesInOrderAndItsTagDescTwice) {
@@ -78,15 +78,17 @@ TEST_F(Physical, EachIsFoundByItsPathInAnyLetterCase) {
     EXPECT_EQ(At(location, "QV_SATAControllerLocation.Name=\"" + ahciKey +
                                R"(",PhysicalPosition="THE CAPTION with Device ID: 2922")"),
               All(location));
-    EXPECT_EQ(At(package, "QV_SATAPortControllerPhysicalPackage.CreationClassName="
-                          "\"qv_sataportcontrollerphysicalpackage\",Tag=\"" +
-                              ahciKey + "\""),
+    EXPECT_EQ(At(package,
+                 "QV_SATAPortControllerPhysicalPackage.CreationClassName="
+                 "\"qv_sataportcontrollerphysicalpackage\",Tag=\"" +
+                     ahciKey + "\""),
               All(package));
 }
 
 TEST_F(Physical, EachIsNotFoundByAnotherPath) {
     for (const char* className : {product, location, package}) {
-        EXPECT_EQ(At(className, std::string(className) + R"(.Name="x")"), RecordList{}) << className;
+        EXPECT_EQ(At(className, std::string(className) + R"(.Name="x")"), RecordList{})
+            << className;
     }
 }
 

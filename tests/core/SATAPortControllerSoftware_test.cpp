@@ -20,41 +20,38 @@ struct FamilyTexts {
 // The whole record of the AHCI controller, `version` as its last properties.
 InstanceRecord Whole(const std::string& className, const FamilyTexts& texts,
                      const std::vector<PropertyEntry>& version) {
-    InstanceRecord record =
-        Record(className, {Key("InstanceID", "QV:" + className + ":" + ahciKey),
-                           Text("Name", texts.name),
-                           Numbers("Classifications", texts.classification),
-                           test::Texts("IdentityInfoType", "CIM:SoftwareFamily"),
-                           test::Texts("IdentityInfoValue", "QVQ:" + ahciId),
-                           Text("Caption", texts.caption), Text("ElementName", texts.caption),
-                           Text("Description", texts.description),
-                           Text("Manufacturer", texts.manufacturer),
-                           test::Texts("ClassificationDescriptions", texts.description)});
+    InstanceRecord record = Record(
+        className, {Key("InstanceID", "QV:" + className + ":" + ahciKey), Text("Name", texts.name),
+                    Numbers("Classifications", texts.classification),
+                    Texts("IdentityInfoType", "CIM:SoftwareFamily"),
+                    Texts("IdentityInfoValue", "QVQ:" + ahciId), Text("Caption", texts.caption),
+                    Text("ElementName", texts.caption), Text("Description", texts.description),
+                    Text("Manufacturer", texts.manufacturer),
+                    Texts("ClassificationDescriptions", texts.description)});
     record.properties.insert(record.properties.end(), version.begin(), version.end());
     return record;
 }
 
 const std::vector<PropertyEntry> version02{Text("VersionString", "02")};
 
-class Software : public testing::Test, protected Builders {
-protected:
+class Software : public testing::Test, public Builders {
+public:
     // The one controller of the host is served by this driver.
     Software& ServedBy(const std::string& driverName) {
         host.Answer(controllersQuery, {Controller(ahciId)});
         ServeWith(host, ahciId, driverName);
         return *this;
     }
-    using Builders::All;
 };
 
 TEST_F(Software, BiosOfEachFamilyHasItsPropertiesInOrder) {
     const FamilyTexts ide{"IDE/ATA BIOS", "6", "IDE/ATA BIOS", "IDE/ATA BIOS",
-                    "Standard IDE/ATA Controllers BIOS"};
-    EXPECT_EQ(ServedBy("msahci").All(bios),
-              RecordList{Whole(bios,
-                               {"SATA BIOS", "6", "SATA BIOS", "SATA BIOS",
-                                "Standard SATA Controllers BIOS"},
-                               version02)});
+                          "Standard IDE/ATA Controllers BIOS"};
+    EXPECT_EQ(
+        ServedBy("msahci").All(bios),
+        RecordList{Whole(
+            bios, {"SATA BIOS", "6", "SATA BIOS", "SATA BIOS", "Standard SATA Controllers BIOS"},
+            version02)});
     EXPECT_EQ(ServedBy("pciide").All(bios), RecordList{Whole(bios, ide, version02)});
     EXPECT_EQ(ServedBy("pciidex").All(bios), RecordList{Whole(bios, ide, version02)});
     EXPECT_EQ(ServedBy("atapi").All(bios), RecordList{Whole(bios, ide, {})});
@@ -62,7 +59,7 @@ TEST_F(Software, BiosOfEachFamilyHasItsPropertiesInOrder) {
 
 TEST_F(Software, FirmwareOfEachFamilyHasItsPropertiesInOrder) {
     const FamilyTexts ide{"IDE/ATA firmware", "10", "IDE/ATA firmware", "IDE/ATA firmware",
-                    "Standard IDE/ATA Controllers firmware"};
+                          "Standard IDE/ATA Controllers firmware"};
     EXPECT_EQ(ServedBy("msahci").All(firmware),
               RecordList{Whole(firmware,
                                {"SATA firmware", "10", "SATA firmware", "SATA firmware",
@@ -104,10 +101,9 @@ TEST_F(Software, IsFoundOverThePlugAndPlayDevicesOfEachControllerInTurn) {
 
 TEST_F(Software, TheQueriesNameTheRelativePath) {
     ServedBy("msahci").All(bios);
-    EXPECT_EQ(host.asked.at(1),
-              R"(root\CIMv2: ASSOCIATORS OF {Win32_IDEController.DeviceID=)"
-              R"("PCI\\VEN_8086&DEV_2922&SUBSYS_12345678&REV_02\\3&1AB2&0&FA"})"
-              R"( where assocclass=Win32_PnPDevice)");
+    EXPECT_EQ(host.asked.at(1), R"(root\CIMv2: ASSOCIATORS OF {Win32_IDEController.DeviceID=)"
+                                R"("PCI\\VEN_8086&DEV_2922&SUBSYS_12345678&REV_02\\3&1AB2&0&FA"})"
+                                R"( where assocclass=Win32_PnPDevice)");
 }
 
 TEST_F(Software, TheQueriesNameTheWholePathWhenTheNamespaceIsSpelledOtherwise) {
@@ -154,8 +150,9 @@ TEST_F(Software, APathThatNamesALaterControllerOfTheFamilyFindsNothing) {
 TEST_F(Software, IsFoundByItsPathInAnyLetterCase) {
     ServedBy("msahci");
     for (const std::string className : {bios, firmware, driver}) {
-        EXPECT_EQ(At(className, className + R"(.INSTANCEID="qv:)" + className + ":" + ahciKey + "\""),
-                  All(className));
+        EXPECT_EQ(
+            At(className, className + R"(.INSTANCEID="qv:)" + className + ":" + ahciKey + "\""),
+            All(className));
     }
 }
 
@@ -178,16 +175,17 @@ TEST_F(Software, OtherAssociatedObjectsDoNotCount) {
                                      {"__PATH", FullPath("Win32_PnPEntity", ahciId)}}});
     EXPECT_EQ(All(bios), RecordList{});
     ServedBy("msahci");
-    host.Answer(DriversOf(ahciId), {{{"__CLASS", "Win32_Service"}, {"Name", "msahci"}},
-                                    {{"Name", "msahci"}}});
+    host.Answer(DriversOf(ahciId),
+                {{{"__CLASS", "Win32_Service"}, {"Name", "msahci"}}, {{"Name", "msahci"}}});
     EXPECT_EQ(All(bios), RecordList{});
 }
 
 TEST_F(Software, IsFoundOverALaterDeviceAndALaterDriver) {
     ServedBy("storahci");
-    host.Answer(DevicesOf(ahciId),
-                {{{"__CLASS", "Win32_PnPEntity"}, {"__PATH", FullPath("Win32_PnPEntity", "none")}},
-                 {{"__CLASS", "Win32_PnPEntity"}, {"__PATH", FullPath("Win32_PnPEntity", ahciId)}}});
+    host.Answer(
+        DevicesOf(ahciId),
+        {{{"__CLASS", "Win32_PnPEntity"}, {"__PATH", FullPath("Win32_PnPEntity", "none")}},
+         {{"__CLASS", "Win32_PnPEntity"}, {"__PATH", FullPath("Win32_PnPEntity", ahciId)}}});
     host.Answer(DriversOf(ahciId), {{{"__CLASS", "Win32_SystemDriver"}, {"Name", "disk"}},
                                     {{"__CLASS", "Win32_SystemDriver"}, {"Name", "msahci"}}});
     EXPECT_EQ(ValuesOf(All(driver), "Name"), Values{"msahci"});

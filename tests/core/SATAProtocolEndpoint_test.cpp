@@ -12,7 +12,7 @@ using Values = std::vector<std::string>;
 constexpr const char* initiator = "QV_ISATAProtocolEndpoint";
 constexpr const char* target = "QV_TSATAProtocolEndpoint";
 
-class Endpoint : public testing::Test, protected Builders {
+class Endpoint : public testing::Test, public Builders {
 protected:
     Endpoint() {
         host.Answer(controllersQuery, {Controller(ahciId), Controller(channelId)});
@@ -23,14 +23,14 @@ protected:
 
 TEST_F(Endpoint, InitiatorHasItsPropertiesInOrder) {
     const std::string caption = "Protocol Endpoint for IDECHANNEL with ID: 4&2E6E9E8&0&0";
-    EXPECT_EQ(All(initiator),
-              RecordList{Record(initiator, {Key("SystemName", "host.example.org"),
-                                            Key("SystemCreationClassName", "QV_WinComputerSystem"),
-                                            Key("CreationClassName", initiator),
-                                            Key("Name", channelKey), Text("Caption", caption),
-                                            Text("ElementName", caption),
-                                            Number("ProtocolIFType", "1"),
-                                            Text("OtherTypeDescription", "IDE/ATA/SATA")})});
+    EXPECT_EQ(
+        All(initiator),
+        RecordList{Record(initiator, {Key("SystemName", "host.example.org"),
+                                      Key("SystemCreationClassName", "QV_WinComputerSystem"),
+                                      Key("CreationClassName", initiator), Key("Name", channelKey),
+                                      Text("Caption", caption), Text("ElementName", caption),
+                                      Number("ProtocolIFType", "1"),
+                                      Text("OtherTypeDescription", "IDE/ATA/SATA")})});
 }
 
 TEST_F(Endpoint, InitiatorAsksForTheControllersOnce) {
@@ -76,14 +76,13 @@ TEST_F(Endpoint, InitiatorGoesByTheDeviceIdAndNotByThePlugAndPlayId) {
 
 TEST_F(Endpoint, TargetHasItsPropertiesInOrder) {
     const std::string caption = "Protocol Endpoint for " + diskId;
-    EXPECT_EQ(All(target),
-              RecordList{Record(target, {Key("Name", diskKey + " connected to " + channelKey),
-                                         Key("SystemName", "host.example.org"),
-                                         Key("SystemCreationClassName", "QV_WinComputerSystem"),
-                                         Key("CreationClassName", target),
-                                         Text("Caption", caption), Text("ElementName", caption),
-                                         Number("ProtocolIFType", "1"),
-                                         Text("OtherTypeDescription", "IDE/ATA/SATA")})});
+    EXPECT_EQ(All(target), RecordList{Record(
+                               target, {Key("Name", diskKey + " connected to " + channelKey),
+                                        Key("SystemName", "host.example.org"),
+                                        Key("SystemCreationClassName", "QV_WinComputerSystem"),
+                                        Key("CreationClassName", target), Text("Caption", caption),
+                                        Text("ElementName", caption), Number("ProtocolIFType", "1"),
+                                        Text("OtherTypeDescription", "IDE/ATA/SATA")})});
 }
 
 TEST_F(Endpoint, TargetAsksForDisksLinksAndControllers) {
@@ -125,11 +124,10 @@ TEST_F(Endpoint, TargetHasAnEmptySystemNameWithoutAHostName) {
 }
 
 TEST_F(Endpoint, TargetIsOneForEachIdeDiskInSourceOrder) {
-    host.Answer(disksQuery,
-                {Disk("D2"), With(Disk("S"), {{"InterfaceType", "SCSI"}}),
-                 With(Disk("U"), {{"InterfaceType", "USB"}}),
-                 With(Disk("i"), {{"InterfaceType", "ide"}}),
-                 Without(Disk("N"), "InterfaceType"), Disk("D1")});
+    host.Answer(disksQuery, {Disk("D2"), With(Disk("S"), {{"InterfaceType", "SCSI"}}),
+                             With(Disk("U"), {{"InterfaceType", "USB"}}),
+                             With(Disk("i"), {{"InterfaceType", "ide"}}),
+                             Without(Disk("N"), "InterfaceType"), Disk("D1")});
     EXPECT_EQ(ValuesOf(All(target), "Caption"),
               (Values{"Protocol Endpoint for D2", "Protocol Endpoint for D1"}));
 }

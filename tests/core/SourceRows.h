@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -42,6 +43,15 @@ inline std::string FullPath(std::string_view className, std::string_view deviceI
     return R"(\\SRV\root\CIMv2:)" + RelativePath(className, deviceId);
 }
 
+/// Rows with these properties.
+inline platform::Rows RowsOf(std::vector<Properties> properties) {
+    platform::Rows rows;
+    for (Properties& one : properties) {
+        rows.push_back(std::make_shared<ScriptedRow>(std::move(one)));
+    }
+    return rows;
+}
+
 /// `base` with the properties of `changes` set.
 inline Properties With(Properties base, const Properties& changes) {
     for (const auto& [name, value] : changes) {
@@ -76,15 +86,10 @@ inline Properties ControllerLink(const std::string& controllerId, const std::str
 
 /// A Win32_DiskDrive row of interface type "IDE".
 inline Properties Disk(const std::string& pnpDeviceId, const std::string& devicePath = drive0) {
-    return {{"InterfaceType", "IDE"},
-            {"PNPDeviceID", pnpDeviceId},
-            {"DeviceID", devicePath},
-            {"Caption", "disk caption"},
-            {"Name", "disk name"},
-            {"Model", "disk model"},
-            {"Manufacturer", "disk maker"},
-            {"FirmwareRevision", "fw 1.0"},
-            {"Status", "Degraded"}};
+    return {
+        {"InterfaceType", "IDE"},       {"PNPDeviceID", pnpDeviceId},   {"DeviceID", devicePath},
+        {"Caption", "disk caption"},    {"Name", "disk name"},          {"Model", "disk model"},
+        {"Manufacturer", "disk maker"}, {"FirmwareRevision", "fw 1.0"}, {"Status", "Degraded"}};
 }
 
 /// A Win32_PhysicalMedia row.

@@ -1,0 +1,45 @@
+#include "NativeAPI/Attachment.h"
+
+#include <gtest/gtest.h>
+
+#include "source/PropertyReaders.h"
+#include "tests/core/SourceRows.h"
+
+namespace qv {
+namespace {
+
+using namespace test;
+
+TEST(ConnectedId, JoinsTheEncodedIds) {
+    const ScriptedRow controller(Controller(ahciId));
+    EXPECT_EQ(ConnectedId(channelId, &controller), channelKey + " connected to " + ahciKey);
+}
+
+TEST(ConnectedId, EndsInABlankWithoutControllerOrItsDeviceId) {
+    const ScriptedRow nameless(Without(Controller(ahciId), "DeviceID"));
+    EXPECT_EQ(ConnectedId(channelId, nullptr), channelKey + " connected to ");
+    EXPECT_EQ(ConnectedId(channelId, &nameless), channelKey + " connected to ");
+}
+
+TEST(QueryAttachedDisks, GivesAllDisksAndWhereTheyAreAttached) {
+    ScriptedHost host;
+    host.Answer(disksQuery, {Disk(diskId), With(Disk("S"), {{"InterfaceType", "SCSI"}})});
+    host.Answer(controllerLinksQuery, {ControllerLink(ahciId, diskId)});
+    host.Answer(controllersQuery, {Controller(ahciId)});
+    const AttachedDisks attached = QueryAttachedDisks(host);
+    EXPECT_EQ(attached.disks.size(), 2U);
+    const platform::Row* controller = attached.links.ControllerOfDisk(diskId);
+    ASSERT_NE(controller, nullptr);
+    EXPECT_EQ(TextOrEmpty(*controller, "DeviceID"), ahciId);
+}
+
+TEST(QueryAttachedDisks, GivesNoRowsForQueriesThatFail) {
+    const ScriptedHost host;
+    const AttachedDisks attached = QueryAttachedDisks(host);
+    EXPECT_TRUE(attached.disks.empty());
+    EXPECT_EQ(attached.links.ControllerOfDisk(diskId), nullptr);
+    EXPECT_EQ(host.asked.size(), 3U);
+}
+
+}  // namespace
+}  // namespace qv

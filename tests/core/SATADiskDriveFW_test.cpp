@@ -1,0 +1,92 @@
+#include <gtest/gtest.h>
+
+#include "tests/core/Records.h"
+#include "tests/core/SourceRows.h"
+
+namespace qv {
+namespace {
+
+using namespace test;
+using Values = std::vector<std::string>;
+
+constexpr const char* className = "QV_SATADiskDriveFW";
+
+class DiskFirmware : public testing::Test, public Builders {
+protected:
+    DiskFirmware() {
+        host.Answer(disksQuery, {Disk(diskId)});
+        host.Answer(mediaQuery, {Media(R"(\\.\PHYSICALDRIVE1)", "other"), Media(drive0, "SN1"),
+                                 Media(drive0, "SN2")});
+    }
+};
+
+TEST_F(DiskFirmware, HasItsPropertiesInOrder) {
+    const std::string title = "Disk Drive Firmware";
+    EXPECT_EQ(
+        All(className),
+        RecordList{Record(
+            className,
+            {Key("InstanceID", diskKey), Text("ElementName", "disk model"), Text("Name", title),
+             Text("Caption", title), Text("Description", title),
+             Texts("ClassificationDescriptions", title), Numbers("Classifications", "10"),
+             Text("Manufacturer", "disk maker"), Texts("IdentityInfoType", "CIM:SoftwareFamily"),
+             Texts("IdentityInfoValue", "QVQ:disk model"), Text("VersionString", "fw 1.0"),
+             Text("SerialNumber", "SN1")})});
+}
+
+TEST_F(DiskFirmware, AsksForTheMediaOnceForEachKeptDisk) {
+    host.Answer(disksQuery, {Disk("D1"), With(Disk("S"), {{"InterfaceType", "SCSI"}}), Disk("D2")});
+    All(className);
+    EXPECT_EQ(host.asked, InCimv2({disksQuery, mediaQuery, mediaQuery}));
+}
+
+TEST_F(DiskFirmware, DoesNotAskForTheMediaWhenOnlyKeysAreAskedFor) {
+    EXPECT_EQ(Keys(className), RecordList{Record(className, {Key("InstanceID", diskKey)})});
+    EXPECT_EQ(host.asked, InCimv2({disksQuery}));
+}
+
+TEST_F(DiskFirmware, IsNoneWhenTheDisksCannotBeHad) {
+    host.Fail(disksQuery);
+    EXPECT_EQ(All(className), RecordList{});
+}
+
+TEST_F(DiskFirmware, HasNoSerialNumberWhenTheMediaCannotBeHadOrNoneIsTheDisks) {
+    host.Answer(mediaQuery, {Media(R"(\\.\physicaldrive0)", "x")});
+    EXPECT_EQ(ValuesOf(All(className), "SerialNumber"), Values{});
+    host.Fail(mediaQuery);
+    EXPECT_EQ(ValuesOf(All(className), "SerialNumber"), Values{});
+    EXPECT_EQ(ValuesOf(All(className), "VersionString"), Values{"fw 1.0"});
+}
+
+TEST_F(DiskFirmware, ANullDeviceIdComparedWithAMediaRowEndsTheRequest) {
+    host.Answer(disksQuery, {With(Disk(diskId), {{"DeviceID", std::monostate{}}})});
+    EXPECT_THROW(All(className), RequestError);
+    EXPECT_NO_THROW(Keys(className));
+}
+
+TEST_F(DiskFirmware, HasTheKeyOfTheDisksOwnInstance) {
+    host.Answer(disksQuery, {Disk(diskId), Disk("no backslash"), Disk(R"(a\\b)")});
+    EXPECT_EQ(ValuesOf(Keys(className), "InstanceID"),
+              ValuesOf(Keys("QV_SATADiskDrive"), "DeviceID"));
+    EXPECT_EQ(ValuesOf(Keys(className), "InstanceID"), (Values{diskKey, "no backslash", "a&&b"}));
+}
+
+TEST_F(DiskFirmware, OfADiskWithoutModelHasAnEmptyNameAndABareIdentity) {
+    host.Answer(disksQuery, {With(Disk(diskId), {{"Model", std::monostate{}}})});
+    EXPECT_EQ(ValuesOf(All(className), "ElementName"), Values{""});
+    EXPECT_EQ(ValuesOf(All(className), "IdentityInfoValue"), Values{"QVQ:"});
+}
+
+TEST_F(DiskFirmware, IsFoundByItsPathInAnyLetterCase) {
+    EXPECT_EQ(At(className, "qv_satadiskdrivefw.instanceid=\"" + diskKey + "\""), All(className));
+    EXPECT_EQ(At(className, R"(QV_SATADiskDriveFW.InstanceID="x")"), RecordList{});
+}
+
+TEST_F(DiskFirmware, IsOnlyOfIdeDisks) {
+    host.Answer(disksQuery, {With(Disk("S"), {{"InterfaceType", "SCSI"}}),
+                             Without(Disk("N"), "InterfaceType")});
+    EXPECT_EQ(All(className), RecordList{});
+}
+
+}  // namespace
+}  // namespace qv

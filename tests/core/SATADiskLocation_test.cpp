@@ -1,0 +1,131 @@
+#include <gtest/gtest.h>
+
+#include "tests/core/Records.h"
+#include "tests/core/SourceRows.h"
+
+namespace qv {
+namespace {
+
+using namespace test;
+using Values = std::vector<std::string>;
+
+constexpr const char* className = "QV_SATADiskLocation";
+
+class DiskLocation : public testing::Test, public Builders {
+protected:
+    DiskLocation() {
+        host.Answer(disksQuery, {Disk(diskId)});
+        host.Answer(controllerLinksQuery, {ControllerLink(channelId, diskId)});
+        host.Answer(controllersQuery,
+                    {With(Controller(ahciId), {{"Caption", "AHCI"}}),
+                     With(Controller(channelId), {{"Caption", "ATA Channel 0"}})});
+    }
+
+    // The description of a disk on a controller with this device ID.
+    std::string DescriptionOn(const std::string& deviceId) {
+        host.Answer(controllersQuery, {With(Controller(deviceId), {{"Caption", "C"}})});
+        host.Answer(controllerLinksQuery, {ControllerLink(deviceId, diskId)});
+        return ValuesOf(All(className), "Description").at(0);
+    }
+
+    // The location tag of a disk with this plug-and-play device ID.
+    std::string TagOf(const std::string& pnpDeviceId) {
+        host.Answer(disksQuery, {Disk(pnpDeviceId)});
+        return ValuesOf(All(className), "ElementLocationTag").at(0);
+    }
+};
+
+TEST_F(DiskLocation, HasItsPropertiesInOrder) {
+    const std::string description = "Standard ATA Disk Drive at ATA Channel 0,2E6E9E8";
+    host.Answer(disksQuery, {Disk(diskId)});
+    host.Answer(controllersQuery, {With(Controller(channelId), {{"Caption", "ATA Channel 0"}})});
+    EXPECT_EQ(
+        All(className),
+        RecordList{Record(className,
+                          {Key("Name", diskKey), Key("PhysicalPosition", "ATA Channel 0"),
+                           Text("Description", description), Text("ElementName", description),
+                           Text("Caption", "disk caption"), Number("ElementLocationTagDesc", "21"),
+                           Text("ElementLocationTag", "SCSI ID: 0.0.0")})});
+}
+
+TEST_F(DiskLocation, AsksForDisksLinksAndControllers) {
+    const auto expected = InCimv2({disksQuery, controllerLinksQuery, controllersQuery});
+    All(className);
+    EXPECT_EQ(host.asked, expected);
+    host.asked.clear();
+    Keys(className);
+    EXPECT_EQ(host.asked, expected);
+}
+
+TEST_F(DiskLocation, IsNoneWhenTheDisksCannotBeHad) {
+    host.Fail(disksQuery);
+    EXPECT_EQ(All(className), RecordList{});
+}
+
+TEST_F(DiskLocation, OfADiskWhoseControllerCannotBeFoundHasAnEmptyPosition) {
+    host.Fail(controllerLinksQuery);
+    EXPECT_EQ(ValuesOf(All(className), "PhysicalPosition"), Values{""});
+    EXPECT_EQ(ValuesOf(All(className), "Description"), Values{"Standard ATA Disk Drive at ,"});
+}
+
+TEST_F(DiskLocation, HasAnEmptyPositionWhenTheControllersCannotBeHad) {
+    host.Fail(controllersQuery);
+    EXPECT_EQ(ValuesOf(All(className), "PhysicalPosition"), Values{""});
+}
+
+TEST_F(DiskLocation, CarriesOnlyKeysWhenOnlyKeysAreAskedFor) {
+    EXPECT_EQ(Keys(className),
+              RecordList{Record(className,
+                                {Key("Name", diskKey), Key("PhysicalPosition", "ATA Channel 0")})});
+}
+
+TEST_F(DiskLocation, IsFoundByItsPathInAnyLetterCase) {
+    EXPECT_EQ(At(className,
+                 "QV_SATADISKLOCATION.Name=\"" + diskKey + R"(",PhysicalPosition="ata channel 0")"),
+              All(className));
+    EXPECT_EQ(At(className, "QV_SATADiskLocation.Name=\"" + diskKey + "\""), RecordList{});
+}
+
+TEST_F(DiskLocation, TheSegmentStandsBetweenTheFirstTwoAmpersandsOfTheControllersId) {
+    EXPECT_EQ(DescriptionOn(ahciId), "Standard ATA Disk Drive at C,DEV_2922");
+    EXPECT_EQ(DescriptionOn(R"(PCI\A&B\C)"), R"(Standard ATA Disk Drive at C,B\C)");
+    EXPECT_EQ(DescriptionOn(R"(ROOT\X)"), R"(Standard ATA Disk Drive at C,ROOT\X)");
+}
+
+TEST_F(DiskLocation, TheTagFollowsTheLastAmpersandOfTheDisksId) {
+    EXPECT_EQ(TagOf(R"(IDE\X\5&1&0)"), "SCSI ID: 0");
+    EXPECT_EQ(TagOf(R"(IDE\X)"), R"(SCSI ID: IDE\X)");
+    EXPECT_EQ(TagOf("X&"), "SCSI ID: ");
+}
+
+TEST_F(DiskLocation, TheLastMatchingLinkNamesThePosition) {
+    host.Answer(controllerLinksQuery,
+                {ControllerLink(channelId, diskId), ControllerLink(ahciId, diskId),
+                 ControllerLink(R"(PCI\MISSING)", diskId)});
+    EXPECT_EQ(ValuesOf(All(className), "PhysicalPosition"), Values{"AHCI"});
+}
+
+TEST_F(DiskLocation, MatchesIdsWithoutRegardToCase) {
+    host.Answer(disksQuery, {Disk(R"(ide\diskxyz_1.0\5&1a2b3c&0&0.0.0)")});
+    EXPECT_EQ(ValuesOf(All(className), "PhysicalPosition"), Values{"ATA Channel 0"});
+}
+
+TEST_F(DiskLocation, AControllerWithoutCaptionGivesAnEmptyPosition) {
+    host.Answer(controllersQuery, {Without(Controller(channelId), "Caption")});
+    EXPECT_EQ(ValuesOf(All(className), "Description"),
+              Values{"Standard ATA Disk Drive at ,2E6E9E8"});
+}
+
+TEST_F(DiskLocation, HasTheKeyOfTheDisksOwnInstanceAndOfItsPackage) {
+    EXPECT_EQ(ValuesOf(Keys(className), "Name"), ValuesOf(Keys("QV_SATADiskDrive"), "DeviceID"));
+    EXPECT_EQ(ValuesOf(Keys(className), "Name"),
+              ValuesOf(Keys("QV_SATADiskPhysicalPackage"), "Tag"));
+}
+
+TEST_F(DiskLocation, IsOneForEachIdeDiskInSourceOrder) {
+    host.Answer(disksQuery, {Disk("D2"), With(Disk("S"), {{"InterfaceType", "SCSI"}}), Disk("D1")});
+    EXPECT_EQ(ValuesOf(Keys(className), "Name"), (Values{"D2", "D1"}));
+}
+
+}  // namespace
+}  // namespace qv

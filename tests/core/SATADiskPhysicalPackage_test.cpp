@@ -1,0 +1,98 @@
+#include <gtest/gtest.h>
+
+#include "tests/core/Records.h"
+#include "tests/core/SourceRows.h"
+
+namespace qv {
+namespace {
+
+using namespace test;
+using Values = std::vector<std::string>;
+
+constexpr const char* className = "QV_SATADiskPhysicalPackage";
+
+class DiskPackage : public testing::Test, public Builders {
+protected:
+    DiskPackage() {
+        host.Answer(disksQuery, {Disk(diskId)});
+        host.Answer(mediaQuery, {Media(drive0, "SN1"), Media(drive0, "SN2")});
+    }
+};
+
+TEST_F(DiskPackage, HasItsPropertiesInOrder) {
+    EXPECT_EQ(
+        All(className),
+        RecordList{Record(className,
+                          {Key("CreationClassName", className), Key("Tag", diskKey),
+                           Text("ElementName", "disk caption"), Text("Manufacturer", "disk maker"),
+                           Text("Model", "disk model"), Text("Version", "fw 1.0"),
+                           Text("SerialNumber", "SN1"), Text("Name", drive0)})});
+}
+
+TEST_F(DiskPackage, AsksForTheMediaOnceForEachKeptDisk) {
+    host.Answer(disksQuery, {Disk("D1"), With(Disk("S"), {{"InterfaceType", "SCSI"}}), Disk("D2")});
+    All(className);
+    EXPECT_EQ(host.asked, InCimv2({disksQuery, mediaQuery, mediaQuery}));
+}
+
+TEST_F(DiskPackage, CarriesOnlyKeysWhenOnlyKeysAreAskedFor) {
+    EXPECT_EQ(Keys("qv_satadiskphysicalpackage"),
+              RecordList{Record(
+                  "qv_satadiskphysicalpackage",
+                  {Key("CreationClassName", "qv_satadiskphysicalpackage"), Key("Tag", diskKey)})});
+    EXPECT_EQ(host.asked, InCimv2({disksQuery}));
+}
+
+TEST_F(DiskPackage, IsNoneWhenTheDisksCannotBeHad) {
+    host.Fail(disksQuery);
+    EXPECT_EQ(All(className), RecordList{});
+}
+
+TEST_F(DiskPackage, HasNeitherSerialNumberNorNameWithoutAMediaRow) {
+    const Values names{"CreationClassName", "Tag",   "ElementName",
+                       "Manufacturer",      "Model", "Version"};
+    host.Answer(mediaQuery, {Media(R"(\\.\PHYSICALDRIVE1)", "x")});
+    EXPECT_EQ(NamesOf(All(className).at(0)), names);
+    host.Fail(mediaQuery);
+    EXPECT_EQ(NamesOf(All(className).at(0)), names);
+}
+
+TEST_F(DiskPackage, AMediaRowWithoutSerialNumberGivesAnEmptyOne) {
+    host.Answer(mediaQuery, {{{"Tag", drive0}, {"SerialNumber", std::monostate{}}}});
+    EXPECT_EQ(ValuesOf(All(className), "SerialNumber"), Values{""});
+    EXPECT_EQ(ValuesOf(All(className), "Name"), Values{drive0});
+}
+
+TEST_F(DiskPackage, ANullDeviceIdComparedWithAMediaRowEndsTheRequest) {
+    host.Answer(disksQuery, {Without(Disk(diskId), "DeviceID")});
+    EXPECT_THROW(All(className), RequestError);
+    host.Fail(mediaQuery);
+    EXPECT_NO_THROW(All(className));
+}
+
+TEST_F(DiskPackage, IsFoundByItsPathInAnyLetterCase) {
+    const std::string path =
+        R"(qv_satadiskphysicalpackage.CREATIONCLASSNAME="QV_SATADiskPhysicalPackage",Tag=")" +
+        diskKey + "\"";
+    EXPECT_EQ(At(className, path), All(className));
+    EXPECT_EQ(At(className, R"(QV_SATADiskPhysicalPackage.Tag="x")"), RecordList{});
+}
+
+TEST_F(DiskPackage, MissingTextsAreEmptyTexts) {
+    host.Answer(disksQuery, {{{"InterfaceType", "IDE"}, {"DeviceID", drive0}}});
+    EXPECT_EQ(ValuesOf(All(className), "Tag"), Values{""});
+    EXPECT_EQ(ValuesOf(All(className), "ElementName"), Values{""});
+    EXPECT_EQ(ValuesOf(All(className), "Version"), Values{""});
+}
+
+TEST_F(DiskPackage, HasTheKeyOfTheDisksOwnInstance) {
+    EXPECT_EQ(ValuesOf(Keys(className), "Tag"), ValuesOf(Keys("QV_SATADiskDrive"), "DeviceID"));
+}
+
+TEST_F(DiskPackage, IsOneForEachIdeDiskInSourceOrder) {
+    host.Answer(disksQuery, {Disk("D2"), With(Disk("i"), {{"InterfaceType", "ide"}}), Disk("D1")});
+    EXPECT_EQ(ValuesOf(Keys(className), "Tag"), (Values{"D2", "D1"}));
+}
+
+}  // namespace
+}  // namespace qv

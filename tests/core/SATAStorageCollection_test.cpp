@@ -1,0 +1,99 @@
+#include <gtest/gtest.h>
+
+#include "tests/core/Records.h"
+#include "tests/core/SourceRows.h"
+
+namespace qv {
+namespace {
+
+using namespace test;
+using Values = std::vector<std::string>;
+using Codes = std::vector<std::int32_t>;
+
+constexpr const char* className = "QV_SATAStorageCollection";
+
+class Collection : public testing::Test, public Builders {
+public:
+    // The host publishes disks with these OperationalStatus values.
+    Collection& WithDisks(std::vector<platform::Value> statuses) {
+        std::vector<Properties> rows;
+        for (platform::Value& status : statuses) {
+            rows.push_back({{"OperationalStatus", std::move(status)}});
+        }
+        host.Answer(publishedDisksQuery, std::move(rows));
+        return *this;
+    }
+
+    // The code and the text of the group.
+    Values Status() {
+        const RecordList records = All(className);
+        return {ValuesOf(records, "GroupOperationalStatus").at(0),
+                ValuesOf(records, "GroupStatusDescriptions").at(0)};
+    }
+};
+
+TEST_F(Collection, HasItsPropertiesInOrder) {
+    const std::string title = "Disk Drives Consolidated Status";
+    EXPECT_EQ(WithDisks({Codes{3}}).All(className),
+              RecordList{Record(className,
+                                {Key("InstanceID", "host.example.org QV:QV_SATAStorageCollection"),
+                                 Text("Caption", title), Text("Description", title),
+                                 Text("ElementName", title), Numbers("GroupOperationalStatus", "3"),
+                                 Texts("GroupStatusDescriptions", "Degraded")})});
+}
+
+TEST_F(Collection, AsksThePublishedNamespaceForTheDisks) {
+    WithDisks({}).All(className);
+    EXPECT_EQ(host.asked, Values{"root\\QVQ: SELECT * FROM QV_SATADiskDrive"});
+}
+
+TEST_F(Collection, IsNoneWhenThePublishedDisksCannotBeHad) {
+    EXPECT_EQ(All(className), RecordList{});
+}
+
+TEST_F(Collection, LeavesInstanceIDOutWithoutAHostName) {
+    ForgetHostName();
+    EXPECT_EQ(NamesOf(WithDisks({}).All(className).at(0)),
+              (Values{"Caption", "Description", "ElementName", "GroupOperationalStatus",
+                      "GroupStatusDescriptions"}));
+}
+
+TEST_F(Collection, IgnoresModeAndPath) {
+    WithDisks({Codes{6}});
+    EXPECT_EQ(Keys(className), All(className));
+    EXPECT_EQ(At(className, R"(QV_SATAStorageCollection.InstanceID="other")"), All(className));
+}
+
+TEST_F(Collection, InstanceIDNamesTheClassWhateverWasAskedFor) {
+    const RecordList records = WithDisks({}).All("qv_satastoragecollection");
+    EXPECT_EQ(records.at(0).className, "qv_satastoragecollection");
+    EXPECT_EQ(ValuesOf(records, "InstanceID"),
+              Values{"host.example.org QV:QV_SATAStorageCollection"});
+}
+
+TEST_F(Collection, OfNoDisksIsOk) {
+    EXPECT_EQ(WithDisks({}).Status(), (Values{"2", "OK"}));
+}
+
+TEST_F(Collection, RollsUpTheDisksInTheirOrder) {
+    EXPECT_EQ(WithDisks({Codes{2}, Codes{2}, Codes{6}}).Status(), (Values{"6", "Error"}));
+    EXPECT_EQ(WithDisks({Codes{2}, Codes{6}, Codes{2}}).Status(), (Values{"2", "OK"}));
+    EXPECT_EQ(WithDisks({Codes{3}, Codes{0}}).Status(), (Values{"3", "Degraded"}));
+}
+
+TEST_F(Collection, ADiskWithoutStatusRepeatsThePreviousOne) {
+    EXPECT_EQ(WithDisks({Codes{6}, Codes{}}).Status(), (Values{"6", "Error"}));
+    EXPECT_EQ(WithDisks({Codes{3}, std::monostate{}}).Status(), (Values{"3", "Degraded"}));
+    EXPECT_EQ(WithDisks({Codes{6}, Codes{3}, "no array"}).Status(), (Values{"3", "Degraded"}));
+}
+
+TEST_F(Collection, TakesTheFirstElementOfAStatus) {
+    EXPECT_EQ(WithDisks({Codes{3, 6}}).Status(), (Values{"3", "Degraded"}));
+}
+
+TEST_F(Collection, TakesSixteenBitCodesToo) {
+    EXPECT_EQ(WithDisks({std::vector<std::uint16_t>{6}}).Status(), (Values{"6", "Error"}));
+}
+
+}  // namespace
+}  // namespace qv

@@ -1,0 +1,178 @@
+#include <gtest/gtest.h>
+
+#include "tests/core/Records.h"
+#include "tests/core/SourceRows.h"
+
+namespace qv {
+namespace {
+
+using namespace test;
+using Values = std::vector<std::string>;
+
+constexpr const char* className = "QV_SATAStorageExtent";
+const std::string partition0 = "Disk #0, Partition #0";
+const std::string partition1 = "Disk #0, Partition #1";
+
+PropertyEntry Flag(std::string name, std::string value) {
+    return {std::move(name), std::move(value), PropertyType::boolean, false};
+}
+
+class Extent : public testing::Test, public Builders {
+protected:
+    Extent() {
+        host.Answer(disksQuery, {Disk(diskId)});
+        host.Answer(partitionLinksQuery, {PartitionLink(drive0, partition0)});
+        host.Answer(partitionsQuery, {Partition(partition0), Partition(partition1)});
+    }
+
+    const Values keysStatusAndName{"SystemName", "CreationClassName", "SystemCreationClassName",
+                                   "DeviceID",   "OperationalStatus", "StatusDescriptions",
+                                   "ElementName"};
+};
+
+TEST_F(Extent, PublishesADiskWithItsPropertiesInOrder) {
+    EXPECT_EQ(
+        All(className),
+        RecordList{Record(
+            className,
+            {Key("SystemName", "host.example.org"), Key("CreationClassName", className),
+             Key("SystemCreationClassName", "QV_WinComputerSystem"), Key("DeviceID", diskKey),
+             Numbers("OperationalStatus", "3"), Texts("StatusDescriptions", "Degraded"),
+             Text("ElementName", drive0), Text("Caption", "caption of " + partition0),
+             Text("Description", "description of " + partition0),
+             Text("Name", "name of " + partition0), Text("BlockSize", "512"),
+             Text("ConsumableBlocks", "2048"), Text("Size", "1048576"), Flag("Bootable", "TRUE"),
+             Flag("BootPartition", "FALSE"), Flag("PrimaryPartition", "TRUE")})});
+}
+
+TEST_F(Extent, AsksForDisksLinksAndPartitions) {
+    const auto expected = InCimv2({disksQuery, partitionLinksQuery, partitionsQuery});
+    All(className);
+    EXPECT_EQ(host.asked, expected);
+    host.asked.clear();
+    Keys(className);
+    EXPECT_EQ(host.asked, expected);
+}
+
+TEST_F(Extent, DoesNotAskForPartitionsWhenTheLinksCannotBeHad) {
+    host.Fail(partitionLinksQuery);
+    const RecordList records = All(className);
+    EXPECT_EQ(host.asked, InCimv2({disksQuery, partitionLinksQuery}));
+    EXPECT_EQ(NamesOf(records.at(0)), keysStatusAndName);
+}
+
+TEST_F(Extent, AsksForPartitionsAlsoWhenThereAreNoLinks) {
+    host.Answer(partitionLinksQuery, {});
+    EXPECT_EQ(NamesOf(All(className).at(0)), keysStatusAndName);
+    EXPECT_EQ(host.asked, InCimv2({disksQuery, partitionLinksQuery, partitionsQuery}));
+}
+
+TEST_F(Extent, HasNoPartitionPropertiesWhenThePartitionsCannotBeHad) {
+    host.Fail(partitionsQuery);
+    EXPECT_EQ(NamesOf(All(className).at(0)), keysStatusAndName);
+}
+
+TEST_F(Extent, IsNoneWhenTheDisksCannotBeHad) {
+    host.Fail(disksQuery);
+    EXPECT_EQ(All(className), RecordList{});
+    EXPECT_EQ(host.asked.size(), 3U);
+}
+
+TEST_F(Extent, CarriesOnlyKeysWhenOnlyKeysAreAskedFor) {
+    EXPECT_EQ(Keys("qv_satastorageextent"),
+              RecordList{Record("qv_satastorageextent",
+                                {Key("SystemName", "host.example.org"),
+                                 Key("CreationClassName", "qv_satastorageextent"),
+                                 Key("SystemCreationClassName", "QV_WinComputerSystem"),
+                                 Key("DeviceID", diskKey)})});
+    EXPECT_TRUE(host.log.empty());
+}
+
+TEST_F(Extent, LeavesSystemNameOutWithoutAHostName) {
+    ForgetHostName();
+    EXPECT_EQ(NamesOf(Keys(className).at(0)),
+              (Values{"CreationClassName", "SystemCreationClassName", "DeviceID"}));
+}
+
+TEST_F(Extent, IsFoundByItsPathInAnyLetterCase) {
+    const std::string path = R"(qv_satastorageextent.systemname="HOST.EXAMPLE.ORG",)"
+                             R"(CreationClassName="QV_SATAStorageExtent",)"
+                             R"(SystemCreationClassName="QV_WinComputerSystem",DeviceID=")" +
+                             diskKey + "\"";
+    EXPECT_EQ(At(className, path), All(className));
+    EXPECT_EQ(At(className, R"(QV_SATAStorageExtent.DeviceID="x")"), RecordList{});
+}
+
+TEST_F(Extent, OfADiskWithoutLinkHasKeysStatusAndElementNameOnly) {
+    host.Answer(partitionLinksQuery, {PartitionLink(R"(\\.\PHYSICALDRIVE5)", partition0)});
+    EXPECT_EQ(NamesOf(All(className).at(0)), keysStatusAndName);
+}
+
+TEST_F(Extent, PutsTheValuesOfEveryPartitionTheLastOneLast) {
+    host.Answer(partitionLinksQuery,
+                {PartitionLink(drive0, partition1), PartitionLink(drive0, partition0)});
+    const RecordList records = All(className);
+    EXPECT_EQ(ValuesOf(records, "Caption"),
+              (Values{"caption of " + partition1, "caption of " + partition0}));
+    EXPECT_EQ(records.at(0).properties.size(), keysStatusAndName.size() + 18);
+}
+
+TEST_F(Extent, OfDrive1AlsoJoinsThePartitionsOfDrive10) {
+    host.Answer(disksQuery,
+                {Disk("A", R"(\\.\PHYSICALDRIVE1)"), Disk("B", R"(\\.\PHYSICALDRIVE10)")});
+    host.Answer(partitionLinksQuery, {PartitionLink(R"(\\.\PHYSICALDRIVE10)", partition0)});
+    EXPECT_EQ(ValuesOf(All(className), "Caption"),
+              (Values{"caption of " + partition0, "caption of " + partition0}));
+}
+
+TEST_F(Extent, FlagsAreFalseUnlessThePartitionSaysTrue) {
+    host.Answer(partitionsQuery, {With(Partition(partition0), {{"Bootable", false},
+                                                               {"BootPartition", std::monostate{}},
+                                                               {"PrimaryPartition", "TRUE"}})});
+    const RecordList records = All(className);
+    EXPECT_EQ(ValuesOf(records, "Bootable"), Values{"FALSE"});
+    EXPECT_EQ(ValuesOf(records, "BootPartition"), Values{"FALSE"});
+    EXPECT_EQ(ValuesOf(records, "PrimaryPartition"), Values{"FALSE"});
+    host.Answer(partitionsQuery, {With(Partition(partition0), {{"BootPartition", true}})});
+    EXPECT_EQ(ValuesOf(All(className), "BootPartition"), Values{"TRUE"});
+}
+
+TEST_F(Extent, MissingTextsAreEmptyTexts) {
+    host.Answer(disksQuery, {{{"InterfaceType", "IDE"}, {"DeviceID", drive0}}});
+    host.Answer(partitionsQuery, {{{"DeviceID", partition0}}});
+    const RecordList records = All(className);
+    EXPECT_EQ(ValuesOf(records, "DeviceID"), Values{""});
+    EXPECT_EQ(ValuesOf(records, "OperationalStatus"), Values{""});
+    EXPECT_EQ(ValuesOf(records, "Caption"), Values{""});
+    EXPECT_EQ(ValuesOf(records, "ConsumableBlocks"), Values{""});
+    EXPECT_EQ(ValuesOf(records, "Bootable"), Values{"FALSE"});
+}
+
+TEST_F(Extent, IsOneForEachIdeDiskInSourceOrder) {
+    host.Answer(disksQuery, {Disk("D2"), With(Disk("S"), {{"InterfaceType", "SCSI"}}), Disk("D1")});
+    EXPECT_EQ(ValuesOf(All(className), "DeviceID"), (Values{"D2", "D1"}));
+}
+
+TEST_F(Extent, LogsTheDescriptionOfEachPartitionWhileTheLevelIsBelow4) {
+    host.Answer(partitionLinksQuery,
+                {PartitionLink(drive0, partition0), PartitionLink(drive0, partition1)});
+    host.level = 3;
+    All(className);
+    EXPECT_EQ(
+        host.log,
+        (std::vector<std::pair<int, std::string>>{
+            {3, "NativeAPI::getQV_SATAStorageExtent| Description = description of " + partition0},
+            {3,
+             "NativeAPI::getQV_SATAStorageExtent| Description = description of " + partition1}}));
+}
+
+TEST_F(Extent, LogsNothingFromLevel4On) {
+    for (const int level : {4, 5, 1024}) {
+        host.level = level;
+        All(className);
+    }
+    EXPECT_TRUE(host.log.empty());
+}
+
+}  // namespace
+}  // namespace qv
