@@ -13,6 +13,30 @@ constexpr std::array<std::string_view, 9> flavors{
     "ToSubclass", "ToInstance",      "NotToSubclass", "NotToInstance", "EnableOverride",
     "Restricted", "DisableOverride", "Amended",       "Translatable"};
 
+std::string Quoted(std::string_view text) {
+    std::string quoted(1, '\'');
+    quoted += text;
+    quoted += '\'';
+    return quoted;
+}
+
+/// A token as a message names it.
+std::string Description(const MofToken& token) {
+    switch (token.kind) {
+        case MofTokenKind::end:
+            return "the end of the file";
+        case MofTokenKind::name:
+        case MofTokenKind::symbol:
+            return Quoted(token.text);
+        case MofTokenKind::alias:
+            return Quoted('$' + token.text);
+        case MofTokenKind::pragma:
+            return Quoted("#pragma");
+        default:
+            return "a value";
+    }
+}
+
 class Parser {
 public:
     Parser(std::string_view text, std::string_view fileName)
@@ -46,19 +70,11 @@ private:
 
     MofToken Take() { return tokens_[at_++]; }
 
-    [[noreturn]] void Fail(const std::string& expected) const {
-        const MofToken& found = Now();
-        std::string what = "a value";
-        if (found.kind == MofTokenKind::end) {
-            what = "the end of the file";
-        } else if (found.kind == MofTokenKind::name || found.kind == MofTokenKind::symbol) {
-            what = "'" + found.text + "'";
-        } else if (found.kind == MofTokenKind::alias) {
-            what = "'$" + found.text + "'";
-        } else if (found.kind == MofTokenKind::pragma) {
-            what = "'#pragma'";
-        }
-        throw MofError(fileName_, found.position, expected + " expected before " + what);
+    [[noreturn]] void Fail(std::string_view expected) const {
+        std::string what(expected);
+        what += " expected before ";
+        what += Description(Now());
+        throw MofError(fileName_, Now().position, what);
     }
 
     bool IsSymbol(std::string_view symbol) const {
@@ -83,7 +99,7 @@ private:
 
     void ExpectSymbol(std::string_view symbol) {
         if (!TakeSymbol(symbol)) {
-            Fail("'" + std::string(symbol) + "'");
+            Fail(Quoted(symbol));
         }
     }
 
@@ -104,7 +120,7 @@ private:
     void SkipTo(std::string_view symbol) {
         while (!IsSymbol(symbol)) {
             if (Now().kind == MofTokenKind::end) {
-                Fail("'" + std::string(symbol) + "'");
+                Fail(Quoted(symbol));
             }
             Take();
         }

@@ -4,8 +4,8 @@
 #include <array>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <map>
+#include <sstream>
 #include <utility>
 
 #include "qvsata/service/MofParser.h"
@@ -318,7 +318,9 @@ void ReadMofFiles(std::span<const std::string> paths, Namespaces& namespaces) {
         if (!stream) {
             throw MofError(path, {}, "cannot be read");
         }
-        files.push_back({path, std::string(std::istreambuf_iterator<char>(stream), {})});
+        std::ostringstream text;
+        text << stream.rdbuf();
+        files.push_back({path, text.str()});
     }
     ReadMof(files, namespaces);
 }

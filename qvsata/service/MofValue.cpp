@@ -52,7 +52,9 @@ std::int64_t Signed(const MofInteger& number) {
 }
 
 std::string Decimal(const MofInteger& number) {
-    return (number.negative && number.magnitude != 0 ? "-" : "") + std::to_string(number.magnitude);
+    std::string text(number.negative && number.magnitude != 0 ? 1 : 0, '-');
+    text += std::to_string(number.magnitude);
+    return text;
 }
 
 /// `yyyymmddHHMMSS.mmmmmmsUUU`, or an interval `ddddddddHHMMSS.mmmmmm:000`; unknown fields may be
