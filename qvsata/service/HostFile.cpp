@@ -1,8 +1,9 @@
 // The JSON form of a recorded host.
 #include <algorithm>
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <fstream>
-#include <iterator>
 #include <limits>
 #include <nlohmann/json.hpp>
 #include <set>
@@ -34,7 +35,7 @@ public:
 
     Place Element(std::size_t index) const {
         Place element = *this;
-        element.text_ += "[" + std::to_string(index) + "]";
+        element.text_.append("[").append(std::to_string(index)).append("]");
         return element;
     }
 
@@ -249,7 +250,12 @@ RecordedHost RecordedHost::FromFile(const std::filesystem::path& file) {
     if (!stream) {
         throw HostFileError(name + ": the file cannot be read");
     }
-    const std::string text{std::istreambuf_iterator<char>(stream), {}};
+    std::string text;
+    std::array<char, 16384> block;
+    do {
+        stream.read(block.data(), block.size());
+        text.append(block.data(), static_cast<std::size_t>(stream.gcount()));
+    } while (stream);
     if (stream.bad()) {
         throw HostFileError(name + ": the file cannot be read");
     }

@@ -29,20 +29,20 @@ bool IsSystemProperty(std::string_view name) {
     return name.starts_with("__");
 }
 
-// A text is a reference when it is the path of an instance.
-std::vector<std::pair<std::string, ObjectPath>> FindReferences(const RowProperties& properties) {
-    std::vector<std::pair<std::string, ObjectPath>> references;
-    for (const auto& [name, value] : properties) {
+// A text is a reference, and a key of its row, when it is the path of an instance.
+void FindReferences(RecordedRow& row) {
+    for (const auto& [name, value] : row.properties) {
         const auto* text = std::get_if<std::string>(&value);
         if (text == nullptr || IsSystemProperty(name)) {
             continue;
         }
         auto path = ParseObjectPath(*text);
         if (path && (!path->keys.empty() || path->singleton)) {
-            references.emplace_back(name, *std::move(path));
+            row.references.emplace_back(name, *std::move(path));
+            row.path.keys.push_back({name, *text, true});
         }
     }
-    return references;
+    std::ranges::sort(row.path.keys, {}, [](const PathKey& key) { return FoldCase(key.name); });
 }
 
 }  // namespace
@@ -62,17 +62,13 @@ RecordedRow MakeRow(std::string className, RowProperties properties) {
     });
     if (classKey != classKeys.end()) {
         const CimValue* value = row.FindProperty(classKey->key);
-        if (value != nullptr && std::holds_alternative<std::string>(*value)) {
-            row.path.keys.push_back(
-                {std::string(classKey->key), std::get<std::string>(*value), true});
+        const auto* text = std::get_if<std::string>(value);
+        if (text != nullptr) {
+            row.path.keys.push_back({std::string(classKey->key), *text, true});
         }
         return row;
     }
-    row.references = FindReferences(row.properties);
-    for (const auto& [name, path] : row.references) {
-        row.path.keys.push_back({name, std::get<std::string>(*row.FindProperty(name)), true});
-    }
-    std::ranges::sort(row.path.keys, {}, [](const PathKey& key) { return FoldCase(key.name); });
+    FindReferences(row);
     return row;
 }
 
