@@ -174,17 +174,18 @@ TEST_F(CommonLogTest, ResetReturnsToTheDefaultsWhenTheSettingsAreGone) {
     EXPECT_EQ(log.Level(), LogLevel::information);
 }
 
-TEST_F(CommonLogTest, ResetFallsSilentWithoutItsMutex) {
+TEST_F(CommonLogTest, ResetTellsOfInvalidSettings) {
     ASSERT_EQ(log.LogInit(L"TestMod"), 0U);
-    windows::KernelHandle event;
     registry.SetNumber(path, L"LogLevel", 6);
     EXPECT_EQ(log.LogReset(), 87U);
-    CCommonLog blocked;
-    event = windows::KernelHandle(
-        CreateEventW(nullptr, TRUE, FALSE, LogMutexName(folder.Path(), L"Blocked").c_str()));
-    EXPECT_EQ(blocked.LogInit(L"Blocked"), DWORD{ERROR_INVALID_HANDLE});
-    EXPECT_EQ(blocked.LogReset(), DWORD{ERROR_INVALID_HANDLE});
-    EXPECT_EQ(blocked.Level(), LogLevel::silent);
+    EXPECT_EQ(ReadLinesOf(file).size(), 2U);
+}
+
+TEST_F(CommonLogTest, ResetStaysSilentWithoutItsMutex) {
+    const windows::KernelHandle event(CreateEventW(nullptr, TRUE, FALSE, MutexName().c_str()));
+    ASSERT_NE(log.LogInit(L"TestMod"), 0U);
+    EXPECT_EQ(log.LogReset(), DWORD{ERROR_INVALID_HANDLE});
+    EXPECT_EQ(log.Level(), LogLevel::silent);
 }
 
 TEST_F(CommonLogTest, ResetBeforeInitialisationIsAnInvalidParameter) {
