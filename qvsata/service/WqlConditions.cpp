@@ -150,9 +150,17 @@ std::optional<long double> ParseNumber(std::string_view text) {
     const bool isPlus = text.starts_with('+') && !text.starts_with("+-");
     const char* begin = text.data() + (isPlus ? 1 : 0);
     const char* end = text.data() + text.size();
-    long double number = 0;
-    const auto [last, error] = std::from_chars(begin, end, number);
-    if (error != std::errc{} || last != end) {
+    // Whole numbers by themselves: not every C runtime reads a real number with 64 exact bits.
+    const bool isMinus = begin != end && *begin == '-';
+    std::uint64_t whole = 0;
+    const auto wholeRead = std::from_chars(begin + (isMinus ? 1 : 0), end, whole);
+    if (wholeRead.ec == std::errc{} && wholeRead.ptr == end) {
+        const auto magnitude = static_cast<long double>(whole);
+        return isMinus ? -magnitude : magnitude;
+    }
+    double number = 0;
+    const auto read = std::from_chars(begin, end, number);
+    if (read.ec != std::errc{} || read.ptr != end) {
         return std::nullopt;
     }
     return number;
