@@ -1,6 +1,9 @@
 // The physical side of each port controller, a Win32_IDEController row with a PCI revision in its
 // device ID: QV_SATAPortControllerProduct, QV_SATAControllerLocation and
 // QV_SATAPortControllerPhysicalPackage, each keyed by the encoded device ID.
+#include <memory>
+#include <vector>
+
 #include "NativeAPI/NativeAPI.h"
 #include "NativeAPI/Properties.h"
 #include "source/PropertyReaders.h"

@@ -1,5 +1,8 @@
 // QV_SATAStorageCollection: the one group of all published disks of the host. Its status is rolled
 // up from the QV_SATADiskDrive instances as the management service delivers them.
+#include <optional>
+#include <vector>
+
 #include "NativeAPI/GroupStatus.h"
 #include "NativeAPI/NativeAPI.h"
 #include "NativeAPI/Properties.h"
