@@ -1,14 +1,19 @@
 #include "source/TypedValue.h"
 
+#include <algorithm>
 #include <cstdlib>
+#include <limits>
 
 #include "source/Text.h"
 
 namespace qv {
 namespace {
 
+// As atoi reads it; beyond 32 bits, where atoi promises nothing, the nearest number there is.
 std::int32_t ToInt32(const std::string& text) {
-    return std::atoi(text.c_str());
+    using Limits = std::numeric_limits<std::int32_t>;
+    const long long number = std::strtoll(text.c_str(), nullptr, 10);
+    return static_cast<std::int32_t>(std::clamp<long long>(number, Limits::min(), Limits::max()));
 }
 
 }  // namespace

@@ -51,6 +51,11 @@ TEST(ToTypedValue, Type8ReadsLeadingDigitsAndGives0WithoutThem) {
     EXPECT_EQ(Convert(PropertyType::int32, ""), TypedValue{0});
 }
 
+TEST(ToTypedValue, ANumberBeyond32BitsIsTheNearestThatFits) {
+    EXPECT_EQ(Convert(PropertyType::int32, "99999999999"), TypedValue{2147483647});
+    EXPECT_EQ(Convert(PropertyType::int32, "-99999999999"), TypedValue{-2147483647 - 1});
+}
+
 TEST(ToTypedValue, Type11IsTrueExactlyForTrueInAnyCase) {
     for (const char* text : {"TRUE", "true", "True", "tRuE"}) {
         EXPECT_EQ(Convert(PropertyType::boolean, text), TypedValue{true}) << text;
