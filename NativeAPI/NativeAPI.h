@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string_view>
 
+#include "NativeAPI/Association.h"
 #include "NativeAPI/Request.h"
 #include "platform/HostFacts.h"
 #include "platform/LogPort.h"
@@ -27,17 +28,20 @@ public:
     /// The instances of a published class, in the order of their source rows; an empty list for any
     /// other class. The class name is taken without regard to case, `mode` is made of the bits of
     /// qv::mode, and a non-empty `path` keeps only the records whose object path equals it without
-    /// regard to case.
-    RecordList BuildInstances(std::string_view className, std::uint32_t mode,
-                              std::string_view path) const;
+    /// regard to case. `endpoint` restricts associations to those of one endpoint.
+    RecordList BuildInstances(std::string_view className, std::uint32_t mode, std::string_view path,
+                              const EndpointFilter& endpoint = {}) const;
 
-    /// BuildInstances without a path.
+    /// BuildInstances without a path and for all endpoints.
     RecordList BuildAllInstances(std::string_view className, std::uint32_t mode) const;
 
     /// The full record of the first instance whose property `keyName` is exactly `keyValue`; an
     /// empty list when there is none or when its object path is not unique.
     RecordList FindRecordByKey(std::string_view className, std::string_view keyName,
                                std::string_view keyValue) const;
+
+    /// Whether a published class is `name` or has it as an ancestor, without regard to case.
+    static bool IsOfClass(std::string_view className, std::string_view name);
 
     RecordList getQV_SATAPortController(const Request& request) const;
     RecordList getQV_SATADiskDrive(const Request& request) const;
@@ -59,6 +63,25 @@ public:
     RecordList getQV_SATAPortControllerBIOS(const Request& request) const;
     /// Answers with the one host, whatever the mode and the path.
     RecordList getQV_WinComputerSystem(const Request& request) const;
+
+    /// The instances of an association class: those of its pairs or triples, with its fixed
+    /// property, whatever the mode.
+    RecordList getAssociation(const Association& association, const Request& request) const;
+
+    /// Associates all instances of the two ends for which the rule and the condition hold, ordered
+    /// by the first end's instances, then by the second's. The instances are built first, each
+    /// class once. A request for another endpoint than one of the two gives an empty list before
+    /// anything is built.
+    RecordList BuildAssociationPairs(const Request& request, const AssociationEnd& firstEnd,
+                                     const AssociationEnd& secondEnd, MatchRule rule,
+                                     const FurtherCondition& condition = {}) const;
+
+    /// The same of three ends, `firstRule` holding between the first and the second and
+    /// `secondRule` between the second and the third.
+    RecordList BuildAssociationTriples(const Request& request, const AssociationEnd& firstEnd,
+                                       const AssociationEnd& secondEnd,
+                                       const AssociationEnd& thirdEnd, MatchRule firstRule,
+                                       MatchRule secondRule) const;
 
 private:
     const platform::QueryPort& queries_;

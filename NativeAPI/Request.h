@@ -15,11 +15,24 @@ inline constexpr std::uint32_t keysOnly = 4;
 inline constexpr std::uint32_t foundByKey = 8 + allProperties;
 }  // namespace mode
 
+/// Which associations are asked for: those of one endpoint. Empty texts leave open what they would
+/// say; builders of instance classes pass over them. The texts belong to the caller and outlive the
+/// call.
+struct EndpointFilter {
+    std::string_view path;  ///< relative object path of the endpoint; without a "." it names none
+    std::string_view role;  ///< the role that the endpoint plays
+    std::string_view resultClass;  ///< the class of another endpoint, or an ancestor of it
+
+    bool NamesEndpoint() const { return path.find('.') != std::string_view::npos; }
+    std::string_view ClassOfPath() const { return path.substr(0, path.find('.')); }
+};
+
 /// A request as every builder receives it. The texts belong to the caller and outlive the call.
 struct Request {
     std::string_view className;  ///< the published class, as the caller spelled it
     std::uint32_t mode = mode::allProperties;
     std::string_view path;  ///< relative object path of the one wanted instance; empty: all
+    EndpointFilter endpoint{};
 
     bool WantsAllProperties() const { return (mode & mode::allProperties) != 0; }
 

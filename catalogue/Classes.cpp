@@ -3,50 +3,51 @@
 #include <algorithm>
 #include <array>
 
+#include "catalogue/Associations.h"
+
 namespace qv {
 namespace {
 
-constexpr std::array publishedClasses{
-    PublishedClass{"QV_SATAPortController", &NativeAPI::getQV_SATAPortController},
-    PublishedClass{"QV_SATADiskDrive", &NativeAPI::getQV_SATADiskDrive},
-    PublishedClass{"QV_SATAStorageExtent", &NativeAPI::getQV_SATAStorageExtent},
-    PublishedClass{"QV_SATADiskDriveFW", &NativeAPI::getQV_SATADiskDriveFW},
-    PublishedClass{"QV_SATAPortControllerPhysicalPackage",
-                   &NativeAPI::getQV_SATAPortControllerPhysicalPackage},
-    PublishedClass{"QV_SATADiskPhysicalPackage", &NativeAPI::getQV_SATADiskPhysicalPackage},
-    PublishedClass{"QV_SATAStorageCollection", &NativeAPI::getQV_SATAStorageCollection},
-    PublishedClass{"QV_SATADiskLocation", &NativeAPI::getQV_SATADiskLocation},
-    PublishedClass{"QV_SATAControllerLocation", &NativeAPI::getQV_SATAControllerLocation},
-    PublishedClass{"QV_SATAPortControllerProduct", &NativeAPI::getQV_SATAPortControllerProduct},
-    PublishedClass{"QV_SATALogicalPort", &NativeAPI::getQV_SATALogicalPort},
-    PublishedClass{"QV_ISATAProtocolEndpoint", &NativeAPI::getQV_ISATAProtocolEndpoint},
-    PublishedClass{"QV_TSATAProtocolEndpoint", &NativeAPI::getQV_TSATAProtocolEndpoint},
-    PublishedClass{"QV_SATAPortControllerDriver", &NativeAPI::getQV_SATAPortControllerDriver},
-    PublishedClass{"QV_SATAPortControllerFW", &NativeAPI::getQV_SATAPortControllerFW},
-    PublishedClass{"QV_SATAPortControllerBIOS", &NativeAPI::getQV_SATAPortControllerBIOS},
-    PublishedClass{"QV_WinComputerSystem", &NativeAPI::getQV_WinComputerSystem},
-    PublishedClass{"QV_WinComputerSystemSATAPortController", nullptr},
-    PublishedClass{"QV_SATAPortControllerSATALogicalPort", nullptr},
-    PublishedClass{"QV_SATAPortControllerPhysicalPackageSATAControllerLocation", nullptr},
-    PublishedClass{"QV_SATAPortControllerProductSATAPortControllerPhysicalPackage", nullptr},
-    PublishedClass{"QV_SATAPortControllerProductSATAPortController", nullptr},
-    PublishedClass{"QV_SATAPortControllerPhysicalPackageSATAPortController", nullptr},
-    PublishedClass{"QV_WinComputerSystemSATAStorageExtent", nullptr},
-    PublishedClass{"QV_WinComputerSystemSATADiskDrive", nullptr},
-    PublishedClass{"QV_WinComputerSystemSATALogicalPort", nullptr},
-    PublishedClass{"QV_SATADiskDriveStorageExtent", nullptr},
-    PublishedClass{"QV_SATADiskPhysicalPackageSATADiskDrive", nullptr},
-    PublishedClass{"QV_SATADiskPhysicalPackageSATADiskLocation", nullptr},
-    PublishedClass{"QV_SATADiskDriveDiskDriveFW", nullptr},
-    PublishedClass{"QV_TSATAProtocolEndpointSATADiskDrive", nullptr},
-    PublishedClass{"QV_SATALogicalPortISATAProtocolEndpoint", nullptr},
-    PublishedClass{"QV_SATAInitiatorTargetLogicalUnitPath", nullptr},
-    PublishedClass{"QV_SATAStorageCollectionSATADiskDrive", nullptr},
-    PublishedClass{"QV_SATAHostedCollection", nullptr},
-    PublishedClass{"QV_SATAPortControllerFWSATAPortController", nullptr},
-    PublishedClass{"QV_SATAPortControllerDriverSATAPortController", nullptr},
-    PublishedClass{"QV_SATAPortControllerBIOSSATAPortController", nullptr},
+struct InstanceClass {
+    std::string_view name;
+    PublishedClass::Builder builder;
 };
+
+constexpr std::array<InstanceClass, instanceClassCount> instanceClasses{{
+    {"QV_SATAPortController", &NativeAPI::getQV_SATAPortController},
+    {"QV_SATADiskDrive", &NativeAPI::getQV_SATADiskDrive},
+    {"QV_SATAStorageExtent", &NativeAPI::getQV_SATAStorageExtent},
+    {"QV_SATADiskDriveFW", &NativeAPI::getQV_SATADiskDriveFW},
+    {"QV_SATAPortControllerPhysicalPackage", &NativeAPI::getQV_SATAPortControllerPhysicalPackage},
+    {"QV_SATADiskPhysicalPackage", &NativeAPI::getQV_SATADiskPhysicalPackage},
+    {"QV_SATAStorageCollection", &NativeAPI::getQV_SATAStorageCollection},
+    {"QV_SATADiskLocation", &NativeAPI::getQV_SATADiskLocation},
+    {"QV_SATAControllerLocation", &NativeAPI::getQV_SATAControllerLocation},
+    {"QV_SATAPortControllerProduct", &NativeAPI::getQV_SATAPortControllerProduct},
+    {"QV_SATALogicalPort", &NativeAPI::getQV_SATALogicalPort},
+    {"QV_ISATAProtocolEndpoint", &NativeAPI::getQV_ISATAProtocolEndpoint},
+    {"QV_TSATAProtocolEndpoint", &NativeAPI::getQV_TSATAProtocolEndpoint},
+    {"QV_SATAPortControllerDriver", &NativeAPI::getQV_SATAPortControllerDriver},
+    {"QV_SATAPortControllerFW", &NativeAPI::getQV_SATAPortControllerFW},
+    {"QV_SATAPortControllerBIOS", &NativeAPI::getQV_SATAPortControllerBIOS},
+    {"QV_WinComputerSystem", &NativeAPI::getQV_WinComputerSystem},
+}};
+
+// The instance classes and behind them the associations.
+constexpr auto publishedClasses = [] {
+    std::array<PublishedClass, instanceClasses.size() + associations.size()> all{};
+    const auto behind = std::ranges::transform(instanceClasses, all.begin(), [](const auto& one) {
+                            return PublishedClass{one.name, one.builder, nullptr};
+                        }).out;
+    std::ranges::transform(associations, behind, [](const Association& one) {
+        return PublishedClass{one.name, nullptr, &one};
+    });
+    return all;
+}();
+
+constexpr bool IsInstanceClass(const AssociationEnd& end) {
+    return std::ranges::count(instanceClasses, end.className, &InstanceClass::name) == 1;
+}
 
 static_assert(publishedClasses.size() == 38);
 static_assert(publishedClasses[instanceClassCount - 1].name == "QV_WinComputerSystem");
@@ -60,6 +61,13 @@ static_assert(
         return true;
     }(),
     "no class is listed twice");
+static_assert(std::ranges::all_of(associations,
+                                  [](const Association& one) {
+                                      return IsInstanceClass(one.first) &&
+                                             IsInstanceClass(one.second) &&
+                                             one.HasThreeEnds() == IsInstanceClass(one.third);
+                                  }),
+              "associations are between instance classes");
 
 }  // namespace
 

@@ -7,12 +7,14 @@
 
 namespace qv {
 
-/// A published class and the operation that builds its instances.
+/// A published class and what builds its instances: one of NativeAPI's operations or, for an
+/// association class, NativeAPI::getAssociation with the association's parameters.
 struct PublishedClass {
     using Builder = RecordList (NativeAPI::*)(const Request&) const;
 
     std::string_view name;
-    Builder builder;  ///< null while the class has no builder: it then has no instances
+    Builder builder;                 ///< null for an association class
+    const Association* association;  ///< null for an instance class
 };
 
 /// How many of the published classes, the first ones, are instance classes; the others are

@@ -3,24 +3,31 @@
 
 #include "NativeAPI/NativeAPI.h"
 #include "catalogue/Classes.h"
+#include "catalogue/Hierarchy.h"
 #include "source/Text.h"
 
 namespace qv {
 
 RecordList NativeAPI::BuildInstances(std::string_view className, std::uint32_t mode,
-                                     std::string_view path) const {
+                                     std::string_view path, const EndpointFilter& endpoint) const {
     const auto classes = PublishedClasses();
     const auto found = std::ranges::find_if(classes, [className](const PublishedClass& one) {
         return EqualsIgnoringCase(one.name, className);
     });
-    if (found == classes.end() || found->builder == nullptr) {
+    if (found == classes.end()) {
         return {};
     }
-    return (this->*found->builder)({className, mode, path});
+    const Request request{className, mode, path, endpoint};
+    return found->association != nullptr ? getAssociation(*found->association, request)
+                                         : (this->*found->builder)(request);
 }
 
 RecordList NativeAPI::BuildAllInstances(std::string_view className, std::uint32_t mode) const {
     return BuildInstances(className, mode, {});
+}
+
+bool NativeAPI::IsOfClass(std::string_view className, std::string_view name) {
+    return IsClassOrAncestor(FindClassNode(className), name);
 }
 
 RecordList NativeAPI::FindRecordByKey(std::string_view className, std::string_view keyName,

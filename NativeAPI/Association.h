@@ -1,0 +1,45 @@
+#pragma once
+
+#include <string_view>
+
+#include "NativeAPI/KeyMatching.h"
+#include "source/InstanceRecord.h"
+
+namespace qv {
+
+/// One end of an association.
+struct AssociationEnd {
+    std::string_view role;       ///< the property that refers to the endpoint
+    std::string_view className;  ///< the endpoint's class
+    std::string_view key;        ///< the endpoint's property that is compared; missing, it is empty
+};
+
+/// A condition on further properties of two endpoints; none unless it is given a rule.
+struct FurtherCondition {
+    std::string_view firstKey;
+    std::string_view secondKey;
+    MatchRule rule = MatchRule::always;
+};
+
+/// A property with the same value in every instance of an association.
+struct FixedProperty {
+    std::string_view name;  ///< empty: there is none
+    std::string_view value;
+    PropertyType type = PropertyType::string;
+};
+
+/// An association class and what its instances are made of. An association of three has a third
+/// end, which goes with the second.
+struct Association {
+    std::string_view name;
+    AssociationEnd first;
+    AssociationEnd second;
+    MatchRule rule;  ///< between the keys of the first and the second end
+    FixedProperty added{};
+    AssociationEnd third{};                   ///< without a role: two ends only
+    MatchRule thirdRule = MatchRule::always;  ///< between the keys of the second and the third end
+
+    constexpr bool HasThreeEnds() const { return !third.role.empty(); }
+};
+
+}  // namespace qv

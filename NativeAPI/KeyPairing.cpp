@@ -1,0 +1,111 @@
+#include "NativeAPI/KeyPairing.h"
+
+#include <algorithm>
+#include <numeric>
+#include <ranges>
+
+#include "NativeAPI/KeyTable.h"
+#include "source/Text.h"
+
+namespace qv {
+namespace {
+
+using Keys = std::span<const std::string>;
+
+// What one key of a pair is of the other.
+enum class Part { whole, beginning, end, inside, element };
+
+// The key in the form that makes the comparison one of bytes from the beginning on.
+std::string Comparable(const std::string& key, Part part) {
+    if (part == Part::inside) {
+        return key;
+    }
+    std::string comparable = FoldCase(key);
+    if (part == Part::end) {
+        std::ranges::reverse(comparable);
+    }
+    return comparable;
+}
+
+KeyTable::Places PartsOf(const std::string& text, const KeyTable& parts, Part part) {
+    switch (part) {
+        case Part::whole:
+            return parts.Equal(text);
+        case Part::beginning:
+        case Part::end:
+            return parts.Beginnings(text);
+        case Part::inside:
+            return parts.Contained(text);
+        case Part::element:
+            return parts.EqualToAny(SplitList(text));
+    }
+    return {};
+}
+
+// For each text the places of those keys that are a part of it.
+Partners FindParts(Keys texts, Keys keys, Part part) {
+    std::vector<std::string> comparable;
+    comparable.reserve(keys.size());
+    for (const std::string& key : keys) {
+        comparable.push_back(Comparable(key, part));
+    }
+    const KeyTable table(std::move(comparable));
+    Partners found;
+    found.reserve(texts.size());
+    for (const std::string& text : texts) {
+        found.push_back(PartsOf(Comparable(text, part), table, part));
+    }
+    return found;
+}
+
+// The same pairs seen from the other side, which has `count` keys.
+Partners Reversed(const Partners& partners, std::size_t count) {
+    Partners reversed(count);
+    for (std::size_t first = 0; first < partners.size(); ++first) {
+        for (const std::size_t second : partners[first]) {
+            reversed[second].push_back(first);
+        }
+    }
+    return reversed;
+}
+
+Partners Everyone(std::size_t firstCount, std::size_t secondCount) {
+    std::vector<std::size_t> all(secondCount);
+    std::iota(all.begin(), all.end(), std::size_t{0});
+    return Partners(firstCount, all);
+}
+
+}  // namespace
+
+Partners PairKeys(Keys firstKeys, Keys secondKeys, MatchRule rule) {
+    const auto inFirst = [&](Part part) { return FindParts(firstKeys, secondKeys, part); };
+    const auto inSecond = [&](Part part) {
+        return Reversed(FindParts(secondKeys, firstKeys, part), firstKeys.size());
+    };
+    switch (rule) {
+        case MatchRule::always:
+            return Everyone(firstKeys.size(), secondKeys.size());
+        case MatchRule::equal:
+            return inFirst(Part::whole);
+        case MatchRule::firstBeginsWith:
+            return inFirst(Part::beginning);
+        case MatchRule::firstEndsWith:
+            return inFirst(Part::end);
+        case MatchRule::secondBeginsWith:
+            return inSecond(Part::beginning);
+        case MatchRule::secondEndsWith:
+            return inSecond(Part::end);
+        case MatchRule::firstContains:
+        case MatchRule::firstContainsToo:
+            return inFirst(Part::inside);
+        case MatchRule::secondContains:
+            return inSecond(Part::inside);
+        case MatchRule::firstListsSecond:
+            return inFirst(Part::element);
+        case MatchRule::secondListsFirst:
+            return inSecond(Part::element);
+    }
+    return Partners(firstKeys.size());
+}
+
+}  // namespace qv

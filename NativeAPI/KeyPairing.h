@@ -1,0 +1,20 @@
+#pragma once
+
+#include <cstddef>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "NativeAPI/KeyMatching.h"
+
+namespace qv {
+
+/// For each first key the places of its partners among the second keys, in ascending order.
+using Partners = std::vector<std::vector<std::size_t>>;
+
+/// Finds the pairs of keys for which MatchKeyValues(first, second, rule) holds. Looks each key up
+/// among those of the other side instead of testing every pair.
+Partners PairKeys(std::span<const std::string> firstKeys, std::span<const std::string> secondKeys,
+                  MatchRule rule);
+
+}  // namespace qv
