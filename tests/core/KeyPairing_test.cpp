@@ -1,0 +1,82 @@
+#include "NativeAPI/KeyPairing.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/core/GeneratedKeys.h"
+
+namespace qv {
+namespace {
+
+using Keys = std::vector<std::string>;
+
+// The plain way: every pair is tested, in order.
+Partners CrossProduct(const Keys& first, const Keys& second, MatchRule rule) {
+    Partners partners(first.size());
+    for (std::size_t a = 0; a < first.size(); ++a) {
+        for (std::size_t b = 0; b < second.size(); ++b) {
+            if (MatchKeyValues(first[a], second[b], rule)) {
+                partners[a].push_back(b);
+            }
+        }
+    }
+    return partners;
+}
+
+class PairKeysByRule : public testing::TestWithParam<std::uint32_t> {
+protected:
+    MatchRule rule = static_cast<MatchRule>(GetParam());
+};
+
+TEST_P(PairKeysByRule, FindsWhatTestingEveryPairFinds) {
+    std::size_t pairs = 0;
+    for (std::uint32_t seed = 0; seed < 3000; ++seed) {
+        test::KeyGenerator generator(seed);
+        const Keys first = generator.Keys();
+        const Keys second = generator.Keys();
+        const Partners expected = CrossProduct(first, second, rule);
+        ASSERT_EQ(PairKeys(first, second, rule), expected)
+            << "seed " << seed << ": " << testing::PrintToString(first) << " with "
+            << testing::PrintToString(second);
+        for (const auto& partners : expected) {
+            pairs += partners.size();
+        }
+    }
+    // The generator makes pairs of every kind: were there none, nothing would be compared.
+    EXPECT_EQ(pairs > 3000, GetParam() <= 10) << pairs;
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryRule, PairKeysByRule, testing::Range(0U, 13U));
+
+TEST(PairKeys, FindsNothingAmongNoKeys) {
+    EXPECT_EQ(PairKeys({}, Keys{"a"}, MatchRule::always), Partners{});
+    EXPECT_EQ(PairKeys(Keys{"a", ""}, {}, MatchRule::firstContains), Partners({{}, {}}));
+}
+
+TEST(PairKeys, GivesEveryPartnerOfARepeatedKeyInAscendingOrder) {
+    EXPECT_EQ(PairKeys(Keys{"x", "X"}, Keys{"X", "y", "x"}, MatchRule::equal),
+              Partners({{0, 2}, {0, 2}}));
+}
+
+TEST(PairKeys, AnEmptyKeyIsContainedInEveryKey) {
+    EXPECT_EQ(PairKeys(Keys{"abc", ""}, Keys{"b", "", "c"}, MatchRule::firstContains),
+              Partners({{0, 1, 2}, {1}}));
+}
+
+TEST(PairKeys, APartThatOccursTwiceIsOnePartner) {
+    EXPECT_EQ(PairKeys(Keys{"abab"}, Keys{"ab"}, MatchRule::firstContains), Partners({{0}}));
+    EXPECT_EQ(PairKeys(Keys{"a*-*A"}, Keys{"a"}, MatchRule::firstListsSecond), Partners({{0}}));
+}
+
+TEST(PairKeys, AKeyAndItsBeginningAreBothContained) {
+    EXPECT_EQ(PairKeys(Keys{"disk&10 connected"}, Keys{"disk&10", "disk&1", "disk&100", "sk&1"},
+                       MatchRule::firstContains),
+              Partners({{0, 1, 3}}));
+}
+
+TEST(PairKeys, ReversedRulesAreOrderedByTheFirstKeysToo) {
+    EXPECT_EQ(PairKeys(Keys{"b", "a"}, Keys{"ab", "a", "b"}, MatchRule::secondContains),
+              Partners({{0, 2}, {0, 1}}));
+}
+
+}  // namespace
+}  // namespace qv
