@@ -22,8 +22,7 @@ public:
         if (outer != nullptr) {
             return CLASS_E_NOAGGREGATION;
         }
-        windows::ComPtr<T> made;
-        made.Attach(new (std::nothrow) T());
+        const auto made = windows::Adopt(new (std::nothrow) T());
         return made ? made->QueryInterface(iid, object) : E_OUTOFMEMORY;
     }
 

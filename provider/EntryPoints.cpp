@@ -16,8 +16,7 @@ namespace {
 
 template <typename T>
 HRESULT GetFactory(REFIID iid, void** object) {
-    qv::windows::ComPtr<ClassFactory<T>> factory;
-    factory.Attach(new (std::nothrow) ClassFactory<T>());
+    const auto factory = qv::windows::Adopt(new (std::nothrow) ClassFactory<T>());
     return factory ? factory->QueryInterface(iid, object) : E_OUTOFMEMORY;
 }
 

@@ -59,12 +59,19 @@ private:
     std::atomic<ULONG> references_ = 1;
 };
 
+/// Takes over the caller's reference to an object, which may be null. ComPtr::Attach does not: the
+/// toolchain's adds a reference of its own.
+template <typename T>
+ComPtr<T> Adopt(T* object) {
+    ComPtr<T> owner;
+    *owner.GetAddressOf() = object;
+    return owner;
+}
+
 /// A new object with one reference, held by the result.
 template <typename T, typename... Arguments>
 ComPtr<T> MakeObject(Arguments&&... arguments) {
-    ComPtr<T> made;
-    made.Attach(new T(std::forward<Arguments>(arguments)...));
-    return made;
+    return Adopt(new T(std::forward<Arguments>(arguments)...));
 }
 
 }  // namespace qv::windows

@@ -45,8 +45,7 @@ void ReadAll(IEnumWbemClassObject& results, platform::Rows& rows) {
         const bool counts = status == Hr(WBEM_S_NO_ERROR) || status == Hr(WBEM_S_FALSE) ||
                             status == Hr(WBEM_S_TIMEDOUT);
         for (IWbemClassObject* object : batch) {
-            ComPtr<IWbemClassObject> owned;
-            owned.Attach(object);
+            auto owned = Adopt(object);
             if (owned && counts) {
                 rows.push_back(std::make_shared<WmiRow>(std::move(owned)));
             }
