@@ -3,6 +3,7 @@
 #include <array>
 
 #include "platform/windows/ComObject.h"
+#include "platform/windows/WbemStatus.h"
 
 namespace qv::windows {
 namespace {
@@ -28,6 +29,10 @@ HRESULT ParsePath(IClassFactory& parsers, LPCWSTR objectPath, PathTexts& texts) 
     status = parser->GetText(WBEMPATH_GET_RELATIVE_ONLY, &length, relative.data());
     if (FAILED(status)) {
         return status;
+    }
+    if (length > relative.size()) {
+        // An empty text in its place would ask for every instance of the class.
+        return Hr(WBEM_E_BUFFER_TOO_SMALL);
     }
     TextBuffer className{};
     length = className.size();

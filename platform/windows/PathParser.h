@@ -23,7 +23,8 @@ struct PathTexts {
 };
 
 /// Takes an object path apart with a parser of its own from `parsers`. Gives the parser's status;
-/// that of the class name is not looked at, on purpose.
+/// that of the class name is not looked at, on purpose. A relative path of 1000 or more characters
+/// gives WBEM_E_BUFFER_TOO_SMALL, whatever the parser says of it.
 HRESULT ParsePath(IClassFactory& parsers, LPCWSTR objectPath, PathTexts& texts);
 
 }  // namespace qv::windows
