@@ -1,0 +1,24 @@
+#pragma once
+
+#include <wbemprov.h>
+
+#include <utility>
+#include <vector>
+
+#include "platform/windows/ComObject.h"
+
+namespace qv::test {
+
+/// Hears how an initialisation ended.
+class InitSinkStandIn : public windows::ComObject<IWbemProviderInitSink> {
+public:
+    HRESULT result = S_OK;                        ///< what SetStatus answers
+    std::vector<std::pair<LONG, LONG>> statuses;  ///< status and flags of each call
+
+    STDMETHODIMP SetStatus(LONG status, LONG flags) override {
+        statuses.emplace_back(status, flags);
+        return result;
+    }
+};
+
+}  // namespace qv::test
