@@ -30,28 +30,24 @@ bool MayRelate(const EndpointFilter& filter, std::initializer_list<AssociationEn
     });
 }
 
-// The instances of one end of an association, with what every pair asks of them.
+// What the pairing asks of the instances of one end, read once of each. The instances themselves,
+// which are large, are not kept.
 struct Endpoints {
-    Endpoints(RecordList built, const AssociationEnd& end, const EndpointFilter& filter)
-        : role(end.role), records(std::move(built)), keys(ValuesOf(end.key)) {
+    Endpoints(const RecordList& records, const AssociationEnd& end, const EndpointFilter& filter,
+              std::string_view furtherKey = {})
+        : role(end.role) {
         for (const InstanceRecord& record : records) {
+            keys.push_back(GetPropertyEntry(record, end.key).value);
+            furtherKeys.push_back(GetPropertyEntry(record, furtherKey).value);
             paths.push_back(BuildObjectPath(record));
             asked.push_back(!filter.NamesEndpoint() ||
                             EqualsIgnoringCase(paths.back(), filter.path));
         }
     }
 
-    std::vector<std::string> ValuesOf(std::string_view property) const {
-        std::vector<std::string> values;
-        for (const InstanceRecord& record : records) {
-            values.push_back(GetPropertyEntry(record, property).value);
-        }
-        return values;
-    }
-
     std::string_view role;
-    RecordList records;
     std::vector<std::string> keys;
+    std::vector<std::string> furtherKeys;
     std::vector<std::string> paths;
     std::vector<bool> asked;  // by the filter, or there is none
 };
@@ -78,17 +74,12 @@ void Associate(RecordList& records, const Request& request,
     }
 }
 
-// Drops the pairs that do not meet the condition.
+// Drops the pairs whose further keys do not match.
 void Restrict(Partners& partners, const Endpoints& first, const Endpoints& second,
-              const FurtherCondition& condition) {
-    if (condition.rule == MatchRule::always) {
-        return;
-    }
-    const auto firstKeys = first.ValuesOf(condition.firstKey);
-    const auto secondKeys = second.ValuesOf(condition.secondKey);
+              MatchRule furtherRule) {
     for (std::size_t a = 0; a < partners.size(); ++a) {
         std::erase_if(partners[a], [&](std::size_t b) {
-            return !MatchKeyValues(firstKeys[a], secondKeys[b], condition.rule);
+            return !MatchKeyValues(first.furtherKeys[a], second.furtherKeys[b], furtherRule);
         });
     }
 }
@@ -125,11 +116,11 @@ RecordList NativeAPI::BuildAssociationPairs(const Request& request, const Associ
         return records;
     }
     const Endpoints first(BuildAllInstances(firstEnd.className, mode::keysOnly), firstEnd,
-                          request.endpoint);
+                          request.endpoint, condition.firstKey);
     const Endpoints second(BuildAllInstances(secondEnd.className, mode::keysOnly), secondEnd,
-                           request.endpoint);
+                           request.endpoint, condition.secondKey);
     Partners partners = PairKeys(first.keys, second.keys, rule);
-    Restrict(partners, first, second, condition);
+    Restrict(partners, first, second, condition.rule);
     for (std::size_t a = 0; a < partners.size(); ++a) {
         for (const std::size_t b : partners[a]) {
             Associate(records, request, {{first, a}, {second, b}});
