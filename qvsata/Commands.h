@@ -1,0 +1,14 @@
+#pragma once
+
+#include "CLI/CLI.hpp"
+
+namespace qv::tool {
+
+// Each adds one command to the program; it runs when the command line names it, and raises what
+// Session.h raises.
+void AddClasses(CLI::App& program);
+void AddEnumerate(CLI::App& program);
+void AddGet(CLI::App& program);
+void AddQuery(CLI::App& program);
+
+}  // namespace qv::tool

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+
+#include "CLI/CLI.hpp"
+
+namespace qv::tool {
+
+/// How objects are written.
+enum class Format { text, json, mof };
+
+/// What every command that asks the provider is told: where the machine's facts come from, which
+/// provider, how to write the answer.
+struct Options {
+    std::string host;  ///< file of a recorded host; empty without --host
+    bool live = false;
+    std::string library;    ///< empty: beside this program
+    std::string mofFolder;  ///< empty: beside this program
+    bool registered = false;
+    Format format = Format::text;
+};
+
+/// Adds the options to a command; they are kept in `options` when the command line is read. Exactly
+/// one of --host and --live has to be given.
+void AddOptions(CLI::App& command, Options& options);
+
+}  // namespace qv::tool

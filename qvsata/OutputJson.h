@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+
+#include "nlohmann/json.hpp"
+#include "qvsata/service/com/Enumerator.h"
+
+namespace qv::tool {
+
+/// Objects as a JSON array, see FormatObjects.
+std::string ObjectsAsJson(const service::ObjectList& objects);
+
+/// A JSON document as it is written: indented, with a line feed at the end.
+std::string DocumentText(const nlohmann::ordered_json& document);
+
+}  // namespace qv::tool

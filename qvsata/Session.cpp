@@ -1,0 +1,70 @@
+#include "qvsata/Session.h"
+
+#include <windows.h>
+
+#include <array>
+#include <filesystem>
+
+#include "platform/windows/Text.h"
+#include "qvsata/service/com/StatusText.h"
+
+namespace qv::tool {
+namespace {
+
+using std::filesystem::path;
+
+// In the order in which they build on each other; the registration is what a real management
+// service needs besides.
+constexpr std::array<const wchar_t*, 2> mofFiles{L"cim_schema.mof", L"qvwmisata.mof"};
+
+path FromUtf8(const std::string& text) {
+    return windows::ToWide(text, CP_UTF8);
+}
+
+path FolderOfThisProgram() {
+    std::wstring file(MAX_PATH, L'\0');
+    for (;;) {
+        const DWORD length =
+            GetModuleFileNameW(nullptr, file.data(), static_cast<DWORD>(file.size()));
+        if (length < file.size()) {
+            file.resize(length);
+            return path(file).parent_path();
+        }
+        file.resize(2 * file.size());
+    }
+}
+
+std::shared_ptr<const service::RecordedHost> ReadHost(const std::string& file) {
+    return std::make_shared<service::RecordedHost>(service::RecordedHost::FromFile(FromUtf8(file)));
+}
+
+}  // namespace
+
+std::unique_ptr<service::ManagementHost> StartSession(const Options& options) {
+    const path here = FolderOfThisProgram();
+    service::HostOptions host;
+    if (!options.live) {
+        host.recorded = ReadHost(options.host);
+    }
+    const path mofFolder = options.mofFolder.empty() ? here : FromUtf8(options.mofFolder);
+    for (const wchar_t* file : mofFiles) {
+        host.mofFiles.push_back(mofFolder / file);
+    }
+    host.library = options.library.empty() ? here / L"QVWMISATA.dll" : FromUtf8(options.library);
+    host.registered = options.registered;
+    try {
+        return std::make_unique<service::ManagementHost>(host);
+    } catch (const RequestError& error) {
+        throw CommandError("starting the provider: " +
+                           service::StatusText(static_cast<HRESULT>(error.status())));
+    }
+}
+
+service::ObjectList Take(service::Answer answer) {
+    if (FAILED(answer.status)) {
+        throw CommandError(answer.message);
+    }
+    return std::move(answer.objects);
+}
+
+}  // namespace qv::tool

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <windows.h>
+
+#include <objbase.h>
+
+#include "platform/Status.h"
+
+namespace qv::service {
+
+/// Keeps the thread in the process's multithreaded apartment.
+class ComApartment {
+public:
+    /// Raises RequestError when the thread is in an apartment of its own.
+    ComApartment() {
+        const HRESULT result = CoInitializeEx(nullptr, COINIT_MULTITHREADED);
+        if (FAILED(result)) {
+            throw RequestError(static_cast<Status>(result));
+        }
+    }
+    ComApartment(const ComApartment&) = delete;
+    ComApartment& operator=(const ComApartment&) = delete;
+    ~ComApartment() { CoUninitialize(); }
+};
+
+}  // namespace qv::service
