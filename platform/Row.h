@@ -17,10 +17,11 @@ struct UnreadValue {};
 /// A property's value as the management service delivered it, its width and sign kept: the typed
 /// readers accept by them. Text is in the system's ANSI code page (UTF-8 on a native build). No
 /// value at all is std::monostate.
-using Value = std::variant<std::monostate, std::string, bool, std::int8_t, std::uint8_t,
-                           std::int16_t, std::uint16_t, std::int32_t, std::uint32_t,
-                           std::vector<std::int16_t>, std::vector<std::uint16_t>,
-                           std::vector<std::int32_t>, std::vector<std::uint32_t>, UnreadValue>;
+using Value =
+    std::variant<std::monostate, std::string, bool, std::int8_t, std::uint8_t, std::int16_t,
+                 std::uint16_t, std::int32_t, std::uint32_t, std::vector<std::int16_t>,
+                 std::vector<std::uint16_t>, std::vector<std::int32_t>, std::vector<std::uint32_t>,
+                 std::vector<std::string>, UnreadValue>;
 
 /// What reading one property gave: a success and the value, or the failure of the read.
 struct PropertyRead {

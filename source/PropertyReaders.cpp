@@ -9,7 +9,7 @@ namespace {
 template <typename T>
 struct IsNumberArray : std::false_type {};
 template <typename Element>
-struct IsNumberArray<std::vector<Element>> : std::true_type {};
+struct IsNumberArray<std::vector<Element>> : std::is_integral<Element> {};
 
 }  // namespace
 

@@ -1,5 +1,7 @@
 #include "platform/windows/WmiRow.h"
 
+#include <span>
+#include <string>
 #include <vector>
 
 #include "platform/windows/Bstr.h"
@@ -9,20 +11,60 @@
 namespace qv::windows {
 namespace {
 
+/// The elements of an array of one dimension, locked while it lives. `Element` is what the array's
+/// type says.
 template <typename Element>
-platform::Value ToArray(SAFEARRAY* array) {
-    LONG lower = 0;
-    LONG upper = 0;
-    void* data = nullptr;
-    if (array == nullptr || SafeArrayGetDim(array) != 1 ||
-        FAILED(SafeArrayGetLBound(array, 1, &lower)) ||
-        FAILED(SafeArrayGetUBound(array, 1, &upper)) || FAILED(SafeArrayAccessData(array, &data))) {
+class LockedArray {
+public:
+    explicit LockedArray(SAFEARRAY* array) : array_(array) {
+        LONG lower = 0;
+        LONG upper = 0;
+        void* data = nullptr;
+        locked_ = array != nullptr && SafeArrayGetDim(array) == 1 &&
+                  SUCCEEDED(SafeArrayGetLBound(array, 1, &lower)) &&
+                  SUCCEEDED(SafeArrayGetUBound(array, 1, &upper)) &&
+                  SUCCEEDED(SafeArrayAccessData(array, &data));
+        if (locked_) {
+            elements_ = {static_cast<const Element*>(data),
+                         static_cast<std::size_t>(upper - lower + 1)};
+        }
+    }
+    LockedArray(const LockedArray&) = delete;
+    LockedArray& operator=(const LockedArray&) = delete;
+    ~LockedArray() {
+        if (locked_) {
+            SafeArrayUnaccessData(array_);
+        }
+    }
+
+    explicit operator bool() const { return locked_; }
+    std::span<const Element> Elements() const { return elements_; }
+
+private:
+    SAFEARRAY* array_;
+    bool locked_;
+    std::span<const Element> elements_;
+};
+
+template <typename Element>
+platform::Value ToNumbers(SAFEARRAY* array) {
+    const LockedArray<Element> numbers(array);
+    if (!numbers) {
         return platform::UnreadValue{};
     }
-    const auto* first = static_cast<const Element*>(data);
-    std::vector<Element> elements(first, first + (upper - lower + 1));
-    SafeArrayUnaccessData(array);
-    return elements;
+    return std::vector<Element>(numbers.Elements().begin(), numbers.Elements().end());
+}
+
+platform::Value ToTexts(SAFEARRAY* array) {
+    const LockedArray<BSTR> held(array);
+    if (!held) {
+        return platform::UnreadValue{};
+    }
+    std::vector<std::string> texts;
+    for (const BSTR text : held.Elements()) {
+        texts.push_back(ToNarrow(Bstr::ViewOf(text)));
+    }
+    return texts;
 }
 
 }  // namespace
@@ -53,13 +95,15 @@ platform::Value ToValue(const VARIANT& variant) {
         case VT_UINT:
             return static_cast<std::uint32_t>(V_UINT(&variant));
         case VT_ARRAY | VT_I2:
-            return ToArray<std::int16_t>(V_ARRAY(&variant));
+            return ToNumbers<std::int16_t>(V_ARRAY(&variant));
         case VT_ARRAY | VT_UI2:
-            return ToArray<std::uint16_t>(V_ARRAY(&variant));
+            return ToNumbers<std::uint16_t>(V_ARRAY(&variant));
         case VT_ARRAY | VT_I4:
-            return ToArray<std::int32_t>(V_ARRAY(&variant));
+            return ToNumbers<std::int32_t>(V_ARRAY(&variant));
         case VT_ARRAY | VT_UI4:
-            return ToArray<std::uint32_t>(V_ARRAY(&variant));
+            return ToNumbers<std::uint32_t>(V_ARRAY(&variant));
+        case VT_ARRAY | VT_BSTR:
+            return ToTexts(V_ARRAY(&variant));
         default:
             return platform::UnreadValue{};
     }

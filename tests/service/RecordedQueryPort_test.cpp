@@ -66,7 +66,7 @@ TEST(ToPlatformValue, HandsValuesOverAsTheManagementServiceDoes) {
 TEST(ToPlatformValue, MarksWhatNobodyReads) {
     EXPECT_TRUE(std::holds_alternative<platform::UnreadValue>(ToPlatformValue(CimValue{0.5})));
     EXPECT_TRUE(std::holds_alternative<platform::UnreadValue>(
-        ToPlatformValue(CimValue{std::vector<std::string>{"x"}})));
+        ToPlatformValue(CimValue{std::vector<bool>{true}})));
 }
 
 }  // namespace

@@ -1,0 +1,47 @@
+#include "events/CSATAHBA_EVENTS.h"
+
+#include <string>
+#include <string_view>
+
+#include "events/DeviceIndication.h"
+#include "events/DiskChanges.h"
+
+namespace qv {
+namespace {
+
+constexpr int informationLevel = 3;
+
+}  // namespace
+
+void CSATAHBA_EVENTS::RunCycle() {
+    running_ = true;
+    inventory_.KeepDisksAsPrevious();
+    inventory_.RefreshDiskInventoryNow();
+    EventThreadCheckforEvents();
+}
+
+int CSATAHBA_EVENTS::EventThreadCheckforEvents() {
+    inventory_.RefreshDiskInventoryNow();
+    for (const DiskChange& change : inventory_.CompareWithPrevious(FindDiskChanges)) {
+        const InstanceRecord event =
+            BuildDeviceIndication(change.disk, change.eventId, clock_.Local());
+        Log("CSATAHBA_EVENTS::EventThreadCheckforEvents",
+            "SendIndication for EventID = " + std::string(change.eventId));
+        if (EventReceiver* receiver = receiver_) {
+            receiver->Receive(event);
+        }
+    }
+    return 0;
+}
+
+void CSATAHBA_EVENTS::LogThreadExit() const {
+    Log("CSATAHBA_EVENTS::EventThreadExit", "EventThreadExit:...");
+}
+
+void CSATAHBA_EVENTS::Log(std::string_view function, std::string_view message) const {
+    if (log_.Level() <= informationLevel) {
+        log_.Write(informationLevel, std::string(function).append("| ").append(message));
+    }
+}
+
+}  // namespace qv

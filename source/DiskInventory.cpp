@@ -1,0 +1,181 @@
+#include "source/DiskInventory.h"
+
+#include <algorithm>
+#include <chrono>
+
+#include "source/HostIdentity.h"
+#include "source/PropertyReaders.h"
+#include "source/SourceRules.h"
+#include "source/StatusMap.h"
+#include "source/Text.h"
+
+namespace qv {
+namespace {
+
+constexpr std::int64_t staleAfter = 30;  // seconds
+constexpr std::chrono::milliseconds lockSlice{100};
+
+/// Holds a named lock, for which it waits without limit.
+class HeldLock {
+public:
+    explicit HeldLock(platform::NamedLock& lock) : lock_(lock) {
+        while (!lock_.TryAcquireFor(lockSlice)) {
+        }
+    }
+    HeldLock(const HeldLock&) = delete;
+    HeldLock& operator=(const HeldLock&) = delete;
+    ~HeldLock() { lock_.Release(); }
+
+private:
+    platform::NamedLock& lock_;
+};
+
+std::string ToUpper(std::string text) {
+    std::ranges::transform(text, text.begin(), [](char character) {
+        return character >= 'a' && character <= 'z' ? static_cast<char>(character - 'a' + 'A')
+                                                    : character;
+    });
+    return text;
+}
+
+std::string SystemName(const platform::HostFacts& host) {
+    std::string name;
+    return GetHostName(host, name) == 0 ? name : "Not Available";
+}
+
+DiskRecord DescribeDisk(const platform::Row& disk, const std::string& upperDeviceId,
+                        const platform::HostFacts& host) {
+    DiskRecord record;
+    record.deviceId = EncodeDeviceId(upperDeviceId);
+    record.status = TextOrEmpty(disk, "Status");
+    record.systemName = SystemName(host);
+    record.systemCreationClassName = GetComputerSystemClassName();
+    record.creationClassName = "QV_SATADiskDrive";
+    record.caption = TextOrEmpty(disk, "Caption");
+    record.description = TextOrEmpty(disk, "Description");
+    record.name = record.description;
+    record.model = TextOrEmpty(disk, "Model");
+    std::vector<std::string> codes;
+    std::vector<std::string> descriptions;
+    record.statusCode = static_cast<std::uint32_t>(
+        MapStatusToOperationalStatus(record.status, codes, descriptions));
+    record.statusDescriptions = JoinList(descriptions);
+    return record;
+}
+
+FailurePredictList DescribePredictions(const platform::Rows& rows) {
+    FailurePredictList predictions;
+    for (const auto& row : rows) {
+        predictions.push_back(
+            {ToUpper(TextOrEmpty(*row, "InstanceName")), TextOrEmpty(*row, "PredictFailure")});
+    }
+    return predictions;
+}
+
+}  // namespace
+
+DiskInventory::DiskInventory(const platform::QueryPort& queries, const platform::HostFacts& host,
+                             const platform::Clock& clock, platform::NamedLock& lock)
+    : queries_(queries),
+      host_(host),
+      clock_(clock),
+      lock_(lock),
+      lastRefresh_(clock.SecondsSince1970()) {}
+
+bool DiskInventory::RebuildDiskInventory() {
+    using platform::QueryResult;
+    platform::Rows disks;
+    platform::Rows predictionRows;
+    const QueryResult diskQuery =
+        queries_.RunWqlQuery("root\\CIMv2", "SELECT * FROM Win32_DiskDrive", disks);
+    const QueryResult predictionQuery = queries_.RunWqlQuery(
+        "root\\wmi", "SELECT * FROM MSStorageDriver_FailurePredictStatus", predictionRows);
+    if (diskQuery == QueryResult::failed || predictionQuery == QueryResult::failed) {
+        return false;
+    }
+    const FailurePredictList predictions = DescribePredictions(predictionRows);
+    DiskList foundDisks;
+    FailurePredictList foundPredictions;
+    for (const auto& disk : disks) {
+        if (!IsIdeDisk(*disk)) {
+            continue;
+        }
+        const std::string deviceId = ToUpper(TextOrEmpty(*disk, "PNPDeviceID"));
+        for (const FailurePredictRecord& prediction : predictions) {
+            // An instance is the device and a suffix. An empty device ID matches every instance,
+            // on purpose.
+            if (prediction.instanceName.find(deviceId) != std::string::npos) {
+                foundDisks.push_back(DescribeDisk(*disk, deviceId, host_));
+                foundPredictions.push_back(prediction);
+            }
+        }
+    }
+    const std::lock_guard guard(members_);
+    disks_.swap(foundDisks);
+    failurePredictions_.swap(foundPredictions);
+    matchedDisks_ = static_cast<std::int32_t>(disks_.size());
+    return true;
+}
+
+int DiskInventory::RefreshDiskInventoryNow() {
+    const HeldLock held(lock_);
+    RebuildDiskInventory();
+    return 0;
+}
+
+void DiskInventory::RefreshDiskInventoryIfStale(bool monitorRuns) {
+    if (!ClaimRefresh()) {
+        return;
+    }
+    if (!monitorRuns) {
+        RefreshDiskInventoryNow();
+    }
+    const std::lock_guard guard(members_);
+    refreshCounter_ = 2;
+}
+
+/// Whether it is time to refresh; from now on the last refresh was now.
+bool DiskInventory::ClaimRefresh() {
+    const std::lock_guard guard(members_);
+    const std::int64_t now = clock_.SecondsSince1970();
+    if (refreshCounter_ == 0) {
+        refreshCounter_ = 1;
+    }
+    if (refreshCounter_ != 1 && now <= lastRefresh_ + staleAfter) {
+        return false;
+    }
+    lastRefresh_ = clock_.SecondsSince1970();
+    return true;
+}
+
+DiskList DiskInventory::Disks() const {
+    const std::lock_guard guard(members_);
+    return disks_;
+}
+
+FailurePredictList DiskInventory::FailurePredictions() const {
+    const std::lock_guard guard(members_);
+    return failurePredictions_;
+}
+
+std::int32_t DiskInventory::MatchedDisks() const {
+    const std::lock_guard guard(members_);
+    return matchedDisks_;
+}
+
+void DiskInventory::KeepDisksAsPrevious() {
+    const std::lock_guard guard(members_);
+    previousDisks_ = disks_;
+}
+
+void DiskInventory::SetRefreshTimeout(std::uint32_t timeout) {
+    const std::lock_guard guard(members_);
+    refreshTimeout_ = timeout;
+}
+
+std::uint32_t DiskInventory::RefreshTimeout() const {
+    const std::lock_guard guard(members_);
+    return refreshTimeout_;
+}
+
+}  // namespace qv
