@@ -6,6 +6,7 @@
 
 #include "provider/ClassFactory.h"
 #include "provider/ClassIds.h"
+#include "provider/EventProvider.h"
 #include "provider/InstanceProvider.h"
 #include "provider/Module.h"
 #include "provider/Registration.h"
@@ -36,6 +37,9 @@ STDAPI DllGetClassObject(REFCLSID classId, REFIID iid, LPVOID* object) {
     *object = nullptr;
     if (IsEqualCLSID(classId, instanceProviderId)) {
         return GetFactory<CQVWMISATA_InstProv>(iid, object);
+    }
+    if (IsEqualCLSID(classId, eventProviderId)) {
+        return GetFactory<CQVWMISATA_EventProv>(iid, object);
     }
     return CLASS_E_CLASSNOTAVAILABLE;
 }

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "platform/Clock.h"
+
+namespace qv::windows {
+
+/// The time and the time zone of the operating system.
+class SystemClock : public platform::Clock {
+public:
+    std::int64_t SecondsSince1970() const override;
+    platform::LocalTime Local() const override;
+
+    /// The zone as the system has it; in standard time when the system does not know the season.
+    platform::TimeZone Zone() const override;
+};
+
+}  // namespace qv::windows

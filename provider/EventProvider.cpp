@@ -1,0 +1,168 @@
+#include "provider/EventProvider.h"
+
+#include <array>
+#include <cstdio>
+#include <mutex>
+#include <new>
+#include <string>
+#include <utility>
+
+#include "log/ProviderLog.h"
+#include "platform/windows/Bstr.h"
+#include "platform/windows/Text.h"
+#include "platform/windows/WbemStatus.h"
+#include "platform/windows/WmiQueryPort.h"
+#include "provider/ClientImpersonation.h"
+#include "provider/EventProcess.h"
+#include "source/HostIdentity.h"
+#include "wmiUtil/RefreshTimeout.h"
+
+namespace qv::provider {
+namespace {
+
+/// Hands the monitor's events to the live provider object; without one they are dropped.
+class LiveReceiver : public EventReceiver {
+public:
+    void Receive(const InstanceRecord& event) override {
+        const EventDelivery delivery = CQVWMISATA_EventProv::LiveDelivery();
+        if (delivery.sink) {
+            delivery.SendIndication(event);
+        }
+    }
+};
+
+LiveReceiver liveReceiver;
+
+/// Null without memory: the monitor's lines are lost then.
+std::shared_ptr<const LegacyLog> OpenLegacyLog() try {
+    return std::make_shared<const LegacyLog>("QVWMISATA::CQVWMISATA_EventProv::");
+} catch (const std::exception&) {
+    return nullptr;
+}
+
+std::string InHexadecimal(HRESULT status) {
+    std::array<char, 16> text{};
+    std::snprintf(text.data(), text.size(), "%X", static_cast<unsigned>(status));
+    return text.data();
+}
+
+constexpr std::string_view initializeName = "CQVWMISATA_EventProv::Initialize";
+
+void TakeRefreshTimeout() {
+    if (const std::uint32_t timeout = ReadRefreshTimeout(); timeout != 0) {
+        commonLog.Plain(initializeName, "SetRefreshTimeout " + std::to_string(timeout));
+        ProcessInventory().SetRefreshTimeout(timeout);
+    }
+}
+
+}  // namespace
+
+constinit CQVWMISATA_EventProv* CQVWMISATA_EventProv::newest_ = nullptr;
+
+CQVWMISATA_EventProv::CQVWMISATA_EventProv() {
+    commonLog.Plain("CQVWMISATA_EventProv::CQVWMISATA_EventProv",
+                    "CQVWMISATA_EventProv DLL is loaded");
+    {
+        const std::lock_guard guard(EventGuard());
+        older_ = std::exchange(newest_, this);
+    }
+    legacyLog_ = OpenLegacyLog();
+}
+
+CQVWMISATA_EventProv::~CQVWMISATA_EventProv() {
+    commonLog.Plain("CQVWMISATA_EventProv::~CQVWMISATA_EventProv",
+                    "CQVWMISATA_EventProv DLL is unloaded");
+    extendedStatus_.reset();
+    // The object is whole until its threads are gone: they may be delivering.
+    ProcessMonitor().LogThreadExit();
+    threads_.EndAll();
+    const std::lock_guard guard(EventGuard());
+    CQVWMISATA_EventProv** link = &newest_;
+    while (*link != this) {
+        link = &(*link)->older_;
+    }
+    *link = older_;
+}
+
+EventDelivery CQVWMISATA_EventProv::LiveDelivery() {
+    const std::lock_guard guard(EventGuard());
+    const CQVWMISATA_EventProv* provider = newest_;
+    while (provider != nullptr && !provider->delivery_.sink) {
+        provider = provider->older_;
+    }
+    return provider == nullptr ? EventDelivery() : provider->delivery_;
+}
+
+HRESULT CQVWMISATA_EventProv::AccessCheck(WBEM_CWSTR, WBEM_CWSTR, long, const BYTE*) {
+    return windows::Hr(WBEM_S_NO_ERROR);
+}
+
+HRESULT CQVWMISATA_EventProv::Initialize(LPWSTR, LONG, LPWSTR nameSpace, LPWSTR,
+                                         IWbemServices* services, IWbemContext* context,
+                                         IWbemProviderInitSink* initSink) try {
+    const ClientImpersonation caller;
+    if (FAILED(caller.Status())) {
+        return caller.Status();
+    }
+    commonLog.Plain(initializeName, "Entering Initialize");
+    if (services == nullptr || initSink == nullptr) {
+        commonLog.Failure(initializeName, "INVALID PARAMETER");
+        return windows::Hr(WBEM_E_INVALID_PARAMETER);
+    }
+    Keep(&EventDelivery::services, services);
+    const HRESULT fetched = FetchDefinitions(*services, context);
+    if (FAILED(fetched)) {
+        return fetched;
+    }
+    Keep(&EventDelivery::namespacePrefix,
+         BuildNamespacePrefix(windows::WmiQueryPort(),
+                              nameSpace == nullptr ? std::string() : windows::ToNarrow(nameSpace),
+                              {}));
+    TakeRefreshTimeout();
+    ProcessMonitorLog().Attach(legacyLog_, static_cast<int>(commonLog.Level()));
+    commonLog.Plain(initializeName, "Leaving Initialize.");
+    return initSink->SetStatus(WBEM_S_INITIALIZED, 0);
+} catch (const std::exception&) {
+    return windows::Hr(WBEM_E_OUT_OF_MEMORY);
+}
+
+/// The indication class and what belongs to the extended status, in this order.
+HRESULT CQVWMISATA_EventProv::FetchDefinitions(IWbemServices& services, IWbemContext* context) {
+    windows::Bstr name;
+    *name.Receive() = SysAllocString(L"QV_SATADeviceIndication");
+    if (name.Get() == nullptr) {
+        return windows::Hr(WBEM_E_OUT_OF_MEMORY);
+    }
+    const HRESULT fetched =
+        services.GetObject(name.Get(), 0, context, definition_.ReleaseAndGetAddressOf(), nullptr);
+    if (FAILED(fetched)) {
+        commonLog.Failure(initializeName, "FAILED - GetObject " + InHexadecimal(fetched));
+        return fetched;
+    }
+    extendedStatus_.reset(new (std::nothrow) ExtendedStatus(&services, context));
+    if (extendedStatus_ == nullptr) {
+        commonLog.Failure(initializeName, "WBEM_E_OUT_OF_MEMORY");
+        return windows::Hr(WBEM_E_OUT_OF_MEMORY);
+    }
+    return windows::Hr(WBEM_S_NO_ERROR);
+}
+
+HRESULT CQVWMISATA_EventProv::ProvideEvents(IWbemObjectSink* sink, long) try {
+    constexpr std::string_view function = "CQVWMISATA_EventProv::ProvideEvents";
+    commonLog.Plain(function, "Entering ProvideEvents");
+    if (sink == nullptr) {
+        commonLog.Failure(function, "INVALID PARAMETER");
+        return windows::Hr(WBEM_E_INVALID_PARAMETER);
+    }
+    Keep(&EventDelivery::sink, sink);
+    ProcessInventory().RefreshDiskInventoryIfStale(ProcessMonitor().Running());
+    ProcessMonitor().RegisterReceiver(liveReceiver);
+    threads_.StartOne();
+    commonLog.Plain(function, "Leaving ProvideEvents.");
+    sink->SetStatus(WBEM_STATUS_COMPLETE, WBEM_S_NO_ERROR, nullptr, nullptr);
+    return windows::Hr(WBEM_S_NO_ERROR);
+} catch (const std::exception&) {
+    return windows::Hr(WBEM_E_OUT_OF_MEMORY);
+}
+
+}  // namespace qv::provider
