@@ -1,0 +1,119 @@
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <filesystem>
+
+#include "tests/tool/RunTool.h"
+
+namespace qv::test {
+namespace {
+
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::StartsWith;
+
+/// Runs the tool, which has to fail with one line on standard error; gives the line.
+std::string Failure(const std::vector<std::string>& arguments, unsigned long exitCode) {
+    const ToolRun run = RunTool(arguments);
+    EXPECT_EQ(run.exitCode, exitCode);
+    EXPECT_THAT(run.output, IsEmpty());
+    EXPECT_THAT(run.errors, StartsWith("qvsata: "));
+    EXPECT_EQ(std::ranges::count(run.errors, '\n'), 1) << run.errors;
+    EXPECT_TRUE(run.errors.ends_with('\n'));
+    return run.errors;
+}
+
+std::string Desktop() {
+    return SourceFile("hosts/ahci-desktop.json");
+}
+
+std::string FailureOfHost(const std::string& text) {
+    return Failure({"classes", "--host", WriteFile("qvsata-bad-host.json", text)}, 1);
+}
+
+TEST(BadHost, ThatIsNotThereIsNamed) {
+    EXPECT_THAT(Failure({"classes", "--host", "/no/such.json"}, 1), HasSubstr("/no/such.json"));
+}
+
+TEST(BadHost, ThatIsNotJsonIsNamedWithThePlace) {
+    EXPECT_THAT(FailureOfHost("{\n  \"computer\": oops\n}"),
+                HasSubstr("qvsata-bad-host.json: line 2, column 15: "));
+}
+
+TEST(BadHost, WithoutNamespacesIsRefused) {
+    EXPECT_THAT(FailureOfHost(R"({"computer": {"netbios": "N"}})"), HasSubstr("namespaces"));
+}
+
+TEST(BadHost, WithAWrongTypeIsRefusedByPlace) {
+    EXPECT_THAT(FailureOfHost(R"({"computer": {"netbios": 3}, "namespaces": {}})"),
+                HasSubstr("netbios"));
+}
+
+TEST(BadMof, IsNamedWithLineAndColumn) {
+    const auto folder = std::filesystem::temp_directory_path() / "qvsata-bad-mof";
+    std::filesystem::create_directories(folder);
+    WriteFile("qvsata-bad-mof/cim_schema.mof", "class A {\n  uint16 = 3;\n};\n");
+    WriteFile("qvsata-bad-mof/qvwmisata.mof", "");
+    EXPECT_THAT(Failure({"classes", "--host", Desktop(), "--mof", folder.string()}, 1),
+                HasSubstr("cim_schema.mof:2:10: "));
+}
+
+TEST(BadMof, ThatIsMissingIsNamed) {
+    EXPECT_THAT(Failure({"classes", "--host", Desktop(), "--mof", "/no/such"}, 1),
+                HasSubstr("cim_schema.mof"));
+}
+
+TEST(BadLibrary, ThatIsMissingIsNamed) {
+    EXPECT_THAT(Failure({"classes", "--host", Desktop(), "--dll", "/no/such.dll"}, 1),
+                HasSubstr("/no/such.dll"));
+}
+
+TEST(BadClass, IsNamed) {
+    EXPECT_EQ(Failure({"enumerate", "X", "--host", Desktop()}, 1), "qvsata: unknown class 'X'\n");
+    EXPECT_EQ(Failure({"query", "SELECT * FROM X", "--host", Desktop()}, 1),
+              "qvsata: unknown class 'X'\n");
+    EXPECT_EQ(Failure({"get", "X.K=1", "--host", Desktop()}, 1), "qvsata: unknown class 'X'\n");
+}
+
+TEST(BadPath, IsNamedWithThePosition) {
+    EXPECT_THAT(Failure({"get", "QV_SATADiskDrive.", "--host", Desktop()}, 1),
+                StartsWith("qvsata: path: position 18: "));
+}
+
+TEST(BadPath, ThatNamesNothingIsNotFound) {
+    EXPECT_EQ(Failure({"get", "QV_SATADiskDrive.DeviceID='x'", "--host", Desktop()}, 1),
+              "qvsata: QV_SATADiskDrive.DeviceID='x': not found (0x80041002)\n");
+}
+
+TEST(BadQuery, IsNamedWithTheColumn) {
+    EXPECT_THAT(Failure({"query", "SELECT * FRM X", "--host", Desktop()}, 1),
+                StartsWith("qvsata: query: column 10: "));
+}
+
+TEST(BadUsage, NeedsExactlyOneSource) {
+    EXPECT_THAT(Failure({"classes"}, 2), HasSubstr("give --host FILE"));
+    EXPECT_THAT(Failure({"classes", "--live", "--host", Desktop()}, 2), HasSubstr("--live"));
+}
+
+TEST(BadUsage, NamesAnUnknownFormat) {
+    EXPECT_THAT(Failure({"classes", "--live", "--format", "xml"}, 2), HasSubstr("'xml'"));
+}
+
+TEST(BadUsage, NeedsACommandAndItsArgument) {
+    Failure({}, 2);
+    Failure({"enumerate", "--live"}, 2);
+    Failure({"frobnicate"}, 2);
+    Failure({"classes", "--live", "--nonsense"}, 2);
+}
+
+TEST(BadUsage, RefusesALibraryBesideTheRegisteredOne) {
+    Failure({"classes", "--live", "--registered", "--dll", "x.dll"}, 2);
+}
+
+TEST(Registered, FailsWhereTheProviderIsNot) {
+    EXPECT_EQ(Failure({"classes", "--host", Desktop(), "--registered"}, 1),
+              "qvsata: starting the provider: class not registered (0x80040154)\n");
+}
+
+}  // namespace
+}  // namespace qv::test
