@@ -9,9 +9,9 @@
 
 namespace qv::benchmarks {
 
-/// A host in memory with a number of IDE disks, a media row for each, and as many port controllers.
-/// Its rows have about as many properties as those of a real host, and reading one costs little
-/// more than copying its value: what a builder adds to the reads shows.
+/// A host in memory with a number of IDE disks. Each disk has a media row, two partitions and a
+/// channel of its own, each channel a port controller of its own, and each of these two a driver.
+/// An answer costs little more than a look-up: what a builder adds to the reads shows.
 class GeneratedHost : public platform::QueryPort, public platform::HostFacts {
 public:
     explicit GeneratedHost(int disks);
@@ -21,6 +21,9 @@ public:
     platform::ComputerName NameInFormat(platform::NameFormat format) const override;
 
 private:
+    void AddController(const std::string& deviceId, const std::string& driver);
+    void Attach(const std::string& controllerId, const std::string& deviceId);
+
     std::map<std::string, platform::Rows, std::less<>> rowsOfQuery_;
 };
 
