@@ -1,4 +1,4 @@
-#include "tests/tool/RunTool.h"
+#include "tests/windows/tool/RunTool.h"
 
 #include <windows.h>
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "tests/tool/RunTool.h"
+#include "tests/windows/tool/RunTool.h"
 
 namespace qv::test {
 namespace {

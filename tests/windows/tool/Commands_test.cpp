@@ -3,7 +3,7 @@
 #include <set>
 
 #include "nlohmann/json.hpp"
-#include "tests/tool/RunTool.h"
+#include "tests/windows/tool/RunTool.h"
 
 namespace qv::test {
 namespace {
