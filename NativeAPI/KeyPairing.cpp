@@ -4,7 +4,7 @@
 #include <numeric>
 #include <ranges>
 
-#include "NativeAPI/KeyTable.h"
+#include "source/KeyTable.h"
 #include "source/Text.h"
 
 namespace qv {

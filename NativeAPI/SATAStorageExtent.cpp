@@ -51,8 +51,9 @@ RecordList NativeAPI::getQV_SATAStorageExtent(const Request& request) const {
                              links) == platform::QueryResult::submitted) {
         queries_.RunWqlQuery("root\\CIMv2", "SELECT * FROM Win32_DiskPartition", partitions);
     }
-    const PartitionLinks join =
-        request.WantsAllProperties() ? PartitionLinks(links, partitions) : PartitionLinks({}, {});
+    const PartitionLinks join = request.WantsAllProperties()
+                                    ? PartitionLinks(disks, links, partitions)
+                                    : PartitionLinks({}, {}, {});
     const auto hostName = HostName(host_);
     for (const auto& disk : disks) {
         if (!IsIdeDisk(*disk)) {

@@ -44,6 +44,22 @@ std::string_view KeyValue(std::string_view pathTail) {
                                      : std::string_view{};
 }
 
+std::vector<std::string> DeviceIds(const platform::Rows& rows) {
+    std::vector<std::string> ids;
+    ids.reserve(rows.size());
+    for (const auto& row : rows) {
+        ids.push_back(TextOrEmpty(*row, "DeviceID"));
+    }
+    return ids;
+}
+
+// The form in which the DeviceIDs of disks are sought in paths.
+std::vector<std::string> SoughtDeviceIds(const platform::Rows& disks) {
+    std::vector<std::string> ids = DeviceIds(disks);
+    std::ranges::transform(ids, ids.begin(), StripBackslashes);
+    return ids;
+}
+
 const platform::Row* Find(const std::unordered_map<std::string, const platform::Row*>& rows,
                           const std::string& key) {
     const auto found = rows.find(key);
@@ -145,32 +161,27 @@ const platform::Row* ControllerLinks::ControllerOfChannel(std::string_view path)
     return tail ? Find(byPathTail_, std::string(*tail)) : nullptr;
 }
 
-PartitionLinks::PartitionLinks(const platform::Rows& links, const platform::Rows& partitions) {
+PartitionLinks::PartitionLinks(const platform::Rows& disks, const platform::Rows& links,
+                               const platform::Rows& partitions)
+    : disks_(SoughtDeviceIds(disks)), partitionsOfDisk_(disks.size()) {
+    const KeyTable partitionIds(DeviceIds(partitions));
     for (const auto& link : links) {
-        links_.push_back(
-            {StripBackslashes(TextOrEmpty(*link, "Antecedent")), TextOrEmpty(*link, "Dependent")});
-    }
-    for (const auto& partition : partitions) {
-        partitions_.push_back({TextOrEmpty(*partition, "DeviceID"), partition.get()});
+        const auto named = partitionIds.Contained(TextOrEmpty(*link, "Dependent"));
+        if (named.empty()) {
+            continue;
+        }
+        const auto* partition = partitions[named.front()].get();
+        const std::string antecedent = StripBackslashes(TextOrEmpty(*link, "Antecedent"));
+        for (const std::size_t disk : disks_.Contained(antecedent)) {
+            partitionsOfDisk_[disk].push_back(partition);
+        }
     }
 }
 
 std::vector<const platform::Row*> PartitionLinks::PartitionsOfDisk(
     std::string_view deviceId) const {
-    const std::string disk = StripBackslashes(deviceId);
-    std::vector<const platform::Row*> matched;
-    for (const Link& link : links_) {
-        if (!Contains(link.disk, disk)) {
-            continue;
-        }
-        const auto found = std::ranges::find_if(partitions_, [&link](const Partition& partition) {
-            return Contains(link.partition, partition.deviceId);
-        });
-        if (found != partitions_.end()) {
-            matched.push_back(found->row);
-        }
-    }
-    return matched;
+    const auto places = disks_.Equal(StripBackslashes(deviceId));
+    return places.empty() ? std::vector<const platform::Row*>{} : partitionsOfDisk_[places.front()];
 }
 
 }  // namespace qv

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/Row.h"
+#include "source/KeyTable.h"
 
 namespace qv {
 
@@ -84,27 +85,20 @@ private:
 /// Which Win32_DiskPartition rows belong to a disk, by the Win32_DiskDriveToDiskPartition rows.
 class PartitionLinks {
 public:
-    /// The partition rows outlive the object.
-    PartitionLinks(const platform::Rows& links, const platform::Rows& partitions);
+    /// `disks` are the Win32_DiskDrive rows whose partitions may be asked for. The partition rows
+    /// outlive the object.
+    PartitionLinks(const platform::Rows& disks, const platform::Rows& links,
+                   const platform::Rows& partitions);
 
-    /// The partitions of the disk with this DeviceID, in the order of the links: for each link
-    /// whose Antecedent contains the DeviceID, both without backslashes, the first partition whose
-    /// DeviceID its Dependent contains. That an ID also matches where it is the beginning of
-    /// another (drive 1 and drive 10) is on purpose.
+    /// The partitions of that of the disks which has this DeviceID, in the order of the links: for
+    /// each link whose Antecedent contains the DeviceID, both without backslashes, the first
+    /// partition whose DeviceID its Dependent contains. That an ID also matches where it is the
+    /// beginning of another (drive 1 and drive 10) is on purpose. None for any other DeviceID.
     std::vector<const platform::Row*> PartitionsOfDisk(std::string_view deviceId) const;
 
 private:
-    struct Link {
-        std::string disk;       ///< the Antecedent without backslashes
-        std::string partition;  ///< the Dependent
-    };
-    struct Partition {
-        std::string deviceId;
-        const platform::Row* row;
-    };
-
-    std::vector<Link> links_;
-    std::vector<Partition> partitions_;
+    KeyTable disks_;  ///< DeviceIDs without backslashes
+    std::vector<std::vector<const platform::Row*>> partitionsOfDisk_;  ///< by place in disks_
 };
 
 }  // namespace qv

@@ -16,10 +16,11 @@ using test::With;
 // The DeviceIDs of a disk's partitions, in order.
 std::vector<std::string> PartitionsOf(std::string_view devicePath, std::vector<Properties> links,
                                       std::vector<Properties> partitions) {
+    const platform::Rows disks = RowsOf({test::Disk("a disk", std::string(devicePath))});
     const platform::Rows rows = RowsOf(std::move(partitions));
     std::vector<std::string> found;
     for (const auto* row :
-         PartitionLinks(RowsOf(std::move(links)), rows).PartitionsOfDisk(devicePath)) {
+         PartitionLinks(disks, RowsOf(std::move(links)), rows).PartitionsOfDisk(devicePath)) {
         found.push_back(TextOrEmpty(*row, "DeviceID"));
     }
     return found;
@@ -86,6 +87,24 @@ TEST(PartitionsOfDisk, AMissingIdIsContainedInEveryText) {
     EXPECT_EQ(PartitionsOf(drive1, {PartitionLink(drive1, "A#1")},
                            {With(Partition("A#1"), {{"DeviceID", std::monostate{}}})}),
               (Ids{""}));
+}
+
+TEST(PartitionsOfDisk, AreGivenToEachOfSeveralDisksWithOneId) {
+    const platform::Rows disks =
+        RowsOf({test::Disk("one", drive1), test::Disk("other", drive1), test::Disk("10", drive10)});
+    const platform::Rows links = RowsOf({PartitionLink(drive1, "A")});
+    const platform::Rows partitions = RowsOf({Partition("A")});
+    const PartitionLinks join(disks, links, partitions);
+    EXPECT_EQ(join.PartitionsOfDisk(drive1),
+              std::vector<const platform::Row*>{partitions.front().get()});
+    EXPECT_TRUE(join.PartitionsOfDisk(drive10).empty());
+}
+
+TEST(PartitionsOfDisk, AreNoneOfADiskThatIsNotAmongThose) {
+    const platform::Rows partitions = RowsOf({Partition("A")});
+    EXPECT_TRUE(PartitionLinks({}, RowsOf({PartitionLink(drive1, "A")}), partitions)
+                    .PartitionsOfDisk(drive1)
+                    .empty());
 }
 
 TEST(PartitionsOfDisk, AreNoneWithoutRows) {

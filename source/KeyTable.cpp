@@ -1,4 +1,4 @@
-#include "NativeAPI/KeyTable.h"
+#include "source/KeyTable.h"
 
 #include <algorithm>
 #include <numeric>
