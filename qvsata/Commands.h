@@ -6,9 +6,12 @@ namespace qv::tool {
 
 // Each adds one command to the program; it runs when the command line names it, and raises what
 // Session.h raises.
+void AddAssociators(CLI::App& program);
 void AddClasses(CLI::App& program);
 void AddEnumerate(CLI::App& program);
 void AddGet(CLI::App& program);
 void AddQuery(CLI::App& program);
+void AddReferences(CLI::App& program);
+void AddTopology(CLI::App& program);
 
 }  // namespace qv::tool

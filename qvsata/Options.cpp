@@ -1,27 +1,44 @@
 #include "qvsata/Options.h"
 
-#include <functional>
-#include <map>
+#include <algorithm>
+#include <array>
 
 namespace qv::tool {
 namespace {
 
-/// Sets a format by its name.
-std::function<void(const std::string&)> FormatReader(Format& format) {
-    return [&format](const std::string& name) {
-        static const std::map<std::string, Format, std::less<>> formats{
-            {"text", Format::text}, {"json", Format::json}, {"mof", Format::mof}};
-        const auto found = formats.find(name);
-        if (found == formats.end()) {
-            throw CLI::ValidationError("--format", "'" + name + "' is not text, json or mof");
-        }
-        format = found->second;
-    };
+/// "text, json or mof"
+std::string Alternatives(const std::vector<std::string>& names, const std::string& afterFirst) {
+    std::string text = names.front() + afterFirst;
+    for (std::size_t index = 1; index < names.size(); ++index) {
+        text += (index + 1 == names.size() ? " or " : ", ") + names[index];
+    }
+    return text;
 }
 
 }  // namespace
 
+void AddFormatOption(CLI::App& command, const std::vector<std::string>& names,
+                     std::function<void(std::size_t)> choose) {
+    const auto read = [names, choose = std::move(choose)](const std::string& name) {
+        const auto found = std::ranges::find(names, name);
+        if (found == names.end()) {
+            throw CLI::ValidationError("--format",
+                                       "'" + name + "' is not " + Alternatives(names, ""));
+        }
+        choose(static_cast<std::size_t>(found - names.begin()));
+    };
+    command.add_option_function<std::string>("--format", read, Alternatives(names, " (default)"))
+        ->type_name("FORMAT");
+}
+
 void AddOptions(CLI::App& command, Options& options) {
+    AddSourceOptions(command, options);
+    AddFormatOption(command, {"text", "json", "mof"}, [&options](std::size_t position) {
+        options.format = std::array{Format::text, Format::json, Format::mof}[position];
+    });
+}
+
+void AddSourceOptions(CLI::App& command, Options& options) {
     auto* host = command.add_option("--host", options.host, "a recorded host (JSON file)");
     host->type_name("FILE");
     command.add_flag("--live", options.live, "this machine's own management service")
@@ -32,10 +49,6 @@ void AddOptions(CLI::App& command, Options& options) {
                 "give --host FILE for a recorded host or --live for this machine");
         }
     });
-    command
-        .add_option_function<std::string>("--format", FormatReader(options.format),
-                                          "text (default), json or mof")
-        ->type_name("FORMAT");
 
     auto* library =
         command.add_option("--dll", options.library, "the provider (default: beside this program)")

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <string>
+#include <vector>
 
 #include "CLI/CLI.hpp"
 
@@ -23,5 +25,13 @@ struct Options {
 /// Adds the options to a command; they are kept in `options` when the command line is read. Exactly
 /// one of --host and --live has to be given.
 void AddOptions(CLI::App& command, Options& options);
+
+/// The same without --format, for a command with formats of its own.
+void AddSourceOptions(CLI::App& command, Options& options);
+
+/// Adds --format. `choose` is called with the position of the given one of the names, of which the
+/// first is the default.
+void AddFormatOption(CLI::App& command, const std::vector<std::string>& names,
+                     std::function<void(std::size_t)> choose);
 
 }  // namespace qv::tool

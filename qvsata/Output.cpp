@@ -1,7 +1,6 @@
 #include "qvsata/Output.h"
 
-#include <cstdio>
-
+#include "qvsata/Console.h"
 #include "qvsata/OutputJson.h"
 #include "qvsata/OutputMof.h"
 #include "qvsata/OutputText.h"
@@ -21,7 +20,7 @@ std::string FormatObjects(const service::ObjectList& objects, Format format) {
 }
 
 void Print(const std::string& text) {
-    std::fwrite(text.data(), 1, text.size(), stdout);
+    Print(view::StyledText{{text}});
 }
 
 }  // namespace qv::tool

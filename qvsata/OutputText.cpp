@@ -5,21 +5,14 @@
 
 #include "qvsata/service/com/MofText.h"
 #include "qvsata/service/com/ObjectReading.h"
+#include "qvsata/view/Columns.h"
 
 namespace qv::tool {
 namespace {
 
 using service::ObjectProperty;
-
-/// Columns that a UTF-8 text takes up, one for each character.
-std::size_t WidthOf(const std::string& text) {
-    return static_cast<std::size_t>(std::ranges::count_if(
-        text, [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0) != 0x80; }));
-}
-
-std::string Padding(std::size_t width, const std::string& text) {
-    return std::string(width - std::min(width, WidthOf(text)), ' ');
-}
+using view::Padding;
+using view::WidthOf;
 
 /// A text stands for itself; other values are written as in MOF.
 std::string ValueText(const ObjectProperty& property) {

@@ -43,10 +43,13 @@ int Run() {
     program.allow_windows_style_options(false);
     program.set_version_flag("--version", "qvsata " QV_VERSION);
     program.require_subcommand(1);
+    tool::AddTopology(program);
     tool::AddClasses(program);
     tool::AddEnumerate(program);
     tool::AddGet(program);
     tool::AddQuery(program);
+    tool::AddAssociators(program);
+    tool::AddReferences(program);
     try {
         program.parse(Arguments());
         return 0;

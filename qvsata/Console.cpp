@@ -1,0 +1,108 @@
+#include "qvsata/Console.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <optional>
+#include <string_view>
+
+#include "platform/windows/Text.h"
+
+namespace qv::tool {
+namespace {
+
+/// A console's colours, put back when this object goes.
+class ConsoleWriter {
+public:
+    ConsoleWriter(HANDLE console, bool coloured) : console_(console), coloured_(coloured) {
+        CONSOLE_SCREEN_BUFFER_INFO info{};
+        if (GetConsoleScreenBufferInfo(console_, &info) != FALSE) {
+            usual_ = info.wAttributes;
+        }
+    }
+    ConsoleWriter(const ConsoleWriter&) = delete;
+    ConsoleWriter& operator=(const ConsoleWriter&) = delete;
+    ~ConsoleWriter() { SetColour(view::Style::plain); }
+
+    void Write(const view::Span& span) {
+        SetColour(span.style);
+        std::wstring text = windows::ToWide(span.text, CP_UTF8);
+        std::wstring_view rest = text;
+        // A console refuses too much at once.
+        constexpr std::size_t most = 8192;
+        while (!rest.empty()) {
+            DWORD written = 0;
+            const auto part = static_cast<DWORD>(std::min(rest.size(), most));
+            if (WriteConsoleW(console_, rest.data(), part, &written, nullptr) == FALSE ||
+                written == 0) {
+                return;
+            }
+            rest.remove_prefix(written);
+        }
+    }
+
+private:
+    // Attributes and not escape sequences: consoles before Windows 10 and Wine's know only these.
+    void SetColour(view::Style style) {
+        if (!coloured_) {
+            return;
+        }
+        constexpr WORD colours =
+            FOREGROUND_RED | FOREGROUND_GREEN | FOREGROUND_BLUE | FOREGROUND_INTENSITY;
+        const auto background = static_cast<WORD>(usual_ & ~colours);
+        switch (style) {
+            case view::Style::plain:
+                SetConsoleTextAttribute(console_, usual_);
+                return;
+            case view::Style::good:
+                SetConsoleTextAttribute(console_, background | FOREGROUND_GREEN);
+                return;
+            case view::Style::caution:
+                SetConsoleTextAttribute(console_, background | FOREGROUND_RED | FOREGROUND_GREEN |
+                                                      FOREGROUND_INTENSITY);
+                return;
+            case view::Style::bad:
+                SetConsoleTextAttribute(console_,
+                                        background | FOREGROUND_RED | FOREGROUND_INTENSITY);
+                return;
+            case view::Style::faint:
+                SetConsoleTextAttribute(console_, background | FOREGROUND_INTENSITY);
+                return;
+        }
+    }
+
+    HANDLE console_;
+    bool coloured_;
+    WORD usual_ = FOREGROUND_RED | FOREGROUND_GREEN | FOREGROUND_BLUE;
+};
+
+/// The console that standard output leads to; null when it leads elsewhere.
+HANDLE Console() {
+    HANDLE output = GetStdHandle(STD_OUTPUT_HANDLE);
+    DWORD mode = 0;
+    const bool isConsole =
+        GetFileType(output) == FILE_TYPE_CHAR && GetConsoleMode(output, &mode) != FALSE;
+    return isConsole ? output : nullptr;
+}
+
+bool WantsColour() {
+    const char* refusal = std::getenv("NO_COLOR");
+    return refusal == nullptr || *refusal == '\0';
+}
+
+}  // namespace
+
+void Print(const view::StyledText& text) {
+    if (HANDLE console = Console()) {
+        std::fflush(stdout);
+        ConsoleWriter writer(console, WantsColour());
+        std::ranges::for_each(text, [&writer](const view::Span& span) { writer.Write(span); });
+        return;
+    }
+    const std::string plain = view::PlainText(text);
+    std::fwrite(plain.data(), 1, plain.size(), stdout);
+}
+
+}  // namespace qv::tool

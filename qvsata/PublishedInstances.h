@@ -1,0 +1,15 @@
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "qvsata/service/com/EmbeddedNamespace.h"
+#include "qvsata/view/PublishedObject.h"
+
+namespace qv::tool {
+
+/// The instances of some classes of a namespace. Raises CommandError when one cannot be enumerated.
+view::PublishedHost ReadInstances(const service::EmbeddedNamespace& nameSpace,
+                                  std::span<const std::string_view> classes);
+
+}  // namespace qv::tool

@@ -1,0 +1,260 @@
+#include "qvsata/view/Topology.h"
+
+#include <algorithm>
+#include <charconv>
+#include <utility>
+
+#include "qvsata/view/Columns.h"
+#include "source/Text.h"
+
+namespace qv::view {
+namespace {
+
+using Identities = std::map<std::string, std::string>;
+
+constexpr std::array<std::pair<std::int64_t, std::string_view>, 5> codeWords{
+    {{0, "Unknown"}, {2, "OK"}, {3, "Degraded"}, {5, "Pred Fail"}, {6, "Error"}}};
+
+Status StatusOf(const PublishedObject& object, std::string_view codes, std::string_view texts) {
+    Status status{object.Number(codes), std::string(Trimmed(object.Text(texts)))};
+    if (status.word.empty() && status.code) {
+        const auto* known = std::ranges::find(codeWords, *status.code,
+                                              &std::pair<std::int64_t, std::string_view>::first);
+        status.word = known == codeWords.end() ? "status " + std::to_string(*status.code)
+                                               : std::string(known->second);
+    }
+    if (status.word.empty()) {
+        status.word = "no status";
+    }
+    return status;
+}
+
+Status StatusOf(const PublishedObject& object) {
+    return StatusOf(object, "OperationalStatus", "StatusDescriptions");
+}
+
+/// For each object that the role `from` names in an association class, the one that the role `to`
+/// names with it; the longest of several.
+Identities Partners(const PublishedHost& host, std::string_view association, std::string_view from,
+                    std::string_view to) {
+    Identities partners;
+    for (const PublishedObject& link : InstancesOf(host, association)) {
+        const std::string end = link.Referenced(from);
+        std::string candidate = link.Referenced(to);
+        if (std::string& partner = partners[end]; candidate.size() > partner.size()) {
+            partner = std::move(candidate);
+        }
+    }
+    return partners;
+}
+
+Identities Inverted(const Identities& partners) {
+    Identities inverted;
+    for (const auto& [from, to] : partners) {
+        inverted[to] = from;
+    }
+    return inverted;
+}
+
+std::string Lookup(const Identities& partners, const std::string& identity) {
+    const auto found = partners.find(identity);
+    return found == partners.end() ? std::string() : found->second;
+}
+
+std::optional<std::uint64_t> Bytes(const std::string& text) {
+    std::uint64_t bytes = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), bytes);
+    return error == std::errc() && !text.empty() && end == text.data() + text.size()
+               ? std::optional(bytes)
+               : std::nullopt;
+}
+
+/// The end of an endpoint's or a channel's key that names what it is connected to.
+std::string ConnectedTo(const std::string& key) {
+    constexpr std::string_view link = " connected to ";
+    const std::size_t found = key.rfind(link);
+    return found == std::string::npos ? std::string() : key.substr(found + link.size());
+}
+
+/// A label in the published text takes a third of a line; its ID is what tells channels apart.
+std::string ChannelName(const PublishedObject& port) {
+    constexpr std::string_view label = "IDECHANNEL with ID: ";
+    const std::string name = port.Text("ElementName");
+    return name.starts_with(label) ? name.substr(label.size()) : name;
+}
+
+class Builder {
+public:
+    explicit Builder(const PublishedHost& host) : host_(host) {}
+
+    Topology Build() {
+        Topology topology;
+        for (const PublishedObject& computer : Instances("QV_WinComputerSystem")) {
+            topology.computer = computer.Text("Name");
+        }
+        for (const PublishedObject& collection : Instances("QV_SATAStorageCollection")) {
+            topology.collection =
+                StatusOf(collection, "GroupOperationalStatus", "GroupStatusDescriptions");
+        }
+        AddControllers(topology);
+        AddChannels(topology);
+        AddDisks(topology);
+        return topology;
+    }
+
+private:
+    const std::vector<PublishedObject>& Instances(std::string_view className) const {
+        return InstancesOf(host_, className);
+    }
+
+    void AddControllers(Topology& topology) {
+        const auto drivers = SoftwareByController("QV_SATAPortControllerDriver");
+        const auto firmware = SoftwareByController("QV_SATAPortControllerFW");
+        const auto bios = SoftwareByController("QV_SATAPortControllerBIOS");
+        for (const PublishedObject& object : Instances("QV_SATAPortController")) {
+            const std::string identity = object.Identity();
+            const auto of =
+                [&identity](
+                    const std::map<std::string, Software>& known) -> std::optional<Software> {
+                const auto found = known.find(identity);
+                return found == known.end() ? std::nullopt : std::optional(found->second);
+            };
+            controllers_.push_back(identity);
+            topology.controllers.push_back({object.Text("ElementName"),
+                                            object.Text("DeviceID"),
+                                            StatusOf(object),
+                                            of(drivers),
+                                            of(firmware),
+                                            of(bios),
+                                            {},
+                                            {}});
+        }
+    }
+
+    std::map<std::string, Software> SoftwareByController(const std::string& className) const {
+        const Identities partners =
+            Partners(host_, className + "SATAPortController", "Antecedent", "Dependent");
+        std::map<std::string, Software> software;
+        for (const PublishedObject& object : Instances(className)) {
+            const std::string controller = Lookup(partners, object.Identity());
+            if (!controller.empty()) {
+                software[controller] = {object.Text("Name"), object.Text("VersionString")};
+            }
+        }
+        return software;
+    }
+
+    void AddChannels(Topology& topology) {
+        const Identities controllerOf =
+            Partners(host_, "QV_SATAPortControllerSATALogicalPort", "Dependent", "Antecedent");
+        for (const PublishedObject& port : Instances("QV_SATALogicalPort")) {
+            const std::string identity = port.Identity();
+            auto* siblings = &topology.looseChannels;
+            const auto controller = std::ranges::find(controllers_, Lookup(controllerOf, identity));
+            if (controller != controllers_.end()) {
+                siblings = &topology.controllers[Index(controllers_, controller)].channels;
+            }
+            siblings->push_back({ChannelName(port), port.Text("DeviceID"), StatusOf(port), {}});
+            channels_[identity] = {siblings, siblings->size() - 1};
+        }
+    }
+
+    void AddDisks(Topology& topology) {
+        const Identities targetOf = Inverted(Partners(
+            host_, "QV_TSATAProtocolEndpointSATADiskDrive", "AvailableSAP", "ManagedElement"));
+        const Identities initiatorOf =
+            Partners(host_, "QV_SATAInitiatorTargetLogicalUnitPath", "Target", "Initiator");
+        const Identities portOf = Inverted(
+            Partners(host_, "QV_SATALogicalPortISATAProtocolEndpoint", "Antecedent", "Dependent"));
+        const Identities extentOf =
+            Partners(host_, "QV_SATADiskDriveStorageExtent", "Antecedent", "Dependent");
+        const Identities endpointNames = EndpointNames();
+        for (const PublishedObject& object : Instances("QV_SATADiskDrive")) {
+            const std::string identity = object.Identity();
+            const std::string target = Lookup(targetOf, identity);
+            const std::string port = Lookup(portOf, Lookup(initiatorOf, target));
+            Place(topology, port, ConnectedTo(Lookup(endpointNames, target)))
+                .push_back(MakeDisk(object, Lookup(extentOf, identity)));
+        }
+    }
+
+    Identities EndpointNames() const {
+        Identities names;
+        for (const PublishedObject& endpoint : Instances("QV_TSATAProtocolEndpoint")) {
+            names[endpoint.Identity()] = endpoint.Text("Name");
+        }
+        return names;
+    }
+
+    /// The disks beside which a disk belongs that hangs off a channel, or off the device with an
+    /// ID.
+    std::vector<Disk>& Place(Topology& topology, const std::string& port,
+                             const std::string& deviceId) {
+        if (const auto channel = channels_.find(port); channel != channels_.end()) {
+            const auto& [siblings, index] = channel->second;
+            return (*siblings)[index].disks;
+        }
+        const auto controller =
+            std::ranges::find_if(topology.controllers, [&deviceId](const Controller& one) {
+                return EqualsIgnoringCase(one.deviceId, deviceId);
+            });
+        return controller == topology.controllers.end() ? topology.looseDisks : controller->disks;
+    }
+
+    Disk MakeDisk(const PublishedObject& object, const std::string& extentIdentity) const {
+        Disk disk;
+        disk.model = Trimmed(object.Text("Model"));
+        disk.deviceId = object.Text("DeviceID");
+        disk.serialNumber = Trimmed(object.Text("SerialNumber"));
+        disk.firmware = Trimmed(object.Text("FirmwareRevision"));
+        disk.status = StatusOf(object);
+        disk.size = Bytes(object.Text("Size"));
+        const auto& extents = Instances("QV_SATAStorageExtent");
+        const auto extent = std::ranges::find(extents, extentIdentity, &PublishedObject::Identity);
+        if (extent != extents.end()) {
+            disk.bootable = extent->Flag("Bootable");
+            disk.bootPartition = extent->Flag("BootPartition");
+            disk.primaryPartition = extent->Flag("PrimaryPartition");
+        }
+        return disk;
+    }
+
+    template <typename List, typename Iterator>
+    static std::size_t Index(const List& list, Iterator position) {
+        return static_cast<std::size_t>(position - list.begin());
+    }
+
+    /// Where a channel stands: its siblings may still move while channels are added.
+    using ChannelPlace = std::pair<std::vector<Channel>*, std::size_t>;
+
+    const PublishedHost& host_;
+    std::vector<std::string> controllers_;  ///< identities, as in the topology
+    std::map<std::string, ChannelPlace> channels_;
+};
+
+void Append(const std::vector<Disk>& disks, std::vector<const Disk*>& all) {
+    std::ranges::transform(disks, std::back_inserter(all), [](const Disk& disk) { return &disk; });
+}
+
+}  // namespace
+
+Topology BuildTopology(const PublishedHost& host) {
+    return Builder(host).Build();
+}
+
+std::vector<const Disk*> DisksOf(const Topology& topology) {
+    std::vector<const Disk*> all;
+    for (const Controller& controller : topology.controllers) {
+        for (const Channel& channel : controller.channels) {
+            Append(channel.disks, all);
+        }
+        Append(controller.disks, all);
+    }
+    for (const Channel& channel : topology.looseChannels) {
+        Append(channel.disks, all);
+    }
+    Append(topology.looseDisks, all);
+    return all;
+}
+
+}  // namespace qv::view

@@ -1,0 +1,97 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "qvsata/view/PublishedObject.h"
+
+namespace qv::view {
+
+/// What an instance says of its health.
+struct Status {
+    std::optional<std::int64_t> code;  ///< the first code, if there is one
+    std::string word;                  ///< never empty: "no status" when nothing is said
+};
+
+struct Disk {
+    std::string model;
+    std::string deviceId;
+    std::string serialNumber;  ///< without blanks at its ends
+    std::string firmware;
+    Status status;
+    std::optional<std::uint64_t> size;  ///< bytes
+    /// Of the partition that the disk's storage extent shows; nothing when it shows none.
+    std::optional<bool> bootable;
+    std::optional<bool> bootPartition;
+    std::optional<bool> primaryPartition;
+};
+
+struct Channel {
+    std::string name;
+    std::string deviceId;
+    Status status;
+    std::vector<Disk> disks;
+};
+
+/// A driver, firmware or BIOS.
+struct Software {
+    std::string name;
+    std::string version;  ///< empty when none is published
+};
+
+struct Controller {
+    std::string name;
+    std::string deviceId;
+    Status status;
+    std::optional<Software> driver;
+    std::optional<Software> firmware;
+    std::optional<Software> bios;
+    std::vector<Channel> channels;
+    std::vector<Disk> disks;  ///< attached without a channel
+};
+
+/// A host's storage as a tree; siblings stand in the order in which they are published.
+struct Topology {
+    std::string computer;  ///< empty when the host has no name
+    std::vector<Controller> controllers;
+    std::vector<Channel> looseChannels;  ///< of no published controller
+    std::vector<Disk> looseDisks;        ///< attached to nothing that is published
+    std::optional<Status> collection;    ///< the consolidated status of the disks
+};
+
+/// The classes whose instances BuildTopology looks at.
+inline constexpr std::array<std::string_view, 18> topologyClasses{
+    "QV_WinComputerSystem",
+    "QV_SATAPortController",
+    "QV_SATAPortControllerDriver",
+    "QV_SATAPortControllerFW",
+    "QV_SATAPortControllerBIOS",
+    "QV_SATALogicalPort",
+    "QV_TSATAProtocolEndpoint",
+    "QV_SATADiskDrive",
+    "QV_SATAStorageExtent",
+    "QV_SATAStorageCollection",
+    "QV_SATAPortControllerDriverSATAPortController",
+    "QV_SATAPortControllerFWSATAPortController",
+    "QV_SATAPortControllerBIOSSATAPortController",
+    "QV_SATAPortControllerSATALogicalPort",
+    "QV_SATALogicalPortISATAProtocolEndpoint",
+    "QV_SATAInitiatorTargetLogicalUnitPath",
+    "QV_TSATAProtocolEndpointSATADiskDrive",
+    "QV_SATADiskDriveStorageExtent",
+};
+
+/// Puts the published instances together by the associations between them. A disk hangs off the
+/// channel that the path from its target endpoint leads to, or else off the controller that the
+/// endpoint's name ends with. Where an association matches more partners than the one that is
+/// meant, because one device ID is the beginning of another, the longest counts.
+Topology BuildTopology(const PublishedHost& host);
+
+/// All disks of a host, in the order of the tree.
+std::vector<const Disk*> DisksOf(const Topology& topology);
+
+}  // namespace qv::view

@@ -1,0 +1,261 @@
+#include "qvsata/view/TopologyText.h"
+
+#include <algorithm>
+
+#include "qvsata/view/Columns.h"
+
+namespace qv::view {
+namespace {
+
+/// A line of the tree and what hangs below it.
+struct Node {
+    StyledText title;
+    StyledText detail;  ///< a second line; none when it is empty
+    std::vector<Node> children;
+    const Disk* disk = nullptr;  ///< the disk that the line shows; it has no title of its own
+};
+
+/// The tree lines in front of a node at one level.
+constexpr std::size_t levelWidth = 3;
+
+bool IsFine(const Status& status) {
+    return status.code == 2;
+}
+
+Style StyleOf(const Status& status) {
+    constexpr std::int64_t error = 6;
+    if (IsFine(status)) {
+        return Style::good;
+    }
+    return status.code == error ? Style::bad : Style::caution;
+}
+
+Span StatusSpan(const Status& status) {
+    return {(IsFine(status) ? "" : "! ") + status.word, StyleOf(status)};
+}
+
+/// Tenths of a unit, rounded to the nearest, with a point.
+std::string Tenths(std::uint64_t bytes, std::uint64_t unit) {
+    const std::uint64_t tenths = bytes / unit * 10 + (bytes % unit * 10 + unit / 2) / unit;
+    return std::to_string(tenths / 10) + '.' + std::to_string(tenths % 10);
+}
+
+std::string SizeText(const Disk& disk, std::uint64_t unit, const std::string& name) {
+    return disk.size ? Tenths(*disk.size, unit) + ' ' + name : "-";
+}
+
+std::string PartitionText(const Disk& disk) {
+    std::string words;
+    const auto append = [&words](const std::optional<bool>& flag, std::string_view word) {
+        if (flag.value_or(false)) {
+            words += words.empty() ? "" : ", ";
+            words += word;
+        }
+    };
+    append(disk.bootable, "bootable");
+    append(disk.bootPartition, "boot");
+    append(disk.primaryPartition, "primary");
+    return words;
+}
+
+std::string OrDash(const std::string& text) {
+    return text.empty() ? "-" : text;
+}
+
+struct Cell {
+    Span span;
+    bool toTheRight = false;
+};
+
+std::vector<Cell> DiskCells(const Disk& disk) {
+    constexpr std::uint64_t gigabyte = 1'000'000'000;
+    constexpr std::uint64_t gibibyte = std::uint64_t{1} << 30U;
+    return {{StatusSpan(disk.status)},
+            {{OrDash(disk.model)}},
+            {{SizeText(disk, gigabyte, "GB")}, true},
+            {{SizeText(disk, gibibyte, "GiB"), Style::faint}, true},
+            {{PartitionText(disk)}},
+            {{"S/N " + OrDash(disk.serialNumber)}}};
+}
+
+class Writer {
+public:
+    void Write(const Topology& topology, const std::vector<Node>& nodes) {
+        for (const Disk* disk : DisksOf(topology)) {
+            const std::vector<Cell> cells = DiskCells(*disk);
+            widths_.resize(cells.size());
+            for (std::size_t column = 0; column < cells.size(); ++column) {
+                widths_[column] = std::max(widths_[column], WidthOf(cells[column].span.text));
+            }
+        }
+        diskLevel_ = DeepestDisk(nodes, 1);
+        WriteNodes(nodes, "", 1);
+    }
+
+    StyledText Take() { return std::move(text_); }
+
+private:
+    static std::size_t DeepestDisk(const std::vector<Node>& nodes, std::size_t level) {
+        std::size_t deepest = 0;
+        for (const Node& node : nodes) {
+            deepest = std::max(
+                {deepest, node.disk != nullptr ? level : 0, DeepestDisk(node.children, level + 1)});
+        }
+        return deepest;
+    }
+
+    void WriteNodes(const std::vector<Node>& nodes, const std::string& prefix, std::size_t level) {
+        for (const Node& node : nodes) {
+            const bool isLast = &node == &nodes.back();
+            std::string branch = prefix + (isLast ? "└─" : "├─");
+            const std::string below = prefix + (isLast ? "   " : "│  ");
+            if (node.disk != nullptr) {
+                // Disks at every level have their columns below each other.
+                for (std::size_t dash = levelWidth * level; dash < levelWidth * diskLevel_;
+                     ++dash) {
+                    branch += "─";
+                }
+                text_.push_back({branch + ' '});
+                WriteDisk(*node.disk);
+                continue;
+            }
+            text_.push_back({branch + ' '});
+            WriteLine(node.title);
+            if (!node.detail.empty()) {
+                text_.push_back({below + (node.children.empty() ? "   " : "│  ")});
+                WriteLine(node.detail);
+            }
+            WriteNodes(node.children, below, level + 1);
+        }
+    }
+
+    void WriteLine(const StyledText& line) {
+        std::ranges::copy(line, std::back_inserter(text_));
+        text_.push_back({"\n"});
+    }
+
+    void WriteDisk(const Disk& disk) {
+        const std::vector<Cell> cells = DiskCells(disk);
+        std::string gap;
+        for (std::size_t column = 0; column < cells.size(); ++column) {
+            const Cell& cell = cells[column];
+            const std::string padding = Padding(widths_[column], cell.span.text);
+            text_.push_back({gap + (cell.toTheRight ? padding : "")});
+            text_.push_back(cell.span);
+            gap = (cell.toTheRight ? "" : padding) + (widths_[column] == 0 ? "" : "  ");
+        }
+        text_.push_back({"\n"});
+    }
+
+    StyledText text_;
+    std::vector<std::size_t> widths_;
+    std::size_t diskLevel_ = 0;
+};
+
+void AddDisks(const std::vector<Disk>& disks, std::vector<Node>& nodes) {
+    std::ranges::transform(disks, std::back_inserter(nodes), [](const Disk& disk) {
+        return Node{{}, {}, {}, &disk};
+    });
+}
+
+Node ChannelNode(const Channel& channel) {
+    Node node;
+    node.title = {{"channel " + OrDash(channel.name) + "  "}, StatusSpan(channel.status)};
+    if (channel.disks.empty()) {
+        node.title.push_back({"  empty", Style::faint});
+    }
+    AddDisks(channel.disks, node.children);
+    return node;
+}
+
+StyledText SoftwareText(const Controller& controller) {
+    std::string text;
+    const auto append = [&text](const std::string& kind, const std::optional<Software>& software) {
+        if (software) {
+            text += text.empty() ? "" : " · ";
+            text += kind + software->name;
+            text += software->version.empty() ? "" : ' ' + software->version;
+        }
+    };
+    append("driver ", controller.driver);
+    append("", controller.firmware);
+    append("", controller.bios);
+    return text.empty() ? StyledText{} : StyledText{{text, Style::faint}};
+}
+
+Node ControllerNode(const Controller& controller) {
+    Node node;
+    node.title = {{OrDash(controller.name) + "  "}, StatusSpan(controller.status)};
+    node.detail = SoftwareText(controller);
+    std::ranges::transform(controller.channels, std::back_inserter(node.children), ChannelNode);
+    AddDisks(controller.disks, node.children);
+    if (node.children.empty()) {
+        node.title.push_back({"  no channels, no disks", Style::faint});
+    }
+    return node;
+}
+
+std::vector<Node> Nodes(const Topology& topology) {
+    std::vector<Node> nodes;
+    std::ranges::transform(topology.controllers, std::back_inserter(nodes), ControllerNode);
+    if (nodes.empty()) {
+        nodes.push_back({{{"no IDE or SATA controllers", Style::faint}}, {}, {}, nullptr});
+    }
+    if (!topology.looseChannels.empty()) {
+        Node group{{{"channels of unknown controllers"}}, {}, {}, nullptr};
+        std::ranges::transform(topology.looseChannels, std::back_inserter(group.children),
+                               ChannelNode);
+        nodes.push_back(std::move(group));
+    }
+    if (!topology.looseDisks.empty()) {
+        Node group{{{"disks without a known attachment"}}, {}, {}, nullptr};
+        AddDisks(topology.looseDisks, group.children);
+        nodes.push_back(std::move(group));
+    }
+    return nodes;
+}
+
+/// How many disks there are and how many have which status, the statuses in order of appearance.
+StyledText Summary(const Topology& topology) {
+    const std::vector<const Disk*> disks = DisksOf(topology);
+    if (disks.empty()) {
+        return {{"no disks"}};
+    }
+    std::vector<std::pair<const Status*, std::size_t>> counts;
+    for (const Disk* disk : disks) {
+        const auto known = std::ranges::find_if(
+            counts, [disk](const auto& one) { return one.first->word == disk->status.word; });
+        if (known == counts.end()) {
+            counts.emplace_back(&disk->status, 1);
+        } else {
+            ++known->second;
+        }
+    }
+    StyledText text{{std::to_string(disks.size()) + (disks.size() == 1 ? " disk" : " disks")}};
+    std::string separator = ": ";
+    for (const auto& [status, count] : counts) {
+        text.push_back({separator});
+        text.push_back({std::to_string(count) + ' ' + status->word, StyleOf(*status)});
+        separator = ", ";
+    }
+    return text;
+}
+
+}  // namespace
+
+StyledText TopologyAsText(const Topology& topology) {
+    Writer writer;
+    writer.Write(topology, Nodes(topology));
+    StyledText text{
+        {(topology.computer.empty() ? "computer without a name" : topology.computer) + '\n'}};
+    std::ranges::move(writer.Take(), std::back_inserter(text));
+    std::ranges::move(Summary(topology), std::back_inserter(text));
+    if (topology.collection) {
+        text.push_back({"; consolidated status "});
+        text.push_back({topology.collection->word, StyleOf(*topology.collection)});
+    }
+    text.push_back({"\n"});
+    return text;
+}
+
+}  // namespace qv::view
