@@ -14,7 +14,7 @@ std::uint32_t AppendToFile(const windows::FileHandle& file, std::span<const std:
         !WriteFile(file.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr)) {
         return GetLastError();
     }
-    return ERROR_SUCCESS;
+    return written == bytes.size() ? ERROR_SUCCESS : ERROR_DISK_FULL;
 }
 
 }  // namespace qv

@@ -18,7 +18,7 @@ public:
     virtual ~QueryPort() = default;
 
     /// Runs a WQL text in a namespace ("root\CIMv2") and replaces `rows` with what it returned.
-    /// Never raises; may be called from several threads at once.
+    /// Raises only where memory runs out; may be called from several threads at once.
     virtual QueryResult RunWqlQuery(std::string_view nameSpace, std::string_view query,
                                     Rows& rows) const = 0;
 };

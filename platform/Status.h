@@ -8,12 +8,12 @@ namespace qv {
 /// Status codes of the management service (wbemcli.h) and of COM (winerror.h) that the portable
 /// core gives or passes on. The values are the platform's HRESULTs.
 enum class Status : std::uint32_t {
-    noError = 0,                       ///< WBEM_S_NO_ERROR
-    failed = 0x80041001,               ///< WBEM_E_FAILED
-    notFound = 0x80041002,             ///< WBEM_E_NOT_FOUND
-    invalidCimType = 0x8004102D,       ///< WBEM_E_INVALID_CIM_TYPE
-    unspecifiedFailure = 0x80004005,   ///< E_FAIL
-    outOfMemory = 0x8007000E,          ///< E_OUTOFMEMORY
+    noError = 0,                      ///< WBEM_S_NO_ERROR
+    failed = 0x80041001,              ///< WBEM_E_FAILED
+    notFound = 0x80041002,            ///< WBEM_E_NOT_FOUND
+    invalidCimType = 0x8004102D,      ///< WBEM_E_INVALID_CIM_TYPE
+    unspecifiedFailure = 0x80004005,  ///< E_FAIL
+    outOfMemory = 0x8007000E,         ///< E_OUTOFMEMORY
 };
 
 /// Success and failure as COM has them: the topmost bit marks a failure.

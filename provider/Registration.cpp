@@ -97,7 +97,7 @@ bool RegisterTypeLibrary(const std::wstring& modulePath) {
 
 HRESULT RegisterLibrary() {
     const std::wstring modulePath = ModulePath();
-    if (!WriteClasses(modulePath)) {
+    if (modulePath.empty() || !WriteClasses(modulePath)) {
         UnregisterLibrary();
         return SELFREG_E_CLASS;
     }

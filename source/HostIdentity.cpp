@@ -11,9 +11,9 @@ constexpr std::string_view computerSystemClass = "QV_WinComputerSystem";
 
 platform::QueryResult FindComputerSystemClass(const platform::QueryPort& queries,
                                               platform::Rows& definitions) {
-    return queries.RunWqlQuery(
-        "root\\QVQ", R"(SELECT * FROM meta_class WHERE __CLASS = "QV_WinComputerSystem")",
-        definitions);
+    return queries.RunWqlQuery("root\\QVQ",
+                               R"(SELECT * FROM meta_class WHERE __CLASS = "QV_WinComputerSystem")",
+                               definitions);
 }
 
 }  // namespace

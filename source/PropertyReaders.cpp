@@ -29,7 +29,7 @@ Status GetStringProperty(const platform::Row& row, std::string_view name, std::s
 Status GetIntegerProperty(const platform::Row& row, std::string_view name, std::int32_t& number) {
     const platform::PropertyRead read = row.Get(name);
     if (!Succeeded(read.status)) {
-        return read.status;
+        return Status::failed;
     }
     return std::visit(
         [&number](const auto& value) {
@@ -47,7 +47,7 @@ Status GetIntegerProperty(const platform::Row& row, std::string_view name, std::
 Status GetBooleanProperty(const platform::Row& row, std::string_view name, bool& flag) {
     const platform::PropertyRead read = row.Get(name);
     if (!Succeeded(read.status)) {
-        return read.status;
+        return Status::failed;
     }
     const auto* found = std::get_if<bool>(&read.value);
     if (found == nullptr) {
@@ -71,7 +71,7 @@ Status GetIntegerArrayProperty(const platform::Row& row, std::string_view name,
     numbers.clear();
     const platform::PropertyRead read = row.Get(name);
     if (!Succeeded(read.status)) {
-        return read.status;
+        return Status::failed;
     }
     return std::visit(
         [&numbers](const auto& value) {

@@ -10,11 +10,10 @@
 namespace qv {
 
 // Typed reads of a source row. Each succeeds only for the kinds of value that it names; another
-// kind, null included, gives Status::failed, and a property that cannot be read gives the status
-// of the read (GetUInt16Property: Status::failed). On failure the output stays as it was, but for
-// GetIntegerArrayProperty.
+// kind, null included, gives Status::failed, and so does a property that cannot be read, but for
+// GetStringProperty. On failure the output stays as it was, but for GetIntegerArrayProperty.
 
-/// Accepts text only.
+/// Accepts text only. A property that cannot be read gives the status of the read.
 Status GetStringProperty(const platform::Row& row, std::string_view name, std::string& text);
 
 /// Accepts signed and unsigned whole numbers of 8, 16 and 32 bits, extended by their sign; a

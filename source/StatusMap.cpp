@@ -13,9 +13,9 @@ struct StatusCode {
 
 // "Service" counts as OK, "Stressed" as degraded, on purpose.
 constexpr std::array statusCodes{
-    StatusCode{"OK", 2},         StatusCode{"Error", 6},      StatusCode{"Degraded", 3},
-    StatusCode{"Unknown", 0},    StatusCode{"Pred Fail", 5},  StatusCode{"Service", 2},
-    StatusCode{"Stressed", 3},   StatusCode{"NonRecover", 6}, StatusCode{"No Contact", 0},
+    StatusCode{"OK", 2},        StatusCode{"Error", 6},      StatusCode{"Degraded", 3},
+    StatusCode{"Unknown", 0},   StatusCode{"Pred Fail", 5},  StatusCode{"Service", 2},
+    StatusCode{"Stressed", 3},  StatusCode{"NonRecover", 6}, StatusCode{"No Contact", 0},
     StatusCode{"Lost Comm", 6},
 };
 

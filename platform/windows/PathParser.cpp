@@ -15,8 +15,7 @@ using TextBuffer = std::array<wchar_t, 1000>;
 
 HRESULT ParsePath(IClassFactory& parsers, LPCWSTR objectPath, PathTexts& texts) {
     ComPtr<IWbemPath> parser;
-    HRESULT status = parsers.CreateInstance(nullptr, pathInterfaceId,
-                                            reinterpret_cast<void**>(parser.GetAddressOf()));
+    HRESULT status = parsers.CreateInstance(nullptr, IID_PPV_ARGS(&parser));
     if (FAILED(status)) {
         return status;
     }

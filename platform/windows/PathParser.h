@@ -6,15 +6,16 @@
 
 #include <string>
 
+// The toolchain's header does not say which identifier the interface has.
+__CRT_UUID_DECL(IWbemPath, 0x3BC15AF2, 0x736C, 0x477E, 0x9E, 0x51, 0x23, 0x8A, 0xF8, 0x66, 0x7D,
+                0xCC)
+
 namespace qv::windows {
 
-/// The platform's object-path parser; the import libraries of the toolchain lack its identifiers.
+/// The class of the platform's object-path parser; the toolchain's import libraries lack it.
 // {CF4CC405-E2C5-4DDD-B3CE-5E7582D8C9FA}
 inline constexpr CLSID pathParserClassId{
     0xCF4CC405, 0xE2C5, 0x4DDD, {0xB3, 0xCE, 0x5E, 0x75, 0x82, 0xD8, 0xC9, 0xFA}};
-// {3BC15AF2-736C-477E-9E51-238AF8667DCC}
-inline constexpr IID pathInterfaceId{
-    0x3BC15AF2, 0x736C, 0x477E, {0x9E, 0x51, 0x23, 0x8A, 0xF8, 0x66, 0x7D, 0xCC}};
 
 /// What the parser says of an object path.
 struct PathTexts {

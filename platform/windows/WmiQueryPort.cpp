@@ -3,6 +3,7 @@
 #include <wbemprov.h>
 #include <windows.h>
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -39,15 +40,18 @@ void ReadAll(IEnumWbemClassObject& results, platform::Rows& rows) {
         std::array<IWbemClassObject*, batchSize> batch{};
         ULONG returned = 0;
         status = results.Next(batchTimeout, batchSize, batch.data(), &returned);
+        std::array<ComPtr<IWbemClassObject>, batchSize> objects;
+        std::ranges::transform(batch, objects.begin(), Adopt<IWbemClassObject>);
         if (FAILED(status)) {
             return;
         }
-        const bool counts = status == Hr(WBEM_S_NO_ERROR) || status == Hr(WBEM_S_FALSE) ||
-                            status == Hr(WBEM_S_TIMEDOUT);
-        for (IWbemClassObject* object : batch) {
-            auto owned = Adopt(object);
-            if (owned && counts) {
-                rows.push_back(std::make_shared<WmiRow>(std::move(owned)));
+        if (status != Hr(WBEM_S_NO_ERROR) && status != Hr(WBEM_S_FALSE) &&
+            status != Hr(WBEM_S_TIMEDOUT)) {
+            continue;
+        }
+        for (auto& object : objects) {
+            if (object) {
+                rows.push_back(std::make_shared<WmiRow>(std::move(object)));
             }
         }
     }

@@ -31,8 +31,8 @@ enum class CimType : std::uint16_t {
 /// A value of a property, UTF-8 throughout. Whole numbers of up to 32 bits are std::int64_t;
 /// 64-bit numbers, dates and references are text, as the management service delivers them.
 /// std::monostate is a property without a value.
-using CimValue = std::variant<std::monostate, bool, std::int64_t, double, std::string,
-                              std::vector<bool>, std::vector<std::int64_t>, std::vector<double>,
-                              std::vector<std::string>>;
+using CimValue =
+    std::variant<std::monostate, bool, std::int64_t, double, std::string, std::vector<bool>,
+                 std::vector<std::int64_t>, std::vector<double>, std::vector<std::string>>;
 
 }  // namespace qv::service

@@ -121,16 +121,19 @@ TEST(GetIntegerArrayProperty, AcceptsNumberArraysAndZeroExtendsTheir16BitElement
     }
 }
 
-TEST(PropertyReaders, GiveTheStatusOfAFailedReadAndLeaveTheOutput) {
-    const ScriptedRow row({});
+TEST(GetStringProperty, GivesTheStatusOfAFailedReadAndLeavesTheOutput) {
     std::string text = "before";
-    EXPECT_EQ(GetStringProperty(row, "P", text), Status::notFound);
+    EXPECT_EQ(GetStringProperty(ScriptedRow({}), "P", text), Status::notFound);
     EXPECT_EQ(text, "before");
+}
+
+TEST(PropertyReaders, OfOtherKindsTurnAFailedReadIntoTheGeneralFailureAndLeaveTheOutput) {
+    const ScriptedRow row({});
     std::int32_t number = 5;
-    EXPECT_EQ(GetIntegerProperty(row, "P", number), Status::notFound);
+    EXPECT_EQ(GetIntegerProperty(row, "P", number), Status::failed);
     EXPECT_EQ(number, 5);
     bool flag = true;
-    EXPECT_EQ(GetBooleanProperty(row, "P", flag), Status::notFound);
+    EXPECT_EQ(GetBooleanProperty(row, "P", flag), Status::failed);
     EXPECT_TRUE(flag);
 }
 
@@ -142,7 +145,7 @@ TEST(GetUInt16Property, TurnsAFailedReadIntoTheGeneralFailure) {
 
 TEST(GetIntegerArrayProperty, EmptiesTheOutputEvenWhenTheReadFails) {
     Numbers numbers{1, 2};
-    EXPECT_FALSE(Succeeded(GetIntegerArrayProperty(ScriptedRow({}), "P", numbers)));
+    EXPECT_EQ(GetIntegerArrayProperty(ScriptedRow({}), "P", numbers), Status::failed);
     EXPECT_EQ(numbers, Numbers{});
 }
 

@@ -74,7 +74,7 @@ ManagementHost::ManagementHost(const HostOptions& options)
         CLSID_WbemAdministrativeLocator, [own = namespace_, machine](REFIID iid, void** object) {
             return windows::MakeObject<Locator>(own, machine)->QueryInterface(iid, object);
         });
-    pathParser_.emplace(pathParserId, [](REFIID iid, void** object) {
+    pathParser_.emplace(windows::pathParserClassId, [](REFIID iid, void** object) {
         return windows::MakeObject<PathParser>()->QueryInterface(iid, object);
     });
     windows::ComPtr<IUnknown> object;

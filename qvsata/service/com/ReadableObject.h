@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/windows/UnsupportedObject.h"
 #include "qvsata/service/CimValue.h"
-#include "qvsata/service/com/UnsupportedObject.h"
 
 namespace qv::service {
 
@@ -24,7 +24,7 @@ struct ObjectProperty {
 /// Base of the service's objects: answers what is read of an IWbemClassObject through three
 /// questions that a derived class answers, and refuses what changes one. Reading may be done from
 /// several threads at once; an enumeration belongs to one thread.
-class ReadableObject : public UnsupportedObject {
+class ReadableObject : public windows::UnsupportedObject {
 public:
     /// A property, system properties ("__...") included, by name in any letter case.
     virtual std::optional<ObjectProperty> Find(std::string_view name) const = 0;

@@ -10,10 +10,10 @@
 #include <vector>
 
 #include "platform/windows/Bstr.h"
+#include "platform/windows/UnsupportedObject.h"
 #include "platform/windows/Variant.h"
 #include "platform/windows/WbemStatus.h"
 #include "source/PropertyReaders.h"
-#include "tests/windows/support/UnsupportedClassObject.h"
 
 namespace qv::windows {
 namespace {
@@ -22,7 +22,7 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 /// A row of one property "P".
-class OneValue : public qv::test::UnsupportedClassObject {
+class OneValue : public qv::windows::UnsupportedObject {
 public:
     explicit OneValue(VARIANT value) { VariantCopy(value_.Receive(), &value); }
 
