@@ -158,7 +158,9 @@ TEST_P(Help, EndsWithAnExample) {
     EXPECT_THAT(run.output, HasSubstr(std::string("Example: qvsata ") + GetParam()));
 }
 
-INSTANTIATE_TEST_SUITE_P(Commands, Help, testing::Values("classes", "enumerate", "get", "query"));
+INSTANTIATE_TEST_SUITE_P(Commands, Help,
+                         testing::Values("topology", "classes", "enumerate", "get", "query",
+                                         "associators", "references"));
 
 TEST(Version, IsPrinted) {
     EXPECT_EQ(RunTool({"--version"}).output, "qvsata 1.0.0\n");

@@ -1,0 +1,76 @@
+#include <gmock/gmock.h>
+
+#include "nlohmann/json.hpp"
+#include "tests/windows/tool/RunTool.h"
+
+namespace qv::test {
+namespace {
+
+using nlohmann::json;
+using testing::AllOf;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
+
+std::string Topology(const std::string& host, const std::string& format = "text") {
+    const ToolRun run = RunTool({"topology", "--host", host, "--format", format});
+    EXPECT_EQ(run.exitCode, 0U) << run.errors;
+    return run.output;
+}
+
+TEST(TopologyTree, ShowsDisksBelowTheirChannels) {
+    EXPECT_THAT(Topology(SourceFile("hosts/ahci-desktop.json")),
+                AllOf(StartsWith("study-desk.example.org\n"
+                                 "└─ Standard AHCI 1.0 Serial ATA Controller  OK\n"
+                                 "   │  driver msahci · SATA firmware 05 · SATA BIOS 05\n"
+                                 "   ├─ channel 4&1F2B6C03&0&0  OK\n"
+                                 "   │  └─ OK  NORTHLAKE N240S ATA Device    240.1 GB   223.6 GiB"),
+                      HasSubstr("channel 4&1F2B6C03&0&2  OK  empty\n"),
+                      EndsWith("\n3 disks: 3 OK; consolidated status OK\n")));
+}
+
+TEST(TopologyTree, ShowsDisksOfAControllerWithoutChannels) {
+    EXPECT_THAT(Topology(SourceFile("hosts/mixed-buses-failing.json")),
+                AllOf(HasSubstr("├─ Standard SATA AHCI Controller  OK\n"
+                                "│  ├─ ! Pred Fail  Halden HD4000F05  4000.8 GB  3726.0 GiB"),
+                      HasSubstr("│  └─ ! Degraded   Halden HD4000F05"),
+                      HasSubstr("3 disks: 1 Pred Fail, 1 OK, 1 Degraded")));
+}
+
+TEST(TopologyTree, HasNoColoursWhenItIsNotWrittenToATerminal) {
+    EXPECT_THAT(Topology(SourceFile("hosts/mixed-buses-failing.json")), Not(HasSubstr("\x1B")));
+}
+
+TEST(TopologyTree, OfAHostWithoutStorageSaysSo) {
+    const std::string empty =
+        WriteFile("qvsata-bare.json", R"({"computer": {"netbios": "N"}, "namespaces": {}})");
+    EXPECT_THAT(Topology(empty), HasSubstr("└─ no IDE or SATA controllers\nno disks"));
+}
+
+TEST(TopologyDocument, NestsDisksInChannelsAndControllers) {
+    const json document = json::parse(Topology(SourceFile("hosts/ahci-desktop.json"), "json"));
+    EXPECT_EQ(document["computer"], "study-desk.example.org");
+    const json controller = document["controllers"].at(0);
+    EXPECT_EQ(controller["driver"], json({{"name", "msahci"}, {"version", nullptr}}));
+    EXPECT_EQ(controller["channels"].size(), 6U);
+    EXPECT_EQ(controller["channels"][0]["disks"][0]["sizeBytes"], 240054796800);
+    EXPECT_EQ(document["looseDisks"], json::array());
+}
+
+TEST(TopologyGraph, LabelsEdgesAndNodesWithTheirClasses) {
+    const std::string graph = Topology(SourceFile("hosts/ahci-desktop.json"), "dot");
+    EXPECT_THAT(graph, StartsWith("digraph associations {\n"));
+    EXPECT_THAT(graph, HasSubstr(" [label=\"QV_SATAHostedCollection\"];\n"));
+    EXPECT_THAT(graph, HasSubstr("[label=\"QV_SATAStorageExtent\\n\\\\\\\\.\\\\PHYSICALDRIVE0\"]"));
+}
+
+TEST(Topology, RefusesAFormatOfOtherCommands) {
+    const ToolRun run =
+        RunTool({"topology", "--host", SourceFile("hosts/ahci-desktop.json"), "--format", "mof"});
+    EXPECT_EQ(run.exitCode, 2U);
+    EXPECT_THAT(run.errors, HasSubstr("'mof' is not text, json or dot"));
+}
+
+}  // namespace
+}  // namespace qv::test
