@@ -3,8 +3,10 @@
 #include <malloc.h>
 #include <objbase.h>
 
+#include <algorithm>
 #include <exception>
 #include <mutex>
+#include <utility>
 
 #include "provider/EventProcess.h"
 
@@ -16,18 +18,10 @@ constexpr DWORD pause = static_cast<DWORD>(CSATAHBA_EVENTS::interval.count());
 /// How long, in milliseconds, the locks stay held for threads that take their time to end.
 constexpr DWORD usualEnd = 1000;
 
-DWORD WINAPI RunMonitor(void*) {
-    // Never undone: the thread does not end by itself.
-    CoInitializeEx(nullptr, COINIT_MULTITHREADED);
-    for (;;) {
-        try {
-            ProcessMonitor().RunCycle();
-        } catch (const std::exception&) {
-            // Without memory the cycle is cut short; the next one begins anew.
-        }
-        Sleep(pause);
-    }
-}
+/// How long, in milliseconds, a thread in a cycle is given to come to rest, and how often that is
+/// looked at.
+constexpr DWORD usualCycle = 500;
+constexpr DWORD look = 10;
 
 /// Keeps every other thread out of a heap while it lives.
 class HeldHeap {
@@ -76,28 +70,37 @@ private:
     bool held_;
 };
 
-void WaitForEnd(const std::vector<windows::KernelHandle>& threads, DWORD limit) {
-    for (const windows::KernelHandle& thread : threads) {
-        WaitForSingleObject(thread.Get(), limit);
+}  // namespace
+
+DWORD WINAPI MonitorThreads::Run(void* thread) {
+    std::atomic<bool>& resting = static_cast<Thread*>(thread)->resting;
+    // Never undone: the thread does not end by itself.
+    CoInitializeEx(nullptr, COINIT_MULTITHREADED);
+    for (;;) {
+        try {
+            ProcessMonitor().RunCycle();
+        } catch (const std::exception&) {
+            // Without memory the cycle is cut short; the next one begins anew.
+        }
+        resting = true;
+        Sleep(pause);
+        resting = false;
     }
 }
 
-}  // namespace
-
 void MonitorThreads::StartOne() {
+    auto thread = std::make_unique<Thread>();
     const std::lock_guard guard(EventGuard());
-    threads_.emplace_back();
+    threads_.reserve(threads_.size() + 1);
     DWORD id = 0;
-    threads_.back() = windows::KernelHandle(CreateThread(nullptr, 0, RunMonitor, nullptr, 0, &id));
-    if (!threads_.back()) {
-        threads_.pop_back();
+    thread->handle = windows::KernelHandle(CreateThread(nullptr, 0, Run, thread.get(), 0, &id));
+    if (thread->handle) {
+        threads_.push_back(std::move(thread));
     }
 }
 
 void MonitorThreads::EndAll() noexcept {
-    if (threads_.empty()) {
-        return;
-    }
+    AwaitRest();
     {
         // From the outside in: who has one of these locks may want a later one, never an earlier.
         const auto inventory = ProcessInventory().HoldMembers();
@@ -105,13 +108,32 @@ void MonitorThreads::EndAll() noexcept {
         const HeldLoader loader;
         const HeldHeap processHeap(GetProcessHeap());
         const HeldHeap runtimeHeap(reinterpret_cast<HANDLE>(_get_heap_handle()));
-        for (const windows::KernelHandle& thread : threads_) {
-            TerminateThread(thread.Get(), 0);
+        // The end of one hands the inventory's named lock to another: none may go on by then.
+        for (const auto& thread : threads_) {
+            SuspendThread(thread->handle.Get());
         }
-        WaitForEnd(threads_, usualEnd);
+        for (const auto& thread : threads_) {
+            TerminateThread(thread->handle.Get(), 0);
+        }
+        WaitForEnd(usualEnd);
     }
-    WaitForEnd(threads_, INFINITE);
+    WaitForEnd(INFINITE);
     threads_.clear();
+}
+
+/// A thread that leaves its rest meanwhile comes as far as the lock of the inventory.
+void MonitorThreads::AwaitRest() const {
+    const auto rests = [](const auto& thread) { return thread->resting.load(); };
+    for (DWORD waited = 0; waited < usualCycle && !std::ranges::all_of(threads_, rests);
+         waited += look) {
+        Sleep(look);
+    }
+}
+
+void MonitorThreads::WaitForEnd(DWORD limit) const {
+    for (const auto& thread : threads_) {
+        WaitForSingleObject(thread->handle.Get(), limit);
+    }
 }
 
 }  // namespace qv::provider

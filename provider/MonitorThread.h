@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <atomic>
+#include <memory>
 #include <vector>
 
 #include "platform/windows/Handle.h"
@@ -9,9 +11,9 @@
 namespace qv::provider {
 
 /// The threads of one provider object that watch the disks. They run until they are ended by
-/// force, wherever they stand: a cycle may be waiting for a source or for a consumer that never
-/// answers. What such a thread held of COM (its apartment, references to objects) is lost; the
-/// named lock of the inventory passes to the next one who waits for it.
+/// force, wherever they stand and without being asked: a cycle may be waiting for a source or for a
+/// consumer that never answers. What such a thread held of COM (its apartment, references to
+/// objects) is lost; the named lock of the inventory passes to the next one who waits for it.
 class MonitorThreads {
 public:
     MonitorThreads() = default;
@@ -24,13 +26,23 @@ public:
 
     /// Ends all of them and waits for their end; from then on none runs code of this library.
     ///
-    /// While it does, it holds the locks that all threads of the process need and that would stay
-    /// locked for ever if a thread was ended inside them: those of the provider and the inventory,
-    /// the loader's, and those of the heaps.
+    /// A thread that is ended inside a lock of the process leaves it locked for ever. Therefore
+    /// a moment passes first if a thread is in a cycle, which is usually short: COM has locks that
+    /// nobody else can reach. Then the locks that can be held are held meanwhile: those of the
+    /// inventory and the event providers, the loader's, and those of the heaps.
     void EndAll() noexcept;
 
 private:
-    std::vector<windows::KernelHandle> threads_;
+    struct Thread {
+        windows::KernelHandle handle;
+        std::atomic<bool> resting = false;  ///< between two cycles
+    };
+
+    static DWORD WINAPI Run(void* thread);
+    void AwaitRest() const;
+    void WaitForEnd(DWORD limit) const;
+
+    std::vector<std::unique_ptr<Thread>> threads_;
 };
 
 }  // namespace qv::provider

@@ -1,0 +1,160 @@
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <wbemprov.h>
+#include <windows.h>
+// Behind windows.h, which it needs.
+#include <tlhelp32.h>
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/windows/ComObject.h"
+#include "tests/windows/events/EventStandIns.h"
+#include "tests/windows/events/FreshLibrary.h"
+#include "tests/windows/log/ScratchFolder.h"
+#include "tests/windows/log/ScratchRegistry.h"
+#include "tests/windows/support/CallerStandIn.h"
+#include "tests/windows/support/InitSinkStandIn.h"
+#include "tests/windows/support/NamespaceStandIn.h"
+#include "tests/windows/support/ReplacedImport.h"
+
+namespace qv::test {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+using windows::ComPtr;
+
+/// The library's pauses, cut short: a monitor's thread goes round without resting.
+class ShortPauses {
+public:
+    explicit ShortPauses(HMODULE library) : pause_(library, "Sleep", &PauseShortly) { asked = 0; }
+
+    /// The last pause of a second or more that was asked for, in milliseconds.
+    inline static std::atomic<DWORD> asked = 0;
+
+private:
+    static void WINAPI PauseShortly(DWORD duration) {
+        if (duration >= 1000) {
+            asked = duration;
+        }
+        Sleep(duration >= 1000 ? 5 : duration);
+    }
+
+    ReplacedImport<void WINAPI(DWORD)> pause_;
+};
+
+/// How many threads the process has.
+inline int ThreadCount() {
+    const windows::FileHandle snapshot(CreateToolhelp32Snapshot(TH32CS_SNAPTHREAD, 0));
+    THREADENTRY32 entry{};
+    entry.dwSize = sizeof entry;
+    int count = 0;
+    for (BOOL more = Thread32First(snapshot.Get(), &entry); more;
+         more = Thread32Next(snapshot.Get(), &entry)) {
+        count += entry.th32OwnerProcessID == GetCurrentProcessId() ? 1 : 0;
+    }
+    return count;
+}
+
+/// A fresh library between stand-ins for the management service, with log files and settings of its
+/// own. Whatever a test did, at its end no thread of the library is left, the thread of the test is
+/// its own, and the library could be unloaded.
+class EventTest : public ::testing::Test {
+protected:
+    EventTest() {
+        const wchar_t* common = L"Software\\Corvane\\WBEM";
+        settings->SetText(common, L"LogFolder", folder.Path());
+        settings->SetNumber(common, L"LogLevel", 1);
+        settings->SetNumber(common, L"LogMaxSize", 0x2000000);
+        settings->SetText(L"Software\\Corvane\\WBEM\\ServerLOGGING", L"LOGFILENAME",
+                          folder.File(L"legacy.log"));
+    }
+
+    void SetUp() override {
+        threadsBefore = ThreadCount();
+        Make(init);
+    }
+
+    void TearDown() override {
+        EXPECT_TRUE(ThreadIsItsOwn());
+        init.Reset();
+        EXPECT_EQ(ThreadCount(), threadsBefore);
+        EXPECT_EQ(library.CanUnloadNow(), S_OK);
+    }
+
+    void Make(ComPtr<IWbemProviderInit>& provider) const {
+        library.MakeProvider().As(&provider);
+        ASSERT_TRUE(provider);
+    }
+
+    HRESULT Initialize() { return Initialize(init, nameSpace.Get(), initSink.Get()); }
+    HRESULT Initialize(const ComPtr<IWbemProviderInit>& provider, IWbemServices* services,
+                       IWbemProviderInitSink* toldTo) {
+        const CallContext call(*caller.Get());
+        std::wstring name = L"root\\QVQ";
+        return provider->Initialize(nullptr, 0, name.data(), nullptr, services, context.Get(),
+                                    toldTo);
+    }
+
+    HRESULT ProvideEvents(IWbemObjectSink* to) { return ProvideEvents(init, to); }
+    HRESULT ProvideEvents(const ComPtr<IWbemProviderInit>& provider, IWbemObjectSink* to) {
+        ComPtr<IWbemEventProvider> events;
+        provider.As(&events);
+        return events->ProvideEvents(to, 0);
+    }
+
+    /// Initialised, and the machine's own hive is back, which tells the host's name.
+    void BeInitialised() {
+        ASSERT_EQ(Initialize(), S_OK);
+        settings.reset();
+    }
+
+    /// An initialised provider whose first thread stands in its first cycle with these looks at the
+    /// disks: one for the subscription, then two for each cycle.
+    void Subscribe(std::vector<Disks> looks) {
+        source.SetLooks(std::move(looks));
+        BeInitialised();
+        ASSERT_EQ(ProvideEvents(sink.Get()), S_OK);
+    }
+
+    /// The lines of the common log so far, without their times.
+    std::vector<std::wstring> Logged() const {
+        std::vector<std::wstring> lines;
+        for (const std::wstring& line : testing::ReadLinesOf(folder.File(L"QVWMISATA.log"))) {
+            lines.push_back(testing::TextOf(line));
+        }
+        return lines;
+    }
+
+    /// The text of the legacy log so far.
+    std::string LegacyLogged() const {
+        const std::wstring file = folder.File(L"legacy.log");
+        return std::filesystem::exists(file) ? testing::ReadBytesOf(file) : "";
+    }
+
+    testing::ScratchFolder folder;
+    /// What the library reads until it is initialised.
+    std::optional<testing::ScratchRegistry> settings{std::in_place};
+    FreshLibrary library;
+    EventSource source;
+    ComPtr<CallerStandIn> caller = windows::MakeObject<CallerStandIn>();
+    ComPtr<EventNamespace> nameSpace = windows::MakeObject<EventNamespace>();
+    ComPtr<ContextStandIn> context = windows::MakeObject<ContextStandIn>();
+    ComPtr<InitSinkStandIn> initSink = windows::MakeObject<InitSinkStandIn>();
+    ComPtr<EventSink> sink = windows::MakeObject<EventSink>();
+    ComPtr<IWbemProviderInit> init;
+    int threadsBefore = 0;
+};
+
+/// A line of the common log.
+inline std::wstring Line(const std::wstring& level, const std::wstring& operation,
+                         const std::wstring& text) {
+    return L"[" + level + L"] CQVWMISATA_EventProv::" + operation + L"| " + text;
+}
+
+}  // namespace qv::test

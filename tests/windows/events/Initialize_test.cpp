@@ -1,0 +1,148 @@
+#include "tests/windows/events/EventTest.h"
+
+namespace qv::test {
+namespace {
+
+class EventInitializeTest : public EventTest {};
+
+const wchar_t* const loadedText = L"CQVWMISATA_EventProv DLL is loaded";
+const std::wstring loaded = Line(L"Information", L"CQVWMISATA_EventProv", loadedText);
+const std::wstring entering = Line(L"Information", L"Initialize", L"Entering Initialize");
+
+TEST_F(EventInitializeTest, HasTheInterfacesOfAnEventProviderAndNoOther) {
+    ComPtr<IWbemEventProviderSecurity> security;
+    ComPtr<IWbemEventProvider> events;
+    ComPtr<IWbemServices> services;
+    ComPtr<IUnknown> identity;
+    ComPtr<IUnknown> same;
+    EXPECT_EQ(init.As(&security), S_OK);
+    EXPECT_EQ(init.As(&events), S_OK);
+    EXPECT_EQ(init.As(&services), E_NOINTERFACE);
+    security.As(&identity);
+    events.As(&same);
+    EXPECT_EQ(identity.Get(), same.Get());
+    EXPECT_EQ(static_cast<void*>(identity.Get()), static_cast<void*>(security.Get()));
+}
+
+TEST_F(EventInitializeTest, TellsTheInitSinkThatItIsReady) {
+    EXPECT_EQ(Initialize(), S_OK);
+    EXPECT_THAT(initSink->statuses, ElementsAre(std::pair(LONG{WBEM_S_INITIALIZED}, 0L)));
+}
+
+TEST_F(EventInitializeTest, ReturnsWhatTheInitSinkReturns) {
+    initSink->result = E_ABORT;
+    EXPECT_EQ(Initialize(), E_ABORT);
+}
+
+TEST_F(EventInitializeTest, LogsItsBeginningAndItsEnd) {
+    Initialize();
+    const auto lines = Logged();
+    ASSERT_GE(lines.size(), 4U);
+    EXPECT_THAT(
+        std::vector(lines.begin() + 1, lines.end()),
+        ElementsAre(loaded, entering, Line(L"Information", L"Initialize", L"Leaving Initialize.")));
+}
+
+TEST_F(EventInitializeTest, RefusesToWorkWithoutANamespace) {
+    EXPECT_EQ(Initialize(init, nullptr, initSink.Get()), windows::Hr(WBEM_E_INVALID_PARAMETER));
+    EXPECT_THAT(initSink->statuses, IsEmpty());
+    EXPECT_EQ(Logged().back(), Line(L"Error", L"Initialize", L"INVALID PARAMETER"));
+}
+
+TEST_F(EventInitializeTest, RefusesToWorkWithoutAnInitSink) {
+    EXPECT_EQ(Initialize(init, nameSpace.Get(), nullptr), windows::Hr(WBEM_E_INVALID_PARAMETER));
+    EXPECT_EQ(Logged().back(), Line(L"Error", L"Initialize", L"INVALID PARAMETER"));
+}
+
+TEST_F(EventInitializeTest, RefusesACallerThatCannotBeImpersonatedBeforeAnythingElse) {
+    caller = windows::MakeObject<CallerStandIn>(SecurityIdentification);
+    EXPECT_EQ(Initialize(init, nullptr, nullptr), windows::Hr(WBEM_E_ACCESS_DENIED));
+    EXPECT_EQ(Logged().back(), loaded);
+}
+
+TEST_F(EventInitializeTest, ImpersonatesItsCallerUntilItReturns) {
+    Initialize();
+    EXPECT_EQ(caller->calls.back(), "revert");
+    EXPECT_EQ(caller->calls,
+              (std::vector<std::string>{"impersonate", "revert", "impersonate", "revert"}));
+}
+
+TEST_F(EventInitializeTest, FetchesTheIndicationAndTheExtendedStatusWithTheCallersContext) {
+    Initialize();
+    EXPECT_THAT(nameSpace->fetches.All(),
+                ElementsAre(Fetch{L"QV_SATADeviceIndication", context.Get()},
+                            Fetch{L"__ExtendedStatus", context.Get()}));
+}
+
+TEST_F(EventInitializeTest, FailsAsTheFetchingOfTheIndicationFails) {
+    nameSpace->results[L"QV_SATADeviceIndication"] = windows::Hr(WBEM_E_NOT_FOUND);
+    EXPECT_EQ(Initialize(), windows::Hr(WBEM_E_NOT_FOUND));
+    EXPECT_THAT(initSink->statuses, IsEmpty());
+    EXPECT_EQ(Logged().back(), Line(L"Error", L"Initialize", L"FAILED - GetObject 80041002"));
+    EXPECT_THAT(nameSpace->fetches.All(), SizeIs(1));
+}
+
+TEST_F(EventInitializeTest, WorksWithoutTheExtendedStatus) {
+    nameSpace->results[L"__ExtendedStatus"] = windows::Hr(WBEM_E_NOT_FOUND);
+    EXPECT_EQ(Initialize(), S_OK);
+}
+
+TEST_F(EventInitializeTest, LooksUpTheDefinitionOfTheComputerSystemForItsPrefix) {
+    Initialize();
+    EXPECT_THAT(source.asked.All(),
+                ElementsAre(LR"(SELECT * FROM meta_class WHERE __CLASS = "QV_WinComputerSystem")"));
+}
+
+TEST_F(EventInitializeTest, TakesANullForAnEmptyNamespaceName) {
+    const CallContext call(*caller.Get());
+    EXPECT_EQ(
+        init->Initialize(nullptr, 0, nullptr, nullptr, nameSpace.Get(), nullptr, initSink.Get()),
+        S_OK);
+}
+
+TEST_F(EventInitializeTest, TakesARefreshTimeoutOver) {
+    settings->SetText(L"SOFTWARE\\Corvane\\WMI Providers\\SA", L"RefreshTimeout", L"60");
+    Initialize();
+    EXPECT_THAT(Logged(),
+                ::testing::Contains(Line(L"Information", L"Initialize", L"SetRefreshTimeout 6")));
+}
+
+TEST_F(EventInitializeTest, SaysNothingOfARefreshTimeoutOfZero) {
+    settings->SetText(L"SOFTWARE\\Corvane\\WMI Providers\\SA", L"RefreshTimeout", L"0");
+    Initialize();
+    EXPECT_THAT(Logged(),
+                ::testing::Not(::testing::Contains(::testing::HasSubstr(L"SetRefreshTimeout"))));
+}
+
+TEST_F(EventInitializeTest, KeepsTheLibraryLoadedUntilTheProviderIsGone) {
+    EXPECT_EQ(library.CanUnloadNow(), S_FALSE);
+    init.Reset();
+    EXPECT_EQ(library.CanUnloadNow(), S_OK);
+    EXPECT_EQ(Logged().back(), Line(L"Information", L"~CQVWMISATA_EventProv",
+                                    L"CQVWMISATA_EventProv DLL is unloaded"));
+}
+
+TEST_F(EventInitializeTest, SaysNothingInTheLegacyLogBeforeItIsInitialised) {
+    init.Reset();
+    EXPECT_EQ(LegacyLogged(), "");
+}
+
+TEST_F(EventInitializeTest, SaysInTheLegacyLogThatItsThreadsEnd) {
+    Initialize();
+    init.Reset();
+    EXPECT_THAT(LegacyLogged(),
+                ::testing::EndsWith("[QVWMISATA::CQVWMISATA_EventProv::] - "
+                                    "CSATAHBA_EVENTS::EventThreadExit| EventThreadExit:...\r\n"));
+}
+
+TEST_F(EventInitializeTest, GrantsEverybodyAccessToEverything) {
+    ComPtr<IWbemEventProviderSecurity> security;
+    init.As(&security);
+    const BYTE sid[12] = {1, 1};
+    EXPECT_EQ(security->AccessCheck(L"WQL", L"SELECT * FROM QV_SATADeviceIndication", 12, sid),
+              S_OK);
+    EXPECT_EQ(security->AccessCheck(nullptr, nullptr, 0, nullptr), S_OK);
+}
+
+}  // namespace
+}  // namespace qv::test
