@@ -138,7 +138,7 @@ TEST(WmiRow, GivesTheStatusOfAReadThatFails) {
     std::uint16_t shortNumber = 0;
     const WmiRow row = RowOf(Bits(VT_I4, 1));
     EXPECT_EQ(GetStringProperty(row, "Q", text), Status::notFound);
-    EXPECT_EQ(GetIntegerProperty(row, "Q", number), Status::notFound);
+    EXPECT_EQ(GetIntegerProperty(row, "Q", number), Status::failed);
     EXPECT_EQ(GetUInt16Property(row, "Q", shortNumber), Status::failed);
 }
 
