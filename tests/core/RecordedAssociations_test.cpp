@@ -70,13 +70,18 @@ protected:
             std::ranges::count_if(texts, [&](const auto& text) { return Contains(text, part); }));
     }
 
-    // The links of controllers that name a controller with one part to a device with the other.
+    // The devices with the other part that links name with a controller with the one part. A device
+    // can have several links.
     std::size_t CountLinks(std::string_view controllerPart, std::string_view devicePart) const {
-        const auto links = Rows("Win32_IDEControllerDevice");
-        return static_cast<std::size_t>(std::ranges::count_if(links, [&](const auto& link) {
-            return Contains(TextOrEmpty(*link, "Antecedent"), controllerPart) &&
-                   Contains(TextOrEmpty(*link, "Dependent"), devicePart);
-        }));
+        std::set<std::string> devices;
+        for (const auto& link : Rows("Win32_IDEControllerDevice")) {
+            const std::string device = TextOrEmpty(*link, "Dependent");
+            if (Contains(TextOrEmpty(*link, "Antecedent"), controllerPart) &&
+                Contains(device, devicePart)) {
+                devices.insert(device);
+            }
+        }
+        return devices.size();
     }
 
     // The links of an IDE disk, by its plug-and-play ID, whose controller has the part.
