@@ -1,0 +1,108 @@
+// The model is closed: each reference leads to an instance, and each association can be followed
+// from any of its ends to the others.
+#include <map>
+#include <set>
+
+#include "qvsata/service/ObjectPath.h"
+#include "qvsata/service/com/ObjectReading.h"
+#include "tests/golden_native/GoldenFiles.h"
+#include "tests/windows/golden/PublishingHost.h"
+
+namespace qv::test {
+namespace {
+
+using Paths = std::set<std::string>;
+
+class Closure : public testing::TestWithParam<std::filesystem::path> {
+protected:
+    static std::string RelativePath(IWbemClassObject& object) {
+        return service::ReadText(object, "__RELPATH");
+    }
+
+    /// The paths that each delivered association refers to.
+    std::vector<std::vector<std::string>> References() {
+        std::vector<std::vector<std::string>> references;
+        for (const char* className : associationClasses) {
+            for (const PublishedInstance& association : host_.Publish(className).instances) {
+                auto& ends = references.emplace_back();
+                for (const PublishedProperty& property : association.properties) {
+                    if (property.isKey) {
+                        ends.push_back(std::get<std::string>(property.value));
+                    }
+                }
+            }
+        }
+        return references;
+    }
+
+    /// The instance that a path leads to, by the path that a client would be given for it.
+    std::string Follow(const std::string& path) {
+        const auto known = followed_.find(path);
+        if (known != followed_.end()) {
+            return known->second;
+        }
+        const service::Answer answer = host_.Namespace().Get(path);
+        EXPECT_EQ(answer.status, S_OK) << path << ": " << answer.message;
+        EXPECT_EQ(answer.objects.size(), 1U) << path;
+        return followed_[path] =
+                   answer.objects.empty() ? "" : RelativePath(*answer.objects[0].Get());
+    }
+
+    /// The neighbours of each instance, as the associations give them.
+    std::map<std::string, Paths> Neighbours() {
+        std::map<std::string, Paths> neighbours;
+        for (const auto& ends : References()) {
+            for (const std::string& end : ends) {
+                for (const std::string& other : ends) {
+                    if (other != end) {
+                        neighbours[Follow(end)].insert(Follow(other));
+                    }
+                }
+            }
+        }
+        return neighbours;
+    }
+
+    PublishingHost host_{GetParam()};
+    std::map<std::string, std::string> followed_;
+};
+
+TEST_P(Closure, EachReferenceLeadsToTheInstanceThatItNames) {
+    for (const auto& ends : References()) {
+        for (const std::string& end : ends) {
+            const auto named = service::ParseObjectPath(end);
+            const auto found = service::ParseObjectPath(Follow(end));
+            ASSERT_TRUE(named && found) << end;
+            EXPECT_TRUE(service::NamesSameObject(*named, *found)) << end;
+        }
+    }
+}
+
+TEST_P(Closure, EachInstanceLeadsToItsNeighboursAndTheyLeadBack) {
+    const std::map<std::string, Paths> neighbours = Neighbours();
+    std::map<std::string, Paths> reached;
+    for (const char* className : instanceClasses) {
+        for (const auto& object : host_.Namespace().Enumerate(className).objects) {
+            const std::string path = RelativePath(*object.Get());
+            if (path.empty()) {
+                continue;  // an endpoint of a disk without a link has no complete key
+            }
+            const service::Answer answer = host_.Namespace().Query("ASSOCIATORS OF {" + path + "}");
+            EXPECT_EQ(answer.status, S_OK) << path << ": " << answer.message;
+            for (const auto& neighbour : answer.objects) {
+                reached[path].insert(RelativePath(*neighbour.Get()));
+            }
+        }
+    }
+    EXPECT_EQ(reached, neighbours);
+    for (const auto& [path, others] : reached) {
+        for (const std::string& other : others) {
+            EXPECT_TRUE(reached[other].contains(path)) << other << " does not lead to " << path;
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryHost, Closure, testing::ValuesIn(ShippedHosts()), HostName);
+
+}  // namespace
+}  // namespace qv::test

@@ -1,0 +1,136 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "qvsata/service/com/InstanceObject.h"
+#include "qvsata/service/com/ManagementHost.h"
+#include "tests/golden_native/GoldenText.h"
+
+namespace qv::test {
+
+/// The published classes with instances of their own, in the order of the catalogue.
+inline constexpr const char* instanceClasses[] = {
+    "QV_SATAPortController",
+    "QV_SATADiskDrive",
+    "QV_SATAStorageExtent",
+    "QV_SATADiskDriveFW",
+    "QV_SATAPortControllerPhysicalPackage",
+    "QV_SATADiskPhysicalPackage",
+    "QV_SATAStorageCollection",
+    "QV_SATADiskLocation",
+    "QV_SATAControllerLocation",
+    "QV_SATAPortControllerProduct",
+    "QV_SATALogicalPort",
+    "QV_ISATAProtocolEndpoint",
+    "QV_TSATAProtocolEndpoint",
+    "QV_SATAPortControllerDriver",
+    "QV_SATAPortControllerFW",
+    "QV_SATAPortControllerBIOS",
+    "QV_WinComputerSystem",
+};
+
+/// The association classes, which follow them.
+inline constexpr const char* associationClasses[] = {
+    "QV_WinComputerSystemSATAPortController",
+    "QV_SATAPortControllerSATALogicalPort",
+    "QV_SATAPortControllerPhysicalPackageSATAControllerLocation",
+    "QV_SATAPortControllerProductSATAPortControllerPhysicalPackage",
+    "QV_SATAPortControllerProductSATAPortController",
+    "QV_SATAPortControllerPhysicalPackageSATAPortController",
+    "QV_WinComputerSystemSATAStorageExtent",
+    "QV_WinComputerSystemSATADiskDrive",
+    "QV_WinComputerSystemSATALogicalPort",
+    "QV_SATADiskDriveStorageExtent",
+    "QV_SATADiskPhysicalPackageSATADiskDrive",
+    "QV_SATADiskPhysicalPackageSATADiskLocation",
+    "QV_SATADiskDriveDiskDriveFW",
+    "QV_TSATAProtocolEndpointSATADiskDrive",
+    "QV_SATALogicalPortISATAProtocolEndpoint",
+    "QV_SATAInitiatorTargetLogicalUnitPath",
+    "QV_SATAStorageCollectionSATADiskDrive",
+    "QV_SATAHostedCollection",
+    "QV_SATAPortControllerFWSATAPortController",
+    "QV_SATAPortControllerDriverSATAPortController",
+    "QV_SATAPortControllerBIOSSATAPortController",
+};
+
+/// A put that the instance's class did not take.
+struct RefusedPut {
+    std::string property;  ///< Class.Property
+    std::uint16_t variantType = 0;
+    service::CimValue value;
+};
+
+/// The library in the embedded management service, on a recorded host.
+class PublishingHost {
+public:
+    explicit PublishingHost(service::RecordedHost recorded)
+        : prefix_(NamespacePrefix(recorded.Computer().server)), host_(Options(recorded)) {}
+    explicit PublishingHost(const std::filesystem::path& file)
+        : PublishingHost(service::RecordedHost::FromFile(file)) {}
+
+    service::ManagementHost& Host() { return host_; }
+    const service::EmbeddedNamespace& Namespace() const { return host_.Namespace(); }
+    const std::string& Prefix() const { return prefix_; }
+
+    /// The instances of one class, as the sink received them.
+    PublishedInstances Publish(std::string_view className) {
+        PublishedInstances published{std::string(className), {}};
+        const service::ProviderAnswer answer = host_.Provider().Enumerate(className);
+        EXPECT_EQ(answer.Status(), S_OK) << className;
+        for (const auto& object : answer.objects) {
+            published.instances.push_back(Read(*service::InstanceObject::From(object.Get())));
+        }
+        return published;
+    }
+
+    std::vector<PublishedInstances> PublishAll() {
+        std::vector<PublishedInstances> all;
+        for (const char* className : instanceClasses) {
+            all.push_back(Publish(className));
+        }
+        for (const char* className : associationClasses) {
+            all.push_back(Publish(className));
+        }
+        return all;
+    }
+
+    /// The puts so far that were refused, in order.
+    const std::vector<RefusedPut>& Refused() const { return refused_; }
+
+private:
+    static service::HostOptions Options(const service::RecordedHost& recorded) {
+        service::HostOptions options;
+        options.recorded = std::make_shared<const service::RecordedHost>(recorded);
+        options.mofFiles = {QV_SOURCE_DIR "/mof/cim_schema.mof",
+                            QV_SOURCE_DIR "/mof/qvwmisata.mof"};
+        options.library = QV_LIBRARY;
+        return options;
+    }
+
+    PublishedInstance Read(const service::InstanceObject& object) {
+        PublishedInstance instance{object.Class().name, {}};
+        for (const service::PutCall& put : object.PutLog()) {
+            const auto* definition = object.Class().Find(put.name);
+            instance.properties.push_back(
+                {put.name, put.variantType, put.value, definition != nullptr && definition->isKey});
+            if (FAILED(put.result)) {
+                refused_.push_back(
+                    {instance.className + '.' + put.name, put.variantType, put.value});
+            }
+        }
+        return instance;
+    }
+
+    std::string prefix_;
+    service::ManagementHost host_;
+    std::vector<RefusedPut> refused_;
+};
+
+}  // namespace qv::test
