@@ -24,7 +24,10 @@ function(qv_test name)
   target_link_libraries(${name} PRIVATE qv_options ${arg_LINK} GTest::gmock_main)
   target_compile_definitions(${name} PRIVATE QV_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
   set(products)
+  set(results ${CMAKE_BINARY_DIR}/results/${name}.xml)
   if(WIN32)
+    # A Windows program takes a path without a drive for a relative one.
+    set(results Z:${results})
     # A test program's own code need not be fast, but has to be compiled.
     target_compile_options(${name} PRIVATE -O0)
     set(products ${CMAKE_BINARY_DIR}/QVWMISATA.dll ${CMAKE_BINARY_DIR}/qvsata.exe)
@@ -34,7 +37,7 @@ function(qv_test name)
       $<TARGET_FILE:${name}> ${products} ${PROJECT_SOURCE_DIR}/hosts ${PROJECT_SOURCE_DIR}/mof
       ${PROJECT_SOURCE_DIR}/tests ${QV_SHARED_HOSTS}
       -- ${CMAKE_CROSSCOMPILING_EMULATOR} $<TARGET_FILE:${name}> --gtest_brief=1
-      --gtest_output=xml:${CMAKE_BINARY_DIR}/results/${name}.xml)
+      --gtest_output=xml:${results})
   set_tests_properties(${QV_TEST_PREFIX}${name} PROPERTIES TIMEOUT ${arg_TIMEOUT})
   if(WIN32)
     # They share one prefix, that is, one registry and one set of log files.
