@@ -10,6 +10,10 @@ if(BUILD_TESTING)
   endif()
 endif()
 
+# The one header that names the source tree; all else of a test's compilation is the same in every
+# clone, so that compiler caches serve more than one.
+configure_file(${CMAKE_CURRENT_LIST_DIR}/SourceTree.h.in ${CMAKE_BINARY_DIR}/generated/SourceTree.h)
+
 # Recordings that are not this project's own; tests use them where they are.
 set(QV_SHARED_HOSTS ${PROJECT_SOURCE_DIR}/../shared/hosts)
 
@@ -22,7 +26,7 @@ function(qv_test name)
   endif()
   add_executable(${name} ${arg_UNPARSED_ARGUMENTS})
   target_link_libraries(${name} PRIVATE qv_options ${arg_LINK} GTest::gmock_main)
-  target_compile_definitions(${name} PRIVATE QV_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+  target_include_directories(${name} PRIVATE ${CMAKE_BINARY_DIR}/generated)
   set(products)
   set(results ${CMAKE_BINARY_DIR}/results/${name}.xml)
   if(WIN32)

@@ -8,6 +8,7 @@
 #include <set>
 
 #include "NativeAPI/NativeAPI.h"
+#include "SourceTree.h"
 #include "catalogue/Associations.h"
 #include "qvsata/service/RecordedQueryPort.h"
 #include "source/PropertyReaders.h"

@@ -1,4 +1,5 @@
 #include "tests/golden_native/GoldenFiles.h"
+#include "SourceTree.h"
 
 #include <cstdlib>
 #include <fstream>

@@ -3,6 +3,7 @@
 #include <array>
 #include <string>
 
+#include "SourceTree.h"
 #include "qvsata/service/MofReader.h"
 
 namespace qv::service {

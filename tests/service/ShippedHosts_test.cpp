@@ -3,6 +3,7 @@
 
 #include <set>
 
+#include "SourceTree.h"
 #include "qvsata/service/RecordedHost.h"
 
 namespace qv::service {

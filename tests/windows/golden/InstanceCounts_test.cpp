@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <map>
 
+#include "SourceTree.h"
 #include "tests/windows/golden/PublishingHost.h"
 
 namespace qv::test {

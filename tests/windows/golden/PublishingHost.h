@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "SourceTree.h"
 #include "qvsata/service/com/InstanceObject.h"
 #include "qvsata/service/com/ManagementHost.h"
 #include "tests/golden_native/GoldenText.h"

@@ -7,6 +7,7 @@
 #include <system_error>
 #include <thread>
 
+#include "SourceTree.h"
 #include "platform/windows/WbemStatus.h"
 
 namespace qv::test {

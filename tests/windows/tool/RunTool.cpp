@@ -8,6 +8,7 @@
 #include <stdexcept>
 #include <thread>
 
+#include "SourceTree.h"
 #include "platform/windows/Handle.h"
 #include "platform/windows/Text.h"
 
