@@ -1,7 +1,5 @@
 #include "provider/EventProcess.h"
 
-#include <utility>
-
 #include "platform/windows/KernelMutex.h"
 #include "platform/windows/SystemClock.h"
 #include "platform/windows/WindowsHostFacts.h"
@@ -11,7 +9,7 @@ namespace qv::provider {
 namespace {
 
 std::mutex eventGuard;
-MonitorLog monitorLog;
+LentLog monitorLog;
 
 const windows::WmiQueryPort queries;
 const windows::WindowsHostFacts host;
@@ -34,25 +32,8 @@ std::mutex& EventGuard() {
     return eventGuard;
 }
 
-MonitorLog& ProcessMonitorLog() {
+LentLog& ProcessMonitorLog() {
     return monitorLog;
-}
-
-void MonitorLog::Attach(std::shared_ptr<const LegacyLog> log, int level) {
-    const std::lock_guard guard(eventGuard);
-    log_.swap(log);
-    level_ = level;
-}
-
-void MonitorLog::Write(int level, std::string_view text) {
-    std::shared_ptr<const LegacyLog> log;
-    {
-        const std::lock_guard guard(eventGuard);
-        log = log_;
-    }
-    if (log != nullptr) {
-        log->CommonLogEntry(text, static_cast<std::uint32_t>(level));
-    }
 }
 
 }  // namespace qv::provider

@@ -1,13 +1,10 @@
 #pragma once
 
-#include <atomic>
-#include <memory>
 #include <mutex>
 
 #include "events/CSATAHBA_EVENTS.h"
-#include "log/LogLevel.h"
+#include "provider/LentLog.h"
 #include "source/DiskInventory.h"
-#include "wmiUtil/LegacyLog.h"
 
 namespace qv::provider {
 
@@ -22,20 +19,7 @@ CSATAHBA_EVENTS& ProcessMonitor();
 /// such a thread holds it meanwhile.
 std::mutex& EventGuard();
 
-/// The log of the monitor: the legacy log, under the level of the common log. Silent until a
-/// provider object, when it is initialised, lends both.
-class MonitorLog : public platform::LogPort {
-public:
-    void Attach(std::shared_ptr<const LegacyLog> log, int level);
-
-    int Level() const override { return level_; }
-    void Write(int level, std::string_view text) override;
-
-private:
-    std::atomic<int> level_ = static_cast<int>(LogLevel::silent);
-    std::shared_ptr<const LegacyLog> log_;
-};
-
-MonitorLog& ProcessMonitorLog();
+/// The log of the monitor.
+LentLog& ProcessMonitorLog();
 
 }  // namespace qv::provider

@@ -33,13 +33,6 @@ public:
 
 LiveReceiver liveReceiver;
 
-/// Null without memory: the monitor's lines are lost then.
-std::shared_ptr<const LegacyLog> OpenLegacyLog() try {
-    return std::make_shared<const LegacyLog>("QVWMISATA::CQVWMISATA_EventProv::");
-} catch (const std::exception&) {
-    return nullptr;
-}
-
 std::string InHexadecimal(HRESULT status) {
     std::array<char, 16> text{};
     std::snprintf(text.data(), text.size(), "%X", static_cast<unsigned>(status));
@@ -66,7 +59,7 @@ CQVWMISATA_EventProv::CQVWMISATA_EventProv() {
         const std::lock_guard guard(EventGuard());
         older_ = std::exchange(newest_, this);
     }
-    legacyLog_ = OpenLegacyLog();
+    legacyLog_ = OpenLegacyLog("QVWMISATA::CQVWMISATA_EventProv::");
 }
 
 CQVWMISATA_EventProv::~CQVWMISATA_EventProv() {

@@ -10,7 +10,6 @@
 #include "platform/windows/WbemStatus.h"
 #include "platform/windows/WmiQueryPort.h"
 #include "provider/ClientImpersonation.h"
-#include "provider/UtilityLog.h"
 #include "source/EmbeddedPaths.h"
 #include "source/HostIdentity.h"
 
@@ -28,6 +27,7 @@ struct CQVWMISATA_InstProv::Support {
 CQVWMISATA_InstProv::CQVWMISATA_InstProv() {
     commonLog.Plain("CQVWMISATA_InstProv::CQVWMISATA_InstProv",
                     "CQVWMISATA_InstProv DLL is loaded");
+    legacyLog_ = OpenLegacyLog("QVWMISATA::CQVWMISATA_InstProv::");
 }
 
 CQVWMISATA_InstProv::~CQVWMISATA_InstProv() {
@@ -59,7 +59,7 @@ HRESULT CQVWMISATA_InstProv::Initialize(LPWSTR, LONG, LPWSTR nameSpace, LPWSTR,
     namespacePrefix_ = BuildNamespacePrefix(
         windows::WmiQueryPort(),
         nameSpace == nullptr ? std::string() : windows::ToNarrow(nameSpace), {});
-    utilityLog.Attach(commonLog);
+    ProcessQueryLog().Attach(legacyLog_, static_cast<int>(commonLog.Level()));
     commonLog.Plain(function, "Leaving Initialize");
     return initSink->SetStatus(WBEM_S_INITIALIZED, 0);
 }

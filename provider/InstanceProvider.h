@@ -4,11 +4,13 @@
 #include <wbemprov.h>
 #include <windows.h>
 
+#include <memory>
 #include <string>
 
 #include "platform/windows/ComObject.h"
 #include "platform/windows/UnsupportedServices.h"
 #include "provider/Module.h"
+#include "wmiUtil/LegacyLog.h"
 
 namespace qv::provider {
 
@@ -44,6 +46,7 @@ private:
                               windows::ComPtr<IWbemClassObject>& instance) const;
 
     ModuleReference module_;
+    std::shared_ptr<const LegacyLog> legacyLog_;
     windows::ComPtr<IWbemServices> services_;
     windows::ComPtr<IClassFactory> pathParsers_;
     struct Support;

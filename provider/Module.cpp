@@ -4,7 +4,8 @@
 
 #include "platform/windows/WindowsHostFacts.h"
 #include "platform/windows/WmiQueryPort.h"
-#include "provider/UtilityLog.h"
+#include "provider/BuilderLog.h"
+#include "source/LoggedQueryPort.h"
 
 namespace qv::provider {
 namespace {
@@ -12,9 +13,12 @@ namespace {
 constinit std::atomic<long> uses = 0;
 constinit HINSTANCE instance = nullptr;
 
-const windows::WmiQueryPort queries;
+const windows::WmiQueryPort service;
 const windows::WindowsHostFacts host;
-const NativeAPI nativeApi(queries, host, utilityLog);
+LentLog queryLog;
+BuilderLog builderLog;
+const LoggedQueryPort queries(service, queryLog);
+const NativeAPI nativeApi(queries, host, builderLog);
 
 }  // namespace
 
@@ -44,6 +48,10 @@ HINSTANCE ModuleInstance() {
 
 const NativeAPI& ProcessNativeAPI() {
     return nativeApi;
+}
+
+LentLog& ProcessQueryLog() {
+    return queryLog;
 }
 
 }  // namespace qv::provider

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include "NativeAPI/NativeAPI.h"
+#include "provider/LentLog.h"
 
 namespace qv::provider {
 
@@ -28,5 +29,8 @@ HINSTANCE ModuleInstance();
 
 /// The one data layer of the process, there from the loading of the library to its unloading.
 const NativeAPI& ProcessNativeAPI();
+
+/// Where the data layer's queries that fail leave a line.
+LentLog& ProcessQueryLog();
 
 }  // namespace qv::provider

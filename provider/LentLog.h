@@ -1,0 +1,31 @@
+#pragma once
+
+#include <atomic>
+#include <memory>
+#include <string_view>
+
+#include "log/LogLevel.h"
+#include "platform/LogPort.h"
+#include "wmiUtil/LegacyLog.h"
+
+namespace qv::provider {
+
+/// The legacy log as a provider object opens it when it is made. Null without memory: its lines are
+/// lost then.
+std::shared_ptr<const LegacyLog> OpenLegacyLog(std::string_view prefix);
+
+/// A log that a provider object lends when it is initialised: its legacy log, under the level that
+/// the common log has then. Silent before.
+class LentLog : public platform::LogPort {
+public:
+    void Attach(std::shared_ptr<const LegacyLog> log, int level);
+
+    int Level() const override { return level_; }
+    void Write(int level, std::string_view text) override;
+
+private:
+    std::atomic<int> level_ = static_cast<int>(LogLevel::silent);
+    std::shared_ptr<const LegacyLog> log_;
+};
+
+}  // namespace qv::provider

@@ -1,0 +1,58 @@
+#include "source/LoggedQueryPort.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <variant>
+
+#include "tests/support/ScriptedHost.h"
+
+namespace qv {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::Pair;
+
+constexpr const char* disks = "SELECT * FROM Win32_DiskDrive";
+
+class LoggedQueryPortTest : public ::testing::Test {
+protected:
+    test::ScriptedHost host;
+    LoggedQueryPort queries{host, host};
+    platform::Rows rows{nullptr};
+};
+
+TEST_F(LoggedQueryPortTest, LeavesALineAboutAQueryThatFailed) {
+    EXPECT_EQ(queries.RunWqlQuery("root\\CIMv2", disks, rows), platform::QueryResult::failed);
+    EXPECT_THAT(rows, IsEmpty());
+    EXPECT_THAT(host.log, ElementsAre(Pair(2,
+                                           "LoggedQueryPort::RunWqlQuery| failed in "
+                                           "root\\CIMv2: SELECT * FROM Win32_DiskDrive")));
+}
+
+TEST_F(LoggedQueryPortTest, LeavesNoLineAboveLevelThree) {
+    host.level = 4;
+    EXPECT_EQ(queries.RunWqlQuery("root\\CIMv2", disks, rows), platform::QueryResult::failed);
+    EXPECT_THAT(host.log, IsEmpty());
+}
+
+TEST_F(LoggedQueryPortTest, HandsOnWhatAQueryReturnedWithoutALine) {
+    host.Answer(disks, {{{"Model", "A"}}, {{"Model", "B"}}});
+    EXPECT_EQ(queries.RunWqlQuery("root\\CIMv2", disks, rows), platform::QueryResult::submitted);
+    ASSERT_EQ(rows.size(), 2U);
+    EXPECT_EQ(std::get<std::string>(rows[1]->Get("Model").value), "B");
+    EXPECT_THAT(host.asked, ElementsAre("root\\CIMv2: SELECT * FROM Win32_DiskDrive"));
+    EXPECT_THAT(host.log, IsEmpty());
+}
+
+TEST_F(LoggedQueryPortTest, LeavesNoLineAboutAQueryWithoutRows) {
+    host.Answer(disks, {});
+    EXPECT_EQ(queries.RunWqlQuery("root\\CIMv2", disks, rows), platform::QueryResult::submitted);
+    EXPECT_THAT(rows, IsEmpty());
+    EXPECT_THAT(host.log, IsEmpty());
+}
+
+}  // namespace
+}  // namespace qv
