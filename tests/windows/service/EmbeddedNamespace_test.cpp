@@ -198,6 +198,22 @@ TEST_F(Associations, AreTheReferencesOfTheirEnds) {
     EXPECT_THAT(Ask("REFERENCES OF {T_Disk.Key='a'} WHERE Role=Port"), IsEmpty());
 }
 
+TEST_F(Associations, WithOnePathAreOne) {
+    names_.fake->enumerate = [](IWbemServices& services, const BSTR name, IWbemObjectSink* sink) {
+        if (std::wstring_view(name) == L"T_Link") {
+            DeliverLink(services, name, L"T_Disk.Key=\"a\"", L"T_Port.Key=\"b\"", sink);
+            DeliverLink(services, name, L"T_Disk.Key=\"A\"", L"T_Port.Key=\"b\"", sink);
+            return DeliverLink(services, name, L"T_Disk.Key=\"a\"", L"T_Port.Key=\"c\"", sink);
+        }
+        return Deliver(services, name, sink);
+    };
+    EXPECT_EQ(names_.names->Enumerate("T_Link").objects.size(), 3U);
+    EXPECT_THAT(Ask("REFERENCES OF {T_Disk.Key='a'}"),
+                ElementsAre(R"(T_Link.Disk="T_Disk.Key=\"a\"",Port="T_Port.Key=\"b\"")",
+                            R"(T_Link.Disk="T_Disk.Key=\"a\"",Port="T_Port.Key=\"c\"")"));
+    EXPECT_THAT(Ask("ASSOCIATORS OF {T_Port.Key='b'}"), ElementsAre("T_Disk.Key=\"a\""));
+}
+
 TEST_F(Associations, FailWhenTheirOwnClassOrThatOfANeighbourFails) {
     ExpectFailureOf(L"T_Link", "ASSOCIATORS OF {T_Disk.Key='a'}");
     ExpectFailureOf(L"T_Link", "REFERENCES OF {T_Disk.Key='a'}");
