@@ -110,6 +110,39 @@ TEST_F(AssociationPairs, JoinAnEndpointWithEveryDiskWhoseIdItsNameContains) {
               (Values{ExtentPath("IDE&D&5&10"), ExtentPath("IDE&D&5&1"), ExtentPath("IDE&D&5&1")}));
 }
 
+TEST_F(AssociationPairs, JoinAPortWithEveryControllerWhoseIdItsOwnContains) {
+    const std::string id = R"(PCI\VEN_8086&DEV_7010&REV_01\3&)";
+    host.Answer(controllersQuery, {Controller(id + "1"), Controller(id + "11"),
+                                   Controller(channelA), Controller(channelB)});
+    host.Answer(controllerLinksQuery,
+                {ControllerLink(id + "1", channelA), ControllerLink(id + "11", channelB)});
+    const std::string key = "PCI&VEN_8086&DEV_7010&REV_01&3&";
+    const std::string portA = PortPath(channelAKey + " connected to " + key + "1");
+    const std::string portB = PortPath(channelBKey + " connected to " + key + "11");
+    const std::string controllerPort = "QV_SATAPortControllerSATALogicalPort";
+    EXPECT_EQ(All(controllerPort), Associated(controllerPort, {"Antecedent", "Dependent"},
+                                              {{ControllerPath(key + "1"), portA},
+                                               {ControllerPath(key + "1"), portB},
+                                               {ControllerPath(key + "11"), portB}}));
+}
+
+TEST_F(AssociationPairs, JoinATargetWithEveryInitiatorWhoseNameItsOwnContains) {
+    const std::string id = R"(PCIIDE\IDECHANNEL\4&)";
+    host.Answer(controllersQuery, {Controller(id + "1"), Controller(id + "10")});
+    host.Answer(disksQuery, {Disk(disk1), Disk(disk2)});
+    host.Answer(controllerLinksQuery,
+                {ControllerLink(id + "1", disk1), ControllerLink(id + "10", disk2)});
+    const std::string key = "PCIIDE&IDECHANNEL&4&";
+    const std::string target1 = TargetPath(disk1Key + " connected to " + key + "1");
+    const std::string target2 = TargetPath(disk2Key + " connected to " + key + "10");
+    EXPECT_EQ(All(triple),
+              WithAdded(Associated(triple, {"Initiator", "Target", "LogicalUnit"},
+                                   {{InitiatorPath(key + "1"), target1, ExtentPath(disk1Key)},
+                                    {InitiatorPath(key + "1"), target2, ExtentPath(disk2Key)},
+                                    {InitiatorPath(key + "10"), target2, ExtentPath(disk2Key)}}),
+                        Number("State", "2")));
+}
+
 TEST_F(AssociationPairs, TakeAMissingKeyForAnEmptyOne) {
     ForgetHostName();
     // The host's Name and the disks' SystemName are both missing: equal.

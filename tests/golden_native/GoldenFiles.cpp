@@ -23,15 +23,22 @@ std::string_view TakeLine(std::string_view& text) {
 
 }  // namespace
 
-std::vector<std::filesystem::path> ShippedHosts() {
+std::vector<std::filesystem::path> HostsIn(const std::filesystem::path& folder) {
     std::vector<std::filesystem::path> files;
-    for (const auto& entry : std::filesystem::directory_iterator(source / "hosts")) {
+    if (!std::filesystem::is_directory(folder)) {
+        return files;
+    }
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
         if (entry.path().extension() == ".json") {
             files.push_back(entry.path());
         }
     }
     std::ranges::sort(files);
     return files;
+}
+
+std::vector<std::filesystem::path> ShippedHosts() {
+    return HostsIn(source / "hosts");
 }
 
 std::string ReadGolden(std::string_view name) {

@@ -10,7 +10,10 @@
 
 namespace qv::test {
 
-/// The recorded hosts of the hosts folder, in the order of their names.
+/// The recorded hosts of a folder, in the order of their names; none when there is no such folder.
+std::vector<std::filesystem::path> HostsIn(const std::filesystem::path& folder);
+
+/// The recorded hosts of the hosts folder.
 std::vector<std::filesystem::path> ShippedHosts();
 
 /// The text of tests/golden/<name>.txt; empty when there is no such file.

@@ -32,7 +32,8 @@ public:
     Walk(const EmbeddedNamespace& nameSpace, const ObjectPath& path)
         : nameSpace_(nameSpace), path_(path) {}
 
-    /// The links of the path through classes that are, or derive from, `assocClass`.
+    /// The links of the path through classes that are, or derive from, `assocClass`; none when
+    /// the instances of one of them cannot be had.
     std::vector<Link> Links(const std::string& assocClass, const std::string& role) {
         std::vector<Link> links;
         for (const ClassDefinition& definition : nameSpace_.Classes().Classes()) {
@@ -42,38 +43,49 @@ public:
                 !nameSpace_.IsServed(type->name)) {
                 continue;
             }
-            Answer instances = nameSpace_.Enumerate(type->name);
-            if (FAILED(instances.status)) {
-                failure_ = std::move(instances);
-                break;
+            const ObjectList instances = InstancesOf(type->name);
+            if (failure_) {
+                return {};
             }
-            for (const auto& association : instances.objects) {
+            for (const auto& association : instances) {
                 AppendLinks(association, roles, links);
             }
         }
         return links;
     }
 
-    /// The object that a reference names, or nothing. Each class is enumerated once.
+    /// The object that a reference names, or nothing, also when the instances of its class cannot
+    /// be had. Each class is enumerated once.
     windows::ComPtr<IWbemClassObject> Find(const ObjectPath& path) {
         const std::string className = FoldCase(path.className);
         auto known = instances_.find(className);
         if (known == instances_.end()) {
-            known = instances_.emplace(className, Instances(path.className)).first;
+            known = instances_.emplace(className, Named(path.className)).first;
         }
-        const auto found = std::ranges::find_if(
-            known->second, [&path](const Named& one) { return NamesSameObject(one.path, path); });
+        const auto found = std::ranges::find_if(known->second, [&path](const NamedObject& one) {
+            return NamesSameObject(one.path, path);
+        });
         return found == known->second.end() ? nullptr : found->object;
     }
 
-    /// What failed on the way, if anything did.
+    /// The failure that ends the walk, if there was one.
     const std::optional<Answer>& Failure() const { return failure_; }
 
 private:
-    struct Named {
+    struct NamedObject {
         ObjectPath path;
         windows::ComPtr<IWbemClassObject> object;
     };
+
+    ObjectList InstancesOf(const std::string& className) {
+        Answer answer = nameSpace_.Enumerate(className);
+        ObjectList objects = std::move(answer.objects);
+        if (FAILED(answer.status)) {
+            failure_ = std::move(answer);
+            objects.clear();
+        }
+        return objects;
+    }
 
     /// The references of a class that can name the path.
     std::vector<std::string> RolesFor(const ResolvedClass& type, const std::string& role) const {
@@ -98,9 +110,9 @@ private:
         }
     }
 
-    std::vector<Named> Instances(const std::string& className) {
-        std::vector<Named> named;
-        for (const auto& object : nameSpace_.Enumerate(className).objects) {
+    std::vector<NamedObject> Named(const std::string& className) {
+        std::vector<NamedObject> named;
+        for (const auto& object : InstancesOf(className)) {
             if (auto path = ParseObjectPath(ReadText(*object.Get(), "__RELPATH"))) {
                 named.push_back({std::move(*path), object});
             }
@@ -110,7 +122,7 @@ private:
 
     const EmbeddedNamespace& nameSpace_;
     const ObjectPath& path_;
-    std::map<std::string, std::vector<Named>> instances_;
+    std::map<std::string, std::vector<NamedObject>> instances_;
     std::optional<Answer> failure_;
 };
 
@@ -173,7 +185,11 @@ Answer AssociatorsOf(const EmbeddedNamespace& nameSpace, const AssociatorsQuery&
             if (!end || !IsResult(nameSpace, end->className, query.resultClass)) {
                 continue;
             }
-            if (const auto object = walk.Find(*end)) {
+            const auto object = walk.Find(*end);
+            if (walk.Failure()) {
+                return *walk.Failure();
+            }
+            if (object) {
                 results.Add(object);
             }
         }

@@ -5,10 +5,13 @@
 namespace qv::service {
 
 /// Answers ASSOCIATORS OF: for each instance of an association class in which a reference names the
-/// path, the objects that its other references name, each once.
+/// path, the objects that its other references name. Instances are told by their paths, without
+/// regard to case: of several with one path the first stands for all. The first class whose
+/// instances cannot be had ends the walk with its status.
 Answer AssociatorsOf(const EmbeddedNamespace& nameSpace, const AssociatorsQuery& query);
 
-/// Answers REFERENCES OF: the instances of association classes in which a reference names the path.
+/// Answers REFERENCES OF: the instances of association classes in which a reference names the path,
+/// told by their paths and failing in the same way.
 Answer ReferencesOf(const EmbeddedNamespace& nameSpace, const ReferencesQuery& query);
 
 }  // namespace qv::service

@@ -102,7 +102,9 @@ TEST_P(Closure, EachInstanceLeadsToItsNeighboursAndTheyLeadBack) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(EveryHost, Closure, testing::ValuesIn(ShippedHosts()), HostName);
+INSTANTIATE_TEST_SUITE_P(ShippedHosts, Closure, testing::ValuesIn(ShippedHosts()), HostName);
+INSTANTIATE_TEST_SUITE_P(RealMachines, Closure, testing::ValuesIn(HostsIn(QV_RECORDINGS_DIR)),
+                         HostName);
 
 }  // namespace
 }  // namespace qv::test

@@ -135,6 +135,10 @@ protected:
     Associations() {
         names_.fake->enumerate = [this](IWbemServices& services, const BSTR name,
                                         IWbemObjectSink* sink) {
+            if (failing_ == name) {
+                return sink->SetStatus(WBEM_STATUS_COMPLETE, Hr(WBEM_E_OUT_OF_MEMORY), nullptr,
+                                       nullptr);
+            }
             if (std::wstring_view(name) == L"T_Link") {
                 return DeliverLink(services, name, L"\\\\SRV\\root\\QVQ:T_Disk.Key=\"a\"",
                                    L"\\\\SRV\\root\\QVQ:T_Port.Key=\"b\"", sink);
@@ -158,6 +162,18 @@ protected:
 
     std::vector<std::string> Ask(const char* query) { return Paths(names_.names->Query(query)); }
 
+    /// The query has to fail as the enumeration of `className` does.
+    void ExpectFailureOf(const wchar_t* className, const char* query) {
+        failing_ = className;
+        const Answer answer = names_.names->Query(query);
+        EXPECT_EQ(answer.status, Hr(WBEM_E_OUT_OF_MEMORY));
+        EXPECT_THAT(answer.message,
+                    testing::StartsWith("enumerating " + windows::ToNarrow(className, CP_UTF8)));
+        EXPECT_THAT(answer.objects, IsEmpty());
+    }
+
+    std::wstring failing_;                  ///< the class whose enumeration fails
+    std::vector<std::wstring> enumerated_;  ///< the classes, in the order of their enumerations
     TestNamespace names_;
 };
 
@@ -180,6 +196,45 @@ TEST_F(Associations, AreTheReferencesOfTheirEnds) {
     EXPECT_EQ(Ask("REFERENCES OF {T_Disk.Key='a'}").size(), 1U);
     EXPECT_THAT(Ask("REFERENCES OF {T_Disk.Key='a'} WHERE ClassDefsOnly"), ElementsAre("T_Link"));
     EXPECT_THAT(Ask("REFERENCES OF {T_Disk.Key='a'} WHERE Role=Port"), IsEmpty());
+}
+
+TEST_F(Associations, WithOnePathAreOne) {
+    names_.fake->enumerate = [](IWbemServices& services, const BSTR name, IWbemObjectSink* sink) {
+        if (std::wstring_view(name) == L"T_Link") {
+            DeliverLink(services, name, L"T_Disk.Key=\"a\"", L"T_Port.Key=\"b\"", sink);
+            DeliverLink(services, name, L"T_Disk.Key=\"A\"", L"T_Port.Key=\"b\"", sink);
+            return DeliverLink(services, name, L"T_Disk.Key=\"a\"", L"T_Port.Key=\"c\"", sink);
+        }
+        return Deliver(services, name, sink);
+    };
+    EXPECT_EQ(names_.names->Enumerate("T_Link").objects.size(), 3U);
+    EXPECT_THAT(Ask("REFERENCES OF {T_Disk.Key='a'}"),
+                ElementsAre(R"(T_Link.Disk="T_Disk.Key=\"a\"",Port="T_Port.Key=\"b\"")",
+                            R"(T_Link.Disk="T_Disk.Key=\"a\"",Port="T_Port.Key=\"c\"")"));
+    EXPECT_THAT(Ask("ASSOCIATORS OF {T_Port.Key='b'}"), ElementsAre("T_Disk.Key=\"a\""));
+}
+
+TEST_F(Associations, FailWhenTheirOwnClassOrThatOfANeighbourFails) {
+    ExpectFailureOf(L"T_Link", "ASSOCIATORS OF {T_Disk.Key='a'}");
+    ExpectFailureOf(L"T_Link", "REFERENCES OF {T_Disk.Key='a'}");
+    ExpectFailureOf(L"T_Port", "ASSOCIATORS OF {T_Disk.Key='a'}");
+    ExpectFailureOf(L"T_Port", "ASSOCIATORS OF {T_Disk.Key='a'} WHERE ClassDefsOnly");
+}
+
+TEST_F(Associations, AreFollowedNoFurtherAfterTheFirstFailure) {
+    names_.fake->enumerate = [this](IWbemServices& services, const BSTR name,
+                                    IWbemObjectSink* sink) {
+        enumerated_.push_back(name);
+        if (std::wstring_view(name) != L"T_Link") {
+            return Hr(WBEM_E_OUT_OF_MEMORY);
+        }
+        // Two neighbours of one port, of two classes.
+        DeliverLink(services, name, L"T_Disk.Key=\"a\"", L"T_Port.Key=\"b\"", sink);
+        return DeliverLink(services, name, L"T_Port.Key=\"c\"", L"T_Port.Key=\"b\"", sink);
+    };
+    EXPECT_EQ(names_.names->Query("ASSOCIATORS OF {T_Port.Key='b'}").status,
+              Hr(WBEM_E_OUT_OF_MEMORY));
+    EXPECT_THAT(enumerated_, ElementsAre(L"T_Link", L"T_Disk"));
 }
 
 TEST(EmbeddedNamespace, LetsTheProviderAskItOnEightThreadsAtOnce) {

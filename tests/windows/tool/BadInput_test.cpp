@@ -75,6 +75,29 @@ TEST(BadClass, IsNamed) {
     EXPECT_EQ(Failure({"get", "X.K=1", "--host", Desktop()}, 1), "qvsata: unknown class 'X'\n");
 }
 
+// An association leads to a class that the files do not define.
+TEST(BadMof, WithoutTheClassOfANeighbourEndsTheWalk) {
+    const auto folder = std::filesystem::temp_directory_path() / "qvsata-lost-class";
+    std::filesystem::create_directories(folder);
+    WriteFile("qvsata-lost-class/cim_schema.mof", "");
+    WriteFile("qvsata-lost-class/qvwmisata.mof", R"(
+#pragma namespace("\\\\.\\root\\QVQ")
+class CIM_Any { };
+[dynamic, provider("P")] class QV_WinComputerSystem {
+    [key] string CreationClassName; [key] string Name;
+};
+[dynamic, provider("P"), Association] class QV_WinComputerSystemSATADiskDrive {
+    [key] QV_WinComputerSystem ref GroupComponent; [key] CIM_Any ref PartComponent;
+};
+)");
+    EXPECT_EQ(Failure({"associators",
+                       "QV_WinComputerSystem.CreationClassName=\"QV_WinComputerSystem\","
+                       "Name=\"STUDY-desk.example.org\"",
+                       "--host", Desktop(), "--mof", folder.string()},
+                      1),
+              "qvsata: unknown class 'QV_SATADiskDrive'\n");
+}
+
 TEST(BadPath, IsNamedWithThePosition) {
     EXPECT_THAT(Failure({"get", "QV_SATADiskDrive.", "--host", Desktop()}, 1),
                 StartsWith("qvsata: path: position 18: "));

@@ -1,0 +1,167 @@
+// Each association is fetched from the library by its path: as the embedded management service
+// hands it over, under other server names, and with its keys in another order.
+#include <algorithm>
+
+#include "qvsata/service/ObjectPath.h"
+#include "qvsata/service/com/ObjectReading.h"
+#include "tests/golden_native/GoldenFiles.h"
+#include "tests/support/HostBuilder.h"
+#include "tests/windows/golden/PublishingHost.h"
+
+namespace qv::test {
+namespace {
+
+constexpr std::string_view way = "QV_SATAInitiatorTargetLogicalUnitPath";
+
+std::string Replaced(std::string text, const std::string& from, const std::string& to) {
+    for (std::size_t at = text.find(from); at != std::string::npos;
+         at = text.find(from, at + to.size())) {
+        text.replace(at, from.size(), to);
+    }
+    return text;
+}
+
+/// The path that a client reads from an object: its keys in alphabetical order.
+std::string PathGiven(IWbemClassObject& object) {
+    return service::ReadText(object, "__RELPATH");
+}
+
+/// The path whose keys stand in the order of the library.
+std::string PathAsPut(IWbemClassObject& object) {
+    return service::InstanceObject::From(&object)->PathAsPut();
+}
+
+/// \\server\root\QVQ: with its backslashes doubled, as it stands inside a key.
+std::string EmbeddedPrefix(const std::string& server) {
+    return Replaced(NamespacePrefix(server), "\\", "\\\\");
+}
+
+class AssociationPaths : public testing::TestWithParam<std::filesystem::path> {
+protected:
+    service::ObjectList All(std::string_view className) {
+        const service::Answer answer = host_.Namespace().Enumerate(className);
+        EXPECT_EQ(answer.status, S_OK) << className;
+        return answer.objects;
+    }
+
+    static std::vector<std::string> PutsOf(IWbemClassObject& object) {
+        std::vector<std::string> puts;
+        for (const service::PutCall& put : service::InstanceObject::From(&object)->PutLog()) {
+            puts.push_back(put.name + " = " + ValueText(put.value));
+        }
+        return puts;
+    }
+
+    /// The path has to lead to the one object with the same puts, whatever its references' server.
+    void ExpectFound(const std::string& path, IWbemClassObject& object) {
+        const service::ProviderAnswer answer = host_.Host().Provider().Get(path);
+        ASSERT_EQ(answer.Status(), S_OK) << path;
+        ASSERT_EQ(answer.objects.size(), 1U) << path;
+        EXPECT_EQ(PutsOf(*answer.objects[0].Get()), PutsOf(object)) << path;
+    }
+
+    PublishingHost host_{GetParam()};
+    std::string server_ = service::RecordedHost::FromFile(GetParam()).Computer().server;
+};
+
+TEST_P(AssociationPaths, OfTwoReferencesLeadToTheAssociationAsTheyAreGiven) {
+    for (const char* className : associationClasses) {
+        if (className == way) {
+            continue;
+        }
+        for (const auto& object : All(className)) {
+            ExpectFound(PathGiven(*object.Get()), *object.Get());
+        }
+    }
+}
+
+TEST_P(AssociationPaths, OfThreeReferencesLeadToTheAssociationInTheLibrarysOrderOnly) {
+    for (const auto& object : All(way)) {
+        ExpectFound(PathAsPut(*object.Get()), *object.Get());
+        const service::ProviderAnswer given = host_.Host().Provider().Get(PathGiven(*object.Get()));
+        EXPECT_EQ(given.returned, windows::Hr(WBEM_E_NOT_FOUND));
+        EXPECT_EQ(given.completions, 0U);
+    }
+}
+
+TEST_P(AssociationPaths, LeadToTheAssociationUnderAnotherServersName) {
+    for (const char* className : associationClasses) {
+        for (const auto& object : All(className)) {
+            const std::string own = PathAsPut(*object.Get());
+            for (const char* server : {".", "OTHER"}) {
+                const std::string other =
+                    Replaced(own, EmbeddedPrefix(server_), EmbeddedPrefix(server));
+                EXPECT_NE(other, own);
+                ExpectFound(other, *object.Get());
+            }
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(ShippedHosts, AssociationPaths, testing::ValuesIn(ShippedHosts()),
+                         HostName);
+INSTANTIATE_TEST_SUITE_P(RealMachines, AssociationPaths,
+                         testing::ValuesIn(HostsIn(QV_RECORDINGS_DIR)), HostName);
+
+/// A host with one way from a channel over a disk to its extent, and the path of that way.
+class Way : public testing::Test {
+protected:
+    static service::RecordedHost OneDisk(const std::string& server) {
+        HostBuilder host(server);
+        host.Controller(R"(PCI\VEN_8086&DEV_7010&REV_01\3&1)").Channel(R"(PCIIDE\IDECHANNEL\4&1)");
+        host.Disk(0, R"(IDE\DISK\5&1)").BehindChannel().Partition();
+        return host.Build();
+    }
+
+    static std::string PathOfWay(PublishingHost& host) {
+        const service::ObjectList ways = host.Namespace().Enumerate(way).objects;
+        return ways.size() == 1 ? PathAsPut(*ways[0].Get()) : "";
+    }
+
+    static HRESULT Get(PublishingHost& host, const std::string& path) {
+        const service::ProviderAnswer answer = host.Host().Provider().Get(path);
+        EXPECT_EQ(answer.objects.size(), SUCCEEDED(answer.returned) ? 1U : 0U);
+        EXPECT_EQ(answer.completions, answer.objects.size());
+        return answer.returned;
+    }
+};
+
+TEST_F(Way, IsFoundInOneOrderOfItsThreeReferencesOnly) {
+    PublishingHost host(OneDisk("SRV01"));
+    auto path = service::ParseObjectPath(PathOfWay(host));
+    ASSERT_TRUE(path);
+    std::vector<std::string> found;
+    std::ranges::sort(path->keys, {}, &service::PathKey::name);
+    do {
+        const HRESULT status = Get(host, service::FormatObjectPath(*path));
+        if (status == S_OK) {
+            found.push_back(path->keys[0].name + path->keys[1].name + path->keys[2].name);
+        } else {
+            EXPECT_EQ(status, windows::Hr(WBEM_E_NOT_FOUND));
+        }
+    } while (std::ranges::next_permutation(path->keys, {}, &service::PathKey::name).found);
+    EXPECT_EQ(found, std::vector<std::string>{"InitiatorTargetLogicalUnit"});
+}
+
+TEST_F(Way, IsFoundByAPathOf999CharactersAndNotByALongerOne) {
+    PublishingHost host(OneDisk("SRV01"));
+    std::string path = PathOfWay(host);
+    const std::size_t server = path.find("SRV01");
+    ASSERT_LT(path.size(), 999U);
+    path.insert(server, 999 - path.size(), 'X');
+    EXPECT_EQ(Get(host, path), S_OK);
+    path.insert(server, 1, 'X');
+    EXPECT_EQ(Get(host, path), windows::Hr(WBEM_E_BUFFER_TOO_SMALL));
+}
+
+TEST_F(Way, OfAHostWithALongNameIsFoundWithoutServerAndNamespaceInItsReferences) {
+    const std::string server(60, 'S');
+    PublishingHost host(OneDisk(server));
+    const std::string path = PathOfWay(host);
+    ASSERT_GT(path.size(), 999U);
+    EXPECT_EQ(Get(host, path), windows::Hr(WBEM_E_BUFFER_TOO_SMALL));
+    EXPECT_EQ(Get(host, Replaced(path, EmbeddedPrefix(server), "")), S_OK);
+}
+
+}  // namespace
+}  // namespace qv::test
