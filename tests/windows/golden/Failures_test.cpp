@@ -156,9 +156,9 @@ std::string ValueOf(const PublishedInstance& instance, const std::string& name) 
     return text == nullptr ? ValueText(found->value) : *text;
 }
 
-std::string WholeQuery(const char* query) {
-    const std::string text(query);
-    return text.starts_with("ASSOCIATORS") ? text : "SELECT * FROM " + text;
+std::string WholeQuery(const std::string& query) {
+    const std::string nameSpace = query.starts_with("QV_") ? R"(root\QVQ: )" : R"(root\CIMv2: )";
+    return nameSpace + (query.starts_with("ASSOCIATORS") ? query : "SELECT * FROM " + query);
 }
 
 class Failures : public testing::TestWithParam<ClassFailures> {
