@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "NativeAPI/KeptRows.h"
 #include "source/PropertyReaders.h"
 #include "source/Text.h"
 
@@ -16,10 +17,9 @@ std::string ConnectedId(std::string_view deviceId, const platform::Row* controll
 }
 
 AttachedDisks QueryAttachedDisks(const platform::QueryPort& queries) {
-    platform::Rows disks;
+    platform::Rows disks = QueryIdeDisks(queries);
     platform::Rows links;
     platform::Rows controllers;
-    queries.RunWqlQuery("root\\CIMv2", "SELECT * FROM Win32_DiskDrive", disks);
     queries.RunWqlQuery("root\\CIMv2", "SELECT * FROM Win32_IDEControllerDevice", links);
     queries.RunWqlQuery("root\\CIMv2", "SELECT * FROM Win32_IDEController", controllers);
     ControllerLinks attachments(links, controllers);

@@ -15,9 +15,9 @@ inline constexpr std::string_view connectedTo = " connected to ";
 /// controller is a Win32_IDEController row; null leaves the text behind connectedTo empty.
 std::string ConnectedId(std::string_view deviceId, const platform::Row* controller);
 
-/// The disks and what says where they are attached.
+/// The published disks and what says where they are attached.
 struct AttachedDisks {
-    platform::Rows disks;        ///< Win32_DiskDrive rows of all interface types
+    platform::Rows disks;        ///< the Win32_DiskDrive rows of QueryIdeDisks
     platform::Rows controllers;  ///< the rows to which `links` refers
     ControllerLinks links;
 };

@@ -1,11 +1,11 @@
 // QV_SATADiskDrive: one instance per Win32_DiskDrive row of interface type "IDE", keyed by the
 // encoded plug-and-play device ID; the serial number comes from the disk's Win32_PhysicalMedia row.
 #include "NativeAPI/CapabilityMap.h"
+#include "NativeAPI/KeptRows.h"
 #include "NativeAPI/NativeAPI.h"
 #include "NativeAPI/PhysicalMedia.h"
 #include "NativeAPI/Properties.h"
 #include "source/PropertyReaders.h"
-#include "source/SourceRules.h"
 #include "source/Text.h"
 
 namespace qv {
@@ -29,13 +29,8 @@ void PutCapabilities(InstanceRecord& record, const platform::Row& disk) {
 
 RecordList NativeAPI::getQV_SATADiskDrive(const Request& request) const {
     RecordList records;
-    platform::Rows disks;
-    queries_.RunWqlQuery("root\\CIMv2", "SELECT * FROM Win32_DiskDrive", disks);
     const auto hostName = HostName(host_);
-    for (const auto& disk : disks) {
-        if (!IsIdeDisk(*disk)) {
-            continue;
-        }
+    for (const auto& disk : QueryIdeDisks(queries_)) {
         InstanceRecord record(request.className);
         SetKeyProperty(record, "DeviceID", EncodeDeviceId(TextOrEmpty(*disk, "PNPDeviceID")));
         PutSystemName(record, hostName);

@@ -1,10 +1,10 @@
 // QV_SATADiskDriveFW: the firmware of each Win32_DiskDrive row of interface type "IDE", keyed by
 // the disk's encoded plug-and-play device ID.
+#include "NativeAPI/KeptRows.h"
 #include "NativeAPI/NativeAPI.h"
 #include "NativeAPI/PhysicalMedia.h"
 #include "NativeAPI/Properties.h"
 #include "source/PropertyReaders.h"
-#include "source/SourceRules.h"
 #include "source/Text.h"
 
 namespace qv {
@@ -16,12 +16,7 @@ constexpr const char* title = "Disk Drive Firmware";
 
 RecordList NativeAPI::getQV_SATADiskDriveFW(const Request& request) const {
     RecordList records;
-    platform::Rows disks;
-    queries_.RunWqlQuery("root\\CIMv2", "SELECT * FROM Win32_DiskDrive", disks);
-    for (const auto& disk : disks) {
-        if (!IsIdeDisk(*disk)) {
-            continue;
-        }
+    for (const auto& disk : QueryIdeDisks(queries_)) {
         InstanceRecord record(request.className);
         SetKeyProperty(record, "InstanceID", EncodeDeviceId(TextOrEmpty(*disk, "PNPDeviceID")));
         if (!request.Accepts(record)) {

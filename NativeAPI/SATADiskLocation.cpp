@@ -21,9 +21,6 @@ RecordList NativeAPI::getQV_SATADiskLocation(const Request& request) const {
     RecordList records;
     const AttachedDisks attached = QueryAttachedDisks(queries_);
     for (const auto& disk : attached.disks) {
-        if (!IsIdeDisk(*disk)) {
-            continue;
-        }
         const std::string diskId = TextOrEmpty(*disk, "PNPDeviceID");
         std::string position;
         std::string controllerId;

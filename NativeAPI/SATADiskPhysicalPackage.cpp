@@ -1,22 +1,17 @@
 // QV_SATADiskPhysicalPackage: the physical unit of each Win32_DiskDrive row of interface type
 // "IDE". Serial number and name come from the disk's Win32_PhysicalMedia row.
+#include "NativeAPI/KeptRows.h"
 #include "NativeAPI/NativeAPI.h"
 #include "NativeAPI/PhysicalMedia.h"
 #include "NativeAPI/Properties.h"
 #include "source/PropertyReaders.h"
-#include "source/SourceRules.h"
 #include "source/Text.h"
 
 namespace qv {
 
 RecordList NativeAPI::getQV_SATADiskPhysicalPackage(const Request& request) const {
     RecordList records;
-    platform::Rows disks;
-    queries_.RunWqlQuery("root\\CIMv2", "SELECT * FROM Win32_DiskDrive", disks);
-    for (const auto& disk : disks) {
-        if (!IsIdeDisk(*disk)) {
-            continue;
-        }
+    for (const auto& disk : QueryIdeDisks(queries_)) {
         InstanceRecord record(request.className);
         SetKeyProperty(record, "CreationClassName", record.className);
         SetKeyProperty(record, "Tag", EncodeDeviceId(TextOrEmpty(*disk, "PNPDeviceID")));

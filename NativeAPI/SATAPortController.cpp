@@ -1,5 +1,6 @@
 // QV_SATAPortController: one instance per Win32_IDEController row with a PCI revision in its
 // device ID. The encoded device ID is the key by which everything of the controller refers to it.
+#include "NativeAPI/KeptRows.h"
 #include "NativeAPI/NativeAPI.h"
 #include "NativeAPI/Properties.h"
 #include "source/PropertyReaders.h"
@@ -20,14 +21,8 @@ std::string ProtocolSupported(const platform::Row& row) {
 
 RecordList NativeAPI::getQV_SATAPortController(const Request& request) const {
     RecordList records;
-    platform::Rows controllers;
-    queries_.RunWqlQuery("root\\CIMv2", "SELECT * FROM Win32_IDEController", controllers);
     const auto hostName = HostName(host_);
-    for (const auto& row : controllers) {
-        const std::string deviceId = TextOrEmpty(*row, "DeviceID");
-        if (!IsPortController(deviceId)) {
-            continue;
-        }
+    for (const auto& [deviceId, row] : QueryControllers(queries_, IsPortController)) {
         InstanceRecord record(request.className);
         PutSystemName(record, hostName);
         PutCreationClassNames(record);

@@ -1,9 +1,7 @@
 // The physical side of each port controller, a Win32_IDEController row with a PCI revision in its
 // device ID: QV_SATAPortControllerProduct, QV_SATAControllerLocation and
 // QV_SATAPortControllerPhysicalPackage, each keyed by the encoded device ID.
-#include <memory>
-#include <vector>
-
+#include "NativeAPI/KeptRows.h"
 #include "NativeAPI/NativeAPI.h"
 #include "NativeAPI/Properties.h"
 #include "source/PropertyReaders.h"
@@ -13,25 +11,7 @@
 namespace qv {
 namespace {
 
-struct PortController {
-    std::string deviceId;
-    std::shared_ptr<const platform::Row> row;
-};
-
-std::vector<PortController> QueryPortControllers(const platform::QueryPort& queries) {
-    std::vector<PortController> kept;
-    platform::Rows controllers;
-    queries.RunWqlQuery("root\\CIMv2", "SELECT * FROM Win32_IDEController", controllers);
-    for (const auto& row : controllers) {
-        std::string deviceId = TextOrEmpty(*row, "DeviceID");
-        if (IsPortController(deviceId)) {
-            kept.push_back({std::move(deviceId), row});
-        }
-    }
-    return kept;
-}
-
-std::string PositionText(const PortController& controller) {
+std::string PositionText(const ControllerRow& controller) {
     return TextOrEmpty(*controller.row, "Caption")
         .append(" with Device ID: ")
         .append(DeviceNumberOf(controller.deviceId));
@@ -41,7 +21,7 @@ std::string PositionText(const PortController& controller) {
 
 RecordList NativeAPI::getQV_SATAPortControllerProduct(const Request& request) const {
     RecordList records;
-    for (const PortController& controller : QueryPortControllers(queries_)) {
+    for (const ControllerRow& controller : QueryControllers(queries_, IsPortController)) {
         const std::string revision(RevisionOf(controller.deviceId));
         InstanceRecord record(request.className);
         SetKeyProperty(record, "Name", EncodeDeviceId(controller.deviceId));
@@ -63,7 +43,7 @@ RecordList NativeAPI::getQV_SATAPortControllerProduct(const Request& request) co
 
 RecordList NativeAPI::getQV_SATAControllerLocation(const Request& request) const {
     RecordList records;
-    for (const PortController& controller : QueryPortControllers(queries_)) {
+    for (const ControllerRow& controller : QueryControllers(queries_, IsPortController)) {
         const std::string position = PositionText(controller);
         InstanceRecord record(request.className);
         SetKeyProperty(record, "Name", EncodeDeviceId(controller.deviceId));
@@ -88,7 +68,7 @@ RecordList NativeAPI::getQV_SATAControllerLocation(const Request& request) const
 
 RecordList NativeAPI::getQV_SATAPortControllerPhysicalPackage(const Request& request) const {
     RecordList records;
-    for (const PortController& controller : QueryPortControllers(queries_)) {
+    for (const ControllerRow& controller : QueryControllers(queries_, IsPortController)) {
         InstanceRecord record(request.className);
         SetKeyProperty(record, "CreationClassName", record.className);
         SetKeyProperty(record, "Tag", EncodeDeviceId(controller.deviceId));

@@ -3,6 +3,7 @@
 // Win32_DiskDrive row of interface type "IDE", keyed by the disk together with the controller or
 // channel that it is attached to.
 #include "NativeAPI/Attachment.h"
+#include "NativeAPI/KeptRows.h"
 #include "NativeAPI/NativeAPI.h"
 #include "NativeAPI/Properties.h"
 #include "source/HostIdentity.h"
@@ -31,14 +32,8 @@ void PutDetails(InstanceRecord& record, std::string_view endOfLink) {
 
 RecordList NativeAPI::getQV_ISATAProtocolEndpoint(const Request& request) const {
     RecordList records;
-    platform::Rows controllers;
-    queries_.RunWqlQuery("root\\CIMv2", "SELECT * FROM Win32_IDEController", controllers);
     const auto hostName = HostName(host_);
-    for (const auto& row : controllers) {
-        const std::string deviceId = TextOrEmpty(*row, "DeviceID");
-        if (!IsInitiator(deviceId)) {
-            continue;
-        }
+    for (const auto& [deviceId, row] : QueryControllers(queries_, IsInitiator)) {
         InstanceRecord record(request.className);
         PutSystemName(record, hostName);
         PutClassNames(record);
@@ -59,9 +54,6 @@ RecordList NativeAPI::getQV_TSATAProtocolEndpoint(const Request& request) const 
     const AttachedDisks attached = QueryAttachedDisks(queries_);
     const auto hostName = HostName(host_);
     for (const auto& disk : attached.disks) {
-        if (!IsIdeDisk(*disk)) {
-            continue;
-        }
         const std::string diskId = TextOrEmpty(*disk, "PNPDeviceID");
         InstanceRecord record(request.className);
         if (const auto* controller = attached.links.ControllerOfDisk(diskId)) {

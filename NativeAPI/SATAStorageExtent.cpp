@@ -1,6 +1,7 @@
 // QV_SATAStorageExtent: one instance per Win32_DiskDrive row of interface type "IDE", keyed like
 // the disk, with the figures of its partitions: Win32_DiskPartition rows found over
 // Win32_DiskDriveToDiskPartition.
+#include "NativeAPI/KeptRows.h"
 #include "NativeAPI/NativeAPI.h"
 #include "NativeAPI/Properties.h"
 #include "source/PropertyReaders.h"
@@ -43,10 +44,9 @@ void PutPartition(InstanceRecord& record, const platform::Row& partition, platfo
 
 RecordList NativeAPI::getQV_SATAStorageExtent(const Request& request) const {
     RecordList records;
-    platform::Rows disks;
+    const platform::Rows disks = QueryIdeDisks(queries_);
     platform::Rows links;
     platform::Rows partitions;
-    queries_.RunWqlQuery("root\\CIMv2", "SELECT * FROM Win32_DiskDrive", disks);
     if (queries_.RunWqlQuery("root\\CIMv2", "SELECT * FROM Win32_DiskDriveToDiskPartition",
                              links) == platform::QueryResult::submitted) {
         queries_.RunWqlQuery("root\\CIMv2", "SELECT * FROM Win32_DiskPartition", partitions);
@@ -56,9 +56,6 @@ RecordList NativeAPI::getQV_SATAStorageExtent(const Request& request) const {
                                     : PartitionLinks({}, {}, {});
     const auto hostName = HostName(host_);
     for (const auto& disk : disks) {
-        if (!IsIdeDisk(*disk)) {
-            continue;
-        }
         InstanceRecord record(request.className);
         PutSystemName(record, hostName);
         PutCreationClassNames(record);

@@ -5,10 +5,10 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <optional>
 #include <string_view>
 
 #include "platform/windows/Text.h"
+#include "qvsata/view/Colour.h"
 
 namespace qv::tool {
 namespace {
@@ -87,17 +87,14 @@ HANDLE Console() {
     return isConsole ? output : nullptr;
 }
 
-bool WantsColour() {
-    const char* refusal = std::getenv("NO_COLOR");
-    return refusal == nullptr || *refusal == '\0';
-}
-
 }  // namespace
 
 void Print(const view::StyledText& text) {
-    if (HANDLE console = Console()) {
+    HANDLE console = Console();
+    const bool coloured = view::WantsColour(console != nullptr, std::getenv("NO_COLOR"));
+    if (console != nullptr) {
         std::fflush(stdout);
-        ConsoleWriter writer(console, WantsColour());
+        ConsoleWriter writer(console, coloured);
         std::ranges::for_each(text, [&writer](const view::Span& span) { writer.Write(span); });
         return;
     }

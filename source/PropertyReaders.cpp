@@ -1,5 +1,6 @@
 #include "source/PropertyReaders.h"
 
+#include <new>
 #include <type_traits>
 #include <utility>
 
@@ -13,7 +14,7 @@ struct IsNumberArray<std::vector<Element>> : std::is_integral<Element> {};
 
 }  // namespace
 
-Status GetStringProperty(const platform::Row& row, std::string_view name, std::string& text) {
+Status GetStringProperty(const platform::Row& row, std::string_view name, std::string& text) try {
     platform::PropertyRead read = row.Get(name);
     if (!Succeeded(read.status)) {
         return read.status;
@@ -24,6 +25,8 @@ Status GetStringProperty(const platform::Row& row, std::string_view name, std::s
     }
     text = std::move(*found);
     return Status::noError;
+} catch (const std::bad_alloc&) {
+    throw RequestError(Status::outOfMemory);
 }
 
 Status GetIntegerProperty(const platform::Row& row, std::string_view name, std::int32_t& number) {

@@ -13,7 +13,8 @@ namespace qv {
 // kind, null included, gives Status::failed, and so does a property that cannot be read, but for
 // GetStringProperty. On failure the output stays as it was, but for GetIntegerArrayProperty.
 
-/// Accepts text only. A property that cannot be read gives the status of the read.
+/// Accepts text only. A property that cannot be read gives the status of the read. When there is no
+/// memory for the text, the request ends: RequestError with Status::outOfMemory.
 Status GetStringProperty(const platform::Row& row, std::string_view name, std::string& text);
 
 /// Accepts signed and unsigned whole numbers of 8, 16 and 32 bits, extended by their sign; a

@@ -22,4 +22,8 @@ std::string_view Trimmed(std::string_view text) {
     return text.substr(begin, text.find_last_not_of(blanks) - begin + 1);
 }
 
+std::string OrDash(const std::string& text) {
+    return text.empty() ? "-" : text;
+}
+
 }  // namespace qv::view

@@ -15,4 +15,7 @@ std::string Padding(std::size_t width, std::string_view text);
 /// The text without blanks at its ends.
 std::string_view Trimmed(std::string_view text);
 
+/// The text, or a dash for an empty one.
+std::string OrDash(const std::string& text);
+
 }  // namespace qv::view

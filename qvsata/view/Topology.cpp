@@ -5,12 +5,11 @@
 #include <utility>
 
 #include "qvsata/view/Columns.h"
+#include "qvsata/view/Partners.h"
 #include "source/Text.h"
 
 namespace qv::view {
 namespace {
-
-using Identities = std::map<std::string, std::string>;
 
 constexpr std::array<std::pair<std::int64_t, std::string_view>, 5> codeWords{
     {{0, "Unknown"}, {2, "OK"}, {3, "Degraded"}, {5, "Pred Fail"}, {6, "Error"}}};
@@ -31,34 +30,6 @@ Status StatusOf(const PublishedObject& object, std::string_view codes, std::stri
 
 Status StatusOf(const PublishedObject& object) {
     return StatusOf(object, "OperationalStatus", "StatusDescriptions");
-}
-
-/// For each object that the role `from` names in an association class, the one that the role `to`
-/// names with it; the longest of several.
-Identities Partners(const PublishedHost& host, std::string_view association, std::string_view from,
-                    std::string_view to) {
-    Identities partners;
-    for (const PublishedObject& link : InstancesOf(host, association)) {
-        const std::string end = link.Referenced(from);
-        std::string candidate = link.Referenced(to);
-        if (std::string& partner = partners[end]; candidate.size() > partner.size()) {
-            partner = std::move(candidate);
-        }
-    }
-    return partners;
-}
-
-Identities Inverted(const Identities& partners) {
-    Identities inverted;
-    for (const auto& [from, to] : partners) {
-        inverted[to] = from;
-    }
-    return inverted;
-}
-
-std::string Lookup(const Identities& partners, const std::string& identity) {
-    const auto found = partners.find(identity);
-    return found == partners.end() ? std::string() : found->second;
 }
 
 std::optional<std::uint64_t> Bytes(const std::string& text) {
@@ -169,12 +140,13 @@ private:
         const Identities extentOf =
             Partners(host_, "QV_SATADiskDriveStorageExtent", "Antecedent", "Dependent");
         const Identities endpointNames = EndpointNames();
+        const auto extents = Extents();
         for (const PublishedObject& object : Instances("QV_SATADiskDrive")) {
             const std::string identity = object.Identity();
             const std::string target = Lookup(targetOf, identity);
             const std::string port = Lookup(portOf, Lookup(initiatorOf, target));
             Place(topology, port, ConnectedTo(Lookup(endpointNames, target)))
-                .push_back(MakeDisk(object, Lookup(extentOf, identity)));
+                .push_back(MakeDisk(object, extents, Lookup(extentOf, identity)));
         }
     }
 
@@ -201,7 +173,18 @@ private:
         return controller == topology.controllers.end() ? topology.looseDisks : controller->disks;
     }
 
-    Disk MakeDisk(const PublishedObject& object, const std::string& extentIdentity) const {
+    using ObjectByIdentity = std::map<std::string, const PublishedObject*>;
+
+    ObjectByIdentity Extents() const {
+        ObjectByIdentity extents;
+        for (const PublishedObject& extent : Instances("QV_SATAStorageExtent")) {
+            extents.emplace(extent.Identity(), &extent);
+        }
+        return extents;
+    }
+
+    static Disk MakeDisk(const PublishedObject& object, const ObjectByIdentity& extents,
+                         const std::string& extentIdentity) {
         Disk disk;
         disk.model = Trimmed(object.Text("Model"));
         disk.deviceId = object.Text("DeviceID");
@@ -209,12 +192,11 @@ private:
         disk.firmware = Trimmed(object.Text("FirmwareRevision"));
         disk.status = StatusOf(object);
         disk.size = Bytes(object.Text("Size"));
-        const auto& extents = Instances("QV_SATAStorageExtent");
-        const auto extent = std::ranges::find(extents, extentIdentity, &PublishedObject::Identity);
-        if (extent != extents.end()) {
-            disk.bootable = extent->Flag("Bootable");
-            disk.bootPartition = extent->Flag("BootPartition");
-            disk.primaryPartition = extent->Flag("PrimaryPartition");
+        if (const auto found = extents.find(extentIdentity); found != extents.end()) {
+            const PublishedObject& extent = *found->second;
+            disk.bootable = extent.Flag("Bootable");
+            disk.bootPartition = extent.Flag("BootPartition");
+            disk.primaryPartition = extent.Flag("PrimaryPartition");
         }
         return disk;
     }

@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "qvsata/view/Columns.h"
+#include "qvsata/view/DiskCells.h"
+#include "qvsata/view/StyledStatus.h"
 
 namespace qv::view {
 namespace {
@@ -17,66 +19,6 @@ struct Node {
 
 /// The tree lines in front of a node at one level.
 constexpr std::size_t levelWidth = 3;
-
-bool IsFine(const Status& status) {
-    return status.code == 2;
-}
-
-Style StyleOf(const Status& status) {
-    constexpr std::int64_t error = 6;
-    if (IsFine(status)) {
-        return Style::good;
-    }
-    return status.code == error ? Style::bad : Style::caution;
-}
-
-Span StatusSpan(const Status& status) {
-    return {(IsFine(status) ? "" : "! ") + status.word, StyleOf(status)};
-}
-
-/// Tenths of a unit, rounded to the nearest, with a point.
-std::string Tenths(std::uint64_t bytes, std::uint64_t unit) {
-    const std::uint64_t tenths = bytes / unit * 10 + (bytes % unit * 10 + unit / 2) / unit;
-    return std::to_string(tenths / 10) + '.' + std::to_string(tenths % 10);
-}
-
-std::string SizeText(const Disk& disk, std::uint64_t unit, const std::string& name) {
-    return disk.size ? Tenths(*disk.size, unit) + ' ' + name : "-";
-}
-
-std::string PartitionText(const Disk& disk) {
-    std::string words;
-    const auto append = [&words](const std::optional<bool>& flag, std::string_view word) {
-        if (flag.value_or(false)) {
-            words += words.empty() ? "" : ", ";
-            words += word;
-        }
-    };
-    append(disk.bootable, "bootable");
-    append(disk.bootPartition, "boot");
-    append(disk.primaryPartition, "primary");
-    return words;
-}
-
-std::string OrDash(const std::string& text) {
-    return text.empty() ? "-" : text;
-}
-
-struct Cell {
-    Span span;
-    bool toTheRight = false;
-};
-
-std::vector<Cell> DiskCells(const Disk& disk) {
-    constexpr std::uint64_t gigabyte = 1'000'000'000;
-    constexpr std::uint64_t gibibyte = std::uint64_t{1} << 30U;
-    return {{StatusSpan(disk.status)},
-            {{OrDash(disk.model)}},
-            {{SizeText(disk, gigabyte, "GB")}, true},
-            {{SizeText(disk, gibibyte, "GiB"), Style::faint}, true},
-            {{PartitionText(disk)}},
-            {{"S/N " + OrDash(disk.serialNumber)}}};
-}
 
 class Writer {
 public:

@@ -21,13 +21,14 @@ TEST(ConnectedId, EndsInABlankWithoutControllerOrItsDeviceId) {
     EXPECT_EQ(ConnectedId(channelId, &nameless), channelKey + " connected to ");
 }
 
-TEST(QueryAttachedDisks, GivesAllDisksAndWhereTheyAreAttached) {
+TEST(QueryAttachedDisks, GivesThePublishedDisksAndWhereTheyAreAttached) {
     ScriptedHost host;
     host.Answer(disksQuery, {Disk(diskId), With(Disk("S"), {{"InterfaceType", "SCSI"}})});
     host.Answer(controllerLinksQuery, {ControllerLink(ahciId, diskId)});
     host.Answer(controllersQuery, {Controller(ahciId)});
     const AttachedDisks attached = QueryAttachedDisks(host);
-    EXPECT_EQ(attached.disks.size(), 2U);
+    ASSERT_EQ(attached.disks.size(), 1U);
+    EXPECT_EQ(TextOrEmpty(*attached.disks[0], "PNPDeviceID"), diskId);
     const platform::Row* controller = attached.links.ControllerOfDisk(diskId);
     ASSERT_NE(controller, nullptr);
     EXPECT_EQ(TextOrEmpty(*controller, "DeviceID"), ahciId);

@@ -1,34 +1,30 @@
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <string>
 
 #include "catalogue/Classes.h"
 #include "catalogue/Hierarchy.h"
-#include "tests/core/BuilderTest.h"
+#include "tests/core/Records.h"
+#include "tests/core/SourceRows.h"
 
 namespace qv {
 namespace {
 
-using test::NamesOf;
-using test::ValuesOf;
-using test::With;
+using namespace test;
 using Values = std::vector<std::string>;
 
-const std::string diskQuery = "SELECT * FROM Win32_DiskDrive";
-const std::string mediaQuery = "SELECT * FROM Win32_PhysicalMedia";
-const std::string diskQueryAsked = R"(root\CIMv2: )" + diskQuery;
-const std::string mediaQueryAsked = R"(root\CIMv2: )" + mediaQuery;
-
-test::Properties Disk(const char* id, const char* model) {
+Properties DiskOf(const char* id, const char* model) {
     return {{"InterfaceType", "IDE"},
             {"PNPDeviceID", id},
             {"DeviceID", R"(\\.\PHYSICALDRIVE0)"},
             {"Model", model}};
 }
 
-class Dispatch : public test::BuilderTest {
+class Dispatch : public testing::Test, public Builders {
 protected:
     Dispatch() {
-        host.Answer(diskQuery, {Disk(R"(IDE\A)", "first"), Disk(R"(IDE\B)", "second")});
+        host.Answer(disksQuery, {DiskOf(R"(IDE\A)", "first"), DiskOf(R"(IDE\B)", "second")});
         host.Answer(mediaQuery, {});
     }
 };
@@ -65,8 +61,7 @@ TEST_F(Dispatch, EachClassIsBuiltFromItsOwnSource) {
     api.BuildAllInstances("QV_SATAPortController", mode::keysOnly);
     api.BuildAllInstances("QV_SATADiskDrive", mode::keysOnly);
     api.BuildAllInstances("QV_WinComputerSystem", mode::keysOnly);
-    EXPECT_EQ(host.asked,
-              (Values{R"(root\CIMv2: SELECT * FROM Win32_IDEController)", diskQueryAsked}));
+    EXPECT_EQ(host.asked, InCimv2({controllersQuery, disksQuery}));
 }
 
 TEST_F(Dispatch, HandsModeAndPathToTheBuilder) {
@@ -85,13 +80,13 @@ TEST_F(Dispatch, BuildAllInstancesTakesNoPath) {
 
 TEST_F(Dispatch, NothingIsKeptBetweenRequests) {
     api.BuildAllInstances("QV_SATADiskDrive", mode::keysOnly);
-    host.Answer(diskQuery, {});
+    host.Answer(disksQuery, {});
     EXPECT_EQ(api.BuildAllInstances("QV_SATADiskDrive", mode::keysOnly), RecordList{});
 }
 
 TEST_F(Dispatch, LetsAnErrorOfABuilderThrough) {
-    host.Answer(diskQuery, {With(Disk("A", "x"), "DeviceID", std::monostate{})});
-    host.Answer(mediaQuery, {test::Properties{{"Tag", "T"}}});
+    host.Answer(disksQuery, {With(DiskOf("A", "x"), "DeviceID", std::monostate{})});
+    host.Answer(mediaQuery, {Properties{{"Tag", "T"}}});
     EXPECT_THROW(api.BuildAllInstances("QV_SATADiskDrive", mode::allProperties), RequestError);
     EXPECT_THROW(api.FindRecordByKey("QV_SATADiskDrive", "DeviceID", "A"), RequestError);
 }
@@ -107,12 +102,12 @@ TEST_F(FindRecordByKey, ReturnsTheFullRecordOfTheMatch) {
 
 TEST_F(FindRecordByKey, ReadsKeysOfAllAndThenTheFullRecordOfOne) {
     api.FindRecordByKey("QV_SATADiskDrive", "DeviceID", "IDE&A");
-    EXPECT_EQ(host.asked, (Values{diskQueryAsked, diskQueryAsked, mediaQueryAsked}));
+    EXPECT_EQ(host.asked, InCimv2({disksQuery, disksQuery, mediaQuery}));
 }
 
 TEST_F(FindRecordByKey, FindsNothingForAValueThatDiffersInLetterCase) {
     EXPECT_EQ(api.FindRecordByKey("QV_SATADiskDrive", "DeviceID", "ide&a"), RecordList{});
-    EXPECT_EQ(host.asked, Values{diskQueryAsked});
+    EXPECT_EQ(host.asked, InCimv2({disksQuery}));
 }
 
 TEST_F(FindRecordByKey, FindsNothingForAnotherValueNameOrClass) {
@@ -132,17 +127,17 @@ TEST_F(FindRecordByKey, ReturnsTheFirstOfTwoRecordsThatShareTheValue) {
 }
 
 TEST_F(FindRecordByKey, FindsNothingWhenTheObjectPathIsNotUnique) {
-    host.Answer(diskQuery, {Disk("A", "first"), Disk("A", "second")});
+    host.Answer(disksQuery, {DiskOf("A", "first"), DiskOf("A", "second")});
     EXPECT_EQ(api.FindRecordByKey("QV_SATADiskDrive", "DeviceID", "A"), RecordList{});
 }
 
 TEST_F(FindRecordByKey, FindsNothingWhenObjectPathsDifferInLetterCaseOnly) {
-    host.Answer(diskQuery, {Disk("A", "first"), Disk("a", "second")});
+    host.Answer(disksQuery, {DiskOf("A", "first"), DiskOf("a", "second")});
     EXPECT_EQ(api.FindRecordByKey("QV_SATADiskDrive", "DeviceID", "A"), RecordList{});
 }
 
 TEST_F(FindRecordByKey, FindsNothingWhenTheQueryFails) {
-    host.Fail(diskQuery);
+    host.Fail(disksQuery);
     EXPECT_EQ(api.FindRecordByKey("QV_SATADiskDrive", "DeviceID", "IDE&A"), RecordList{});
 }
 

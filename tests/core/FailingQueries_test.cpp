@@ -6,8 +6,8 @@
 #include <set>
 
 #include "catalogue/Classes.h"
+#include "tests/core/OneDiskHost.h"
 #include "tests/core/Records.h"
-#include "tests/core/SourceRows.h"
 
 namespace qv {
 namespace {
@@ -92,30 +92,13 @@ const std::vector<Failure> failures{
     {"QV_SATAPortControllerBIOS", 4, true, {}, {}},
 };
 
-// One disk on the one channel of the one controller: each class has one instance.
-class OneDiskHost {
+class FailingQueries : public OneDiskHost, public testing::TestWithParam<Failure> {
 protected:
-    OneDiskHost() {
-        host_.Answer(disksQuery, {Disk(diskId)});
-        host_.Answer(mediaQuery, {Media(drive0, "SN")});
-        host_.Answer(controllersQuery, {Controller(ahciId), Controller(channelId)});
-        host_.Answer(controllerLinksQuery,
-                     {ControllerLink(ahciId, channelId), ControllerLink(channelId, diskId)});
-        host_.Answer(partitionLinksQuery, {PartitionLink(drive0, "Disk #0, Partition #0")});
-        host_.Answer(partitionsQuery, {Partition("Disk #0, Partition #0")});
-        host_.Answer(publishedDisksQuery, {{{"OperationalStatus", std::vector<std::int32_t>{3}}}});
-        ServeWith(host_, ahciId, "pciide");
-    }
-
     RecordList Publish(const char* className, std::size_t failing) {
-        const NthQueryFails queries(host_, failing);
-        return NativeAPI(queries, host_, host_).BuildInstances(className, mode::allProperties, {});
+        const NthQueryFails queries(host, failing);
+        return NativeAPI(queries, host, host).BuildInstances(className, mode::allProperties, {});
     }
-
-    ScriptedHost host_;
 };
-
-class FailingQueries : public OneDiskHost, public testing::TestWithParam<Failure> {};
 
 TEST_P(FailingQueries, GiveWhatTheTableSays) {
     const Failure& failure = GetParam();
@@ -144,11 +127,11 @@ class AllQueries : public OneDiskHost, public testing::Test {};
 
 TEST_F(AllQueries, AreInTheTable) {
     for (const PublishedClass& one : PublishedClasses().first(instanceClassCount)) {
-        host_.asked.clear();
-        NativeAPI(host_, host_, host_).BuildInstances(one.name, mode::allProperties, {});
+        host.asked.clear();
+        api.BuildInstances(one.name, mode::allProperties, {});
         const auto listed = std::ranges::count(failures, one.name, &Failure::className);
         // The software classes ask for the devices of the channel too: one query without answer.
-        EXPECT_EQ(static_cast<std::size_t>(listed), host_.asked.size()) << one.name;
+        EXPECT_EQ(static_cast<std::size_t>(listed), host.asked.size()) << one.name;
     }
 }
 

@@ -25,6 +25,15 @@ TEST(QueryMediaOfDisk, GivesNothingWithoutARowOfTheDisk) {
     EXPECT_FALSE(QueryMediaOfDisk(host, ScriptedRow(Disk(diskId))));
 }
 
+TEST(QueryMediaOfDisk, PassesOverARowWithoutTag) {
+    ScriptedHost host;
+    host.Answer(mediaQuery,
+                {{{"Tag", std::monostate{}}, {"SerialNumber", "A"}}, Media(drive0, "B")});
+    const auto media = QueryMediaOfDisk(host, ScriptedRow(Disk(diskId)));
+    ASSERT_TRUE(media);
+    EXPECT_EQ(media->serialNumber, "B");
+}
+
 TEST(QueryMediaOfDisk, GivesNothingWhenTheQueryFails) {
     EXPECT_FALSE(QueryMediaOfDisk(ScriptedHost(), ScriptedRow({})));
 }

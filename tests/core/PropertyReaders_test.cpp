@@ -4,6 +4,7 @@
 
 #include <array>
 #include <limits>
+#include <new>
 #include <optional>
 
 #include "tests/support/ScriptedHost.h"
@@ -125,6 +126,38 @@ TEST(GetStringProperty, GivesTheStatusOfAFailedReadAndLeavesTheOutput) {
     std::string text = "before";
     EXPECT_EQ(GetStringProperty(ScriptedRow({}), "P", text), Status::notFound);
     EXPECT_EQ(text, "before");
+}
+
+/// A row none of whose properties can be read.
+class UnreadableRow : public platform::Row {
+public:
+    explicit UnreadableRow(std::optional<Status> status) : status_(status) {}
+
+    platform::PropertyRead Get(std::string_view) const override {
+        return status_ ? platform::PropertyRead{*status_, {}} : throw std::bad_alloc();
+    }
+
+private:
+    std::optional<Status> status_;  ///< of the reads; nothing: they find no memory
+};
+
+TEST(GetStringProperty, EndsTheRequestWhenThereIsNoMemoryForTheText) {
+    std::string text = "before";
+    try {
+        GetStringProperty(UnreadableRow({}), "P", text);
+        FAIL() << "goes on";
+    } catch (const RequestError& error) {
+        EXPECT_EQ(error.status(), Status::outOfMemory);
+    }
+    EXPECT_EQ(text, "before");
+}
+
+TEST(GetStringProperty, TakesARowThatReportsNoMemoryForAnyFailedRead) {
+    const UnreadableRow row(Status::outOfMemory);
+    std::string text = "before";
+    EXPECT_EQ(GetStringProperty(row, "P", text), Status::outOfMemory);
+    EXPECT_EQ(text, "before");
+    EXPECT_EQ(TextOrEmpty(row, "P"), "");
 }
 
 TEST(PropertyReaders, OfOtherKindsTurnAFailedReadIntoTheGeneralFailureAndLeaveTheOutput) {

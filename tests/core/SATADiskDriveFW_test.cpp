@@ -72,9 +72,11 @@ TEST_F(DiskFirmware, HasTheKeyOfTheDisksOwnInstance) {
 }
 
 TEST_F(DiskFirmware, OfADiskWithoutModelHasAnEmptyNameAndABareIdentity) {
-    host.Answer(disksQuery, {With(Disk(diskId), {{"Model", std::monostate{}}})});
-    EXPECT_EQ(ValuesOf(All(className), "ElementName"), Values{""});
-    EXPECT_EQ(ValuesOf(All(className), "IdentityInfoValue"), Values{"QVQ:"});
+    for (const platform::Value& model : {platform::Value(), platform::Value("")}) {
+        host.Answer(disksQuery, {With(Disk(diskId), {{"Model", model}})});
+        EXPECT_EQ(ValuesOf(All(className), "ElementName"), Values{""});
+        EXPECT_EQ(ValuesOf(All(className), "IdentityInfoValue"), Values{"QVQ:"});
+    }
 }
 
 TEST_F(DiskFirmware, IsFoundByItsPathInAnyLetterCase) {

@@ -1,29 +1,18 @@
+#include <gtest/gtest.h>
+
 #include <string>
 
-#include "tests/core/BuilderTest.h"
+#include "tests/core/Records.h"
+#include "tests/core/SourceRows.h"
 
 namespace qv {
 namespace {
 
-using test::Key;
-using test::NamesOf;
-using test::Number;
-using test::Numbers;
-using test::Record;
-using test::Text;
-using test::Texts;
-using test::ValuesOf;
-using test::With;
-using test::Without;
+using namespace test;
 using Values = std::vector<std::string>;
 
-const std::string diskQuery = "SELECT * FROM Win32_DiskDrive";
-const std::string mediaQuery = "SELECT * FROM Win32_PhysicalMedia";
-const std::string diskQueryAsked = R"(root\CIMv2: )" + diskQuery;
-const std::string mediaQueryAsked = R"(root\CIMv2: )" + mediaQuery;
-
 // Each source property has a value of its own, so that none can stand in for another.
-const test::Properties disk{
+const Properties disk{
     {"DeviceID", R"(\\.\PHYSICALDRIVE0)"},
     {"PNPDeviceID", R"(IDE\DISKX\5&1)"},
     {"InterfaceType", "IDE"},
@@ -46,7 +35,7 @@ const test::Properties disk{
     {"TotalSectors", "976768065"},
     {"TotalTracks", "15504255"},
 };
-const test::Properties medium{{"Tag", R"(\\.\PHYSICALDRIVE0)"}, {"SerialNumber", "SN-0"}};
+const Properties medium{{"Tag", R"(\\.\PHYSICALDRIVE0)"}, {"SerialNumber", "SN-0"}};
 
 InstanceRecord FullRecord(std::string_view className = "QV_SATADiskDrive") {
     return Record(className, {
@@ -87,24 +76,24 @@ InstanceRecord Leaving(InstanceRecord record, std::string_view name) {
     return record;
 }
 
-class SATADiskDrive : public test::BuilderTest {
+class SATADiskDrive : public testing::Test, public Builders {
 protected:
     SATADiskDrive() { host.Answer(mediaQuery, {medium}); }
 
-    RecordList Build(std::vector<test::Properties> rows, std::uint32_t mode = mode::allProperties,
+    RecordList Build(std::vector<Properties> rows, std::uint32_t mode = mode::allProperties,
                      std::string_view path = {}) {
-        host.Answer(diskQuery, std::move(rows));
+        host.Answer(disksQuery, std::move(rows));
         return api.getQV_SATADiskDrive({"QV_SATADiskDrive", mode, path});
     }
 
     // The one value of a property of the one disk built from a row.
-    std::string ValueOf(const test::Properties& row, std::string_view name) {
+    std::string ValueOf(const Properties& row, std::string_view name) {
         const Values values = ValuesOf(Build({row}), name);
         EXPECT_EQ(values.size(), 1U) << name;
         return values.empty() ? "" : values.front();
     }
 
-    void ExpectUnspecifiedFailure(const test::Properties& row) {
+    void ExpectUnspecifiedFailure(const Properties& row) {
         try {
             Build({disk, row});
             ADD_FAILURE() << "no error was raised";
@@ -120,11 +109,11 @@ TEST_F(SATADiskDrive, PublishesEveryPropertyInOrder) {
 
 TEST_F(SATADiskDrive, AsksForDisksOnceAndForMediaOncePerKeptDisk) {
     Build({disk, With(disk, "InterfaceType", "USB"), disk});
-    EXPECT_EQ(host.asked, (Values{diskQueryAsked, mediaQueryAsked, mediaQueryAsked}));
+    EXPECT_EQ(host.asked, InCimv2({disksQuery, mediaQuery, mediaQuery}));
 }
 
 TEST_F(SATADiskDrive, KeepsTheClassNameAsTheCallerSpelledIt) {
-    host.Answer(diskQuery, {disk});
+    host.Answer(disksQuery, {disk});
     EXPECT_EQ(api.getQV_SATADiskDrive({"QV_satadiskdrive", mode::allProperties, {}}),
               RecordList{FullRecord("QV_satadiskdrive")});
 }
@@ -135,7 +124,7 @@ TEST_F(SATADiskDrive, OfAnotherInterfaceTypeIsNotPublished) {
                With(disk, "InterfaceType", "1394"), With(disk, "InterfaceType", std::monostate{}),
                Without(disk, "InterfaceType")}),
         RecordList{});
-    EXPECT_EQ(host.asked, Values{diskQueryAsked});
+    EXPECT_EQ(host.asked, InCimv2({disksQuery}));
 }
 
 TEST_F(SATADiskDrive, OfInterfaceTypeIdeInLowerCaseIsNotPublished) {
@@ -164,13 +153,13 @@ TEST_F(SATADiskDrive, PathKeepsEveryRowThatMatchesAndNoOther) {
                              mode::allProperties, BuildObjectPath(FullRecord())),
                        "Caption"),
               (Values{"the caption", "second"}));
-    EXPECT_EQ(host.asked, (Values{diskQueryAsked, mediaQueryAsked, mediaQueryAsked}));
+    EXPECT_EQ(host.asked, InCimv2({disksQuery, mediaQuery, mediaQuery}));
 }
 
 TEST_F(SATADiskDrive, PathOfNoDiskFindsNothing) {
     EXPECT_EQ(Build({disk}, mode::allProperties, R"(QV_SATADiskDrive.DeviceID="IDE&DISKX&5&1")"),
               RecordList{});
-    EXPECT_EQ(host.asked, Values{diskQueryAsked});
+    EXPECT_EQ(host.asked, InCimv2({disksQuery}));
 }
 
 TEST_F(SATADiskDrive, InKeysOnlyModeHasExactlyTheFourKeys) {
@@ -183,7 +172,7 @@ TEST_F(SATADiskDrive, InKeysOnlyModeHasExactlyTheFourKeys) {
                          {Key("DeviceID", "IDE&DISKX&5&1"), Key("SystemName", "host.example.org"),
                           Key("CreationClassName", "QV_SATADiskDrive"),
                           Key("SystemCreationClassName", "QV_WinComputerSystem")}));
-        EXPECT_EQ(host.asked, Values{diskQueryAsked});
+        EXPECT_EQ(host.asked, InCimv2({disksQuery}));
     }
 }
 
@@ -248,7 +237,7 @@ TEST_F(SATADiskDrive, SerialNumberIsLeftOutWhenNoMediaRowMatches) {
 TEST_F(SATADiskDrive, SerialNumberIsLeftOutWhenTheMediaQueryFails) {
     host.Fail(mediaQuery);
     EXPECT_EQ(Build({disk}), RecordList{Leaving(FullRecord(), "SerialNumber")});
-    EXPECT_EQ(host.asked, (Values{diskQueryAsked, mediaQueryAsked}));
+    EXPECT_EQ(host.asked, InCimv2({disksQuery, mediaQuery}));
 }
 
 TEST_F(SATADiskDrive, NullDeviceIdComparedWithAMediaRowEndsTheRequest) {
@@ -267,38 +256,37 @@ TEST_F(SATADiskDrive, NullDeviceIdIsNoErrorWhereNothingIsComparedWithIt) {
 }
 
 TEST_F(SATADiskDrive, MissingTextsArePublishedEmptyAndMissingNumbersAsZero) {
-    EXPECT_EQ(
-        Build({test::Properties{{"InterfaceType", "IDE"}, {"DeviceID", R"(\\.\PHYSICALDRIVE0)"}}}),
-        RecordList{
-            Record("QV_SATADiskDrive", {
-                                           Key("DeviceID", ""),
-                                           Key("SystemName", "host.example.org"),
-                                           Key("CreationClassName", "QV_SATADiskDrive"),
-                                           Key("SystemCreationClassName", "QV_WinComputerSystem"),
-                                           Text("Caption", ""),
-                                           Text("Name", ""),
-                                           Text("Description", ""),
-                                           Text("ElementName", ""),
-                                           Numbers("OperationalStatus", ""),
-                                           Texts("StatusDescriptions", ""),
-                                           Numbers("Capabilities", ""),
-                                           Texts("CapabilityDescriptions", ""),
-                                           Text("FirmwareRevision", ""),
-                                           Number("Index", "0"),
-                                           Text("InterfaceType", "IDE"),
-                                           Text("Manufacturer", ""),
-                                           Text("Model", ""),
-                                           Number("Partitions", "0"),
-                                           Number("SectorsPerTrack", "0"),
-                                           Number("BytesPerSector", "0"),
-                                           Text("SerialNumber", "SN-0"),
-                                           Text("Size", ""),
-                                           Number("TracksPerCylinder", "0"),
-                                           Text("TotalCylinders", ""),
-                                           Number("TotalHeads", "0"),
-                                           Text("TotalSectors", ""),
-                                           Text("TotalTracks", ""),
-                                       })});
+    EXPECT_EQ(Build({Properties{{"InterfaceType", "IDE"}, {"DeviceID", R"(\\.\PHYSICALDRIVE0)"}}}),
+              RecordList{Record("QV_SATADiskDrive",
+                                {
+                                    Key("DeviceID", ""),
+                                    Key("SystemName", "host.example.org"),
+                                    Key("CreationClassName", "QV_SATADiskDrive"),
+                                    Key("SystemCreationClassName", "QV_WinComputerSystem"),
+                                    Text("Caption", ""),
+                                    Text("Name", ""),
+                                    Text("Description", ""),
+                                    Text("ElementName", ""),
+                                    Numbers("OperationalStatus", ""),
+                                    Texts("StatusDescriptions", ""),
+                                    Numbers("Capabilities", ""),
+                                    Texts("CapabilityDescriptions", ""),
+                                    Text("FirmwareRevision", ""),
+                                    Number("Index", "0"),
+                                    Text("InterfaceType", "IDE"),
+                                    Text("Manufacturer", ""),
+                                    Text("Model", ""),
+                                    Number("Partitions", "0"),
+                                    Number("SectorsPerTrack", "0"),
+                                    Number("BytesPerSector", "0"),
+                                    Text("SerialNumber", "SN-0"),
+                                    Text("Size", ""),
+                                    Number("TracksPerCylinder", "0"),
+                                    Text("TotalCylinders", ""),
+                                    Number("TotalHeads", "0"),
+                                    Text("TotalSectors", ""),
+                                    Text("TotalTracks", ""),
+                                })});
 }
 
 TEST_F(SATADiskDrive, NumbersArePublishedAsSignedDecimals) {
@@ -333,7 +321,7 @@ TEST_F(SATADiskDrive, NoRowsGiveAnEmptyList) {
 
 TEST_F(SATADiskDrive, FailedQueryGivesAnEmptyList) {
     EXPECT_EQ(api.getQV_SATADiskDrive({"QV_SATADiskDrive", mode::allProperties, {}}), RecordList{});
-    EXPECT_EQ(host.asked, Values{diskQueryAsked});
+    EXPECT_EQ(host.asked, InCimv2({disksQuery}));
 }
 
 }  // namespace

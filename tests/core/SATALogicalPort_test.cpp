@@ -125,6 +125,11 @@ TEST_F(LogicalPort, GoesByThePlugAndPlayIdAndNotByTheDeviceId) {
               (std::vector<std::string>{channelKey + " connected to "}));
 }
 
+TEST_F(LogicalPort, IsNoneOfAController) {
+    host.Answer(controllersQuery, {Controller(ahciId), Controller(R"(PCI\VEN_1&DEV_2&REV_03\4)")});
+    EXPECT_EQ(All(className), RecordList{});
+}
+
 TEST_F(LogicalPort, PublishesChannelsInSourceOrder) {
     host.Answer(controllersQuery, {Controller(R"(IDECHANNEL\2)"), Controller(R"(IDECHANNEL\1)")});
     EXPECT_EQ(

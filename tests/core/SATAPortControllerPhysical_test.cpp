@@ -124,6 +124,13 @@ TEST_F(Physical, NoneCarriesTheHostsName) {
     }
 }
 
+TEST_F(Physical, NoneIsOfAChannel) {
+    host.Answer(controllersQuery, {Controller(channelId), Controller(R"(PCIIDE\IDECHANNEL\5)")});
+    for (const char* className : {product, location, package}) {
+        EXPECT_EQ(All(className), RecordList{}) << className;
+    }
+}
+
 TEST_F(Physical, EachIsOnePerPortControllerInSourceOrder) {
     host.Answer(controllersQuery, {Controller("B&REV_1"), Controller("none"), Controller("A&REV_1"),
                                    Without(Controller(ahciId), "DeviceID")});

@@ -142,9 +142,12 @@ TEST_F(Software, APathThatNamesALaterControllerOfTheFamilyFindsNothing) {
     host.Answer(controllersQuery, {Controller(ahciId), Controller(R"(PCI\B&REV_1)")});
     ServeWith(host, ahciId, "msahci");
     ServeWith(host, R"(PCI\B&REV_1)", "msahci");
-    EXPECT_EQ(At(bios, R"(QV_SATAPortControllerBIOS.InstanceID=)"
-                       R"("QV:QV_SATAPortControllerBIOS:PCI&B&REV_1")"),
-              RecordList{});
+    for (const std::string className : {bios, firmware, driver}) {
+        const std::string path = className + R"(.InstanceID="QV:)" + className;
+        EXPECT_EQ(At(className, path + R"(:PCI&B&REV_1")"), RecordList{});
+        EXPECT_EQ(ValuesOf(At(className, path + ":" + ahciKey + "\""), "InstanceID"),
+                  Values{"QV:" + className + ":" + ahciKey});
+    }
 }
 
 TEST_F(Software, IsFoundByItsPathInAnyLetterCase) {
@@ -196,6 +199,19 @@ TEST_F(Software, AFailedAssociatorsQueryIsPassedOver) {
     ServeWith(host, ahciId, "msahci");
     EXPECT_EQ(ValuesOf(All(driver), "InstanceID"),
               Values{"QV:QV_SATAPortControllerDriver:" + ahciKey});
+}
+
+TEST_F(Software, AnAssociatorsQueryWithoutRowsIsPassedOver) {
+    host.Answer(controllersQuery,
+                {Controller("X&REV_1"), Controller("Y&REV_1"), Controller(ahciId)});
+    host.Answer(DevicesOf("X&REV_1"), {});
+    ServeWith(host, "Y&REV_1", "msahci");
+    host.Answer(DriversOf("Y&REV_1"), {});
+    ServeWith(host, ahciId, "msahci");
+    for (const std::string className : {bios, firmware, driver}) {
+        EXPECT_EQ(ValuesOf(All(className), "InstanceID"),
+                  Values{"QV:" + className + ":" + ahciKey});
+    }
 }
 
 TEST_F(Software, IsNoneWhenTheControllersCannotBeHad) {

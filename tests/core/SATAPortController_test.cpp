@@ -1,26 +1,17 @@
+#include <gtest/gtest.h>
+
 #include <string>
 
-#include "tests/core/BuilderTest.h"
+#include "tests/core/Records.h"
+#include "tests/core/SourceRows.h"
 
 namespace qv {
 namespace {
 
-using test::Key;
-using test::NamesOf;
-using test::Number;
-using test::Numbers;
-using test::Record;
-using test::Text;
-using test::Texts;
-using test::ValuesOf;
-using test::With;
-using test::Without;
+using namespace test;
 using Values = std::vector<std::string>;
 
-const std::string query = "SELECT * FROM Win32_IDEController";
-const Values askedOnce{R"(root\CIMv2: )" + query};
-
-const test::Properties controller{
+const Properties controller{
     {"DeviceID", R"(PCI\VEN_8086&DEV_2922&SUBSYS_12345678&REV_02\3&1AB2&0&FA)"},
     {"Caption", "the caption"},
     {"Description", "the description"},
@@ -49,16 +40,16 @@ InstanceRecord FullRecord(std::string_view className = "QV_SATAPortController") 
                              });
 }
 
-class SATAPortController : public test::BuilderTest {
+class SATAPortController : public testing::Test, public Builders {
 protected:
-    RecordList Build(std::vector<test::Properties> rows, std::uint32_t mode = mode::allProperties,
+    RecordList Build(std::vector<Properties> rows, std::uint32_t mode = mode::allProperties,
                      std::string_view path = {}) {
-        host.Answer(query, std::move(rows));
+        host.Answer(controllersQuery, std::move(rows));
         return api.getQV_SATAPortController({"QV_SATAPortController", mode, path});
     }
 
     // The one value of a property of the one controller built from a row.
-    std::string ValueOf(const test::Properties& row, std::string_view name) {
+    std::string ValueOf(const Properties& row, std::string_view name) {
         const Values values = ValuesOf(Build({row}), name);
         EXPECT_EQ(values.size(), 1U) << name;
         return values.empty() ? "" : values.front();
@@ -67,11 +58,11 @@ protected:
 
 TEST_F(SATAPortController, PublishesEveryPropertyInOrder) {
     EXPECT_EQ(Build({controller}), RecordList{FullRecord()});
-    EXPECT_EQ(host.asked, askedOnce);
+    EXPECT_EQ(host.asked, InCimv2({controllersQuery}));
 }
 
 TEST_F(SATAPortController, KeepsTheClassNameAsTheCallerSpelledIt) {
-    host.Answer(query, {controller});
+    host.Answer(controllersQuery, {controller});
     EXPECT_EQ(api.getQV_SATAPortController({"qv_sataPORTcontroller", mode::allProperties, {}}),
               RecordList{FullRecord("qv_sataPORTcontroller")});
 }
@@ -177,8 +168,7 @@ TEST_F(SATAPortController, MissingSourceTextsArePublishedEmpty) {
             entry.value = "0";
         }
     }
-    EXPECT_EQ(Build({test::Properties{{"DeviceID", controller.at("DeviceID")}}}),
-              RecordList{expected});
+    EXPECT_EQ(Build({Properties{{"DeviceID", controller.at("DeviceID")}}}), RecordList{expected});
 }
 
 TEST_F(SATAPortController, NullCaptionIsPublishedEmptyAndNotAbsent) {
@@ -214,7 +204,7 @@ TEST_F(SATAPortController, NoRowsGiveAnEmptyList) {
 TEST_F(SATAPortController, FailedQueryGivesAnEmptyList) {
     EXPECT_EQ(api.getQV_SATAPortController({"QV_SATAPortController", mode::allProperties, {}}),
               RecordList{});
-    EXPECT_EQ(host.asked, askedOnce);
+    EXPECT_EQ(host.asked, InCimv2({controllersQuery}));
 }
 
 }  // namespace

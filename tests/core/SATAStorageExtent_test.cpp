@@ -148,6 +148,12 @@ TEST_F(Extent, MissingTextsAreEmptyTexts) {
     EXPECT_EQ(ValuesOf(records, "Bootable"), Values{"FALSE"});
 }
 
+TEST_F(Extent, IsNoneOfADiskOfAnotherInterfaceTypeThoughItHasPartitions) {
+    host.Answer(disksQuery, {With(Disk(diskId), {{"InterfaceType", "USB"}})});
+    EXPECT_EQ(All(className), RecordList{});
+    EXPECT_EQ(Keys(className), RecordList{});
+}
+
 TEST_F(Extent, IsOneForEachIdeDiskInSourceOrder) {
     host.Answer(disksQuery, {Disk("D2"), With(Disk("S"), {{"InterfaceType", "SCSI"}}), Disk("D1")});
     EXPECT_EQ(ValuesOf(All(className), "DeviceID"), (Values{"D2", "D1"}));

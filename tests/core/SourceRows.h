@@ -60,6 +60,11 @@ inline Properties With(Properties base, const Properties& changes) {
     return base;
 }
 
+/// `base` with one property set.
+inline Properties With(Properties base, const std::string& name, platform::Value value) {
+    return With(std::move(base), Properties{{name, std::move(value)}});
+}
+
 /// `base` without one property.
 inline Properties Without(Properties base, const std::string& name) {
     base.erase(name);

@@ -1,12 +1,14 @@
-#include "tests/core/BuilderTest.h"
+#include <gtest/gtest.h>
+
+#include "tests/core/Records.h"
+#include "tests/core/SourceRows.h"
 
 namespace qv {
 namespace {
 
-using test::Key;
-using test::Record;
+using namespace test;
 
-using WinComputerSystem = test::BuilderTest;
+class WinComputerSystem : public testing::Test, public Builders {};
 
 const InstanceRecord fullRecord =
     Record("QV_WinComputerSystem",

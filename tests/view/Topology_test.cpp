@@ -159,6 +159,33 @@ TEST_F(TopologyTest, TakesFlagsFromTheDisksExtent) {
     EXPECT_FALSE(topology.looseDisks[0].bootable.has_value());
 }
 
+TEST_F(TopologyTest, TakesFlagsFromTheExtentOfEachDiskWhateverTheirOrder) {
+    const auto first = AddDisk("D1");
+    const auto second = AddDisk("D2");
+    AddDisk("D3");
+    for (const PublishedObject& disk : {second, first}) {
+        auto extent = Instance("QV_SATAStorageExtent", "DeviceID", disk.Text("DeviceID"));
+        extent.values["Bootable"] = disk.Text("DeviceID") == "D2";
+        Add(extent);
+        Add(Link("QV_SATADiskDriveStorageExtent", "Antecedent", disk, "Dependent", extent));
+    }
+    const Topology topology = BuildTopology(host_);
+    EXPECT_EQ(topology.looseDisks[0].bootable, false);
+    EXPECT_EQ(topology.looseDisks[1].bootable, true);
+    EXPECT_FALSE(topology.looseDisks[2].bootable.has_value());
+}
+
+TEST_F(TopologyTest, TakesFlagsFromTheFirstOfTwoExtentsWithOneIdentity) {
+    for (const bool bootable : {true, false}) {
+        auto extent = Instance("QV_SATAStorageExtent", "DeviceID", "D");
+        extent.values["Bootable"] = bootable;
+        Add(extent);
+    }
+    Add(Link("QV_SATADiskDriveStorageExtent", "Antecedent", AddDisk("D"), "Dependent",
+             Instance("QV_SATAStorageExtent", "DeviceID", "D")));
+    EXPECT_EQ(BuildTopology(host_).looseDisks[0].bootable, true);
+}
+
 TEST_F(TopologyTest, NamesAStatusByItsTextThenByItsCode) {
     auto text = Instance("QV_SATADiskDrive", "DeviceID", "A");
     text.values["StatusDescriptions"] = std::vector<std::string>{"Starting"};

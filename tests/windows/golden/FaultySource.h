@@ -5,13 +5,16 @@
 #include <algorithm>
 #include <atomic>
 #include <memory>
+#include <new>
 #include <optional>
+#include <span>
 #include <string>
 #include <utility>
 
 #include "platform/windows/Bstr.h"
 #include "platform/windows/ComObject.h"
 #include "platform/windows/Text.h"
+#include "platform/windows/UnsupportedObject.h"
 #include "platform/windows/UnsupportedServices.h"
 #include "qvsata/service/com/Locator.h"
 #include "tests/windows/golden/PublishingHost.h"
@@ -22,7 +25,8 @@
 
 namespace qv::test {
 
-enum class Stage { connecting, submitting, reading };
+/// Where a query fails; `exhausted`: its rows come, and there is no memory to read one.
+enum class Stage { connecting, submitting, reading, exhausted };
 
 struct Fault {
     std::size_t turn = 0;  ///< which of the queries, counted from 0
@@ -33,50 +37,90 @@ struct Fault {
 /// What becomes of the queries, and what they were.
 struct FaultScript {
     std::optional<Fault> fault;
-    std::size_t turn = 0;  ///< of the next connection
-    CallList<std::string> asked;
+    std::size_t turn = 0;         ///< of the next connection
+    CallList<std::string> asked;  ///< "namespace: query"
 
     bool Fails(std::size_t which, Stage stage) const {
         return fault && fault->turn == which && fault->stage == stage;
     }
 };
 
-/// Gives so many rows of the whole result and then fails.
-class ShortResults : public windows::ComObject<IEnumWbemClassObject> {
+/// The results of a query, which its derived classes spoil.
+class SpoiltResults : public windows::ComObject<IEnumWbemClassObject> {
     static constexpr HRESULT refused = windows::Hr(WBEM_E_NOT_SUPPORTED);
 
 public:
-    ShortResults(windows::ComPtr<IEnumWbemClassObject> whole, ULONG rows)
-        : whole_(std::move(whole)), left_(rows) {}
+    explicit SpoiltResults(windows::ComPtr<IEnumWbemClassObject> whole)
+        : whole_(std::move(whole)) {}
 
     STDMETHODIMP Reset() override { return refused; }
+    STDMETHODIMP NextAsync(ULONG, IWbemObjectSink*) override { return refused; }
+    STDMETHODIMP Clone(IEnumWbemClassObject**) override { return refused; }
+    STDMETHODIMP Skip(LONG, ULONG) override { return refused; }
+
+protected:
+    IEnumWbemClassObject& Whole() { return *whole_.Get(); }
+
+private:
+    windows::ComPtr<IEnumWbemClassObject> whole_;
+};
+
+/// Gives so many rows of the whole result and then fails.
+class ShortResults : public SpoiltResults {
+public:
+    ShortResults(windows::ComPtr<IEnumWbemClassObject> whole, ULONG rows)
+        : SpoiltResults(std::move(whole)), left_(rows) {}
+
     STDMETHODIMP Next(LONG timeout, ULONG count, IWbemClassObject** objects,
                       ULONG* returned) override {
         if (left_ == 0) {
             *returned = 0;
             return windows::Hr(WBEM_E_TRANSPORT_FAILURE);
         }
-        const HRESULT result = whole_->Next(timeout, std::min(count, left_), objects, returned);
+        const HRESULT result = Whole().Next(timeout, std::min(count, left_), objects, returned);
         left_ -= *returned;
         return result;
     }
-    STDMETHODIMP NextAsync(ULONG, IWbemObjectSink*) override { return refused; }
-    STDMETHODIMP Clone(IEnumWbemClassObject**) override { return refused; }
-    STDMETHODIMP Skip(LONG, ULONG) override { return refused; }
 
 private:
-    windows::ComPtr<IEnumWbemClassObject> whole_;
     ULONG left_;
+};
+
+/// Gives as many rows as there are, none of which can be read for want of memory.
+class ExhaustedResults : public SpoiltResults {
+    class Row : public windows::UnsupportedObject {
+    public:
+        STDMETHODIMP Get(LPCWSTR, LONG, VARIANT*, CIMTYPE*, LONG*) override {
+            throw std::bad_alloc();
+        }
+    };
+
+public:
+    using SpoiltResults::SpoiltResults;
+
+    STDMETHODIMP Next(LONG timeout, ULONG count, IWbemClassObject** objects,
+                      ULONG* returned) override {
+        const HRESULT result = Whole().Next(timeout, count, objects, returned);
+        for (IWbemClassObject*& object : std::span(objects, *returned)) {
+            object->Release();
+            object = windows::MakeObject<Row>().Detach();
+        }
+        return result;
+    }
 };
 
 class FaultyConnection : public windows::UnsupportedServices<windows::ComObject<IWbemServices>> {
 public:
-    FaultyConnection(FaultScript& script, std::size_t turn, windows::ComPtr<IWbemServices> sound)
-        : script_(script), turn_(turn), sound_(std::move(sound)) {}
+    FaultyConnection(FaultScript& script, std::size_t turn, std::string nameSpace,
+                     windows::ComPtr<IWbemServices> sound)
+        : script_(script),
+          turn_(turn),
+          nameSpace_(std::move(nameSpace)),
+          sound_(std::move(sound)) {}
 
     STDMETHODIMP ExecQuery(const BSTR language, const BSTR query, long flags, IWbemContext* context,
                            IEnumWbemClassObject** results) override {
-        script_.asked.Add(windows::ToNarrow(windows::Bstr::ViewOf(query)));
+        script_.asked.Add(nameSpace_ + ": " + windows::ToNarrow(windows::Bstr::ViewOf(query)));
         if (script_.Fails(turn_, Stage::submitting)) {
             return windows::Hr(WBEM_E_INVALID_CLASS);
         }
@@ -86,12 +130,16 @@ public:
                 windows::MakeObject<ShortResults>(windows::Adopt(*results), script_.fault->rows)
                     .Detach();
         }
+        if (SUCCEEDED(result) && script_.Fails(turn_, Stage::exhausted)) {
+            *results = windows::MakeObject<ExhaustedResults>(windows::Adopt(*results)).Detach();
+        }
         return result;
     }
 
 private:
     FaultScript& script_;
     std::size_t turn_;
+    std::string nameSpace_;
     windows::ComPtr<IWbemServices> sound_;
 };
 
@@ -116,7 +164,9 @@ public:
         } else if (const HRESULT result = machine_(nameSpace, sound); FAILED(result)) {
             return result;
         }
-        *services = windows::MakeObject<FaultyConnection>(script_, turn, sound).Detach();
+        *services = windows::MakeObject<FaultyConnection>(
+                        script_, turn, windows::ToNarrow(windows::Bstr::ViewOf(nameSpace)), sound)
+                        .Detach();
         return S_OK;
     }
 
@@ -141,16 +191,26 @@ public:
 
     /// The instances of a class when there is the fault, or none.
     PublishedInstances Publish(const char* className, std::optional<Fault> fault = {}) {
-        script_.fault = fault;
-        script_.turn = 0;
-        script_.asked.Clear();
+        Expect(fault);
         return host_->Publish(className);
     }
 
-    /// The queries of the last request that were submitted.
+    /// The provider, whose next request meets the fault, or none.
+    const service::ProviderObject& Provider(std::optional<Fault> fault = {}) {
+        Expect(fault);
+        return host_->Host().Provider();
+    }
+
+    /// The queries of the last request that were submitted, as "namespace: query".
     std::vector<std::string> Asked() const { return script_.asked.All(); }
 
 private:
+    void Expect(std::optional<Fault> fault) {
+        script_.fault = fault;
+        script_.turn = 0;
+        script_.asked.Clear();
+    }
+
     FaultScript script_;
     service::Connector machine_;
     std::unique_ptr<PublishingHost> host_;

@@ -1,14 +1,18 @@
 // The storage collection asks the management service for the library's own disks, which brings a
 // second request into the library while the first one is running.
 #include <algorithm>
-#include <atomic>
+#include <array>
+#include <functional>
 #include <thread>
 
+#include "qvsata/service/com/SnapshotObject.h"
 #include "tests/support/HostBuilder.h"
 #include "tests/windows/golden/PublishingHost.h"
 
 namespace qv::test {
 namespace {
+
+constexpr const char* degraded = R"({3}{"Degraded"})";
 
 /// The second of two disks decides: the group is degraded.
 service::RecordedHost TwoDisks() {
@@ -31,32 +35,55 @@ std::string StatusOf(const PublishedInstances& collections) {
     return status;
 }
 
+/// The same of what a client of the namespace is answered.
+std::string StatusOf(const service::Answer& answer) {
+    if (answer.objects.size() != 1) {
+        return std::to_string(answer.objects.size()) + " collections, " + answer.message;
+    }
+    std::string status;
+    const service::Snapshot collection = service::SnapshotOf(*answer.objects[0].Get());
+    for (const char* name : {"GroupOperationalStatus", "GroupStatusDescriptions"}) {
+        status +=
+            ValueText(std::ranges::find(*collection, name, &service::ObjectProperty::name)->value);
+    }
+    return status;
+}
+
 TEST(NestedRequests, RollUpTheDisksThatTheLibraryItselfPublishes) {
     PublishingHost host(TwoDisks());
-    EXPECT_EQ(StatusOf(host.Publish("QV_SATAStorageCollection")), R"({3}{"Degraded"})");
+    EXPECT_EQ(StatusOf(host.Publish("QV_SATAStorageCollection")), degraded);
 }
 
 TEST(NestedRequests, AreAnsweredOnEightThreadsAtOnceAndLeaveTheLibraryFree) {
     PublishingHost host(TwoDisks());
-    std::atomic<int> correct = 0;
+    using Told = std::vector<std::string>;
+    const auto ask = [&host](Told& told) {
+        const service::ComApartment apartment;
+        for (int request = 0; request < 10; ++request) {
+            told.push_back(
+                StatusOf(host.Namespace().Query("SELECT * FROM QV_SATAStorageCollection WHERE "
+                                                "InstanceID = 'srv01.example.org "
+                                                "QV:QV_SATAStorageCollection'")));
+            const auto members =
+                host.Namespace().Enumerate("QV_SATAStorageCollectionSATADiskDrive");
+            told.push_back(std::to_string(members.objects.size()) + " members");
+        }
+    };
+    std::array<Told, 8> told;
     std::vector<std::thread> clients;
-    for (int client = 0; client < 8; ++client) {
-        clients.emplace_back([&host, &correct] {
-            const service::ComApartment apartment;
-            for (int request = 0; request < 10; ++request) {
-                const auto answer = host.Namespace().Query(
-                    "SELECT * FROM QV_SATAStorageCollection WHERE InstanceID = "
-                    "'srv01.example.org QV:QV_SATAStorageCollection'");
-                const auto members =
-                    host.Namespace().Enumerate("QV_SATAStorageCollectionSATADiskDrive");
-                const bool complete = answer.objects.size() == 1 && members.objects.size() == 2;
-                correct += complete ? 1 : 0;
-            }
-        });
+    for (Told& ofClient : told) {
+        clients.emplace_back(ask, std::ref(ofClient));
     }
     std::ranges::for_each(clients, &std::thread::join);
-    EXPECT_EQ(correct, 80);
-    EXPECT_EQ(StatusOf(host.Publish("QV_SATAStorageCollection")), R"({3}{"Degraded"})");
+    Told expected;
+    for (int request = 0; request < 10; ++request) {
+        expected.emplace_back(degraded);
+        expected.emplace_back("2 members");
+    }
+    for (const Told& ofClient : told) {
+        EXPECT_EQ(ofClient, expected);
+    }
+    EXPECT_EQ(StatusOf(host.Publish("QV_SATAStorageCollection")), degraded);
     EXPECT_FALSE(host.Host().CanUnloadLibrary());
     host.Host().ReleaseProvider();
     EXPECT_TRUE(host.Host().CanUnloadLibrary());

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/QueryPort.h"
+
+namespace qv {
+
+/// Asks for the disks and gives the Win32_DiskDrive rows that are published (IsIdeDisk), in their
+/// order; none when the query fails.
+platform::Rows QueryIdeDisks(const platform::QueryPort& queries);
+
+/// A Win32_IDEController row and its DeviceID.
+struct ControllerRow {
+    std::string deviceId;
+    std::shared_ptr<const platform::Row> row;
+};
+
+/// Asks for the controllers and gives the rows with a DeviceID that is kept (IsPortController,
+/// IsInitiator), in their order; none when the query fails.
+std::vector<ControllerRow> QueryControllers(const platform::QueryPort& queries,
+                                            bool (*isKept)(std::string_view deviceId));
+
+}  // namespace qv

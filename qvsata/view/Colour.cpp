@@ -1,0 +1,9 @@
+#include "qvsata/view/Colour.h"
+
+namespace qv::view {
+
+bool WantsColour(bool isTerminal, const char* noColour) {
+    return isTerminal && (noColour == nullptr || *noColour == '\0');
+}
+
+}  // namespace qv::view

@@ -1,0 +1,24 @@
+#include "qvsata/view/StyledStatus.h"
+
+namespace qv::view {
+namespace {
+
+bool IsFine(const Status& status) {
+    return status.code == 2;
+}
+
+}  // namespace
+
+Style StyleOf(const Status& status) {
+    constexpr std::int64_t error = 6;
+    if (IsFine(status)) {
+        return Style::good;
+    }
+    return status.code == error ? Style::bad : Style::caution;
+}
+
+Span StatusSpan(const Status& status) {
+    return {(IsFine(status) ? "" : "! ") + status.word, StyleOf(status)};
+}
+
+}  // namespace qv::view

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "qvsata/view/StyledText.h"
+#include "qvsata/view/Topology.h"
+
+namespace qv::view {
+
+/// How a status is shown: good when it is OK, bad for an error, a caution for all else.
+Style StyleOf(const Status& status);
+
+/// The word of a status in its style, behind a "!" when it is not OK.
+Span StatusSpan(const Status& status);
+
+}  // namespace qv::view
