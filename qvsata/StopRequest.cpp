@@ -24,8 +24,6 @@ BOOL WINAPI TakeRequest(DWORD control) {
 
 StopRequest::StopRequest() {
     ResetEvent(MadeEvent());
-    // A program that was started in a process group of its own has Ctrl+C ignored.
-    SetConsoleCtrlHandler(nullptr, FALSE);
     SetConsoleCtrlHandler(TakeRequest, TRUE);
 }
 
