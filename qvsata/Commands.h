@@ -13,5 +13,6 @@ void AddGet(CLI::App& program);
 void AddQuery(CLI::App& program);
 void AddReferences(CLI::App& program);
 void AddTopology(CLI::App& program);
+void AddWatch(CLI::App& program);
 
 }  // namespace qv::tool

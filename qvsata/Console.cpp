@@ -1,7 +1,5 @@
 #include "qvsata/Console.h"
 
-#include <windows.h>
-
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
@@ -78,6 +76,7 @@ private:
     WORD usual_ = FOREGROUND_RED | FOREGROUND_GREEN | FOREGROUND_BLUE;
 };
 
+<<<<<<< HEAD
 /// The console that standard output leads to; null when it leads elsewhere.
 HANDLE Console() {
     HANDLE output = GetStdHandle(STD_OUTPUT_HANDLE);
@@ -85,14 +84,31 @@ HANDLE Console() {
     const bool isConsole =
         GetFileType(output) == FILE_TYPE_CHAR && GetConsoleMode(output, &mode) != FALSE;
     return isConsole ? output : nullptr;
+=======
+bool WantsColour() {
+    const char* refusal = std::getenv("NO_COLOR");
+    return refusal == nullptr || *refusal == '\0';
+>>>>>>> h-watch
 }
 
 }  // namespace
 
+HANDLE ConsoleOf(DWORD standardHandle) {
+    HANDLE handle = GetStdHandle(standardHandle);
+    DWORD mode = 0;
+    const bool isConsole =
+        GetFileType(handle) == FILE_TYPE_CHAR && GetConsoleMode(handle, &mode) != FALSE;
+    return isConsole ? handle : nullptr;
+}
+
 void Print(const view::StyledText& text) {
+<<<<<<< HEAD
     HANDLE console = Console();
     const bool coloured = view::WantsColour(console != nullptr, std::getenv("NO_COLOR"));
     if (console != nullptr) {
+=======
+    if (HANDLE console = ConsoleOf(STD_OUTPUT_HANDLE)) {
+>>>>>>> h-watch
         std::fflush(stdout);
         ConsoleWriter writer(console, coloured);
         std::ranges::for_each(text, [&writer](const view::Span& span) { writer.Write(span); });

@@ -14,7 +14,8 @@ enum class Format { text, json, mof };
 /// What every command that asks the provider is told: where the machine's facts come from, which
 /// provider, how to write the answer.
 struct Options {
-    std::string host;  ///< file of a recorded host; empty without --host
+    std::string host;                     ///< file of a recorded host; empty without --host
+    std::vector<std::string> laterHosts;  ///< files of what the recorded host becomes, in order
     bool live = false;
     std::string library;    ///< empty: beside this program
     std::string mofFolder;  ///< empty: beside this program

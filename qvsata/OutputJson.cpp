@@ -43,6 +43,10 @@ std::string ObjectsAsJson(const service::ObjectList& objects) {
     return DocumentText(array);
 }
 
+std::string ObjectAsJsonLine(IWbemClassObject& object) {
+    return AsJson(object).dump(-1, ' ', false, ordered_json::error_handler_t::replace) + '\n';
+}
+
 std::string DocumentText(const ordered_json& document) {
     constexpr int indent = 2;
     return document.dump(indent, ' ', false, ordered_json::error_handler_t::replace) + '\n';

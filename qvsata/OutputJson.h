@@ -10,6 +10,9 @@ namespace qv::tool {
 /// Objects as a JSON array, see FormatObjects.
 std::string ObjectsAsJson(const service::ObjectList& objects);
 
+/// An object as one line with a JSON object, see FormatObjects.
+std::string ObjectAsJsonLine(IWbemClassObject& object);
+
 /// A JSON document as it is written: indented, with a line feed at the end.
 std::string DocumentText(const nlohmann::ordered_json& document);
 

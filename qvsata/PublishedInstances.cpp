@@ -4,9 +4,8 @@
 #include "qvsata/service/com/ObjectReading.h"
 
 namespace qv::tool {
-namespace {
 
-view::PublishedObject Read(IWbemClassObject& object) {
+view::PublishedObject ReadObject(IWbemClassObject& object) {
     view::PublishedObject published;
     published.className = service::ReadText(object, "__CLASS");
     published.path = service::ReadText(object, "__RELPATH");
@@ -20,15 +19,13 @@ view::PublishedObject Read(IWbemClassObject& object) {
     return published;
 }
 
-}  // namespace
-
 view::PublishedHost ReadInstances(const service::EmbeddedNamespace& nameSpace,
                                   std::span<const std::string_view> classes) {
     view::PublishedHost host;
     for (const std::string_view className : classes) {
         auto& instances = host[std::string(className)];
         for (const auto& object : Take(nameSpace.Enumerate(className))) {
-            instances.push_back(Read(*object.Get()));
+            instances.push_back(ReadObject(*object.Get()));
         }
     }
     return host;

@@ -8,6 +8,9 @@
 
 namespace qv::tool {
 
+/// What an object publishes.
+view::PublishedObject ReadObject(IWbemClassObject& object);
+
 /// The instances of some classes of a namespace. Raises CommandError when one cannot be enumerated.
 view::PublishedHost ReadInstances(const service::EmbeddedNamespace& nameSpace,
                                   std::span<const std::string_view> classes);

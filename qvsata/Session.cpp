@@ -38,6 +38,18 @@ std::shared_ptr<const service::RecordedHost> ReadHost(const std::string& file) {
     return std::make_shared<service::RecordedHost>(service::RecordedHost::FromFile(FromUtf8(file)));
 }
 
+std::vector<std::shared_ptr<const service::RecordedHost>> ReadLaterHosts(
+    const Options& options, const service::RecordedHost& first) {
+    std::vector<std::shared_ptr<const service::RecordedHost>> hosts;
+    for (const std::string& file : options.laterHosts) {
+        hosts.push_back(ReadHost(file));
+        if (hosts.back()->Computer() != first.Computer()) {
+            throw CommandError(file + ": not a recording of the computer of " + options.host);
+        }
+    }
+    return hosts;
+}
+
 }  // namespace
 
 std::unique_ptr<service::ManagementHost> StartSession(const Options& options) {
@@ -45,6 +57,7 @@ std::unique_ptr<service::ManagementHost> StartSession(const Options& options) {
     service::HostOptions host;
     if (!options.live) {
         host.recorded = ReadHost(options.host);
+        host.laterRecordings = ReadLaterHosts(options, *host.recorded);
     }
     const path mofFolder = options.mofFolder.empty() ? here : FromUtf8(options.mofFolder);
     for (const wchar_t* file : mofFiles) {

@@ -29,6 +29,8 @@ struct ComputerNames {
     std::string dnsFullyQualified;
     std::string dnsHostname;
     std::string netbios;
+
+    bool operator==(const ComputerNames&) const = default;
 };
 
 /// The properties of a row, in order.

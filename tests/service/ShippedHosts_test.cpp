@@ -114,6 +114,12 @@ INSTANTIATE_TEST_SUITE_P(All, ShippedHost,
                                          "legacy-ide.json", "mixed-buses-failing.json",
                                          "twelve-disk-server.json", "two-ahci-controllers.json"));
 
+INSTANTIATE_TEST_SUITE_P(Drill, ShippedHost,
+                         testing::Values("drill/0-healthy.json", "drill/1-degraded.json",
+                                         "drill/2-predicted.json", "drill/3-failed.json",
+                                         "drill/4-recovered.json", "drill/5-no-contact.json",
+                                         "drill/6-pulled.json", "drill/7-replaced.json"));
+
 TEST(ShippedHosts, ShowAFailingDisk) {
     const auto host = RecordedHost::FromFile(shippedHosts / "mixed-buses-failing.json");
     EXPECT_THAT(TextsOf(RowsOf(host, "Win32_DiskDrive"), "InterfaceType"),

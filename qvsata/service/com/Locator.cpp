@@ -18,13 +18,18 @@ std::string Narrow(const BSTR text) {
 }  // namespace
 
 Connector ConnectRecorded(std::shared_ptr<const RecordedHost> host) {
-    return [host = std::move(host)](const BSTR nameSpace,
-                                    windows::ComPtr<IWbemServices>& services) -> HRESULT {
+    return ConnectRecorded(std::make_shared<const RecordingSequence>(std::vector{std::move(host)}));
+}
+
+Connector ConnectRecorded(std::shared_ptr<const RecordingSequence> recordings) {
+    return [recordings = std::move(recordings)](
+               const BSTR nameSpace, windows::ComPtr<IWbemServices>& services) -> HRESULT {
         const std::string name = Narrow(nameSpace);
+        auto host = recordings->Present();
         if (!host->HasNamespace(name)) {
             return windows::Hr(WBEM_E_INVALID_NAMESPACE);
         }
-        services = windows::MakeObject<RecordedServices>(host, NormalNamespace(name));
+        services = windows::MakeObject<RecordedServices>(std::move(host), NormalNamespace(name));
         return WBEM_S_NO_ERROR;
     };
 }

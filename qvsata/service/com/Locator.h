@@ -9,6 +9,7 @@
 
 #include "platform/windows/ComObject.h"
 #include "qvsata/service/RecordedHost.h"
+#include "qvsata/service/RecordingSequence.h"
 #include "qvsata/service/com/EmbeddedNamespace.h"
 
 namespace qv::service {
@@ -20,6 +21,9 @@ using Connector =
 
 /// Connects to the namespaces of a recorded host; WBEM_E_INVALID_NAMESPACE for one it lacks.
 Connector ConnectRecorded(std::shared_ptr<const RecordedHost> host);
+
+/// The same for the recording that is the present one when it connects.
+Connector ConnectRecorded(std::shared_ptr<const RecordingSequence> recordings);
 
 /// Connects to the machine's own management service.
 Connector ConnectLive();

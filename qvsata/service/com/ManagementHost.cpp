@@ -41,10 +41,19 @@ ClassRepository ReadClasses(const std::vector<std::filesystem::path>& mofFiles) 
     return namespaces.Of(providerNamespace);
 }
 
-windows::ComPtr<IUnknown> CreateRegistered() {
+std::shared_ptr<RecordingSequence> SequenceOf(const HostOptions& options) {
+    if (!options.recorded) {
+        return nullptr;
+    }
+    std::vector recordings{options.recorded};
+    std::ranges::copy(options.laterRecordings, std::back_inserter(recordings));
+    return std::make_shared<RecordingSequence>(std::move(recordings));
+}
+
+windows::ComPtr<IUnknown> CreateRegistered(REFCLSID classId) {
     windows::ComPtr<IUnknown> object;
     const HRESULT result =
-        CoCreateInstance(instanceProviderId, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&object));
+        CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&object));
     if (FAILED(result)) {
         Fail(result);
     }
@@ -68,8 +77,9 @@ HMODULE ModuleOf(IUnknown& object) {
 ManagementHost::ManagementHost(const HostOptions& options)
     : namespace_(std::make_shared<EmbeddedNamespace>(
           ReadClasses(options.mofFiles), std::string(providerNamespace),
-          options.recorded ? options.recorded->Computer().server : ThisComputer())) {
-    const Connector machine = options.recorded ? ConnectRecorded(options.recorded) : ConnectLive();
+          options.recorded ? options.recorded->Computer().server : ThisComputer())),
+      recordings_(SequenceOf(options)) {
+    const Connector machine = recordings_ ? ConnectRecorded(recordings_) : ConnectLive();
     locator_.emplace(
         CLSID_WbemAdministrativeLocator, [own = namespace_, machine](REFIID iid, void** object) {
             return windows::MakeObject<Locator>(own, machine)->QueryInterface(iid, object);
@@ -77,14 +87,13 @@ ManagementHost::ManagementHost(const HostOptions& options)
     pathParser_.emplace(windows::pathParserClassId, [](REFIID iid, void** object) {
         return windows::MakeObject<PathParser>()->QueryInterface(iid, object);
     });
-    windows::ComPtr<IUnknown> object;
-    if (options.registered) {
-        object = CreateRegistered();
-    } else {
-        object = library_.emplace(options.library).Create(instanceProviderId);
+    if (!options.registered) {
+        library_.emplace(options.library);
     }
+    const windows::ComPtr<IUnknown> object = Create(instanceProviderId);
+    module_ = ModuleOf(*object.Get());
     if (options.recorded) {
-        names_.emplace(ModuleOf(*object.Get()), options.recorded->Computer());
+        names_.emplace(module_, options.recorded->Computer());
     }
     provider_ = std::make_shared<ProviderObject>(object, windows::ToWide(providerNamespace),
                                                  *Connect().Get());
@@ -101,10 +110,7 @@ void ManagementHost::ReleaseProvider() {
 }
 
 windows::ComPtr<IUnknown> ManagementHost::Create(REFCLSID classId) const {
-    if (!library_) {
-        Fail(REGDB_E_CLASSNOTREG);
-    }
-    return library_->Create(classId);
+    return library_ ? library_->Create(classId) : CreateRegistered(classId);
 }
 
 windows::ComPtr<IWbemServices> ManagementHost::Connect() const {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "qvsata/service/RecordedHost.h"
+#include "qvsata/service/RecordingSequence.h"
 #include "qvsata/service/com/ComApartment.h"
 #include "qvsata/service/com/EmbeddedNamespace.h"
 #include "qvsata/service/com/ProviderLibrary.h"
@@ -22,6 +23,8 @@ namespace qv::service {
 struct HostOptions {
     /// The recorded host that stands for the machine; without one it is the machine itself.
     std::shared_ptr<const RecordedHost> recorded;
+    /// The same computer as it was recorded later, for ManagementHost::Recordings to step to.
+    std::vector<std::shared_ptr<const RecordedHost>> laterRecordings;
     /// The MOF files of the provider's namespace, in the order in which they are to be read.
     std::vector<std::filesystem::path> mofFiles;
     /// The provider's library.
@@ -54,8 +57,15 @@ public:
     /// Lets go of the provider: requests find no instances from now on.
     void ReleaseProvider();
 
-    /// Another object of the provider's library. Raises RequestError.
+    /// The recordings of which the present one stands for the machine; null on the machine itself.
+    RecordingSequence* Recordings() const { return recordings_.get(); }
+
+    /// Another object of the provider's library, or of the registered provider. Raises
+    /// RequestError.
     windows::ComPtr<IUnknown> Create(REFCLSID classId) const;
+
+    /// The library's module, whichever way it was loaded.
+    HMODULE ProviderModule() const { return module_; }
 
     /// A new connection to the provider's namespace, as the locator gives it.
     windows::ComPtr<IWbemServices> Connect() const;
@@ -66,9 +76,11 @@ public:
 private:
     ComApartment apartment_;
     std::shared_ptr<EmbeddedNamespace> namespace_;
+    std::shared_ptr<RecordingSequence> recordings_;
     std::optional<ServedClass> locator_;
     std::optional<ServedClass> pathParser_;
     std::optional<ProviderLibrary> library_;
+    HMODULE module_ = nullptr;
     std::optional<RecordedNames> names_;
     std::shared_ptr<ProviderObject> provider_;
 };

@@ -6,6 +6,7 @@
 #include "platform/windows/Bstr.h"
 #include "platform/windows/Text.h"
 #include "platform/windows/WbemStatus.h"
+#include "qvsata/service/com/ProviderInit.h"
 #include "qvsata/service/com/ResponseSink.h"
 #include "qvsata/service/com/Worker.h"
 
@@ -15,36 +16,8 @@ namespace {
 using windows::Bstr;
 using windows::ComPtr;
 
-/// Takes the status that a provider reports when it is initialised.
-class InitSink final : public windows::ComObject<IWbemProviderInitSink> {
-public:
-    STDMETHODIMP SetStatus(LONG status, LONG) override {
-        reported_ = status;
-        return WBEM_S_NO_ERROR;
-    }
-    std::optional<LONG> Reported() const { return reported_; }
-
-private:
-    std::optional<LONG> reported_;
-};
-
 [[noreturn]] void Fail(HRESULT status) {
     throw RequestError(static_cast<Status>(status));
-}
-
-HRESULT Initialize(IUnknown& provider, std::wstring_view nameSpace, IWbemServices& services) {
-    ComPtr<IWbemProviderInit> init;
-    if (const HRESULT result = provider.QueryInterface(IID_PPV_ARGS(&init)); FAILED(result)) {
-        return result;
-    }
-    const auto sink = windows::MakeObject<InitSink>();
-    std::wstring name(nameSpace);
-    const HRESULT returned =
-        init->Initialize(nullptr, 0, name.data(), nullptr, &services, nullptr, sink.Get());
-    if (FAILED(returned)) {
-        return returned;
-    }
-    return sink->Reported().value_or(windows::Hr(WBEM_E_PROVIDER_FAILURE));
 }
 
 Bstr WideText(std::string_view text) {
@@ -64,7 +37,7 @@ ProviderObject::ProviderObject(const ComPtr<IUnknown>& provider, std::wstring_vi
                                IWbemServices& services) {
     HRESULT result = windows::Hr(WBEM_E_FAILED);
     RunAsServedCall(level_, [&] {
-        result = Initialize(*provider.Get(), nameSpace, services);
+        result = InitializeProvider(*provider.Get(), nameSpace, services);
         if (SUCCEEDED(result)) {
             result = provider->QueryInterface(IID_PPV_ARGS(&services_));
         }

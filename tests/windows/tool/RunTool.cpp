@@ -3,43 +3,69 @@
 #include <windows.h>
 
 #include <array>
+#include <condition_variable>
 #include <filesystem>
 #include <fstream>
+#include <mutex>
+#include <optional>
 #include <stdexcept>
 #include <thread>
+#include <utility>
 
 #include "SourceTree.h"
 #include "platform/windows/Handle.h"
 #include "platform/windows/Text.h"
+#include "tests/windows/tool/Pipe.h"
+#include "tests/windows/tool/PseudoConsole.h"
 
 namespace qv::test {
 namespace {
 
 using windows::KernelHandle;
 
-struct Pipe {
-    KernelHandle reader;
-    KernelHandle writer;
+/// Reads what a process writes, on a thread of its own.
+class Reading {
+public:
+    explicit Reading(Pipe& pipe) : reader_(std::move(pipe.reader)), thread_([this] { Run(); }) {
+        pipe.writer.Reset();
+    }
 
-    Pipe() {
-        SECURITY_ATTRIBUTES inherited{sizeof(inherited), nullptr, TRUE};
-        if (!CreatePipe(reader.Receive(), writer.Receive(), &inherited, 0) ||
-            !SetHandleInformation(reader.Get(), HANDLE_FLAG_INHERIT, 0)) {
-            throw std::runtime_error("no pipe");
+    /// Waits until `text` was read; false when all was read without it.
+    bool Await(const std::string& text) {
+        std::unique_lock lock(mutex_);
+        changed_.wait(lock, [&] { return done_ || text_.find(text) != std::string::npos; });
+        return text_.find(text) != std::string::npos;
+    }
+
+    /// All of it, at the end.
+    std::string Finish() {
+        thread_.join();
+        return text_;
+    }
+
+private:
+    void Run() {
+        std::array<char, 4096> buffer{};
+        DWORD read = 0;
+        while (ReadFile(reader_.Get(), buffer.data(), static_cast<DWORD>(buffer.size()), &read,
+                        nullptr) &&
+               read != 0) {
+            const std::lock_guard lock(mutex_);
+            text_.append(buffer.data(), read);
+            changed_.notify_all();
         }
+        const std::lock_guard lock(mutex_);
+        done_ = true;
+        changed_.notify_all();
     }
-};
 
-std::string ReadAll(HANDLE reader) {
-    std::string text;
-    std::array<char, 4096> buffer{};
-    DWORD read = 0;
-    while (ReadFile(reader, buffer.data(), static_cast<DWORD>(buffer.size()), &read, nullptr) &&
-           read != 0) {
-        text.append(buffer.data(), read);
-    }
-    return text;
-}
+    KernelHandle reader_;
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    std::string text_;
+    bool done_ = false;
+    std::thread thread_;
+};
 
 /// An argument as the C runtime's rules have it on a command line.
 std::wstring Quoted(const std::string& argument) {
@@ -56,36 +82,70 @@ std::wstring Quoted(const std::string& argument) {
     return quoted + L'"';
 }
 
+/// A process of the tool whose standard output and error are read.
+class ToolProcess {
+public:
+    /// `console`: the one that the process is attached to, which outlives it.
+    ToolProcess(const char* tool, const std::vector<std::string>& arguments,
+                const PseudoConsole* console = nullptr) {
+        std::wstring command = Quoted(tool);
+        for (const std::string& argument : arguments) {
+            command += L' ' + Quoted(argument);
+        }
+        Pipe output;
+        Pipe errors;
+        STARTUPINFOEXW startup{};
+        startup.StartupInfo.cb = sizeof(startup);
+        startup.StartupInfo.dwFlags = STARTF_USESTDHANDLES;
+        startup.StartupInfo.hStdOutput = output.writer.Get();
+        startup.StartupInfo.hStdError = errors.writer.Get();
+        startup.lpAttributeList = console == nullptr ? nullptr : console->Attributes();
+        PROCESS_INFORMATION started{};
+        if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, TRUE,
+                            EXTENDED_STARTUPINFO_PRESENT, nullptr, nullptr, &startup.StartupInfo,
+                            &started)) {
+            throw std::runtime_error("the tool does not start");
+        }
+        process_ = KernelHandle(started.hProcess);
+        const KernelHandle thread(started.hThread);
+        output_.emplace(output);
+        errors_.emplace(errors);
+    }
+
+    Reading& Errors() { return *errors_; }
+
+    ToolRun Finish() {
+        ToolRun run;
+        run.output = output_->Finish();
+        run.errors = errors_->Finish();
+        WaitForSingleObject(process_.Get(), INFINITE);
+        GetExitCodeProcess(process_.Get(), &run.exitCode);
+        return run;
+    }
+
+private:
+    KernelHandle process_;
+    std::optional<Reading> output_;
+    std::optional<Reading> errors_;
+};
+
 }  // namespace
 
 ToolRun RunTool(const std::vector<std::string>& arguments) {
-    std::wstring command = Quoted(QV_TOOL);
-    for (const std::string& argument : arguments) {
-        command += L' ' + Quoted(argument);
+    return ToolProcess(QV_TOOL, arguments).Finish();
+}
+
+ToolRun RunQuickTool(const std::vector<std::string>& arguments) {
+    return ToolProcess(QV_QUICK_TOOL, arguments).Finish();
+}
+
+ToolRun InterruptQuickTool(const std::vector<std::string>& arguments, const std::string& text) {
+    const PseudoConsole console;
+    ToolProcess process(QV_QUICK_TOOL, arguments, &console);
+    if (process.Errors().Await(text)) {
+        console.PressCtrlC();
     }
-    Pipe output;
-    Pipe errors;
-    STARTUPINFOW startup{};
-    startup.cb = sizeof(startup);
-    startup.dwFlags = STARTF_USESTDHANDLES;
-    startup.hStdOutput = output.writer.Get();
-    startup.hStdError = errors.writer.Get();
-    PROCESS_INFORMATION started{};
-    if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
-                        &startup, &started)) {
-        throw std::runtime_error("the tool does not start");
-    }
-    const KernelHandle process(started.hProcess);
-    const KernelHandle thread(started.hThread);
-    output.writer.Reset();
-    errors.writer.Reset();
-    ToolRun run;
-    std::thread errorReader([&] { run.errors = ReadAll(errors.reader.Get()); });
-    run.output = ReadAll(output.reader.Get());
-    errorReader.join();
-    WaitForSingleObject(process.Get(), INFINITE);
-    GetExitCodeProcess(process.Get(), &run.exitCode);
-    return run;
+    return process.Finish();
 }
 
 std::string SourceFile(const std::string& name) {

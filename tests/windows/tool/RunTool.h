@@ -15,6 +15,12 @@ struct ToolRun {
 /// Runs qvsata.exe with arguments in UTF-8 and waits for its end.
 ToolRun RunTool(const std::vector<std::string>& arguments);
 
+/// The same for the tool without the pauses of the provider's monitor.
+ToolRun RunQuickTool(const std::vector<std::string>& arguments);
+
+/// Runs it on a console of its own, and presses Ctrl+C once its standard error says `text`.
+ToolRun InterruptQuickTool(const std::vector<std::string>& arguments, const std::string& text);
+
 /// A file of the source tree, for an argument.
 std::string SourceFile(const std::string& name);
 

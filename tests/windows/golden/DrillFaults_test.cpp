@@ -1,0 +1,108 @@
+// Source queries that fail for a cycle, and many events in one.
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <chrono>
+#include <iostream>
+
+#include "tests/support/HostBuilder.h"
+#include "tests/windows/golden/DrillHost.h"
+#include "tests/windows/support/ProcessUsage.h"
+
+namespace qv::test {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+const std::string old = "SCSI&DISK&VEN_HALDEN&PROD_HD4000F05&4&1C0B7E25&0&010000";
+
+struct SourceClass {
+    const char* nameSpace;
+    const char* name;
+};
+
+/// The queries of the disk inventory.
+class FailingQuery : public ::testing::TestWithParam<SourceClass> {
+protected:
+    /// A recording in which the query fails.
+    std::shared_ptr<const service::RecordedHost> Failing(
+        const std::shared_ptr<const service::RecordedHost>& recording) const {
+        auto failing = std::make_shared<service::RecordedHost>(*recording);
+        failing->FailClass(GetParam().nameSpace, GetParam().name);
+        return failing;
+    }
+
+    DrillHost::Recordings drill_ = Drill();
+};
+
+TEST_P(FailingQuery, RaisesNothing) {
+    DrillHost host({drill_[0], Failing(drill_[0]), drill_[0]});
+    EXPECT_THAT(EventsOf(host.RunAll()), IsEmpty());
+}
+
+TEST_P(FailingQuery, LosesNoChangeOfAStatus) {
+    DrillHost host({drill_[0], Failing(drill_[1]), drill_[1]});
+    EXPECT_THAT(host.RunCycle(), IsEmpty());
+    EXPECT_THAT(host.RunCycle(), IsEmpty());
+    EXPECT_THAT(EventsOf(host.RunCycle()), ElementsAre("604 " + old));
+}
+
+TEST_P(FailingQuery, LosesNoDiskThatGoes) {
+    DrillHost host({drill_[5], Failing(drill_[6]), drill_[6]});
+    EXPECT_THAT(host.RunCycle(), IsEmpty());
+    EXPECT_THAT(host.RunCycle(), IsEmpty());
+    EXPECT_THAT(EventsOf(host.RunCycle()), ElementsAre("613 " + old));
+}
+
+TEST_P(FailingQuery, LosesNoDiskThatComes) {
+    DrillHost host({drill_[6], Failing(drill_[0]), drill_[0]});
+    EXPECT_THAT(host.RunCycle(), IsEmpty());
+    EXPECT_THAT(host.RunCycle(), IsEmpty());
+    EXPECT_THAT(EventsOf(host.RunCycle()), ElementsAre("600 " + old));
+}
+
+INSTANTIATE_TEST_SUITE_P(OfTheInventory, FailingQuery,
+                         ::testing::Values(SourceClass{R"(root\CIMv2)", "Win32_DiskDrive"},
+                                           SourceClass{R"(root\wmi)",
+                                                       "MSStorageDriver_FailurePredictStatus"}),
+                         [](const auto& source) { return std::string(source.param.name); });
+
+constexpr int many = 1000;
+
+/// A host of many disks that all have one status.
+std::shared_ptr<const service::RecordedHost> ManyDisks(const std::string& status) {
+    HostBuilder host;
+    for (int index = 0; index < many; ++index) {
+        host.Disk(index, R"(IDE\DISK\5&)" + std::to_string(index) + "&E", {{"Status", status}});
+    }
+    auto recording = std::make_shared<service::RecordedHost>(host.Build());
+    for (int index = 0; index < many; ++index) {
+        recording->AddRow(R"(root\wmi)", "MSStorageDriver_FailurePredictStatus",
+                          {{"InstanceName", R"(IDE\Disk\5&)" + std::to_string(index) + "&E_0"},
+                           {"PredictFailure", false}});
+    }
+    return recording;
+}
+
+TEST(ManyDisks, ThatChangeAtOnceAreEachAnnouncedOnce) {
+    std::vector<std::string> expected;
+    for (int index = 0; index < many; ++index) {
+        expected.push_back("603 IDE&DISK&5&" + std::to_string(index) + "&E");
+    }
+    DrillHost host({ManyDisks("OK"), ManyDisks("Error"), ManyDisks("Error")});
+    ASSERT_THAT(host.RunCycle(), IsEmpty());
+    const ProcessUsage before = ProcessUsage::Now();
+    const auto begin = std::chrono::steady_clock::now();
+    const std::vector<std::string> events = EventsOf(host.RunCycle());
+    const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - begin;
+    EXPECT_EQ(events, expected);
+    EXPECT_THAT(host.RunCycle(), IsEmpty());
+    const ProcessUsage after = ProcessUsage::Now();
+    std::cout << many << " events in " << elapsed.count() << " s; heap " << before.heapBytes / 1024
+              << " KiB before, " << after.heapBytes / 1024 << " KiB after; handles "
+              << before.handles << " and " << after.handles << '\n';
+}
+
+}  // namespace
+}  // namespace qv::test

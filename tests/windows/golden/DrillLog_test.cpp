@@ -1,0 +1,65 @@
+// The lines that the monitor writes into the legacy log.
+#include <gmock/gmock.h>
+
+#include <regex>
+
+#include "tests/windows/golden/DrillHost.h"
+
+namespace qv::test {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+
+/// The lines without their times, whose form is checked.
+std::vector<std::string> LinesOf(const std::string& log) {
+    const std::regex form(R"( \[\d\d/\d\d/\d{4} \d\d:\d\d:\d\d:\d{3}\] (.*))");
+    std::vector<std::string> lines;
+    std::size_t from = 0;
+    for (std::size_t end = log.find("\r\n"); end != std::string::npos;
+         end = log.find("\r\n", from)) {
+        const std::string line = log.substr(from, end - from);
+        std::smatch parts;
+        EXPECT_TRUE(std::regex_match(line, parts, form)) << line;
+        lines.push_back(parts[1]);
+        from = end + 2;
+    }
+    EXPECT_EQ(from, log.size()) << "the last line has no end";
+    return lines;
+}
+
+std::string Line(const std::string& text) {
+    return "[QVWMISATA::CQVWMISATA_EventProv::] - CSATAHBA_EVENTS::" + text;
+}
+
+std::string Sent(const std::string& eventId) {
+    return Line("EventThreadCheckforEvents| SendIndication for EventID = " + eventId);
+}
+
+class DrillLog : public ::testing::TestWithParam<std::uint32_t> {
+protected:
+    DrillHost host_{Drill(), GetParam()};
+};
+
+class DrillLogInDetail : public DrillLog {};
+TEST_P(DrillLogInDetail, HasALineForEachEventAndOneForTheEndOfTheThread) {
+    EXPECT_THAT(host_.RunAll(), SizeIs(7));
+    host_.End();
+    EXPECT_THAT(
+        LinesOf(host_.LegacyLog()),
+        ElementsAre(Sent("604"), Sent("605"), Sent("603"), Sent("602"), Sent("601"), Sent("613"),
+                    Sent("600"), Line("EventThreadExit| EventThreadExit:...")));
+}
+INSTANTIATE_TEST_SUITE_P(Levels, DrillLogInDetail, ::testing::Values(1U, 2U, 3U));
+
+class DrillLogOfFailures : public DrillLog {};
+TEST_P(DrillLogOfFailures, IsEmptyAndTheEventsAreRaisedAllTheSame) {
+    EXPECT_THAT(host_.RunAll(), SizeIs(7));
+    host_.End();
+    EXPECT_THAT(LinesOf(host_.LegacyLog()), IsEmpty());
+}
+INSTANTIATE_TEST_SUITE_P(Levels, DrillLogOfFailures, ::testing::Values(4U, 5U));
+
+}  // namespace
+}  // namespace qv::test

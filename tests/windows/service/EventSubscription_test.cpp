@@ -1,0 +1,118 @@
+#include "qvsata/service/com/EventSubscription.h"
+
+#include <gmock/gmock.h>
+
+#include <filesystem>
+#include <fstream>
+#include <optional>
+
+#include "SourceTree.h"
+#include "qvsata/service/com/MonitorPauses.h"
+#include "qvsata/service/com/ObjectReading.h"
+#include "tests/windows/support/ShortSleeps.h"
+
+namespace qv::test {
+namespace {
+
+using service::EventSubscription;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+std::shared_ptr<const service::RecordedHost> Drill(const std::string& name) {
+    return std::make_shared<service::RecordedHost>(
+        service::RecordedHost::FromFile(QV_SOURCE_DIR "/hosts/drill/" + name + ".json"));
+}
+
+service::HostOptions FailingDisk() {
+    service::HostOptions options;
+    options.recorded = Drill("0-healthy");
+    options.laterRecordings = {Drill("1-degraded"), Drill("2-predicted")};
+    options.mofFiles = {QV_SOURCE_DIR "/mof/cim_schema.mof", QV_SOURCE_DIR "/mof/qvwmisata.mof"};
+    options.library = QV_PROVIDER;
+    return options;
+}
+
+class EventSubscriptionTest : public testing::Test {
+protected:
+    /// The IDs of the events of the cycle that is over next; the monitor is held behind it.
+    std::vector<std::string> NextCycle() {
+        EXPECT_EQ(WaitForSingleObject(pauses_.CycleOver(), 10000), WAIT_OBJECT_0);
+        return Taken();
+    }
+
+    std::vector<std::string> Taken() {
+        std::vector<std::string> events;
+        for (const auto& indication : subscription_->Take()) {
+            events.push_back(service::ReadText(*indication.Get(), "EventID"));
+        }
+        return events;
+    }
+
+    void Step() {
+        host_.Recordings()->Step();
+        pauses_.LetGo();
+    }
+
+    ShortSleeps sleeps_;
+    service::ManagementHost host_{FailingDisk()};
+    service::MonitorPauses pauses_{host_.ProviderModule()};
+    std::optional<EventSubscription> subscription_{std::in_place, host_};
+};
+
+TEST_F(EventSubscriptionTest, DeliversNothingWhileNothingChanges) {
+    EXPECT_THAT(NextCycle(), IsEmpty());
+    pauses_.LetGo();
+    EXPECT_THAT(NextCycle(), IsEmpty());
+}
+
+TEST_F(EventSubscriptionTest, DeliversWhatChangesFromOneRecordingToTheNext) {
+    EXPECT_THAT(NextCycle(), IsEmpty());
+    Step();
+    EXPECT_THAT(NextCycle(), ElementsAre("604"));
+    Step();
+    EXPECT_THAT(NextCycle(), ElementsAre("605"));
+}
+
+TEST_F(EventSubscriptionTest, DeliversInstancesOfTheIndicationClass) {
+    NextCycle();
+    Step();
+    ASSERT_EQ(WaitForSingleObject(pauses_.CycleOver(), 10000), WAIT_OBJECT_0);
+    const service::ObjectList indications = subscription_->Take();
+    ASSERT_EQ(indications.size(), 1U);
+    EXPECT_EQ(service::ReadText(*indications[0].Get(), "__CLASS"), "QV_SATADeviceIndication");
+    EXPECT_EQ(service::ReadText(*indications[0].Get(), "SystemName"), "cellar-nas.example.org");
+}
+
+TEST_F(EventSubscriptionTest, KeepsWhatWasDeliveredBeforeItsEnd) {
+    NextCycle();
+    Step();
+    ASSERT_EQ(WaitForSingleObject(pauses_.CycleOver(), 10000), WAIT_OBJECT_0);
+    subscription_->End();
+    EXPECT_THAT(Taken(), ElementsAre("604"));
+}
+
+TEST_F(EventSubscriptionTest, CanBeMadeAgain) {
+    NextCycle();
+    subscription_.reset();
+    subscription_.emplace(host_);
+    NextCycle();
+    Step();
+    EXPECT_THAT(NextCycle(), ElementsAre("604"));
+}
+
+TEST(EventSubscriptionFailure, IsThatOfTheProvider) {
+    service::HostOptions options = FailingDisk();
+    const auto mof = std::filesystem::temp_directory_path() / "without-indication.mof";
+    std::ofstream(mof) << "#pragma namespace(\"\\\\\\\\.\\\\root\\\\QVQ\")\nclass T { };\n";
+    options.mofFiles = {mof};
+    const service::ManagementHost host(options);
+    try {
+        const EventSubscription subscription(host);
+        ADD_FAILURE() << "there is no class of the indications";
+    } catch (const RequestError& error) {
+        EXPECT_EQ(static_cast<HRESULT>(error.status()), windows::Hr(WBEM_E_NOT_FOUND));
+    }
+}
+
+}  // namespace
+}  // namespace qv::test
