@@ -76,21 +76,6 @@ private:
     WORD usual_ = FOREGROUND_RED | FOREGROUND_GREEN | FOREGROUND_BLUE;
 };
 
-<<<<<<< HEAD
-/// The console that standard output leads to; null when it leads elsewhere.
-HANDLE Console() {
-    HANDLE output = GetStdHandle(STD_OUTPUT_HANDLE);
-    DWORD mode = 0;
-    const bool isConsole =
-        GetFileType(output) == FILE_TYPE_CHAR && GetConsoleMode(output, &mode) != FALSE;
-    return isConsole ? output : nullptr;
-=======
-bool WantsColour() {
-    const char* refusal = std::getenv("NO_COLOR");
-    return refusal == nullptr || *refusal == '\0';
->>>>>>> h-watch
-}
-
 }  // namespace
 
 HANDLE ConsoleOf(DWORD standardHandle) {
@@ -102,13 +87,9 @@ HANDLE ConsoleOf(DWORD standardHandle) {
 }
 
 void Print(const view::StyledText& text) {
-<<<<<<< HEAD
-    HANDLE console = Console();
+    HANDLE console = ConsoleOf(STD_OUTPUT_HANDLE);
     const bool coloured = view::WantsColour(console != nullptr, std::getenv("NO_COLOR"));
     if (console != nullptr) {
-=======
-    if (HANDLE console = ConsoleOf(STD_OUTPUT_HANDLE)) {
->>>>>>> h-watch
         std::fflush(stdout);
         ConsoleWriter writer(console, coloured);
         std::ranges::for_each(text, [&writer](const view::Span& span) { writer.Write(span); });
