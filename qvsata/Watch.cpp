@@ -1,4 +1,6 @@
+#include <array>
 #include <charconv>
+#include <chrono>
 #include <memory>
 
 #include "qvsata/Commands.h"

@@ -56,7 +56,9 @@ public:
             PrintOne(*indication.Get(), now);
             left_ = left_ ? std::optional(*left_ - 1) : left_;
         }
-        std::fflush(stdout);
+        if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+            throw CommandError("standard output cannot be written");
+        }
         statuses_ = std::move(now);
     }
 

@@ -32,6 +32,16 @@ TEST(ManagementHost, EnumeratesThroughTheLibrary) {
     EXPECT_EQ(answer.objects.size(), 3U);
 }
 
+TEST(ManagementHost, ShowsTheNextRecordingOnceItIsThePresentOne) {
+    service::HostOptions options = Desktop();
+    options.laterRecordings = {
+        std::make_shared<service::RecordedHost>(options.recorded->Computer())};
+    const ManagementHost host(options);
+    EXPECT_EQ(host.Namespace().Enumerate("QV_SATADiskDrive").objects.size(), 3U);
+    host.Recordings()->Step();
+    EXPECT_EQ(host.Namespace().Enumerate("QV_SATADiskDrive").objects.size(), 0U);
+}
+
 TEST(ManagementHost, LetsTheLibraryGoWithTheProvider) {
     ManagementHost host(Desktop());
     host.Namespace().Enumerate("QV_SATADiskDrive");
