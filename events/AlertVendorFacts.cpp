@@ -142,7 +142,7 @@ Status PutCopiesOfEnd(PropertyTarget& indication, const platform::QueryPort& que
 }
 
 bool NamesVersionLibrary(const platform::Row& software) {
-    constexpr std::string_view library = "qvwmiver.dll";
+    static constexpr std::string_view library = "qvwmiver.dll";
     const platform::Value value = software.Get("IdentityInfoValue").value;
     if (const auto* text = std::get_if<std::string>(&value)) {
         return EqualsIgnoringCase(*text, library);
