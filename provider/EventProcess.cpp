@@ -4,6 +4,7 @@
 #include "platform/windows/SystemClock.h"
 #include "platform/windows/WindowsHostFacts.h"
 #include "platform/windows/WmiQueryPort.h"
+#include "source/LoggedQueryPort.h"
 
 namespace qv::provider {
 namespace {
@@ -11,7 +12,8 @@ namespace {
 std::mutex eventGuard;
 LentLog monitorLog;
 
-const windows::WmiQueryPort queries;
+const windows::WmiQueryPort service;
+const LoggedQueryPort queries(service, monitorLog);
 const windows::WindowsHostFacts host;
 const windows::SystemClock clock;
 windows::KernelMutex inventoryLock(L"DiskDriveListCurrMutex");

@@ -23,11 +23,13 @@ namespace {
 /// Hands the monitor's events to the live provider object; without one they are dropped.
 class LiveReceiver : public EventReceiver {
 public:
-    void Receive(const InstanceRecord& event) override {
+    void Receive(const InstanceRecord& event) override try {
         const EventDelivery delivery = CQVWMISATA_EventProv::LiveDelivery();
         if (delivery.sink) {
             delivery.SendIndication(event);
         }
+    } catch (const std::exception&) {
+        // This event is lost, those behind it are not.
     }
 };
 

@@ -22,7 +22,9 @@ namespace qv::provider {
 /// QV_SATADeviceIndication, initialises it and asks it for events: it starts a thread of the disk
 /// monitor (CSATAHBA_EVENTS) for each time it is asked. What the monitor raises, on whichever
 /// thread, is delivered by the live provider object: the one made last of those that were asked
-/// for events and still exist. The service may call any operation on any of its threads.
+/// for events and still exist. Initialize comes first; then the service may call any operation on
+/// any of its threads. A sink does not release the last reference inside Indicate: the thread that
+/// delivers would have to end itself.
 class CQVWMISATA_EventProv
     : public windows::ComObject<IWbemEventProviderSecurity, IWbemProviderInit, IWbemEventProvider> {
 public:
@@ -56,13 +58,14 @@ private:
         std::swap(delivery_.*member, kept);
     }
 
+    ModuleReference module_;  // until all else is gone
+
     // The live provider object is the first from newest_ on that has a sink. Both, and the
     // delivery, under EventGuard().
     static CQVWMISATA_EventProv* newest_;
     CQVWMISATA_EventProv* older_ = nullptr;
     EventDelivery delivery_;
 
-    ModuleReference module_;
     windows::ComPtr<IWbemClassObject> definition_;
     std::unique_ptr<ExtendedStatus> extendedStatus_;
     std::shared_ptr<const LegacyLog> legacyLog_;

@@ -8,7 +8,7 @@
 namespace qv::provider {
 
 /// Keeps the library loaded while it lives: a member of every object that the library hands out,
-/// held by each server lock and by each thread that the library starts.
+/// held by each server lock. Threads that the library starts end before the object that owns them.
 class ModuleReference {
 public:
     ModuleReference();

@@ -83,7 +83,7 @@ public:
         : host_(host),
           printer_(host.Namespace(), limits.events, format),
           pauses_(host.ProviderModule()),
-          subscription_(host) {
+          subscription_(Subscribed(host)) {
         if (limits.time) {
             end_ = Clock::now() + *limits.time;
         }
@@ -109,6 +109,13 @@ public:
     }
 
 private:
+    static service::EventSubscription Subscribed(const service::ManagementHost& host) try {
+        return service::EventSubscription(host);
+    } catch (const RequestError& error) {
+        throw CommandError("starting the event provider: " +
+                           service::StatusText(static_cast<HRESULT>(error.status())));
+    }
+
     bool IsOver() const { return end_ && Clock::now() >= *end_; }
 
     DWORD LongestWait() const {
@@ -148,12 +155,8 @@ private:
 
 }  // namespace
 
-void RunWatch(const service::ManagementHost& host, const WatchLimits& limits,
-              EventFormat format) try {
+void RunWatch(const service::ManagementHost& host, const WatchLimits& limits, EventFormat format) {
     Watch(host, limits, format).Run();
-} catch (const RequestError& error) {
-    throw CommandError("starting the event provider: " +
-                       service::StatusText(static_cast<HRESULT>(error.status())));
 }
 
 }  // namespace qv::tool

@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cstddef>
 #include <limits>
+#include <span>
 #include <system_error>
 
 #include "platform/windows/RegistryKey.h"

@@ -126,6 +126,34 @@ TEST_F(ProvideEventsTest, GoesOnWhenTheSinkRejectsAnIndication) {
     EXPECT_THAT(sink->Events(), ElementsAre(L"600 A", L"600 B"));
 }
 
+/// Has no memory for the first indication.
+class ExhaustedSink : public EventSink {
+public:
+    STDMETHODIMP Indicate(long count, IWbemClassObject** objects) override {
+        const bool isFirst = indications.All().empty();
+        const HRESULT indicated = EventSink::Indicate(count, objects);
+        return isFirst ? throw std::bad_alloc() : indicated;
+    }
+};
+
+TEST_F(ProvideEventsTest, GoesOnWhenADeliveryEndsWithAnException) {
+    sink = windows::MakeObject<ExhaustedSink>();
+    Subscribe({{}, {{L"A"}, {L"B"}}});
+    ASSERT_TRUE(sink->HasReceived(2));
+    EXPECT_THAT(sink->Events(), ElementsAre(L"600 A", L"600 B"));
+}
+
+TEST_F(ProvideEventsTest, PausesThirtySecondsWhateverTheRefreshTimeout) {
+    const ShortPauses pauses(library.Module());
+    settings->SetText(L"SOFTWARE\\Corvane\\WMI Providers\\SA", L"RefreshTimeout", L"7");
+    Subscribe({{}, {{diskId}}});
+    ASSERT_TRUE(sink->HasReceived(1));
+    EXPECT_THAT(Logged(),
+                ::testing::Contains(Line(L"Information", L"Initialize", L"SetRefreshTimeout 7")));
+    Sleep(100);
+    EXPECT_EQ(ShortPauses::asked, 30000U);
+}
+
 TEST_F(ProvideEventsTest, DeliversNothingWhenTheClassCannotBeFetched) {
     source.SetLooks({{}, {{L"A"}}});
     BeInitialised();

@@ -22,6 +22,8 @@ constexpr Masked masked[] = {
     {"IndicationIdentifier", R"("\{[0-9A-F]{8}(-[0-9A-F]{4}){3}-[0-9A-F]{12}\}")"},
     {"IndicationTime", R"("\d{14}\.\d{3}000[+-]\d{3}")"},
     {"EventTime", R"("\d{14}\.\d{3}000-000")"},
+    {"OSVersion", R"("\d+\.\d+\.\d+")"},
+    {"OSType", R"(\d+)"},
     {"NetworkAddresses", R"(\{("[0-9a-f.:%]+"(, "[0-9a-f.:%]+")*)?\})"},
 };
 
