@@ -27,14 +27,16 @@ class DrillHost {
 public:
     using Recordings = std::vector<std::shared_ptr<const service::RecordedHost>>;
 
-    explicit DrillHost(const Recordings& recordings, std::uint32_t logLevel = 3)
+    explicit DrillHost(const Recordings& recordings, std::uint32_t logLevel = 3,
+                       std::uint32_t legacyLogLevel = 3)
         : settings_(std::make_unique<testing::ScratchRegistry>()) {
         const wchar_t* common = L"Software\\Corvane\\WBEM";
         settings_->SetText(common, L"LogFolder", folder_.Path());
         settings_->SetNumber(common, L"LogLevel", logLevel);
         settings_->SetNumber(common, L"LogMaxSize", 0x2000000);
-        settings_->SetText(L"Software\\Corvane\\WBEM\\ServerLOGGING", L"LOGFILENAME",
-                           folder_.File(L"legacy.log"));
+        const wchar_t* legacy = L"Software\\Corvane\\WBEM\\ServerLOGGING";
+        settings_->SetText(legacy, L"LOGFILENAME", folder_.File(L"legacy.log"));
+        settings_->SetNumber(legacy, L"LEVEL", legacyLogLevel);
         service::HostOptions options;
         options.recorded = recordings.front();
         options.laterRecordings.assign(recordings.begin() + 1, recordings.end());

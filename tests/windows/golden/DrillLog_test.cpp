@@ -61,5 +61,19 @@ TEST_P(DrillLogOfFailures, IsEmptyAndTheEventsAreRaisedAllTheSame) {
 }
 INSTANTIATE_TEST_SUITE_P(Levels, DrillLogOfFailures, ::testing::Values(4U, 5U));
 
+TEST(DrillLogAtLevelTwo, NamesTheQueryThatIsRefusedAtBothLooksOfACycle) {
+    const DrillHost::Recordings drill = Drill();
+    auto refusing = std::make_shared<service::RecordedHost>(*drill[0]);
+    refusing->FailClass("root\\wmi", "MSStorageDriver_FailurePredictStatus");
+    DrillHost host({drill[0], refusing}, 3, 2);
+    EXPECT_THAT(host.RunAll(), IsEmpty());
+    host.End();
+    const std::string refused =
+        "[QVWMISATA::CQVWMISATA_EventProv::] - LoggedQueryPort::RunWqlQuery| failed in root\\wmi: "
+        "SELECT * FROM MSStorageDriver_FailurePredictStatus";
+    EXPECT_THAT(LinesOf(host.LegacyLog()),
+                ElementsAre(refused, refused, Line("EventThreadExit| EventThreadExit:...")));
+}
+
 }  // namespace
 }  // namespace qv::test
