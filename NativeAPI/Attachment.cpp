@@ -21,7 +21,7 @@ AttachedDisks QueryAttachedDisks(const platform::QueryPort& queries) {
     platform::Rows links;
     platform::Rows controllers;
     queries.RunWqlQuery("root\\CIMv2", "SELECT * FROM Win32_IDEControllerDevice", links);
-    queries.RunWqlQuery("root\\CIMv2", "SELECT * FROM Win32_IDEController", controllers);
+    QueryControllerRows(queries, controllers);
     ControllerLinks attachments(links, controllers);
     return {std::move(disks), std::move(controllers), std::move(attachments)};
 }

@@ -14,10 +14,15 @@ platform::Rows QueryIdeDisks(const platform::QueryPort& queries) {
     return disks;
 }
 
+platform::QueryResult QueryControllerRows(const platform::QueryPort& queries,
+                                          platform::Rows& controllers) {
+    return queries.RunWqlQuery("root\\CIMv2", "SELECT * FROM Win32_IDEController", controllers);
+}
+
 std::vector<ControllerRow> QueryControllers(const platform::QueryPort& queries,
                                             bool (*isKept)(std::string_view deviceId)) {
     platform::Rows controllers;
-    queries.RunWqlQuery("root\\CIMv2", "SELECT * FROM Win32_IDEController", controllers);
+    QueryControllerRows(queries, controllers);
     std::vector<ControllerRow> kept;
     for (auto& row : controllers) {
         std::string deviceId = TextOrEmpty(*row, "DeviceID");

@@ -2,6 +2,7 @@
 // PNPDeviceID. The key names the channel and the controller that a Win32_IDEControllerDevice row
 // says it hangs on.
 #include "NativeAPI/Attachment.h"
+#include "NativeAPI/KeptRows.h"
 #include "NativeAPI/NativeAPI.h"
 #include "NativeAPI/Properties.h"
 #include "source/PropertyReaders.h"
@@ -16,9 +17,8 @@ RecordList NativeAPI::getQV_SATALogicalPort(const Request& request) const {
     platform::Rows controllers;
     platform::Rows links;
     // The same query twice, on purpose: only the outcome of the second one counts.
-    queries_.RunWqlQuery("root\\CIMv2", "SELECT * FROM Win32_IDEController", channels);
-    const auto outcome =
-        queries_.RunWqlQuery("root\\CIMv2", "SELECT * FROM Win32_IDEController", controllers);
+    QueryControllerRows(queries_, channels);
+    const auto outcome = QueryControllerRows(queries_, controllers);
     queries_.RunWqlQuery("root\\CIMv2", "SELECT * FROM Win32_IDEControllerDevice", links);
     if (outcome == platform::QueryResult::failed) {
         return records;

@@ -5,6 +5,7 @@
 #include <array>
 #include <set>
 
+#include "NativeAPI/KeptRows.h"
 #include "NativeAPI/NativeAPI.h"
 #include "source/PropertyReaders.h"
 #include "source/SourceRules.h"
@@ -98,7 +99,7 @@ RecordList BuildSoftware(const platform::QueryPort& queries, const Request& requ
                          const SoftwareClass& software) {
     RecordList records;
     platform::Rows controllers;
-    queries.RunWqlQuery("root\\CIMv2", "SELECT * FROM Win32_IDEController", controllers);
+    QueryControllerRows(queries, controllers);
     std::set<ControllerFamily> done;
     for (const auto& controller : controllers) {
         const std::string deviceId = TextOrEmpty(*controller, "DeviceID");

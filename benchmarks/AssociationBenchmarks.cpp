@@ -12,21 +12,16 @@
 #include <string>
 #include <vector>
 
-#include "NativeAPI/KeyPairing.h"
 #include "NativeAPI/NativeAPI.h"
 #include "benchmarks/AttachedHost.h"
+#include "benchmarks/RunBenchmarks.h"
 #include "catalogue/Associations.h"
+#include "tests/support/PlainPairing.h"
 
 namespace qv::benchmarks {
 namespace {
 
 using Keys = std::vector<std::string>;
-
-class SilentLog : public platform::LogPort {
-public:
-    int Level() const override { return 5; }
-    void Write(int, std::string_view) override {}
-};
 
 // The keys of the endpoints on a host with the number of disks.
 struct EndpointKeys {
@@ -84,18 +79,6 @@ Sides SidesOf(const EndpointKeys& keys, MatchRule rule) {
     }
 }
 
-Partners TestEveryPair(const Keys& first, const Keys& second, MatchRule rule) {
-    Partners partners(first.size());
-    for (std::size_t a = 0; a < first.size(); ++a) {
-        for (std::size_t b = 0; b < second.size(); ++b) {
-            if (MatchKeyValues(first[a], second[b], rule)) {
-                partners[a].push_back(b);
-            }
-        }
-    }
-    return partners;
-}
-
 void Fast(benchmark::State& state, MatchRule rule) {
     const EndpointKeys keys(static_cast<int>(state.range(0)));
     const Sides sides = SidesOf(keys, rule);
@@ -108,7 +91,7 @@ void Plain(benchmark::State& state, MatchRule rule) {
     const EndpointKeys keys(static_cast<int>(state.range(0)));
     const Sides sides = SidesOf(keys, rule);
     for (auto _ : state) {
-        benchmark::DoNotOptimize(TestEveryPair(sides.first, sides.second, rule));
+        benchmark::DoNotOptimize(test::PairPlainly(sides.first, sides.second, rule));
     }
 }
 
@@ -181,11 +164,5 @@ int main(int argc, char** argv) {
     for (const int disks : {16, 64, 256, 1024}) {
         qv::benchmarks::RegisterAll(disks);
     }
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
-        return 1;
-    }
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return qv::benchmarks::RunBenchmarks(argc, argv);
 }

@@ -62,10 +62,10 @@ std::shared_ptr<const platform::Row> DiskRow(const std::string& pnpDeviceId, int
 }  // namespace
 
 AttachedHost::AttachedHost(int disks) {
-    platform::Rows& diskRows = rowsOfQuery_["SELECT * FROM Win32_DiskDrive"];
-    platform::Rows& controllerRows = rowsOfQuery_["SELECT * FROM Win32_IDEController"];
-    platform::Rows& linkRows = rowsOfQuery_["SELECT * FROM Win32_IDEControllerDevice"];
-    rowsOfQuery_["SELECT * FROM QV_SATADiskDrive"] = {};
+    platform::Rows& diskRows = RowsOf("SELECT * FROM Win32_DiskDrive");
+    platform::Rows& controllerRows = RowsOf("SELECT * FROM Win32_IDEController");
+    platform::Rows& linkRows = RowsOf("SELECT * FROM Win32_IDEControllerDevice");
+    RowsOf("SELECT * FROM QV_SATADiskDrive");  // succeeds, without rows
     std::string controller;
     for (int number = 0; number < disks; ++number) {
         // Of one length: no ID is the beginning of another.
@@ -81,21 +81,6 @@ AttachedHost::AttachedHost(int disks) {
         linkRows.push_back(LinkRow(channel, disk));
         diskRows.push_back(DiskRow(disk, number));
     }
-}
-
-platform::QueryResult AttachedHost::RunWqlQuery(std::string_view, std::string_view query,
-                                                platform::Rows& rows) const {
-    rows.clear();
-    const auto found = rowsOfQuery_.find(query);
-    if (found == rowsOfQuery_.end()) {
-        return platform::QueryResult::failed;
-    }
-    rows = found->second;
-    return platform::QueryResult::submitted;
-}
-
-platform::ComputerName AttachedHost::NameInFormat(platform::NameFormat) const {
-    return {0, "srv01.example.org"};
 }
 
 }  // namespace qv::benchmarks

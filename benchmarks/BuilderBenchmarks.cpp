@@ -9,15 +9,10 @@
 #include "NativeAPI/NativeAPI.h"
 #include "benchmarks/ClassReads.h"
 #include "benchmarks/GeneratedHost.h"
+#include "benchmarks/RunBenchmarks.h"
 
 namespace qv::benchmarks {
 namespace {
-
-class SilentLog : public platform::LogPort {
-public:
-    int Level() const override { return 5; }
-    void Write(int, std::string_view) override {}
-};
 
 // Each host is generated once: the large ones take longer than what is measured.
 const GeneratedHost& HostWith(std::int64_t disks) {
@@ -59,11 +54,5 @@ int main(int argc, char** argv) {
     for (const auto& one : qv::benchmarks::MeasuredClasses()) {
         qv::benchmarks::RegisterClass(one);
     }
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
-        return 1;
-    }
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return qv::benchmarks::RunBenchmarks(argc, argv);
 }

@@ -15,11 +15,11 @@ std::string AssociatorsQuery(const std::string& relativePath, const std::string&
 }  // namespace
 
 GeneratedHost::GeneratedHost(int disks) {
-    platform::Rows& diskRows = rowsOfQuery_["SELECT * FROM Win32_DiskDrive"];
-    platform::Rows& mediaRows = rowsOfQuery_["SELECT * FROM Win32_PhysicalMedia"];
-    platform::Rows& linkRows = rowsOfQuery_["SELECT * FROM Win32_DiskDriveToDiskPartition"];
-    platform::Rows& partitionRows = rowsOfQuery_["SELECT * FROM Win32_DiskPartition"];
-    platform::Rows& publishedRows = rowsOfQuery_["SELECT * FROM QV_SATADiskDrive"];
+    platform::Rows& diskRows = RowsOf("SELECT * FROM Win32_DiskDrive");
+    platform::Rows& mediaRows = RowsOf("SELECT * FROM Win32_PhysicalMedia");
+    platform::Rows& linkRows = RowsOf("SELECT * FROM Win32_DiskDriveToDiskPartition");
+    platform::Rows& partitionRows = RowsOf("SELECT * FROM Win32_DiskPartition");
+    platform::Rows& publishedRows = RowsOf("SELECT * FROM QV_SATADiskDrive");
     for (int number = 0; number < disks; ++number) {
         diskRows.push_back(DiskRow(number));
         mediaRows.push_back(MediaRow(number));
@@ -36,31 +36,16 @@ GeneratedHost::GeneratedHost(int disks) {
 }
 
 void GeneratedHost::AddController(const std::string& deviceId, const std::string& driver) {
-    rowsOfQuery_["SELECT * FROM Win32_IDEController"].push_back(ControllerRow(deviceId));
-    rowsOfQuery_[AssociatorsQuery(RelativePath("Win32_IDEController", deviceId),
-                                  "Win32_PnPDevice")] = {DeviceRow(deviceId)};
-    rowsOfQuery_[AssociatorsQuery(RelativePath("Win32_PnPEntity", deviceId),
-                                  "Win32_SystemDriverPNPEntity")] = {DriverRow(driver)};
+    RowsOf("SELECT * FROM Win32_IDEController").push_back(ControllerRow(deviceId));
+    RowsOf(AssociatorsQuery(RelativePath("Win32_IDEController", deviceId), "Win32_PnPDevice")) = {
+        DeviceRow(deviceId)};
+    RowsOf(AssociatorsQuery(RelativePath("Win32_PnPEntity", deviceId),
+                            "Win32_SystemDriverPNPEntity")) = {DriverRow(driver)};
 }
 
 void GeneratedHost::Attach(const std::string& controllerId, const std::string& deviceId) {
-    rowsOfQuery_["SELECT * FROM Win32_IDEControllerDevice"].push_back(
-        ControllerLinkRow(controllerId, deviceId));
-}
-
-platform::QueryResult GeneratedHost::RunWqlQuery(std::string_view, std::string_view query,
-                                                 platform::Rows& rows) const {
-    rows.clear();
-    const auto found = rowsOfQuery_.find(query);
-    if (found == rowsOfQuery_.end()) {
-        return platform::QueryResult::failed;
-    }
-    rows = found->second;
-    return platform::QueryResult::submitted;
-}
-
-platform::ComputerName GeneratedHost::NameInFormat(platform::NameFormat) const {
-    return {0, "srv01.example.org"};
+    RowsOf("SELECT * FROM Win32_IDEControllerDevice")
+        .push_back(ControllerLinkRow(controllerId, deviceId));
 }
 
 }  // namespace qv::benchmarks

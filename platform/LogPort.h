@@ -10,13 +10,14 @@ class LogPort {
 public:
     virtual ~LogPort() = default;
 
-    /// The configured level: 1 (everything) to 5 (failures only). What a line needs of it is up to
-    /// the one who writes the line.
+    /// The configured level: 1 (everything) to 5 (failures only), or 1024 (silent: nothing is to be
+    /// written) while there is no log to write to. What a line needs of it is up to the one who
+    /// writes the line.
     virtual int Level() const = 0;
 
-    /// Writes one line at a level (3: information, 5: failure), whatever the configured level. The
-    /// text is whole, "Class::Operation| message". A line that cannot be written is lost; nothing
-    /// is raised.
+    /// Writes one line at a level (2: a query that failed, 3: information, 5: failure), whatever
+    /// the configured level. The text is whole, "Class::Operation| message". A line that cannot be
+    /// written is lost; nothing is raised.
     virtual void Write(int level, std::string_view text) = 0;
 };
 

@@ -20,12 +20,9 @@ public:
     /// lock.
     explicit LegacyLog(std::string_view prefix);
 
-    /// Appends a line when `severity` is not below Level(). A line that cannot be written is lost
+    /// Appends a line when `severity` is not below LEVEL. A line that cannot be written is lost
     /// without notice. Any thread may call it at any time.
     void CommonLogEntry(std::string_view message, std::uint32_t severity) const noexcept;
-
-    const std::wstring& FileName() const { return fileName_; }
-    std::uint32_t Level() const { return level_; }
 
     /// Kept for the library's users; lines do not depend on it.
     std::uint32_t Type() const { return type_; }

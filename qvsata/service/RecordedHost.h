@@ -39,7 +39,8 @@ using RowProperties = std::vector<std::pair<std::string, CimValue>>;
 struct RecordedRow;    // a row with what its paths were found to be
 struct RecordedScope;  // what the objects of one answer have in common
 
-/// An object that a recorded host answered with. Immutable; it outlives the host; may be read from
+/// An object that a recorded host answered with: an instance, or a class definition, whose
+/// __RELPATH is the name of the class. Immutable; it outlives the host; may be read from
 /// several threads at once.
 class RecordedObject {
 public:
@@ -56,9 +57,6 @@ public:
 
     /// The class, as the recording spells it.
     const std::string& ClassName() const;
-
-    /// Whether this is a class definition (an answer to a query on meta_class), not an instance.
-    bool IsClass() const;
 
 private:
     bool IsSelected(std::string_view name) const;

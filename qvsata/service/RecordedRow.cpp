@@ -130,10 +130,6 @@ const std::string& RecordedObject::ClassName() const {
     return row_->className;
 }
 
-bool RecordedObject::IsClass() const {
-    return row_->isClass;
-}
-
 CimType TypeOf(const CimValue& value) {
     return std::visit(
         [](const auto& held) {

@@ -3,24 +3,12 @@
 #include <gtest/gtest.h>
 
 #include "tests/core/GeneratedKeys.h"
+#include "tests/support/PlainPairing.h"
 
 namespace qv {
 namespace {
 
 using Keys = std::vector<std::string>;
-
-// The plain way: every pair is tested, in order.
-Partners CrossProduct(const Keys& first, const Keys& second, MatchRule rule) {
-    Partners partners(first.size());
-    for (std::size_t a = 0; a < first.size(); ++a) {
-        for (std::size_t b = 0; b < second.size(); ++b) {
-            if (MatchKeyValues(first[a], second[b], rule)) {
-                partners[a].push_back(b);
-            }
-        }
-    }
-    return partners;
-}
 
 class PairKeysByRule : public testing::TestWithParam<std::uint32_t> {
 protected:
@@ -33,7 +21,7 @@ TEST_P(PairKeysByRule, FindsWhatTestingEveryPairFinds) {
         test::KeyGenerator generator(seed);
         const Keys first = generator.Keys();
         const Keys second = generator.Keys();
-        const Partners expected = CrossProduct(first, second, rule);
+        const Partners expected = test::PairPlainly(first, second, rule);
         ASSERT_EQ(PairKeys(first, second, rule), expected)
             << "seed " << seed << ": " << testing::PrintToString(first) << " with "
             << testing::PrintToString(second);

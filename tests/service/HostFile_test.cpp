@@ -2,7 +2,9 @@
 #include <gmock/gmock.h>
 
 #include <fstream>
+#include <sstream>
 
+#include "SourceTree.h"
 #include "qvsata/service/RecordedHost.h"
 
 namespace qv::service {
@@ -47,6 +49,17 @@ std::string RefusalOfFile(const std::filesystem::path& file) {
 std::optional<CimValue> LoadedValue(const std::string& value) {
     const RecordedHost host = Loaded(WithRow("{\"P\":" + value + "}"));
     return host.RunQuery("root/cimv2", "SELECT * FROM Win32_DiskDrive").objects.at(1).Get("P");
+}
+
+// The JSON text in the folder's description of the format.
+std::string DescribedHost() {
+    std::ifstream file(std::filesystem::path(QV_SOURCE_DIR) / "hosts" / "README.md");
+    std::ostringstream text;
+    text << file.rdbuf();
+    const std::string all = text.str();
+    const std::string fence = "```json\n";
+    const std::size_t begin = all.find(fence) + fence.size();
+    return all.substr(begin, all.find("```", begin) - begin);
 }
 
 // A file of the test's own that is gone with it.
@@ -196,6 +209,25 @@ TEST(HostFile, RefusesANameGivenTwiceInAnyLetterCase) {
               R"(h.json: "SIZE" stands twice in one object)");
     EXPECT_EQ(Refusal(R"({"computer":{},"namespaces":{"root\\wmi":{},"root/WMI":{}}})"),
               R"(h.json: namespaces."root/WMI": the namespace is given twice)");
+}
+
+TEST(HostFile, TakesTheExampleOfItsDescription) {
+    const RecordedHost host = Loaded(DescribedHost());
+    EXPECT_EQ(host.Computer().server, "DEN");
+    const auto disks = host.RunQuery("root/cimv2", "SELECT * FROM Win32_DiskDrive");
+    ASSERT_EQ(disks.objects.size(), 1U);
+    EXPECT_EQ(disks.objects[0].Get("__PATH"),
+              CimValue{R"(\\DEN\root\cimv2:Win32_DiskDrive.DeviceID="\\\\.\\PHYSICALDRIVE0")"});
+    EXPECT_EQ(disks.objects[0].Get("InstallDate"), CimValue{});
+    EXPECT_EQ(disks.objects[0].Get("SerialNumber"), std::nullopt);
+    const auto controllers = host.RunQuery(
+        "root/cimv2", R"(ASSOCIATORS OF {Win32_PnPEntity.DeviceID="IDE\\DISKX\\5&1"} )"
+                      "WHERE AssocClass = Win32_IDEControllerDevice");
+    ASSERT_EQ(controllers.objects.size(), 1U);
+    EXPECT_EQ(controllers.objects[0].Get("DeviceID"), CimValue{R"(PCIIDE\IDECHANNEL\4&1&0)"});
+    EXPECT_EQ(
+        host.RunQuery("root/wmi", "SELECT * FROM MSStorageDriver_FailurePredictStatus").status,
+        QueryStatus::failed);
 }
 
 TEST(HostFile, LoadsAFile) {

@@ -43,7 +43,6 @@ TEST(RecordedObject, DerivesItsSystemProperties) {
               CimValue{R"(Win32_DiskDrive.DeviceID="\\\\.\\PHYSICALDRIVE0")"});
     EXPECT_EQ(disk.Get("__PATH"),
               CimValue{R"(\\SRV01\root\CIMv2:Win32_DiskDrive.DeviceID="\\\\.\\PHYSICALDRIVE0")"});
-    EXPECT_FALSE(disk.IsClass());
 }
 
 TEST(RecordedObject, SpellsTheNamespaceAsTheConnectionDid) {

@@ -145,8 +145,10 @@ TEST(ShippedHosts, LeadFromAControllerToItsDriver) {
     EXPECT_THAT(TextsOf(drivers.objects, "Name"), ElementsAre("msahci"));
 }
 
-#ifdef QV_RECORDINGS_DIR
 TEST(Recordings, AreReadWithoutALossOfRows) {
+    if (!std::filesystem::is_directory(QV_RECORDINGS_DIR)) {
+        GTEST_SKIP() << "no recordings of real machines beside this checkout";
+    }
     for (const auto& file : FilesIn(QV_RECORDINGS_DIR)) {
         SCOPED_TRACE(file.string());
         const RecordedHost host = RecordedHost::FromFile(file);
@@ -155,7 +157,6 @@ TEST(Recordings, AreReadWithoutALossOfRows) {
         EXPECT_THAT(RepeatedPaths(host), IsEmpty());
     }
 }
-#endif
 
 }  // namespace
 }  // namespace qv::service

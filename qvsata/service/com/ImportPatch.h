@@ -20,9 +20,6 @@ public:
     ImportPatch& operator=(const ImportPatch&) = delete;
     ~ImportPatch();
 
-    /// How many entries were replaced.
-    std::size_t Count() const { return entries_.size(); }
-
 private:
     struct Entry {
         Function* slot;

@@ -1,23 +1,15 @@
 #include "qvsata/service/com/IndicationSink.h"
 
-#include <algorithm>
 #include <span>
 #include <utility>
 
 #include "platform/windows/WbemStatus.h"
-#include "qvsata/service/com/Guarded.h"
+#include "qvsata/service/com/Delivery.h"
 
 namespace qv::service {
 
 HRESULT IndicationSink::Indicate(LONG count, IWbemClassObject** objects) {
-    if (count < 0 || (count > 0 && objects == nullptr)) {
-        return windows::Hr(WBEM_E_INVALID_PARAMETER);
-    }
-    return Guarded([&]() -> HRESULT {
-        const std::span delivered(objects, static_cast<std::size_t>(count));
-        if (std::ranges::find(delivered, nullptr) != delivered.end()) {
-            return windows::Hr(WBEM_E_INVALID_PARAMETER);
-        }
+    return TakeDelivery(count, objects, [this](std::span<IWbemClassObject*> delivered) -> HRESULT {
         const windows::HeldMutex held(mutex_.Get());
         if (closed_) {
             return windows::Hr(WBEM_E_CALL_CANCELLED);

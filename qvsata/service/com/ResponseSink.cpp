@@ -1,22 +1,14 @@
 #include "qvsata/service/com/ResponseSink.h"
 
-#include <algorithm>
 #include <span>
+#include <utility>
 
-#include "platform/windows/WbemStatus.h"
-#include "qvsata/service/com/Guarded.h"
+#include "qvsata/service/com/Delivery.h"
 
 namespace qv::service {
 
 HRESULT ResponseSink::Indicate(LONG count, IWbemClassObject** objects) {
-    if (count < 0 || (count > 0 && objects == nullptr)) {
-        return windows::Hr(WBEM_E_INVALID_PARAMETER);
-    }
-    return Guarded([&]() -> HRESULT {
-        const std::span delivered(objects, static_cast<std::size_t>(count));
-        if (std::ranges::find(delivered, nullptr) != delivered.end()) {
-            return windows::Hr(WBEM_E_INVALID_PARAMETER);
-        }
+    return TakeDelivery(count, objects, [this](std::span<IWbemClassObject*> delivered) -> HRESULT {
         const std::lock_guard lock(mutex_);
         objects_.insert(objects_.end(), delivered.begin(), delivered.end());
         return WBEM_S_NO_ERROR;

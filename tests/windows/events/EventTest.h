@@ -13,7 +13,8 @@
 #include <vector>
 
 #include "platform/windows/ComObject.h"
-#include "tests/windows/events/EventStandIns.h"
+#include "tests/windows/events/EventConsumer.h"
+#include "tests/windows/events/EventSource.h"
 #include "tests/windows/events/FreshLibrary.h"
 #include "tests/windows/log/ScratchFolder.h"
 #include "tests/windows/log/ScratchRegistry.h"

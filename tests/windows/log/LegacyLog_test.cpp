@@ -20,6 +20,20 @@ constexpr auto path = L"Software\\Corvane\\WBEM\\ServerLOGGING";
 constexpr auto prefix = "QVWMISATA::CQVWMISATA_EventProv::";
 constexpr auto defaultFile = L"C:\\windows\\system32\\wbem\\logs\\qvwbems.log";
 
+/// Whether the log writes a line of that severity to that file, which then is as it was.
+bool Writes(const LegacyLog& log, const std::wstring& to, std::uint32_t severity = 5) {
+    const bool existed = std::filesystem::exists(to);
+    const std::string before = existed ? ReadBytesOf(to) : "";
+    log.CommonLogEntry("text", severity);
+    const std::string after = std::filesystem::exists(to) ? ReadBytesOf(to) : "";
+    if (existed) {
+        WriteBytesTo(to, before);
+    } else {
+        std::filesystem::remove(to);
+    }
+    return after.size() > before.size();
+}
+
 class LegacyLogTest : public ::testing::Test {
 protected:
     LegacyLogTest() { registry.SetText(path, L"LOGFILENAME", file); }
@@ -32,8 +46,9 @@ protected:
 TEST_F(LegacyLogTest, HasItsDefaultsWithoutTheKey) {
     RegDeleteTreeW(HKEY_LOCAL_MACHINE, path);
     const LegacyLog log(prefix);
-    EXPECT_EQ(log.FileName(), defaultFile);
-    EXPECT_EQ(log.Level(), 3U);
+    EXPECT_FALSE(Writes(log, defaultFile, 2));
+    EXPECT_TRUE(Writes(log, defaultFile, 3));
+    EXPECT_FALSE(std::filesystem::exists(file));
     EXPECT_EQ(log.Type(), 0U);
 }
 
@@ -41,8 +56,8 @@ TEST_F(LegacyLogTest, TakesItsSettingsFromTheRegistry) {
     registry.SetNumber(path, L"LEVEL", 5);
     registry.SetNumber(path, L"TYPE", 2);
     const LegacyLog log(prefix);
-    EXPECT_EQ(log.FileName(), file);
-    EXPECT_EQ(log.Level(), 5U);
+    EXPECT_FALSE(Writes(log, file, 4));
+    EXPECT_TRUE(Writes(log, file, 5));
     EXPECT_EQ(log.Type(), 2U);
 }
 
@@ -51,20 +66,21 @@ TEST_F(LegacyLogTest, KeepsDefaultsInPlaceOfValuesOfTheWrongTypeOrSize) {
     registry.SetText(path, L"LEVEL", L"5");
     registry.SetBytes(path, L"TYPE", REG_DWORD, {});
     const LegacyLog log(prefix);
-    EXPECT_EQ(log.FileName(), defaultFile);
-    EXPECT_EQ(log.Level(), 3U);
+    EXPECT_FALSE(Writes(log, defaultFile, 2));
+    EXPECT_TRUE(Writes(log, defaultFile, 3));
+    EXPECT_FALSE(std::filesystem::exists(file));
     EXPECT_EQ(log.Type(), 0U);
 }
 
 TEST_F(LegacyLogTest, KeepsItsDefaultFileInPlaceOfAnEmptyName) {
     registry.SetText(path, L"LOGFILENAME", L"");
-    EXPECT_EQ(LegacyLog(prefix).FileName(), defaultFile);
+    EXPECT_TRUE(Writes(LegacyLog(prefix), defaultFile));
 }
 
 TEST_F(LegacyLogTest, TakesAFileNameThatNothingTerminates) {
     registry.SetBytes(path, L"LOGFILENAME", REG_SZ,
                       std::as_bytes(std::span(std::wstring_view(file))));
-    EXPECT_EQ(LegacyLog(prefix).FileName(), file);
+    EXPECT_TRUE(Writes(LegacyLog(prefix), file));
 }
 
 TEST_F(LegacyLogTest, CreatesItsFileWithTheFirstLine) {

@@ -41,8 +41,11 @@ TEST(RecordedNames, AreGoneWithTheObject) {
 }
 
 TEST(ImportPatch, LeavesAModuleThatDoesNotImportTheFunctionAlone) {
-    const service::ImportPatch patch(GetModuleHandleW(nullptr), "NoSuchFunction", [] {});
-    EXPECT_EQ(patch.Count(), 0U);
+    const std::wstring own = NameIn(ComputerNameNetBIOS);
+    const DWORD process = GetCurrentProcessId();
+    const service::ImportPatch patch(GetModuleHandleW(nullptr), "NoSuchFunction", [] { FAIL(); });
+    EXPECT_EQ(NameIn(ComputerNameNetBIOS), own);
+    EXPECT_EQ(GetCurrentProcessId(), process);
 }
 
 }  // namespace

@@ -12,66 +12,13 @@
 #include "platform/windows/Bstr.h"
 #include "platform/windows/Handle.h"
 #include "platform/windows/UnsupportedServices.h"
-#include "tests/windows/support/ClassStandIn.h"
+#include "tests/windows/events/EndableThreads.h"
 #include "tests/windows/support/RegisteredFactory.h"
 #include "tests/windows/support/RowStandIn.h"
 
-// Stand-ins for what the monitor's threads reach of the management service. Those threads are ended
-// by force wherever they stand, so that nothing here holds a lock that would outlive its owner:
-// kernel mutexes, and gates at which a test knows a thread to stand.
+// The management service as the monitor asks it for disks.
 
 namespace qv::test {
-
-/// A gate that lets threads through while it is open, and knows that one came.
-class Gate {
-public:
-    /// Called by whoever passes the gate.
-    void Pass() {
-        SetEvent(arrived_.Get());
-        WaitForSingleObject(open_.Get(), INFINITE);
-    }
-
-    void Open() { SetEvent(open_.Get()); }
-    /// Closes the gate and forgets who came.
-    void Close() {
-        ResetEvent(open_.Get());
-        ResetEvent(arrived_.Get());
-    }
-
-    /// Whether somebody came within ten seconds.
-    bool SomebodyCame() const {
-        return WaitForSingleObject(arrived_.Get(), 10000) == WAIT_OBJECT_0;
-    }
-
-private:
-    windows::KernelHandle arrived_{CreateEventW(nullptr, TRUE, FALSE, nullptr)};
-    windows::KernelHandle open_{CreateEventW(nullptr, TRUE, TRUE, nullptr)};
-};
-
-/// A list that any thread may add to. Its room is there from the start: growing is no state to be
-/// ended in.
-template <typename Item>
-class SharedList {
-public:
-    SharedList() { items_.reserve(20000); }
-
-    void Add(Item item) {
-        const windows::HeldMutex held(mutex_.Get());
-        items_.push_back(std::move(item));
-    }
-    std::vector<Item> All() const {
-        const windows::HeldMutex held(mutex_.Get());
-        return items_;
-    }
-    void Clear() {
-        const windows::HeldMutex held(mutex_.Get());
-        items_.clear();
-    }
-
-private:
-    windows::KernelHandle mutex_{CreateMutexW(nullptr, FALSE, nullptr)};
-    std::vector<Item> items_;
-};
 
 /// A disk of interface type IDE as a test names it, with its failure-prediction row.
 struct DiskStandIn {
@@ -199,76 +146,5 @@ inline HRESULT EventConnection::ExecQuery(const BSTR, const BSTR query, long, IW
                    .Detach();
     return S_OK;
 }
-
-/// A class being fetched.
-struct Fetch {
-    std::wstring className;
-    IWbemContext* context = nullptr;  ///< compared, never used
-
-    bool operator==(const Fetch&) const = default;
-};
-
-/// The namespace of the provider.
-class EventNamespace : public windows::UnsupportedServices<windows::ComObject<IWbemServices>> {
-public:
-    /// What fetching a class answers; one that is not named succeeds. Set before a thread fetches.
-    std::map<std::wstring, HRESULT> results;
-    windows::ComPtr<ClassStandIn> definition = windows::MakeObject<ClassStandIn>();
-    SharedList<Fetch> fetches;
-
-    STDMETHODIMP GetObject(const BSTR path, long flags, IWbemContext* context,
-                           IWbemClassObject** object, IWbemCallResult** callResult) override {
-        const std::wstring name(windows::Bstr::ViewOf(path));
-        fetches.Add({name, context});
-        const auto found = results.find(name);
-        const HRESULT result = flags != 0 || callResult != nullptr
-                                   ? windows::Hr(WBEM_E_INVALID_PARAMETER)
-                               : found == results.end() ? S_OK
-                                                        : found->second;
-        if (SUCCEEDED(result)) {
-            definition.CopyTo(object);
-        }
-        return result;
-    }
-};
-
-/// Where indications are delivered to.
-class EventSink : public windows::ComObject<IWbemObjectSink> {
-public:
-    HRESULT result = S_OK;  ///< of each delivery
-    Gate gate;              ///< each delivery passes it
-    SharedList<windows::ComPtr<IWbemClassObject>> indications;
-    SharedList<std::pair<long, HRESULT>> statuses;
-
-    STDMETHODIMP Indicate(long count, IWbemClassObject** objects) override {
-        for (long index = 0; index < count; ++index) {
-            indications.Add(objects[index]);
-        }
-        gate.Pass();
-        return result;
-    }
-    STDMETHODIMP SetStatus(long flags, HRESULT status, BSTR, IWbemClassObject*) override {
-        statuses.Add({flags, status});
-        return S_OK;
-    }
-
-    /// "event device" of each indication so far.
-    std::vector<std::wstring> Events() const {
-        std::vector<std::wstring> events;
-        for (const auto& indication : indications.All()) {
-            const auto& instance = static_cast<const InstanceStandIn&>(*indication.Get());
-            events.push_back(instance.Value(L"EventID") + L" " + instance.Value(L"DeviceID"));
-        }
-        return events;
-    }
-
-    /// Waits, at most ten seconds, until there are so many indications.
-    bool HasReceived(std::size_t count) const {
-        for (int turn = 0; turn < 1000 && indications.All().size() < count; ++turn) {
-            Sleep(10);
-        }
-        return indications.All().size() >= count;
-    }
-};
 
 }  // namespace qv::test

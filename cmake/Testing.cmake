@@ -1,0 +1,59 @@
+# What test programs are made with; the programs themselves are registered by qv_test.
+
+# The one header that names the source tree; all else of a test's compilation is the same in every
+# clone, so that compiler caches serve more than one.
+configure_file(${CMAKE_CURRENT_LIST_DIR}/SourceTree.h.in ${CMAKE_BINARY_DIR}/generated/SourceTree.h)
+
+# Recordings that are not this project's own; tests use them where they are.
+set(QV_SHARED_HOSTS ${PROJECT_SOURCE_DIR}/../shared/hosts)
+
+# What every test program is compiled with. A test's own code need not be fast, but has to be
+# compiled: the optimiser and the checks of undefined behaviour are for the code under test.
+add_library(qv_test_haste INTERFACE)
+target_compile_options(qv_test_haste INTERFACE $<IF:$<BOOL:${WIN32}>,-O0,-fno-sanitize=undefined>)
+add_library(qv_test_options INTERFACE)
+target_include_directories(qv_test_options INTERFACE ${CMAKE_BINARY_DIR}/generated)
+target_link_libraries(qv_test_options INTERFACE qv_options qv_test_haste GTest::gmock)
+if(BUILD_TESTING)
+  file(GENERATE OUTPUT ${CMAKE_BINARY_DIR}/generated/TestHeaders.cpp CONTENT "")
+  add_library(qv_test_headers OBJECT ${CMAKE_BINARY_DIR}/generated/TestHeaders.cpp)
+  target_link_libraries(qv_test_headers PRIVATE qv_test_options)
+  target_precompile_headers(qv_test_headers PRIVATE
+    <gmock/gmock.h> <gtest/gtest.h> <algorithm> <filesystem> <fstream> <map> <optional> <set>
+    <sstream> <string> <thread> <vector>)
+endif()
+
+# qv_test(name sources... [LINK libraries...] [TIMEOUT seconds]): a test program, registered under
+# its name. It is run again only when it, the tool, the DLL or the data that tests read changed.
+function(qv_test name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "TIMEOUT" "LINK")
+  if(NOT arg_TIMEOUT)
+    set(arg_TIMEOUT 300)
+  endif()
+  add_executable(${name} ${arg_UNPARSED_ARGUMENTS})
+  target_link_libraries(${name} PRIVATE qv_test_options ${arg_LINK} GTest::gmock_main)
+  target_precompile_headers(${name} REUSE_FROM qv_test_headers)
+  set(launcher ${CMAKE_CROSSCOMPILING_EMULATOR})
+  if(QV_SANITIZE STREQUAL "thread")
+    # The sanitizer needs the addresses where it expects them.
+    set(launcher setarch -R)
+  endif()
+  set(products)
+  set(results ${CMAKE_BINARY_DIR}/results/${name}.xml)
+  if(WIN32)
+    # A Windows program takes a path without a drive for a relative one.
+    set(results Z:${results})
+    set(products ${CMAKE_BINARY_DIR}/QVWMISATA.dll ${CMAKE_BINARY_DIR}/qvsata.exe)
+  endif()
+  add_test(NAME ${QV_TEST_PREFIX}${name}
+    COMMAND ${PROJECT_SOURCE_DIR}/tools/cached-test ${CMAKE_BINARY_DIR}/passed/${name}
+      $<TARGET_FILE:${name}> ${products} ${PROJECT_SOURCE_DIR}/hosts ${PROJECT_SOURCE_DIR}/mof
+      ${PROJECT_SOURCE_DIR}/tests ${QV_SHARED_HOSTS}
+      -- ${launcher} $<TARGET_FILE:${name}> --gtest_brief=1
+      --gtest_output=xml:${results})
+  set_tests_properties(${QV_TEST_PREFIX}${name} PROPERTIES TIMEOUT ${arg_TIMEOUT})
+  if(WIN32)
+    # They share one prefix, that is, one registry and one set of log files.
+    set_tests_properties(${QV_TEST_PREFIX}${name} PROPERTIES RESOURCE_LOCK wine)
+  endif()
+endfunction()

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "NativeAPI/KeyPairing.h"
+
+namespace qv::test {
+
+/// What PairKeys finds, the plain way: every pair is tested, in order.
+inline Partners PairPlainly(const std::vector<std::string>& first,
+                            const std::vector<std::string>& second, MatchRule rule) {
+    Partners partners(first.size());
+    for (std::size_t a = 0; a < first.size(); ++a) {
+        for (std::size_t b = 0; b < second.size(); ++b) {
+            if (MatchKeyValues(first[a], second[b], rule)) {
+                partners[a].push_back(b);
+            }
+        }
+    }
+    return partners;
+}
+
+}  // namespace qv::test
