@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "tests/golden_native/GoldenFiles.h"
-#include "tests/windows/golden/PublishingHost.h"
+#include "tests/windows/golden/WholeHost.h"
 
 namespace qv::test {
 namespace {
@@ -123,16 +123,16 @@ using References = std::vector<std::string>;
 
 class AssociationPairs : public testing::TestWithParam<std::filesystem::path> {
 protected:
-    std::vector<PublishedInstance> All(const char* className) {
-        return host_.Publish(className).instances;
+    const std::vector<PublishedInstance>& All(const char* className) const {
+        return host_.Of(className);
     }
 
     std::string Reference(const char* role, const PublishedInstance& instance) const {
-        return role + std::string(" = ") + host_.Prefix() + PathOf(instance, host_.Prefix());
+        return role + std::string(" = ") + host_.prefix + PathOf(instance, host_.prefix);
     }
 
     /// The references of each delivered association, in the order of the puts.
-    std::vector<References> Delivered(const char* className) {
+    std::vector<References> Delivered(const char* className) const {
         std::vector<References> delivered;
         for (const PublishedInstance& association : All(className)) {
             References& references = delivered.emplace_back();
@@ -146,9 +146,9 @@ protected:
         return delivered;
     }
 
-    std::vector<References> Derived(const Rule& rule) {
+    std::vector<References> Derived(const Rule& rule) const {
         std::vector<References> derived;
-        const auto others = All(rule.other.className);
+        const auto& others = All(rule.other.className);
         for (const PublishedInstance& one : All(rule.one.className)) {
             for (const PublishedInstance& other : others) {
                 if (rule.match(TextOf(one, rule.one.key), TextOf(other, rule.other.key))) {
@@ -160,7 +160,7 @@ protected:
         return derived;
     }
 
-    PublishingHost host_{GetParam()};
+    const WholeHost& host_ = WholeHost::From(GetParam());
 };
 
 TEST_P(AssociationPairs, AreThoseOfTheDeliveredEndpoints) {
@@ -171,8 +171,8 @@ TEST_P(AssociationPairs, AreThoseOfTheDeliveredEndpoints) {
 
 TEST_P(AssociationPairs, LeadFromInitiatorsThroughTargetsToExtents) {
     std::vector<References> derived;
-    const auto targets = All("QV_TSATAProtocolEndpoint");
-    const auto extents = All("QV_SATAStorageExtent");
+    const auto& targets = All("QV_TSATAProtocolEndpoint");
+    const auto& extents = All("QV_SATAStorageExtent");
     for (const PublishedInstance& initiator : All("QV_ISATAProtocolEndpoint")) {
         for (const PublishedInstance& target : targets) {
             for (const PublishedInstance& extent : extents) {

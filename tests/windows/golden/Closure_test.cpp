@@ -6,7 +6,7 @@
 #include "qvsata/service/ObjectPath.h"
 #include "qvsata/service/com/ObjectReading.h"
 #include "tests/golden_native/GoldenFiles.h"
-#include "tests/windows/golden/PublishingHost.h"
+#include "tests/windows/golden/WholeHost.h"
 
 namespace qv::test {
 namespace {
@@ -20,10 +20,10 @@ protected:
     }
 
     /// The paths that each delivered association refers to.
-    std::vector<std::vector<std::string>> References() {
+    std::vector<std::vector<std::string>> References() const {
         std::vector<std::vector<std::string>> references;
         for (const char* className : associationClasses) {
-            for (const PublishedInstance& association : host_.Publish(className).instances) {
+            for (const PublishedInstance& association : whole_.Of(className)) {
                 auto& ends = references.emplace_back();
                 for (const PublishedProperty& property : association.properties) {
                     if (property.isKey) {
@@ -63,8 +63,13 @@ protected:
         return neighbours;
     }
 
+    const WholeHost& whole_ = WholeHost::From(GetParam());
     PublishingHost host_{GetParam()};
-    std::map<std::string, std::string> followed_;
+    /// Where each path leads, found out once for both tests.
+    std::map<std::string, std::string>& followed_ = followed[GetParam()];
+
+private:
+    inline static std::map<std::filesystem::path, std::map<std::string, std::string>> followed;
 };
 
 TEST_P(Closure, EachReferenceLeadsToTheInstanceThatItNames) {

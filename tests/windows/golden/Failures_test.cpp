@@ -20,10 +20,14 @@ std::string WholeQuery(const std::string& query) {
     return nameSpace + (query.starts_with("ASSOCIATORS") ? query : "SELECT * FROM " + query);
 }
 
+/// All classes fail on one host, one after the other.
 class Failures : public testing::TestWithParam<ClassFailures> {
 protected:
-    PublishedInstances Publish(std::optional<Fault> fault = {}) {
-        return host_.Publish(GetParam().className, fault);
+    static void SetUpTestSuite() { host = std::make_unique<FaultyHost>(TwoDisks()); }
+    static void TearDownTestSuite() { host.reset(); }
+
+    static PublishedInstances Publish(std::optional<Fault> fault = {}) {
+        return host->Publish(GetParam().className, fault);
     }
 
     /// Every property of the instances, as text.
@@ -48,7 +52,7 @@ protected:
         return Whole(left);
     }
 
-    FaultyHost host_{TwoDisks()};
+    inline static std::unique_ptr<FaultyHost> host;
     PublishedInstances sound_ = Publish();
 };
 
@@ -67,7 +71,7 @@ TEST_P(Failures, OfNoQueryLeaveTheWhole) {
     for (const QueryFailure& one : GetParam().queries) {
         asked.push_back(WholeQuery(one.query));
     }
-    EXPECT_EQ(host_.Asked(), asked);
+    EXPECT_EQ(host->Asked(), asked);
 }
 
 TEST_P(Failures, OfAConnectionOrASubmission) {

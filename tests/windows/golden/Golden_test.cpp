@@ -2,7 +2,7 @@
 #include <map>
 
 #include "tests/golden_native/GoldenFiles.h"
-#include "tests/windows/golden/PublishingHost.h"
+#include "tests/windows/golden/WholeHost.h"
 
 namespace qv::test {
 namespace {
@@ -10,18 +10,16 @@ namespace {
 class GoldenInstances : public testing::TestWithParam<std::filesystem::path> {};
 
 TEST_P(GoldenInstances, AreThoseOfTheGoldenFile) {
-    PublishingHost host(GetParam());
+    const WholeHost& host = WholeHost::From(GetParam());
     const std::string name = GetParam().stem().string();
-    const std::string published = GoldenText(host.PublishAll(), host.Prefix());
+    const std::string published = GoldenText(host.classes, host.prefix);
     UpdateGolden(name, published);
     EXPECT_EQ(FirstDifference(published, ReadGolden(name)), "");
 }
 
 // A class that refuses more than a text without anything in it has the wrong type.
 TEST_P(GoldenInstances, LoseNoValueThatThereIs) {
-    PublishingHost host(GetParam());
-    host.PublishAll();
-    for (const RefusedPut& refused : host.Refused()) {
+    for (const RefusedPut& refused : WholeHost::From(GetParam()).refused) {
         EXPECT_EQ(refused.value, service::CimValue("")) << refused.property;
     }
 }
@@ -31,10 +29,8 @@ INSTANTIATE_TEST_SUITE_P(EveryHost, GoldenInstances, testing::ValuesIn(ShippedHo
 TEST(RefusedPuts, AreThoseOfTheGoldenFile) {
     std::string text;
     for (const std::filesystem::path& file : ShippedHosts()) {
-        PublishingHost host(file);
-        host.PublishAll();
         std::map<std::string, int> counts;
-        for (const RefusedPut& refused : host.Refused()) {
+        for (const RefusedPut& refused : WholeHost::From(file).refused) {
             ++counts[refused.property + ": " + VariantTypeName(refused.variantType) + ' ' +
                      ValueText(refused.value)];
         }

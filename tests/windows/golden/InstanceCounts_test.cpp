@@ -3,7 +3,7 @@
 #include <map>
 
 #include "SourceTree.h"
-#include "tests/windows/golden/PublishingHost.h"
+#include "tests/windows/golden/WholeHost.h"
 
 namespace qv::test {
 namespace {
@@ -85,9 +85,9 @@ Counts CountsOf(const Recording& host) {
 class InstanceCounts : public testing::TestWithParam<Recording> {
 protected:
     void Check(const std::filesystem::path& folder) {
-        PublishingHost host(folder / (GetParam().host + std::string(".json")));
+        const WholeHost& host = WholeHost::From(folder / (GetParam().host + std::string(".json")));
         Counts counts;
-        for (const auto& [className, instances] : host.PublishAll()) {
+        for (const auto& [className, instances] : host.classes) {
             counts[className] = instances.size();
         }
         EXPECT_EQ(counts, CountsOf(GetParam()));

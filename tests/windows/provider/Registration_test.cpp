@@ -154,15 +154,25 @@ TEST_F(RegistrationTest, RepairsARegistrationOfAnotherFile) {
     EXPECT_EQ(Classes(), once);
 }
 
-TEST_F(RegistrationTest, LetsTheClassBeMadeByItsIdAndByItsProgramIds) {
+TEST_F(RegistrationTest, LetsBothClassesBeMadeByTheirIdsAndByTheirProgramIds) {
+    struct Named {
+        const wchar_t* programId;
+        const CLSID& classId;
+    };
     ASSERT_EQ(library.RegisterServer(), S_OK);
-    for (const wchar_t* programId : {L"QVWMISATA.InstProv", L"QVWMISATA.InstProv.1"}) {
+    for (const Named& named : {Named{L"QVWMISATA.InstProv", instanceProviderId},
+                               Named{L"QVWMISATA.InstProv.1", instanceProviderId},
+                               Named{L"QVWMISATA.EventProv", eventProviderId},
+                               Named{L"QVWMISATA.EventProv.1", eventProviderId}}) {
         CLSID classId{};
-        ASSERT_EQ(CLSIDFromProgID(programId, &classId), S_OK);
-        EXPECT_TRUE(IsEqualCLSID(classId, instanceProviderId));
+        ASSERT_EQ(CLSIDFromProgID(named.programId, &classId), S_OK);
+        EXPECT_TRUE(IsEqualCLSID(classId, named.classId));
         ComPtr<IWbemProviderInit> made;
         EXPECT_EQ(CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&made)),
                   S_OK);
+        // Each of the two classes has an interface that the other lacks.
+        ComPtr<IWbemEventProvider> events;
+        EXPECT_EQ(SUCCEEDED(made.As(&events)), IsEqualCLSID(classId, eventProviderId));
     }
 }
 
@@ -176,7 +186,9 @@ TEST_F(RegistrationTest, LetsTheTypeLibraryBeLoadedByItsId) {
 
 TEST_F(RegistrationTest, IsDoneAndUndoneByRegsvr32) {
     EXPECT_EQ(_wsystem((L"regsvr32 /s \"" + path + L"\"").c_str()), 0);
-    EXPECT_TRUE(Added().contains(root + L"\\CLSID\\" + instanceId));
+    const RegistryDump added = Added();
+    EXPECT_TRUE(added.contains(root + L"\\CLSID\\" + instanceId));
+    EXPECT_TRUE(added.contains(root + L"\\CLSID\\" + eventId));
     EXPECT_EQ(_wsystem((L"regsvr32 /s /u \"" + path + L"\"").c_str()), 0);
     EXPECT_EQ(Classes(), before);
 }

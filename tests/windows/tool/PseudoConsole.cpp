@@ -1,6 +1,7 @@
 #include "tests/windows/tool/PseudoConsole.h"
 
 #include <stdexcept>
+#include <utility>
 
 namespace qv::test {
 namespace {
@@ -34,12 +35,14 @@ PseudoConsole::PseudoConsole() {
     windows::KernelHandle input;
     windows::KernelHandle output;
     Check(CreatePipe(input.Receive(), keyboard_.Receive(), nullptr, 0) != FALSE);
-    Check(CreatePipe(screen_.Receive(), output.Receive(), nullptr, 0) != FALSE);
+    windows::KernelHandle screen;
+    Check(CreatePipe(screen.Receive(), output.Receive(), nullptr, 0) != FALSE);
     Check(SUCCEEDED(Find<CreateFunction>("CreatePseudoConsole")({80, 25}, input.Get(), output.Get(),
                                                                 0, &console_)));
     SIZE_T size = 0;
     InitializeProcThreadAttributeList(nullptr, 1, 0, &size);
     attributes_.resize(size);
+    screen_.emplace(std::move(screen));
     Check(InitializeProcThreadAttributeList(Attributes(), 1, 0, &size) &&
           UpdateProcThreadAttribute(Attributes(), 0, pseudoConsoleAttribute, console_,
                                     sizeof console_, nullptr, nullptr));
@@ -47,7 +50,14 @@ PseudoConsole::PseudoConsole() {
 
 PseudoConsole::~PseudoConsole() {
     DeleteProcThreadAttributeList(Attributes());
-    Find<CloseFunction>("ClosePseudoConsole")(console_);
+    Close();
+}
+
+std::string PseudoConsole::Close() {
+    if (console_ != nullptr) {
+        Find<CloseFunction>("ClosePseudoConsole")(std::exchange(console_, nullptr));
+    }
+    return screen_->Finish();
 }
 
 LPPROC_THREAD_ATTRIBUTE_LIST PseudoConsole::Attributes() const {

@@ -2,14 +2,17 @@
 
 #include <windows.h>
 
+#include <optional>
+#include <string>
 #include <vector>
 
 #include "platform/windows/Handle.h"
+#include "tests/windows/tool/Reading.h"
 
 namespace qv::test {
 
-/// A console that nobody sees, for a process whose keys a test presses. Windows has them from
-/// version 10 on.
+/// A console that nobody sees, for a process whose keys a test presses or whose screen it reads.
+/// Windows has them from version 10 on.
 class PseudoConsole {
 public:
     PseudoConsole();
@@ -22,9 +25,12 @@ public:
 
     void PressCtrlC() const;
 
+    /// Closes it; gives all that was to be seen, as a terminal is told it.
+    std::string Close();
+
 private:
     windows::KernelHandle keyboard_;  ///< for writing
-    windows::KernelHandle screen_;    ///< for reading; nobody does
+    std::optional<Reading> screen_;
     void* console_ = nullptr;
     mutable std::vector<char> attributes_;
 };

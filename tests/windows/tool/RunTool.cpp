@@ -2,70 +2,22 @@
 
 #include <windows.h>
 
-#include <array>
-#include <condition_variable>
 #include <filesystem>
 #include <fstream>
-#include <mutex>
 #include <optional>
 #include <stdexcept>
-#include <thread>
-#include <utility>
 
 #include "SourceTree.h"
 #include "platform/windows/Handle.h"
 #include "platform/windows/Text.h"
 #include "tests/windows/tool/Pipe.h"
 #include "tests/windows/tool/PseudoConsole.h"
+#include "tests/windows/tool/Reading.h"
 
 namespace qv::test {
 namespace {
 
 using windows::KernelHandle;
-
-/// Reads what a process writes, on a thread of its own.
-class Reading {
-public:
-    explicit Reading(Pipe& pipe) : reader_(std::move(pipe.reader)), thread_([this] { Run(); }) {
-        pipe.writer.Reset();
-    }
-
-    /// Waits until `text` was read; false when all was read without it.
-    bool Await(const std::string& text) {
-        std::unique_lock lock(mutex_);
-        changed_.wait(lock, [&] { return done_ || text_.find(text) != std::string::npos; });
-        return text_.find(text) != std::string::npos;
-    }
-
-    /// All of it, at the end.
-    std::string Finish() {
-        thread_.join();
-        return text_;
-    }
-
-private:
-    void Run() {
-        std::array<char, 4096> buffer{};
-        DWORD read = 0;
-        while (ReadFile(reader_.Get(), buffer.data(), static_cast<DWORD>(buffer.size()), &read,
-                        nullptr) &&
-               read != 0) {
-            const std::lock_guard lock(mutex_);
-            text_.append(buffer.data(), read);
-            changed_.notify_all();
-        }
-        const std::lock_guard lock(mutex_);
-        done_ = true;
-        changed_.notify_all();
-    }
-
-    KernelHandle reader_;
-    std::mutex mutex_;
-    std::condition_variable changed_;
-    std::string text_;
-    bool done_ = false;
-    std::thread thread_;
-};
 
 /// An argument as the C runtime's rules have it on a command line.
 std::wstring Quoted(const std::string& argument) {
@@ -85,9 +37,10 @@ std::wstring Quoted(const std::string& argument) {
 /// A process of the tool whose standard output and error are read.
 class ToolProcess {
 public:
-    /// `console`: the one that the process is attached to, which outlives it.
+    /// `console`: the one that the process is attached to, which outlives it, and the destination
+    /// of its standard output if that is not redirected.
     ToolProcess(const char* tool, const std::vector<std::string>& arguments,
-                const PseudoConsole* console = nullptr) {
+                const PseudoConsole* console = nullptr, Output destination = Output::redirected) {
         std::wstring command = Quoted(tool);
         for (const std::string& argument : arguments) {
             command += L' ' + Quoted(argument);
@@ -97,7 +50,9 @@ public:
         STARTUPINFOEXW startup{};
         startup.StartupInfo.cb = sizeof(startup);
         startup.StartupInfo.dwFlags = STARTF_USESTDHANDLES;
-        startup.StartupInfo.hStdOutput = output.writer.Get();
+        // Without one, it is the console's.
+        startup.StartupInfo.hStdOutput =
+            destination == Output::redirected ? output.writer.Get() : nullptr;
         startup.StartupInfo.hStdError = errors.writer.Get();
         startup.lpAttributeList = console == nullptr ? nullptr : console->Attributes();
         PROCESS_INFORMATION started{};
@@ -108,8 +63,8 @@ public:
         }
         process_ = KernelHandle(started.hProcess);
         const KernelHandle thread(started.hThread);
-        output_.emplace(output);
-        errors_.emplace(errors);
+        output_.emplace(std::move(output.reader));
+        errors_.emplace(std::move(errors.reader));
     }
 
     Reading& Errors() { return *errors_; }
@@ -137,6 +92,13 @@ ToolRun RunTool(const std::vector<std::string>& arguments) {
 
 ToolRun RunQuickTool(const std::vector<std::string>& arguments) {
     return ToolProcess(QV_QUICK_TOOL, arguments).Finish();
+}
+
+ToolRun RunQuickToolOnConsole(const std::vector<std::string>& arguments, Output destination) {
+    PseudoConsole console;
+    ToolRun run = ToolProcess(QV_QUICK_TOOL, arguments, &console, destination).Finish();
+    run.screen = console.Close();
+    return run;
 }
 
 ToolRun InterruptQuickTool(const std::vector<std::string>& arguments, const std::string& text) {

@@ -1,4 +1,5 @@
 #include <gmock/gmock.h>
+#include <windows.h>
 
 #include "nlohmann/json.hpp"
 #include "tests/windows/tool/RunTool.h"
@@ -38,14 +39,48 @@ TEST(TopologyTree, ShowsDisksOfAControllerWithoutChannels) {
                       HasSubstr("3 disks: 1 Pred Fail, 1 OK, 1 Degraded")));
 }
 
-TEST(TopologyTree, HasNoColoursWhenItIsNotWrittenToATerminal) {
-    EXPECT_THAT(Topology(SourceFile("hosts/mixed-buses-failing.json")), Not(HasSubstr("\x1B")));
-}
-
 TEST(TopologyTree, OfAHostWithoutStorageSaysSo) {
     const std::string empty =
         WriteFile("qvsata-bare.json", R"({"computer": {"netbios": "N"}, "namespaces": {}})");
     EXPECT_THAT(Topology(empty), HasSubstr("└─ no IDE or SATA controllers\nno disks"));
+}
+
+constexpr const char* failing = "hosts/mixed-buses-failing.json";
+
+/// A run of `topology` on a console, with the value of NO_COLOR.
+ToolRun OnConsole(const char* host, Output destination, const wchar_t* noColour) {
+    SetEnvironmentVariableW(L"NO_COLOR", noColour);
+    ToolRun run = RunQuickToolOnConsole({"topology", "--host", SourceFile(host)}, destination);
+    SetEnvironmentVariableW(L"NO_COLOR", nullptr);
+    EXPECT_EQ(run.exitCode, 0U);
+    return run;
+}
+
+const std::string red = "\x1B[91m";
+const std::string yellow = "\x1B[93m";
+const std::string green = "\x1B[32m";
+
+/// A screen on which nothing has one of these colours.
+const auto isNotColoured =
+    AllOf(Not(HasSubstr(red)), Not(HasSubstr(yellow)), Not(HasSubstr(green)));
+
+TEST(TopologyColours, AreThoseOfTheStatusOnATerminal) {
+    EXPECT_THAT(OnConsole(failing, Output::console, nullptr).screen,
+                AllOf(HasSubstr(yellow + "! Pred Fail"), HasSubstr(yellow + "! Degraded"),
+                      HasSubstr(green + "OK")));
+    EXPECT_THAT(OnConsole("hosts/drill/3-failed.json", Output::console, nullptr).screen,
+                HasSubstr(red + "! Error"));
+}
+
+TEST(TopologyColours, AreNotShownWhereTheUserWantsNone) {
+    EXPECT_THAT(OnConsole(failing, Output::console, L"1").screen,
+                AllOf(HasSubstr("! Pred Fail"), isNotColoured));
+}
+
+TEST(TopologyColours, AreNeitherInAFileNorOnTheTerminalWhenOutputIsRedirected) {
+    const ToolRun run = OnConsole(failing, Output::redirected, nullptr);
+    EXPECT_THAT(run.output, AllOf(HasSubstr("! Pred Fail"), Not(HasSubstr("\x1B"))));
+    EXPECT_THAT(run.screen, AllOf(Not(HasSubstr("Pred Fail")), isNotColoured));
 }
 
 TEST(TopologyDocument, NestsDisksInChannelsAndControllers) {

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <windows.h>
+
+#include <array>
+#include <condition_variable>
+#include <mutex>
+#include <string>
+#include <thread>
+#include <utility>
+
+#include "platform/windows/Handle.h"
+
+namespace qv::test {
+
+/// Reads what is written to a pipe, on a thread of its own.
+class Reading {
+public:
+    /// `pipe`: its end for reading.
+    explicit Reading(windows::KernelHandle pipe)
+        : reader_(std::move(pipe)), thread_([this] { Run(); }) {}
+    Reading(const Reading&) = delete;
+    Reading& operator=(const Reading&) = delete;
+    ~Reading() { Join(); }
+
+    /// Waits until `text` was read; false when all was read without it.
+    bool Await(const std::string& text) {
+        std::unique_lock lock(mutex_);
+        changed_.wait(lock, [&] { return done_ || text_.find(text) != std::string::npos; });
+        return text_.find(text) != std::string::npos;
+    }
+
+    /// All of it, once nobody can write any more.
+    std::string Finish() {
+        Join();
+        return text_;
+    }
+
+private:
+    void Join() {
+        if (thread_.joinable()) {
+            thread_.join();
+        }
+    }
+
+    void Run() {
+        std::array<char, 4096> buffer{};
+        DWORD read = 0;
+        while (ReadFile(reader_.Get(), buffer.data(), static_cast<DWORD>(buffer.size()), &read,
+                        nullptr) &&
+               read != 0) {
+            const std::lock_guard lock(mutex_);
+            text_.append(buffer.data(), read);
+            changed_.notify_all();
+        }
+        const std::lock_guard lock(mutex_);
+        done_ = true;
+        changed_.notify_all();
+    }
+
+    windows::KernelHandle reader_;
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    std::string text_;
+    bool done_ = false;
+    std::thread thread_;
+};
+
+}  // namespace qv::test
