@@ -150,6 +150,13 @@ TEST_F(SATADiskDrive, StatusOutsideTheMapGivesAnEmptyCodeBesideTheText) {
     EXPECT_EQ(ValueOf(row, "StatusDescriptions"), "Starting");
 }
 
+TEST_F(SATADiskDrive, CapabilitiesArePublishedJoinedBesideTheirDescriptions) {
+    const auto row = With(disk, "Capabilities", std::vector<std::uint16_t>{3, 4, 10});
+    EXPECT_EQ(ValueOf(row, "Capabilities"), "3*-*4*-*10");
+    EXPECT_EQ(ValueOf(row, "CapabilityDescriptions"),
+              "Random Access*-*Supports Writing*-*SMART Notification");
+}
+
 TEST_F(SATADiskDrive, CapabilityOutsideTheMapIsPublishedAsUnknown) {
     const auto row = With(disk, "Capabilities", std::vector<std::int32_t>{13, 1});
     EXPECT_EQ(ValueOf(row, "Capabilities"), "13*-*1");

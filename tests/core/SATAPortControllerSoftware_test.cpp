@@ -122,11 +122,34 @@ TEST_F(Software, IsFoundByItsPathInAnyLetterCase) {
     }
 }
 
-TEST_F(Software, CarriesOnlyItsKeyWhenOnlyKeysAreAskedFor) {
+TEST_F(Software, EachClassCarriesOnlyItsKeyWhenOnlyKeysAreAskedFor) {
     ServedBy("msahci");
-    EXPECT_EQ(Keys("qv_sataportcontrollerbios"),
-              RecordList{Record("qv_sataportcontrollerbios",
-                                {Key("InstanceID", "QV:qv_sataportcontrollerbios:" + ahciKey)})});
+    for (const std::string className :
+         {"qv_sataportcontrollerbios", "qv_sataportcontrollerfw", "qv_sataportcontrollerdriver"}) {
+        EXPECT_EQ(
+            Keys(className),
+            RecordList{Record(className, {Key("InstanceID", "QV:" + className + ":" + ahciKey)})});
+    }
+}
+
+TEST_F(Software, IdentityInfoValueKeepsTheBackslashesThatInstanceIDHasNot) {
+    host.Answer(controllersQuery, {Controller(R"(PCI\VEN_8086&REV_02\3&1)")});
+    ServeWith(host, R"(PCI\VEN_8086&REV_02\3&1)", "msahci");
+    for (const std::string className : {bios, firmware, driver}) {
+        EXPECT_EQ(ValuesOf(All(className), "IdentityInfoValue"),
+                  Values{R"(QVQ:PCI\VEN_8086&REV_02\3&1)"});
+        EXPECT_EQ(ValuesOf(All(className), "InstanceID"),
+                  Values{"QV:" + className + ":PCI&VEN_8086&REV_02&3&1"});
+    }
+}
+
+TEST_F(Software, ClassificationsTellBiosFirmwareAndDriverApart) {
+    for (const char* family : families) {
+        ServedBy(family);
+        EXPECT_EQ(ValuesOf(All(bios), "Classifications"), Values{"6"}) << family;
+        EXPECT_EQ(ValuesOf(All(firmware), "Classifications"), Values{"10"}) << family;
+        EXPECT_EQ(ValuesOf(All(driver), "Classifications"), Values{"2"}) << family;
+    }
 }
 
 TEST_F(Software, DriverNamesAreComparedWithRegardToCase) {

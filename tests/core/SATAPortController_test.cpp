@@ -76,6 +76,13 @@ TEST_F(SATAPortController, IsNotPublishedWithoutAPciRevision) {
               RecordList{});
 }
 
+TEST_F(SATAPortController, IsNotPublishedForTheChannelsOfAController) {
+    const RecordList records =
+        Build({With(controller, "DeviceID", R"(PCIIDE\IDECHANNEL\4&2E6E9E8&0&0)"), controller,
+               With(controller, "DeviceID", R"(PCIIDE\IDECHANNEL\4&2E6E9E8&0&1)")});
+    EXPECT_EQ(ValuesOf(records, "DeviceID"), Values{encodedId});
+}
+
 TEST_F(SATAPortController, IsNotPublishedWithoutATextDeviceId) {
     EXPECT_EQ(
         Build({Without(controller, "DeviceID"), With(controller, "DeviceID", std::monostate{}),

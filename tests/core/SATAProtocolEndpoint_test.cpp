@@ -97,6 +97,14 @@ TEST_F(Endpoint, TargetHasNoNameWhenTheControllersCannotBeHad) {
               (Values{"SystemName", "SystemCreationClassName", "CreationClassName"}));
 }
 
+TEST_F(Endpoint, TargetOfALinkedDiskCarriesItsFourKeysWhenOnlyKeysAreAskedFor) {
+    EXPECT_EQ(Keys(target),
+              RecordList{Record(target, {Key("Name", diskKey + " connected to " + channelKey),
+                                         Key("SystemName", "host.example.org"),
+                                         Key("SystemCreationClassName", "QV_WinComputerSystem"),
+                                         Key("CreationClassName", target)})});
+}
+
 TEST_F(Endpoint, TargetOfADiskWithoutLinkHasThreeKeysAndNoName) {
     host.Answer(controllerLinksQuery, {ControllerLink(channelId, "other")});
     EXPECT_EQ(All(target).size(), 1U);

@@ -123,6 +123,13 @@ TEST_F(Extent, FlagsAreFalseUnlessThePartitionSaysTrue) {
     EXPECT_EQ(ValuesOf(All(className), "BootPartition"), Values{"TRUE"});
 }
 
+TEST_F(Extent, OfAPrimaryPartitionThatIsNotBootableSaysSo) {
+    host.Answer(partitionsQuery,
+                {With(Partition(partition0), {{"Bootable", false}, {"PrimaryPartition", true}})});
+    EXPECT_EQ(ValuesOf(All(className), "Bootable"), Values{"FALSE"});
+    EXPECT_EQ(ValuesOf(All(className), "PrimaryPartition"), Values{"TRUE"});
+}
+
 TEST_F(Extent, MissingTextsAreEmptyTexts) {
     host.Answer(disksQuery, {{{"InterfaceType", "IDE"}, {"DeviceID", drive0}}});
     host.Answer(partitionsQuery, {{{"DeviceID", partition0}}});
