@@ -1,5 +1,7 @@
 #include "events/AlertIndication.h"
 
+#include <algorithm>
+
 #include "tests/core/AlertHost.h"
 
 namespace qv {
@@ -107,7 +109,12 @@ INSTANTIATE_TEST_SUITE_P(Alert, OsTypeTest,
                                          KnownSystem{{6, 3, 9600}, "6.3.9600", "18"},
                                          KnownSystem{{10, 0, 22631}, "10.0.22631", "18"},
                                          KnownSystem{{4, 0, 1381}, "4.0.1381", "18"},
-                                         KnownSystem{{0, 0, 0}, "0.0.0", "18"}));
+                                         KnownSystem{{0, 0, 0}, "0.0.0", "18"}),
+                         [](const auto& row) {
+                             std::string name = std::string("Version") + row.param.osVersion;
+                             std::ranges::replace(name, '.', '_');
+                             return name;
+                         });
 
 /// A property that the indication refuses, and the last one that it still took.
 struct Refusal {
@@ -133,7 +140,8 @@ INSTANTIATE_TEST_SUITE_P(Alert, RefusalTest,
                                          Refusal{"OSType", "OSVersion"},
                                          Refusal{"NetworkAddresses", "OSType"},
                                          Refusal{"SystemCreationClassName", "NetworkAddresses"},
-                                         Refusal{"SystemName", "SystemCreationClassName"}));
+                                         Refusal{"SystemName", "SystemCreationClassName"}),
+                         [](const auto& row) { return std::string(row.param.refused); });
 
 }  // namespace
 }  // namespace qv

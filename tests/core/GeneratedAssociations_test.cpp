@@ -123,7 +123,8 @@ TEST(GeneratedPaths, AreThoseOfThreeNestedLoops) {
     EXPECT_GT(triples, 2000U);
 }
 
-INSTANTIATE_TEST_SUITE_P(EveryRule, GeneratedAssociations, testing::Range(0U, 13U));
+INSTANTIATE_TEST_SUITE_P(EveryRule, GeneratedAssociations, testing::Range(0U, 13U),
+                         [](const auto& rule) { return "Rule" + std::to_string(rule.param); });
 
 }  // namespace
 }  // namespace qv

@@ -33,7 +33,8 @@ TEST_P(PairKeysByRule, FindsWhatTestingEveryPairFinds) {
     EXPECT_EQ(pairs > 3000, GetParam() <= 10) << pairs;
 }
 
-INSTANTIATE_TEST_SUITE_P(EveryRule, PairKeysByRule, testing::Range(0U, 13U));
+INSTANTIATE_TEST_SUITE_P(EveryRule, PairKeysByRule, testing::Range(0U, 13U),
+                         [](const auto& rule) { return "Rule" + std::to_string(rule.param); });
 
 TEST(PairKeys, FindsNothingAmongNoKeys) {
     EXPECT_EQ(PairKeys({}, Keys{"a"}, MatchRule::always), Partners{});

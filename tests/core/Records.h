@@ -31,24 +31,26 @@ inline void PrintTo(const InstanceRecord& record, std::ostream* out) {
 
 namespace qv::test {
 
+// The type codes are written as numbers: a record carries them to where it is filled.
+
 inline PropertyEntry Key(std::string name, std::string value) {
-    return {std::move(name), std::move(value), PropertyType::string, true};
+    return {std::move(name), std::move(value), PropertyType{16}, true};
 }
 
 inline PropertyEntry Text(std::string name, std::string value) {
-    return {std::move(name), std::move(value), PropertyType::string, false};
+    return {std::move(name), std::move(value), PropertyType{16}, false};
 }
 
 inline PropertyEntry Texts(std::string name, std::string joined) {
-    return {std::move(name), std::move(joined), PropertyType::stringArray, false};
+    return {std::move(name), std::move(joined), PropertyType{17}, false};
 }
 
 inline PropertyEntry Number(std::string name, std::string decimal) {
-    return {std::move(name), std::move(decimal), PropertyType::int32, false};
+    return {std::move(name), std::move(decimal), PropertyType{8}, false};
 }
 
 inline PropertyEntry Numbers(std::string name, std::string joined) {
-    return {std::move(name), std::move(joined), PropertyType::int32Array, false};
+    return {std::move(name), std::move(joined), PropertyType{19}, false};
 }
 
 inline InstanceRecord Record(std::string_view className, std::vector<PropertyEntry> properties) {

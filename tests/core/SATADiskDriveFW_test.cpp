@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "tests/core/PropertyTables.h"
 #include "tests/core/Records.h"
 #include "tests/core/SourceRows.h"
 
@@ -21,17 +22,7 @@ protected:
 };
 
 TEST_F(DiskFirmware, HasItsPropertiesInOrder) {
-    const std::string title = "Disk Drive Firmware";
-    EXPECT_EQ(
-        All(className),
-        RecordList{Record(
-            className,
-            {Key("InstanceID", diskKey), Text("ElementName", "disk model"), Text("Name", title),
-             Text("Caption", title), Text("Description", title),
-             Texts("ClassificationDescriptions", title), Numbers("Classifications", "10"),
-             Text("Manufacturer", "disk maker"), Texts("IdentityInfoType", "CIM:SoftwareFamily"),
-             Texts("IdentityInfoValue", "QVQ:disk model"), Text("VersionString", "fw 1.0"),
-             Text("SerialNumber", "SN1")})});
+    EXPECT_EQ(All(className), RecordList{Record(className, SATADiskDriveFWTable())});
 }
 
 TEST_F(DiskFirmware, AsksForTheMediaOnceForEachKeptDisk) {

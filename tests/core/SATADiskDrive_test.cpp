@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "tests/core/PropertyTables.h"
 #include "tests/core/Records.h"
 #include "tests/core/SourceRows.h"
 
@@ -11,63 +12,11 @@ namespace {
 using namespace test;
 using Values = std::vector<std::string>;
 
-// Each source property has a value of its own, so that none can stand in for another.
-const Properties disk{
-    {"DeviceID", R"(\\.\PHYSICALDRIVE0)"},
-    {"PNPDeviceID", R"(IDE\DISKX\5&1)"},
-    {"InterfaceType", "IDE"},
-    {"Caption", "the caption"},
-    {"Description", "the description"},
-    {"Name", "the name"},
-    {"Status", "OK"},
-    {"Capabilities", std::vector<std::uint16_t>{3, 4, 10}},
-    {"FirmwareRevision", "FW01"},
-    {"Index", std::int32_t{1}},
-    {"Manufacturer", "the manufacturer"},
-    {"Model", "the model"},
-    {"Partitions", std::uint32_t{2}},
-    {"SectorsPerTrack", std::uint32_t{63}},
-    {"BytesPerSector", std::uint32_t{512}},
-    {"Size", "500105249280"},
-    {"TracksPerCylinder", std::uint32_t{255}},
-    {"TotalCylinders", "60801"},
-    {"TotalHeads", std::uint32_t{240}},
-    {"TotalSectors", "976768065"},
-    {"TotalTracks", "15504255"},
-};
-const Properties medium{{"Tag", R"(\\.\PHYSICALDRIVE0)"}, {"SerialNumber", "SN-0"}};
+const Properties& disk = fullDisk;
+const Properties medium{{"Tag", R"(\\.\PHYSICALDRIVE0)"}, {"SerialNumber", "SN1"}};
 
-InstanceRecord FullRecord(std::string_view className = "QV_SATADiskDrive") {
-    return Record(className, {
-                                 Key("DeviceID", "IDE&DISKX&5&1"),
-                                 Key("SystemName", "host.example.org"),
-                                 Key("CreationClassName", std::string(className)),
-                                 Key("SystemCreationClassName", "QV_WinComputerSystem"),
-                                 Text("Caption", "the caption"),
-                                 Text("Name", "the description"),
-                                 Text("Description", "the description"),
-                                 Text("ElementName", "the name"),
-                                 Numbers("OperationalStatus", "2"),
-                                 Texts("StatusDescriptions", "OK"),
-                                 Numbers("Capabilities", "3*-*4*-*10"),
-                                 Texts("CapabilityDescriptions",
-                                       "Random Access*-*Supports Writing*-*SMART Notification"),
-                                 Text("FirmwareRevision", "FW01"),
-                                 Number("Index", "1"),
-                                 Text("InterfaceType", "IDE"),
-                                 Text("Manufacturer", "the manufacturer"),
-                                 Text("Model", "the model"),
-                                 Number("Partitions", "2"),
-                                 Number("SectorsPerTrack", "63"),
-                                 Number("BytesPerSector", "512"),
-                                 Text("SerialNumber", "SN-0"),
-                                 Text("Size", "500105249280"),
-                                 Number("TracksPerCylinder", "255"),
-                                 Text("TotalCylinders", "60801"),
-                                 Number("TotalHeads", "240"),
-                                 Text("TotalSectors", "976768065"),
-                                 Text("TotalTracks", "15504255"),
-                             });
+InstanceRecord FullRecord(const std::string& className = "QV_SATADiskDrive") {
+    return Record(className, SATADiskDriveTable(className));
 }
 
 InstanceRecord Leaving(InstanceRecord record, std::string_view name) {
@@ -201,6 +150,13 @@ TEST_F(SATADiskDrive, StatusOutsideTheMapGivesAnEmptyCodeBesideTheText) {
     EXPECT_EQ(ValueOf(row, "StatusDescriptions"), "Starting");
 }
 
+TEST_F(SATADiskDrive, CapabilitiesArePublishedJoinedBesideTheirDescriptions) {
+    const auto row = With(disk, "Capabilities", std::vector<std::uint16_t>{3, 4, 10});
+    EXPECT_EQ(ValueOf(row, "Capabilities"), "3*-*4*-*10");
+    EXPECT_EQ(ValueOf(row, "CapabilityDescriptions"),
+              "Random Access*-*Supports Writing*-*SMART Notification");
+}
+
 TEST_F(SATADiskDrive, CapabilityOutsideTheMapIsPublishedAsUnknown) {
     const auto row = With(disk, "Capabilities", std::vector<std::int32_t>{13, 1});
     EXPECT_EQ(ValueOf(row, "Capabilities"), "13*-*1");
@@ -279,7 +235,7 @@ TEST_F(SATADiskDrive, MissingTextsArePublishedEmptyAndMissingNumbersAsZero) {
                                     Number("Partitions", "0"),
                                     Number("SectorsPerTrack", "0"),
                                     Number("BytesPerSector", "0"),
-                                    Text("SerialNumber", "SN-0"),
+                                    Text("SerialNumber", "SN1"),
                                     Text("Size", ""),
                                     Number("TracksPerCylinder", "0"),
                                     Text("TotalCylinders", ""),

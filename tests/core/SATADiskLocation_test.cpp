@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "tests/core/PropertyTables.h"
 #include "tests/core/Records.h"
 #include "tests/core/SourceRows.h"
 
@@ -36,16 +37,7 @@ protected:
 };
 
 TEST_F(DiskLocation, HasItsPropertiesInOrder) {
-    const std::string description = "Standard ATA Disk Drive at ATA Channel 0,2E6E9E8";
-    host.Answer(disksQuery, {Disk(diskId)});
-    host.Answer(controllersQuery, {With(Controller(channelId), {{"Caption", "ATA Channel 0"}})});
-    EXPECT_EQ(
-        All(className),
-        RecordList{Record(className,
-                          {Key("Name", diskKey), Key("PhysicalPosition", "ATA Channel 0"),
-                           Text("Description", description), Text("ElementName", description),
-                           Text("Caption", "disk caption"), Number("ElementLocationTagDesc", "21"),
-                           Text("ElementLocationTag", "SCSI ID: 0.0.0")})});
+    EXPECT_EQ(All(className), RecordList{Record(className, SATADiskLocationTable())});
 }
 
 TEST_F(DiskLocation, AsksForDisksLinksAndControllers) {

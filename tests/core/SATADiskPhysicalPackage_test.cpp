@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "tests/core/PropertyTables.h"
 #include "tests/core/Records.h"
 #include "tests/core/SourceRows.h"
 
@@ -20,13 +21,7 @@ protected:
 };
 
 TEST_F(DiskPackage, HasItsPropertiesInOrder) {
-    EXPECT_EQ(
-        All(className),
-        RecordList{Record(className,
-                          {Key("CreationClassName", className), Key("Tag", diskKey),
-                           Text("ElementName", "disk caption"), Text("Manufacturer", "disk maker"),
-                           Text("Model", "disk model"), Text("Version", "fw 1.0"),
-                           Text("SerialNumber", "SN1"), Text("Name", drive0)})});
+    EXPECT_EQ(All(className), RecordList{Record(className, SATADiskPhysicalPackageTable())});
 }
 
 TEST_F(DiskPackage, AsksForTheMediaOnceForEachKeptDisk) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "tests/core/PropertyTables.h"
 #include "tests/core/Records.h"
 #include "tests/core/SourceRows.h"
 
@@ -19,32 +20,15 @@ protected:
 };
 
 TEST_F(Physical, ProductHasItsPropertiesInOrder) {
-    EXPECT_EQ(All(product),
-              RecordList{
-                  Record(product, {Key("Name", ahciKey), Key("Vendor", "the maker"),
-                                   Key("IdentifyingNumber", "the caption with Revision number: 02"),
-                                   Key("Version", "02"),
-                                   Text("ElementName", "the caption with Device ID: 2922")})});
+    EXPECT_EQ(All(product), RecordList{Record(product, SATAPortControllerProductTable())});
 }
 
 TEST_F(Physical, LocationHasItsPropertiesInOrderAndItsTagDescTwice) {
-    const std::string position = "the caption with Device ID: 2922";
-    EXPECT_EQ(All(location),
-              RecordList{Record(
-                  location, {Key("Name", ahciKey), Key("PhysicalPosition", position),
-                             Text("ElementName", position), Text("Caption", position),
-                             Text("Description", position), Number("ElementLocationTagDesc", "21"),
-                             Number("ElementLocationTagDesc", "15"),
-                             Text("ElementLocationTag", "PCI DEVICE ID: 2922")})});
+    EXPECT_EQ(All(location), RecordList{Record(location, SATAControllerLocationTable())});
 }
 
 TEST_F(Physical, PackageHasItsPropertiesInOrder) {
-    EXPECT_EQ(All(package),
-              RecordList{Record(
-                  package, {Key("CreationClassName", package), Key("Tag", ahciKey),
-                            Text("Caption", "the caption"), Text("Name", "the description"),
-                            Text("Description", "the description"), Text("ElementName", "the name"),
-                            Text("Manufacturer", "the maker"), Text("SerialNumber", ahciId)})});
+    EXPECT_EQ(All(package), RecordList{Record(package, SATAPortControllerPhysicalPackageTable())});
 }
 
 TEST_F(Physical, EachAsksForTheControllersOnce) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "tests/core/PropertyTables.h"
 #include "tests/core/Records.h"
 #include "tests/core/SourceRows.h"
 
@@ -12,27 +13,7 @@ using Values = std::vector<std::string>;
 constexpr const char* bios = "QV_SATAPortControllerBIOS";
 constexpr const char* firmware = "QV_SATAPortControllerFW";
 constexpr const char* driver = "QV_SATAPortControllerDriver";
-
-struct FamilyTexts {
-    std::string name, classification, caption, description, manufacturer;
-};
-
-// The whole record of the AHCI controller, `version` as its last properties.
-InstanceRecord Whole(const std::string& className, const FamilyTexts& texts,
-                     const std::vector<PropertyEntry>& version) {
-    InstanceRecord record = Record(
-        className, {Key("InstanceID", "QV:" + className + ":" + ahciKey), Text("Name", texts.name),
-                    Numbers("Classifications", texts.classification),
-                    Texts("IdentityInfoType", "CIM:SoftwareFamily"),
-                    Texts("IdentityInfoValue", "QVQ:" + ahciId), Text("Caption", texts.caption),
-                    Text("ElementName", texts.caption), Text("Description", texts.description),
-                    Text("Manufacturer", texts.manufacturer),
-                    Texts("ClassificationDescriptions", texts.description)});
-    record.properties.insert(record.properties.end(), version.begin(), version.end());
-    return record;
-}
-
-const std::vector<PropertyEntry> version02{Text("VersionString", "02")};
+constexpr const char* families[] = {"msahci", "pciide", "pciidex", "atapi"};
 
 class Software : public testing::Test, public Builders {
 public:
@@ -45,42 +26,24 @@ public:
 };
 
 TEST_F(Software, BiosOfEachFamilyHasItsPropertiesInOrder) {
-    const FamilyTexts ide{"IDE/ATA BIOS", "6", "IDE/ATA BIOS", "IDE/ATA BIOS",
-                          "Standard IDE/ATA Controllers BIOS"};
-    EXPECT_EQ(
-        ServedBy("msahci").All(bios),
-        RecordList{Whole(
-            bios, {"SATA BIOS", "6", "SATA BIOS", "SATA BIOS", "Standard SATA Controllers BIOS"},
-            version02)});
-    EXPECT_EQ(ServedBy("pciide").All(bios), RecordList{Whole(bios, ide, version02)});
-    EXPECT_EQ(ServedBy("pciidex").All(bios), RecordList{Whole(bios, ide, version02)});
-    EXPECT_EQ(ServedBy("atapi").All(bios), RecordList{Whole(bios, ide, {})});
+    for (const std::string name : families) {
+        EXPECT_EQ(ServedBy(name).All(bios),
+                  RecordList{Record(bios, SATAPortControllerBIOSTable(name))});
+    }
 }
 
 TEST_F(Software, FirmwareOfEachFamilyHasItsPropertiesInOrder) {
-    const FamilyTexts ide{"IDE/ATA firmware", "10", "IDE/ATA firmware", "IDE/ATA firmware",
-                          "Standard IDE/ATA Controllers firmware"};
-    EXPECT_EQ(ServedBy("msahci").All(firmware),
-              RecordList{Whole(firmware,
-                               {"SATA firmware", "10", "SATA firmware", "SATA firmware",
-                                "Standard SATA Controllers firmware"},
-                               version02)});
-    EXPECT_EQ(ServedBy("pciide").All(firmware), RecordList{Whole(firmware, ide, version02)});
-    EXPECT_EQ(ServedBy("pciidex").All(firmware), RecordList{Whole(firmware, ide, version02)});
-    EXPECT_EQ(ServedBy("atapi").All(firmware), RecordList{Whole(firmware, ide, {})});
+    for (const std::string name : families) {
+        EXPECT_EQ(ServedBy(name).All(firmware),
+                  RecordList{Record(firmware, SATAPortControllerFWTable(name))});
+    }
 }
 
 TEST_F(Software, DriverOfEachFamilyHasItsOwnNameAndNoVersion) {
-    const std::string sata = "Standard SATA Controllers Driver";
-    const std::string ide = "Standard IDE ATA/ATAPI Controllers Driver";
-    EXPECT_EQ(ServedBy("msahci").All(driver),
-              RecordList{Whole(driver, {"msahci", "2", "NATIVE SATA Driver", sata, sata}, {})});
-    EXPECT_EQ(ServedBy("pciide").All(driver),
-              RecordList{Whole(driver, {"pciide", "2", "PCI IDE Driver", ide, ide}, {})});
-    EXPECT_EQ(ServedBy("pciidex").All(driver),
-              RecordList{Whole(driver, {"pciidex", "2", "PCI IDE Driver", ide, ide}, {})});
-    EXPECT_EQ(ServedBy("atapi").All(driver),
-              RecordList{Whole(driver, {"atapi", "2", "ATAPI Driver", ide, ide}, {})});
+    for (const std::string name : families) {
+        EXPECT_EQ(ServedBy(name).All(driver),
+                  RecordList{Record(driver, SATAPortControllerDriverTable(name))});
+    }
 }
 
 TEST_F(Software, IsFoundOverThePlugAndPlayDevicesOfEachControllerInTurn) {
@@ -159,11 +122,34 @@ TEST_F(Software, IsFoundByItsPathInAnyLetterCase) {
     }
 }
 
-TEST_F(Software, CarriesOnlyItsKeyWhenOnlyKeysAreAskedFor) {
+TEST_F(Software, EachClassCarriesOnlyItsKeyWhenOnlyKeysAreAskedFor) {
     ServedBy("msahci");
-    EXPECT_EQ(Keys("qv_sataportcontrollerbios"),
-              RecordList{Record("qv_sataportcontrollerbios",
-                                {Key("InstanceID", "QV:qv_sataportcontrollerbios:" + ahciKey)})});
+    for (const std::string className :
+         {"qv_sataportcontrollerbios", "qv_sataportcontrollerfw", "qv_sataportcontrollerdriver"}) {
+        EXPECT_EQ(
+            Keys(className),
+            RecordList{Record(className, {Key("InstanceID", "QV:" + className + ":" + ahciKey)})});
+    }
+}
+
+TEST_F(Software, IdentityInfoValueKeepsTheBackslashesThatInstanceIDHasNot) {
+    host.Answer(controllersQuery, {Controller(R"(PCI\VEN_8086&REV_02\3&1)")});
+    ServeWith(host, R"(PCI\VEN_8086&REV_02\3&1)", "msahci");
+    for (const std::string className : {bios, firmware, driver}) {
+        EXPECT_EQ(ValuesOf(All(className), "IdentityInfoValue"),
+                  Values{R"(QVQ:PCI\VEN_8086&REV_02\3&1)"});
+        EXPECT_EQ(ValuesOf(All(className), "InstanceID"),
+                  Values{"QV:" + className + ":PCI&VEN_8086&REV_02&3&1"});
+    }
+}
+
+TEST_F(Software, ClassificationsTellBiosFirmwareAndDriverApart) {
+    for (const char* family : families) {
+        ServedBy(family);
+        EXPECT_EQ(ValuesOf(All(bios), "Classifications"), Values{"6"}) << family;
+        EXPECT_EQ(ValuesOf(All(firmware), "Classifications"), Values{"10"}) << family;
+        EXPECT_EQ(ValuesOf(All(driver), "Classifications"), Values{"2"}) << family;
+    }
 }
 
 TEST_F(Software, DriverNamesAreComparedWithRegardToCase) {

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "tests/core/PropertyTables.h"
 #include "tests/core/Records.h"
 #include "tests/core/SourceRows.h"
 
@@ -21,23 +22,8 @@ const Properties controller{
 };
 const std::string encodedId = "PCI&VEN_8086&DEV_2922&SUBSYS_12345678&REV_02&3&1AB2&0&FA";
 
-InstanceRecord FullRecord(std::string_view className = "QV_SATAPortController") {
-    return Record(className, {
-                                 Key("SystemName", "host.example.org"),
-                                 Key("CreationClassName", std::string(className)),
-                                 Key("SystemCreationClassName", "QV_WinComputerSystem"),
-                                 Key("DeviceID", encodedId),
-                                 Text("Caption", "the caption"),
-                                 Text("Name", "the description"),
-                                 Text("Description", "the description"),
-                                 Text("ElementName", "the name"),
-                                 Number("ProtocolSupported", "37"),
-                                 Numbers("OperationalStatus", "2"),
-                                 Texts("StatusDescriptions", "OK"),
-                                 Number("ControllerType", "1"),
-                                 Text("OtherControllerType", "IDE/SATA"),
-                                 Number("ControllerVersion", "02"),
-                             });
+InstanceRecord FullRecord(const std::string& className = "QV_SATAPortController") {
+    return Record(className, SATAPortControllerTable(className));
 }
 
 class SATAPortController : public testing::Test, public Builders {
@@ -88,6 +74,13 @@ TEST_F(SATAPortController, IsNotPublishedWithoutAPciRevision) {
                      With(controller, "DeviceID", R"(PCI\VEN_8086&DEV_2922\3&1)"),
                      With(controller, "DeviceID", R"(PCI\VEN_8086&rev_02\3&1)")}),
               RecordList{});
+}
+
+TEST_F(SATAPortController, IsNotPublishedForTheChannelsOfAController) {
+    const RecordList records =
+        Build({With(controller, "DeviceID", R"(PCIIDE\IDECHANNEL\4&2E6E9E8&0&0)"), controller,
+               With(controller, "DeviceID", R"(PCIIDE\IDECHANNEL\4&2E6E9E8&0&1)")});
+    EXPECT_EQ(ValuesOf(records, "DeviceID"), Values{encodedId});
 }
 
 TEST_F(SATAPortController, IsNotPublishedWithoutATextDeviceId) {

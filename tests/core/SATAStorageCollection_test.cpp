@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "tests/core/PropertyTables.h"
 #include "tests/core/Records.h"
 #include "tests/core/SourceRows.h"
 
@@ -33,13 +34,8 @@ public:
 };
 
 TEST_F(Collection, HasItsPropertiesInOrder) {
-    const std::string title = "Disk Drives Consolidated Status";
     EXPECT_EQ(WithDisks({Codes{3}}).All(className),
-              RecordList{Record(className,
-                                {Key("InstanceID", "host.example.org QV:QV_SATAStorageCollection"),
-                                 Text("Caption", title), Text("Description", title),
-                                 Text("ElementName", title), Numbers("GroupOperationalStatus", "3"),
-                                 Texts("GroupStatusDescriptions", "Degraded")})});
+              RecordList{Record(className, SATAStorageCollectionTable())});
 }
 
 TEST_F(Collection, AsksThePublishedNamespaceForTheDisks) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "tests/core/PropertyTables.h"
 #include "tests/core/Records.h"
 #include "tests/core/SourceRows.h"
 
@@ -12,10 +13,6 @@ using Values = std::vector<std::string>;
 constexpr const char* className = "QV_SATAStorageExtent";
 const std::string partition0 = "Disk #0, Partition #0";
 const std::string partition1 = "Disk #0, Partition #1";
-
-PropertyEntry Flag(std::string name, std::string value) {
-    return {std::move(name), std::move(value), PropertyType::boolean, false};
-}
 
 class Extent : public testing::Test, public Builders {
 protected:
@@ -31,18 +28,7 @@ protected:
 };
 
 TEST_F(Extent, PublishesADiskWithItsPropertiesInOrder) {
-    EXPECT_EQ(
-        All(className),
-        RecordList{Record(
-            className,
-            {Key("SystemName", "host.example.org"), Key("CreationClassName", className),
-             Key("SystemCreationClassName", "QV_WinComputerSystem"), Key("DeviceID", diskKey),
-             Numbers("OperationalStatus", "3"), Texts("StatusDescriptions", "Degraded"),
-             Text("ElementName", drive0), Text("Caption", "caption of " + partition0),
-             Text("Description", "description of " + partition0),
-             Text("Name", "name of " + partition0), Text("BlockSize", "512"),
-             Text("ConsumableBlocks", "2048"), Text("Size", "1048576"), Flag("Bootable", "TRUE"),
-             Flag("BootPartition", "FALSE"), Flag("PrimaryPartition", "TRUE")})});
+    EXPECT_EQ(All(className), RecordList{Record(className, SATAStorageExtentTable())});
 }
 
 TEST_F(Extent, AsksForDisksLinksAndPartitions) {
@@ -135,6 +121,13 @@ TEST_F(Extent, FlagsAreFalseUnlessThePartitionSaysTrue) {
     EXPECT_EQ(ValuesOf(records, "PrimaryPartition"), Values{"FALSE"});
     host.Answer(partitionsQuery, {With(Partition(partition0), {{"BootPartition", true}})});
     EXPECT_EQ(ValuesOf(All(className), "BootPartition"), Values{"TRUE"});
+}
+
+TEST_F(Extent, OfAPrimaryPartitionThatIsNotBootableSaysSo) {
+    host.Answer(partitionsQuery,
+                {With(Partition(partition0), {{"Bootable", false}, {"PrimaryPartition", true}})});
+    EXPECT_EQ(ValuesOf(All(className), "Bootable"), Values{"FALSE"});
+    EXPECT_EQ(ValuesOf(All(className), "PrimaryPartition"), Values{"TRUE"});
 }
 
 TEST_F(Extent, MissingTextsAreEmptyTexts) {

@@ -97,6 +97,32 @@ inline Properties Disk(const std::string& pnpDeviceId, const std::string& device
         {"Manufacturer", "disk maker"}, {"FirmwareRevision", "fw 1.0"}, {"Status", "Degraded"}};
 }
 
+/// A Win32_DiskDrive row with every property that is read. Each has a value of its own, so that
+/// none can stand in for another.
+inline const Properties fullDisk{
+    {"DeviceID", R"(\\.\PHYSICALDRIVE0)"},
+    {"PNPDeviceID", R"(IDE\DISKX\5&1)"},
+    {"InterfaceType", "IDE"},
+    {"Caption", "the caption"},
+    {"Description", "the description"},
+    {"Name", "the name"},
+    {"Status", "OK"},
+    {"Capabilities", std::vector<std::uint16_t>{3, 4, 10}},
+    {"FirmwareRevision", "FW01"},
+    {"Index", std::int32_t{1}},
+    {"Manufacturer", "the manufacturer"},
+    {"Model", "the model"},
+    {"Partitions", std::uint32_t{2}},
+    {"SectorsPerTrack", std::uint32_t{63}},
+    {"BytesPerSector", std::uint32_t{512}},
+    {"Size", "500105249280"},
+    {"TracksPerCylinder", std::uint32_t{255}},
+    {"TotalCylinders", "60801"},
+    {"TotalHeads", std::uint32_t{240}},
+    {"TotalSectors", "976768065"},
+    {"TotalTracks", "15504255"},
+};
+
 /// A Win32_PhysicalMedia row.
 inline Properties Media(const std::string& tag, const std::string& serialNumber) {
     return {{"Tag", tag}, {"SerialNumber", serialNumber}};

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "tests/core/PropertyTables.h"
 #include "tests/core/Records.h"
 #include "tests/core/SourceRows.h"
 
@@ -10,9 +11,7 @@ using namespace test;
 
 class WinComputerSystem : public testing::Test, public Builders {};
 
-const InstanceRecord fullRecord =
-    Record("QV_WinComputerSystem",
-           {Key("CreationClassName", "QV_WinComputerSystem"), Key("Name", "host.example.org")});
+const InstanceRecord fullRecord = Record("QV_WinComputerSystem", WinComputerSystemTable());
 
 TEST_F(WinComputerSystem, PublishesExactlyItsTwoKeys) {
     EXPECT_EQ(api.getQV_WinComputerSystem({"QV_WinComputerSystem", mode::allProperties, {}}),

@@ -1,6 +1,8 @@
 // The recorded hosts of the hosts/ folder, and recordings of real machines where there are any.
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <fstream>
 #include <set>
 
 #include "SourceTree.h"
@@ -11,7 +13,9 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::SizeIs;
 using testing::UnorderedElementsAre;
+using testing::UnorderedElementsAreArray;
 
 const std::filesystem::path shippedHosts = std::filesystem::path(QV_SOURCE_DIR) / "hosts";
 
@@ -73,15 +77,35 @@ std::vector<std::string> RepeatedPaths(const RecordedHost& host) {
     return repeated;
 }
 
-TEST(ShippedHosts, AreThoseOfTheReadme) {
+// The texts in the lines of hosts/README.md that begin with `before`, up to the next backtick.
+std::vector<std::string> ListedBehind(std::string_view before) {
     std::vector<std::string> names;
-    for (const auto& file : FilesIn(shippedHosts)) {
+    std::ifstream readme(shippedHosts / "README.md");
+    for (std::string line; std::getline(readme, line);) {
+        if (line.starts_with(before)) {
+            names.push_back(
+                line.substr(before.size(), line.find('`', before.size()) - before.size()));
+        }
+    }
+    return names;
+}
+
+std::vector<std::string> NamesIn(const std::filesystem::path& folder) {
+    std::vector<std::string> names;
+    for (const auto& file : FilesIn(folder)) {
         names.push_back(file.filename().string());
     }
-    EXPECT_THAT(names,
-                UnorderedElementsAre("ahci-desktop.json", "every-driver-family.json",
-                                     "legacy-ide.json", "mixed-buses-failing.json",
-                                     "twelve-disk-server.json", "two-ahci-controllers.json"));
+    return names;
+}
+
+TEST(ShippedHosts, AreThoseThatTheReadmeLists) {
+    EXPECT_THAT(NamesIn(shippedHosts), UnorderedElementsAreArray(ListedBehind("- `")));
+    EXPECT_THAT(NamesIn(shippedHosts), SizeIs(6));
+}
+
+TEST(ShippedHosts, OfTheDrillAreThoseOfTheReadmesTable) {
+    EXPECT_THAT(NamesIn(shippedHosts / "drill"), UnorderedElementsAreArray(ListedBehind("| `")));
+    EXPECT_THAT(NamesIn(shippedHosts / "drill"), SizeIs(8));
 }
 
 class ShippedHost : public testing::TestWithParam<const char*> {
@@ -109,16 +133,24 @@ TEST_P(ShippedHost, HasPhysicalMediaOfItsDisksOnly) {
                 testing::IsSupersetOf(TextsOf(RowsOf(host_, "Win32_PhysicalMedia"), "Tag")));
 }
 
+std::string HostName(const testing::TestParamInfo<const char*>& host) {
+    std::string name = std::filesystem::path(host.param).stem().string();
+    std::ranges::replace(name, '-', '_');
+    return name;
+}
+
 INSTANTIATE_TEST_SUITE_P(All, ShippedHost,
                          testing::Values("ahci-desktop.json", "every-driver-family.json",
                                          "legacy-ide.json", "mixed-buses-failing.json",
-                                         "twelve-disk-server.json", "two-ahci-controllers.json"));
+                                         "twelve-disk-server.json", "two-ahci-controllers.json"),
+                         HostName);
 
 INSTANTIATE_TEST_SUITE_P(Drill, ShippedHost,
                          testing::Values("drill/0-healthy.json", "drill/1-degraded.json",
                                          "drill/2-predicted.json", "drill/3-failed.json",
                                          "drill/4-recovered.json", "drill/5-no-contact.json",
-                                         "drill/6-pulled.json", "drill/7-replaced.json"));
+                                         "drill/6-pulled.json", "drill/7-replaced.json"),
+                         HostName);
 
 TEST(ShippedHosts, ShowAFailingDisk) {
     const auto host = RecordedHost::FromFile(shippedHosts / "mixed-buses-failing.json");

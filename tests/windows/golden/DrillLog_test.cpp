@@ -42,6 +42,10 @@ protected:
     DrillHost host_{Drill(), GetParam()};
 };
 
+std::string LevelName(const ::testing::TestParamInfo<std::uint32_t>& level) {
+    return "Level" + std::to_string(level.param);
+}
+
 class DrillLogInDetail : public DrillLog {};
 TEST_P(DrillLogInDetail, HasALineForEachEventAndOneForTheEndOfTheThread) {
     EXPECT_THAT(host_.RunAll(), SizeIs(7));
@@ -51,7 +55,7 @@ TEST_P(DrillLogInDetail, HasALineForEachEventAndOneForTheEndOfTheThread) {
         ElementsAre(Sent("604"), Sent("605"), Sent("603"), Sent("602"), Sent("601"), Sent("613"),
                     Sent("600"), Line("EventThreadExit| EventThreadExit:...")));
 }
-INSTANTIATE_TEST_SUITE_P(Levels, DrillLogInDetail, ::testing::Values(1U, 2U, 3U));
+INSTANTIATE_TEST_SUITE_P(Levels, DrillLogInDetail, ::testing::Values(1U, 2U, 3U), LevelName);
 
 class DrillLogOfFailures : public DrillLog {};
 TEST_P(DrillLogOfFailures, IsEmptyAndTheEventsAreRaisedAllTheSame) {
@@ -59,7 +63,7 @@ TEST_P(DrillLogOfFailures, IsEmptyAndTheEventsAreRaisedAllTheSame) {
     host_.End();
     EXPECT_THAT(LinesOf(host_.LegacyLog()), IsEmpty());
 }
-INSTANTIATE_TEST_SUITE_P(Levels, DrillLogOfFailures, ::testing::Values(4U, 5U));
+INSTANTIATE_TEST_SUITE_P(Levels, DrillLogOfFailures, ::testing::Values(4U, 5U), LevelName);
 
 TEST(DrillLogAtLevelTwo, NamesTheQueryThatIsRefusedAtBothLooksOfACycle) {
     const DrillHost::Recordings drill = Drill();

@@ -106,6 +106,7 @@ TEST_F(LogSettingsTest, NumbersOfAnotherTypeOrSizeAreAnInvalidParameter) {
 using Number = std::optional<std::uint32_t>;
 
 struct LevelCase {
+    const char* name;
     Number general;
     Number module;
     Number component;
@@ -139,28 +140,31 @@ TEST_P(LogLevelSetting, IsTheMostSpecificValidOneBelowValidOnes) {
 
 constexpr Number none = std::nullopt;
 
-INSTANTIATE_TEST_SUITE_P(Precedence, LogLevelSetting,
-                         ::testing::Values(LevelCase{none, none, none, 3, 87},  //
-                                           LevelCase{1, none, none, 1, 0},      //
-                                           LevelCase{5, none, none, 5, 0},      //
-                                           LevelCase{0, none, none, 3, 87},     //
-                                           LevelCase{6, none, none, 3, 87},     //
-                                           LevelCase{0, 5, 4, 3, 87},           //
-                                           LevelCase{6, 5, 4, 3, 87},           //
-                                           LevelCase{none, 5, 4, 3, 87},        //
-                                           LevelCase{2, 5, none, 5, 0},         //
-                                           LevelCase{2, 1, none, 1, 0},         //
-                                           LevelCase{2, 0, none, 2, 0},         //
-                                           LevelCase{2, 6, none, 2, 0},         //
-                                           LevelCase{2, none, 4, 2, 0},         //
-                                           LevelCase{2, 0, 4, 2, 0},            //
-                                           LevelCase{2, 6, 4, 2, 0},            //
-                                           LevelCase{2, 5, 4, 4, 0},            //
-                                           LevelCase{2, 5, 1, 1, 0},            //
-                                           LevelCase{2, 5, 0, 5, 0},            //
-                                           LevelCase{2, 5, 6, 5, 0}));
+INSTANTIATE_TEST_SUITE_P(
+    Precedence, LogLevelSetting,
+    ::testing::Values(LevelCase{"None", none, none, none, 3, 87},
+                      LevelCase{"GeneralAtTheLowerBound", 1, none, none, 1, 0},
+                      LevelCase{"GeneralAtTheUpperBound", 5, none, none, 5, 0},
+                      LevelCase{"GeneralBelowTheRange", 0, none, none, 3, 87},
+                      LevelCase{"GeneralAboveTheRange", 6, none, none, 3, 87},
+                      LevelCase{"GeneralBelowTheRangeHidesValidOnes", 0, 5, 4, 3, 87},
+                      LevelCase{"GeneralAboveTheRangeHidesValidOnes", 6, 5, 4, 3, 87},
+                      LevelCase{"NoGeneralHidesValidOnes", none, 5, 4, 3, 87},
+                      LevelCase{"ModuleAtTheUpperBound", 2, 5, none, 5, 0},
+                      LevelCase{"ModuleAtTheLowerBound", 2, 1, none, 1, 0},
+                      LevelCase{"ModuleBelowTheRange", 2, 0, none, 2, 0},
+                      LevelCase{"ModuleAboveTheRange", 2, 6, none, 2, 0},
+                      LevelCase{"NoModuleHidesTheComponent", 2, none, 4, 2, 0},
+                      LevelCase{"ModuleBelowTheRangeHidesTheComponent", 2, 0, 4, 2, 0},
+                      LevelCase{"ModuleAboveTheRangeHidesTheComponent", 2, 6, 4, 2, 0},
+                      LevelCase{"ComponentWins", 2, 5, 4, 4, 0},
+                      LevelCase{"ComponentAtTheLowerBound", 2, 5, 1, 1, 0},
+                      LevelCase{"ComponentBelowTheRange", 2, 5, 0, 5, 0},
+                      LevelCase{"ComponentAboveTheRange", 2, 5, 6, 5, 0}),
+    [](const auto& row) { return std::string(row.param.name); });
 
 struct SizeCase {
+    const char* name;
     Number general;
     Number module;
     std::uint32_t size;
@@ -187,18 +191,21 @@ TEST_P(LogSizeSetting, IsTheMostSpecificValidOneBelowAValidOne) {
     EXPECT_EQ(settings.maxSize, row.size);
 }
 
-INSTANTIATE_TEST_SUITE_P(Precedence, LogSizeSetting,
-                         ::testing::Values(SizeCase{none, none, 0x200000, 87},          //
-                                           SizeCase{0x7FFFF, none, 0x200000, 87},       //
-                                           SizeCase{0x80000, none, 0x80000, 0},         //
-                                           SizeCase{0x2000000, none, 0x2000000, 0},     //
-                                           SizeCase{0x2000001, none, 0x200000, 87},     //
-                                           SizeCase{0x7FFFF, 0x90000, 0x200000, 87},    //
-                                           SizeCase{none, 0x90000, 0x200000, 87},       //
-                                           SizeCase{0x80000, 0x90000, 0x90000, 0},      //
-                                           SizeCase{0x80000, 0x2000000, 0x2000000, 0},  //
-                                           SizeCase{0x80000, 0x7FFFF, 0x80000, 0},      //
-                                           SizeCase{0x80000, 0x2000001, 0x80000, 0}));
+INSTANTIATE_TEST_SUITE_P(
+    Precedence, LogSizeSetting,
+    ::testing::Values(SizeCase{"None", none, none, 0x200000, 87},
+                      SizeCase{"GeneralBelowTheRange", 0x7FFFF, none, 0x200000, 87},
+                      SizeCase{"GeneralAtTheLowerBound", 0x80000, none, 0x80000, 0},
+                      SizeCase{"GeneralAtTheUpperBound", 0x2000000, none, 0x2000000, 0},
+                      SizeCase{"GeneralAboveTheRange", 0x2000001, none, 0x200000, 87},
+                      SizeCase{"GeneralBelowTheRangeHidesTheModule", 0x7FFFF, 0x90000, 0x200000,
+                               87},
+                      SizeCase{"NoGeneralHidesTheModule", none, 0x90000, 0x200000, 87},
+                      SizeCase{"ModuleWins", 0x80000, 0x90000, 0x90000, 0},
+                      SizeCase{"ModuleAtTheUpperBound", 0x80000, 0x2000000, 0x2000000, 0},
+                      SizeCase{"ModuleBelowTheRange", 0x80000, 0x7FFFF, 0x80000, 0},
+                      SizeCase{"ModuleAboveTheRange", 0x80000, 0x2000001, 0x80000, 0}),
+    [](const auto& row) { return std::string(row.param.name); });
 
 TEST_F(LogSettingsTest, ValuesOfTheModuleAreFoundUnderItsUpperCasedName) {
     SetValidNumbers();

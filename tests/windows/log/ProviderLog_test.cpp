@@ -82,7 +82,8 @@ TEST_P(ProviderLogRule, WritesWhatIsNotBelowTheConfiguredLevel) {
 
 INSTANTIATE_TEST_SUITE_P(Levels, ProviderLogRule,
                          ::testing::Values(RuleCase{1, 1, 1}, RuleCase{2, 1, 1}, RuleCase{3, 1, 1},
-                                           RuleCase{4, 0, 1}, RuleCase{5, 0, 1}));
+                                           RuleCase{4, 0, 1}, RuleCase{5, 0, 1}),
+                         [](const auto& row) { return "Level" + std::to_string(row.param.level); });
 
 TEST_F(ProviderLogTest, WritesNothingWithoutItsMutex) {
     const windows::KernelHandle event(

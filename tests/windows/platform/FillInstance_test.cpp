@@ -20,6 +20,7 @@ using ::testing::ElementsAre;
 constexpr std::string_view prefix = R"(\\SRV\root\QVQ:)";
 
 struct Conversion {
+    const char* name;
     std::uint32_t code;
     std::string text;
     VARTYPE type;
@@ -47,22 +48,36 @@ constexpr VARTYPE numbers = VT_ARRAY | VT_I4;
 INSTANTIATE_TEST_SUITE_P(
     Codes, ToVariantTable,
     ::testing::Values(
-        Conversion{0, "text", VT_BSTR, L"text"}, Conversion{10, "text", VT_BSTR, L"text"},
-        Conversion{16, "text", VT_BSTR, L"text"}, Conversion{16, "", VT_BSTR, L""},
-        Conversion{7, "200", VT_UI1, L"200"}, Conversion{7, "257", VT_UI1, L"1"},
-        Conversion{7, "-1", VT_UI1, L"255"}, Conversion{8, "1A", VT_I4, L"1"},
-        Conversion{8, "abc", VT_I4, L"0"}, Conversion{8, "-12", VT_I4, L"-12"},
-        Conversion{9, "2147483647", VT_I4, L"2147483647"}, Conversion{9, "", VT_I4, L"0"},
+        Conversion{"Type0", 0, "text", VT_BSTR, L"text"},
+        Conversion{"Type10", 10, "text", VT_BSTR, L"text"},
+        Conversion{"Type16", 16, "text", VT_BSTR, L"text"},
+        Conversion{"Type16Empty", 16, "", VT_BSTR, L""},
+        Conversion{"Type7", 7, "200", VT_UI1, L"200"},
+        Conversion{"Type7TruncatedTo8Bits", 7, "257", VT_UI1, L"1"},
+        Conversion{"Type7Negative", 7, "-1", VT_UI1, L"255"},
+        Conversion{"Type8LeadingDigits", 8, "1A", VT_I4, L"1"},
+        Conversion{"Type8WithoutDigits", 8, "abc", VT_I4, L"0"},
+        Conversion{"Type8Negative", 8, "-12", VT_I4, L"-12"},
+        Conversion{"Type9Largest", 9, "2147483647", VT_I4, L"2147483647"},
+        Conversion{"Type9Empty", 9, "", VT_I4, L"0"},
         // The stored true is 1, not the platform's -1.
-        Conversion{11, "TRUE", VT_BOOL, L"1"}, Conversion{11, "true", VT_BOOL, L"1"},
-        Conversion{11, "yes", VT_BOOL, L"0"}, Conversion{11, "1", VT_BOOL, L"0"},
-        Conversion{11, "", VT_BOOL, L"0"},
-        Conversion{14, "C.K=\"v\"", VT_BSTR, L"\\\\SRV\\root\\QVQ:C.K=\"v\""},
-        Conversion{17, "a*-*b", texts, L"|a|b"}, Conversion{17, "a", texts, L"|a"},
-        Conversion{17, " a *-**-* b ", texts, L"| a || b "}, Conversion{17, "", VT_NULL, L""},
-        Conversion{21, "a*-*b", texts, L"|a|b"}, Conversion{21, "", VT_NULL, L""},
-        Conversion{19, "3*-*10", numbers, L"|3|10"}, Conversion{19, "2*-**-*5", numbers, L"|2|0|5"},
-        Conversion{19, "x", numbers, L"|0"}, Conversion{19, "", VT_NULL, L""}));
+        Conversion{"Type11UpperCase", 11, "TRUE", VT_BOOL, L"1"},
+        Conversion{"Type11LowerCase", 11, "true", VT_BOOL, L"1"},
+        Conversion{"Type11Yes", 11, "yes", VT_BOOL, L"0"},
+        Conversion{"Type11One", 11, "1", VT_BOOL, L"0"},
+        Conversion{"Type11Empty", 11, "", VT_BOOL, L"0"},
+        Conversion{"Type14", 14, "C.K=\"v\"", VT_BSTR, L"\\\\SRV\\root\\QVQ:C.K=\"v\""},
+        Conversion{"Type17", 17, "a*-*b", texts, L"|a|b"},
+        Conversion{"Type17OneElement", 17, "a", texts, L"|a"},
+        Conversion{"Type17EmptyElementAndBlanks", 17, " a *-**-* b ", texts, L"| a || b "},
+        Conversion{"Type17Empty", 17, "", VT_NULL, L""},
+        Conversion{"Type21", 21, "a*-*b", texts, L"|a|b"},
+        Conversion{"Type21Empty", 21, "", VT_NULL, L""},
+        Conversion{"Type19", 19, "3*-*10", numbers, L"|3|10"},
+        Conversion{"Type19EmptyElement", 19, "2*-**-*5", numbers, L"|2|0|5"},
+        Conversion{"Type19WithoutDigits", 19, "x", numbers, L"|0"},
+        Conversion{"Type19Empty", 19, "", VT_NULL, L""}),
+    [](const auto& row) { return std::string(row.param.name); });
 
 class UnpublishedType : public ::testing::TestWithParam<std::uint32_t> {};
 
@@ -74,7 +89,8 @@ TEST_P(UnpublishedType, HasNoValue) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Codes, UnpublishedType,
-                         ::testing::Values(1, 2, 3, 4, 5, 6, 12, 13, 15, 18, 20, 22, 101, 8200));
+                         ::testing::Values(1, 2, 3, 4, 5, 6, 12, 13, 15, 18, 20, 22, 101, 8200),
+                         [](const auto& code) { return "Type" + std::to_string(code.param); });
 
 TEST(ToVariant, GivesArraysOfOneDimensionFromZero) {
     Variant value;

@@ -48,6 +48,7 @@ VARIANT Bits(VARTYPE type, std::uint32_t bits) {
 }
 
 struct IntegerCase {
+    const char* name;
     VARTYPE type;
     std::uint32_t bits;
     std::optional<std::int32_t> number;  ///< none where the type is not accepted
@@ -67,17 +68,24 @@ TEST_P(IntegerAcceptance, IsByType) {
     EXPECT_EQ(number, row.number.value_or(77));
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Types, IntegerAcceptance,
-    ::testing::Values(IntegerCase{VT_I2, 0xFFFE, -2}, IntegerCase{VT_I2, 0x7FFF, 32767},
-                      IntegerCase{VT_I4, 0xFFFFFFFF, -1}, IntegerCase{VT_I4, 5, 5},
-                      IntegerCase{VT_UI4, 0xFFFFFFFF, -1}, IntegerCase{VT_UI4, 5, 5},
-                      IntegerCase{VT_INT, 0xFFFFFFFE, -2}, IntegerCase{VT_UINT, 0xFFFFFFFE, -2},
-                      IntegerCase{VT_I1, 0xFF, -1}, IntegerCase{VT_UI1, 0xFF, 255},
-                      IntegerCase{VT_UI2, 0xFFFF, 65535}, IntegerCase{VT_BOOL, 1, std::nullopt},
-                      IntegerCase{VT_R4, 1, std::nullopt}, IntegerCase{VT_NULL, 0, std::nullopt},
-                      IntegerCase{VT_EMPTY, 0, std::nullopt},
-                      IntegerCase{VT_ERROR, 5, std::nullopt}));
+INSTANTIATE_TEST_SUITE_P(Types, IntegerAcceptance,
+                         ::testing::Values(IntegerCase{"Int16Negative", VT_I2, 0xFFFE, -2},
+                                           IntegerCase{"Int16Largest", VT_I2, 0x7FFF, 32767},
+                                           IntegerCase{"Int32Negative", VT_I4, 0xFFFFFFFF, -1},
+                                           IntegerCase{"Int32", VT_I4, 5, 5},
+                                           IntegerCase{"Uint32Largest", VT_UI4, 0xFFFFFFFF, -1},
+                                           IntegerCase{"Uint32", VT_UI4, 5, 5},
+                                           IntegerCase{"MachineInt", VT_INT, 0xFFFFFFFE, -2},
+                                           IntegerCase{"MachineUint", VT_UINT, 0xFFFFFFFE, -2},
+                                           IntegerCase{"Int8Negative", VT_I1, 0xFF, -1},
+                                           IntegerCase{"Uint8Largest", VT_UI1, 0xFF, 255},
+                                           IntegerCase{"Uint16Largest", VT_UI2, 0xFFFF, 65535},
+                                           IntegerCase{"Boolean", VT_BOOL, 1, std::nullopt},
+                                           IntegerCase{"Real", VT_R4, 1, std::nullopt},
+                                           IntegerCase{"Null", VT_NULL, 0, std::nullopt},
+                                           IntegerCase{"Empty", VT_EMPTY, 0, std::nullopt},
+                                           IntegerCase{"Error", VT_ERROR, 5, std::nullopt}),
+                         [](const auto& row) { return std::string(row.param.name); });
 
 TEST(WmiRow, TakesLongNumbersAndDatesForNothingThatIsRead) {
     VARIANT value{};
