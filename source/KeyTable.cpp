@@ -94,7 +94,7 @@ void KeyTable::CollectEqual(std::string_view text, Numbers& found) const {
 KeyTable::Places KeyTable::PlacesOf(Numbers found) const {
     // An entry that was found several times counts once.
     std::ranges::sort(found);
-    found.erase(std::ranges::unique(found).begin(), found.end());
+    found.erase(std::unique(found.begin(), found.end()), found.end());
     Places places;
     for (const std::size_t number : found) {
         const Places& more = entries_[number].places;

@@ -24,15 +24,15 @@ struct RecordedHost::Data {
         RecordedNamespace* found = FindNamespace(nameSpace);
         return found != nullptr
                    ? *found
-                   : namespaces.emplace_back(NormalNamespace(nameSpace), std::vector<ClassRows>{});
+                   : namespaces.emplace_back(RecordedNamespace{NormalNamespace(nameSpace), {}});
     }
 
     ClassRows& GetClass(std::string_view nameSpace, std::string_view className) {
         RecordedNamespace& owner = GetNamespace(nameSpace);
         ClassRows* found = FindClass(owner, className);
-        return found != nullptr ? *found
-                                : owner.classes.emplace_back(std::string(className),
-                                                             std::vector<RecordedRowPtr>{}, false);
+        return found != nullptr
+                   ? *found
+                   : owner.classes.emplace_back(ClassRows{std::string(className), {}, false});
     }
 };
 
@@ -51,8 +51,7 @@ RecordedHost::RecordedHost(const RecordedHost& other)
     : data_(std::make_unique<Data>(*other.data_)) {}
 RecordedHost::RecordedHost(RecordedHost&&) noexcept = default;
 RecordedHost& RecordedHost::operator=(const RecordedHost& other) {
-    data_ = std::make_unique<Data>(*other.data_);
-    return *this;
+    return *this = RecordedHost(other);
 }
 RecordedHost& RecordedHost::operator=(RecordedHost&&) noexcept = default;
 RecordedHost::~RecordedHost() = default;

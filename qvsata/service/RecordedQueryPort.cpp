@@ -1,5 +1,6 @@
 #include "qvsata/service/RecordedQueryPort.h"
 
+#include <algorithm>
 #include <memory>
 #include <type_traits>
 #include <utility>
@@ -56,10 +57,10 @@ platform::Value ToPlatformValue(const CimValue& value) {
             if constexpr (std::is_same_v<T, std::int64_t>) {
                 return static_cast<std::int32_t>(held);
             } else if constexpr (std::is_same_v<T, std::vector<std::int64_t>>) {
-                std::vector<std::int32_t> numbers;
-                for (const std::int64_t number : held) {
-                    numbers.push_back(static_cast<std::int32_t>(number));
-                }
+                std::vector<std::int32_t> numbers(held.size());
+                std::ranges::transform(held, numbers.begin(), [](std::int64_t number) {
+                    return static_cast<std::int32_t>(number);
+                });
                 return numbers;
             } else if constexpr (std::is_constructible_v<platform::Value,
                                                          std::in_place_type_t<T>>) {

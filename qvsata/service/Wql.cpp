@@ -189,7 +189,7 @@ private:
             if (!LikePattern::IsClosed(pattern)) {
                 throw WqlError("the pattern's [ is not closed", column);
             }
-            return MatchProperty(std::move(name), std::move(pattern));
+            return MatchProperty(std::move(name), pattern);
         }
         const Comparison comparison = ParseComparisonSign().comparison;
         if (!IsConstant()) {

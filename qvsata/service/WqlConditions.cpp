@@ -93,7 +93,7 @@ ConditionPtr CompareProperty(std::string name, Comparison comparison, WqlConstan
     });
 }
 
-ConditionPtr MatchProperty(std::string name, std::string pattern) {
+ConditionPtr MatchProperty(std::string name, const std::string& pattern) {
     return MakeCondition(
         [name = std::move(name), like = LikePattern(pattern)](const PropertyReader& object) {
             const CimValue value = ReadOrNull(object, name);

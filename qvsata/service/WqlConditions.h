@@ -21,7 +21,7 @@ enum class Comparison { equal, notEqual, less, greater, lessOrEqual, greaterOrEq
 // One function for each kind of condition that a query can hold.
 ConditionPtr CompareProperty(std::string name, Comparison comparison, WqlConstant constant);
 /// LIKE, see LikePattern.
-ConditionPtr MatchProperty(std::string name, std::string pattern);
+ConditionPtr MatchProperty(std::string name, const std::string& pattern);
 ConditionPtr PropertyIsNull(std::string name);
 /// Whether the object, by __CLASS and __DERIVATION, is of a class or of one that derives from it.
 ConditionPtr IsOfClass(std::string className);

@@ -31,8 +31,8 @@ public:
         for (std::size_t index = 0; index + 1 < references.size(); ++index) {
             const std::string& from = NodeOf(references[index].second);
             const std::string& to = NodeOf(references[index + 1].second);
-            edges_ += "    " + from + " -> " + to +
-                      " [label=" + QuotedForGraph(association.className) + "];\n";
+            edges_.append("    ").append(from).append(" -> ").append(to);
+            edges_.append(" [label=").append(QuotedForGraph(association.className)).append("];\n");
         }
     }
 

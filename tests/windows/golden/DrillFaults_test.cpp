@@ -68,7 +68,7 @@ INSTANTIATE_TEST_SUITE_P(OfTheInventory, FailingQuery,
                                                        "MSStorageDriver_FailurePredictStatus"}),
                          [](const auto& source) { return std::string(source.param.name); });
 
-constexpr int many = 100;
+constexpr int many = 1000;
 
 /// A host of many disks that all have one status.
 std::shared_ptr<const service::RecordedHost> ManyDisks(const std::string& status) {
