@@ -68,7 +68,8 @@ INSTANTIATE_TEST_SUITE_P(All, UnsupportedOperation, ::testing::Values(
     Operation{"ExecNotificationQuery", [](Services& s, Sink) { return s.ExecNotificationQuery(nullptr, nullptr, 0, nullptr, nullptr); }},
     Operation{"ExecNotificationQueryAsync", [](Services& s, Sink sink) { return s.ExecNotificationQueryAsync(nullptr, nullptr, 0, nullptr, sink); }},
     Operation{"ExecMethod", [](Services& s, Sink) { return s.ExecMethod(nullptr, nullptr, 0, nullptr, nullptr, nullptr, nullptr); }},
-    Operation{"ExecMethodAsync", [](Services& s, Sink sink) { return s.ExecMethodAsync(nullptr, nullptr, 0, nullptr, nullptr, sink); }}));
+    Operation{"ExecMethodAsync", [](Services& s, Sink sink) { return s.ExecMethodAsync(nullptr, nullptr, 0, nullptr, nullptr, sink); }}),
+    [](const auto& row) { return std::string(row.param.name); });
 // clang-format on
 
 }  // namespace

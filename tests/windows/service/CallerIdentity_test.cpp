@@ -44,7 +44,12 @@ TEST_P(CallerLevels, AreSeenByTheProviderThatImpersonates) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Each, CallerLevels,
-                         testing::Values(SecurityIdentification, SecurityImpersonation));
+                         testing::Values(SecurityIdentification, SecurityImpersonation),
+                         [](const auto& level) {
+                             return std::string(level.param == SecurityIdentification
+                                                    ? "Identification"
+                                                    : "Impersonation");
+                         });
 
 TEST(ServedCall, RevertsWhatTheCallLeft) {
     {

@@ -45,7 +45,11 @@ INSTANTIATE_TEST_SUITE_P(
                     GetType{L"S8", VT_I2, CIM_SINT8}, GetType{L"S16", VT_I2, CIM_SINT16},
                     GetType{L"S32", VT_I4, CIM_SINT32}, GetType{L"S64", VT_BSTR, CIM_SINT64},
                     GetType{L"R32", VT_R4, CIM_REAL32}, GetType{L"R64", VT_R8, CIM_REAL64},
-                    GetType{L"Flag", VT_BOOL, CIM_BOOLEAN}, GetType{L"Text", VT_BSTR, CIM_STRING}));
+                    GetType{L"Flag", VT_BOOL, CIM_BOOLEAN}, GetType{L"Text", VT_BSTR, CIM_STRING}),
+    [](const auto& row) {
+        const std::wstring property = row.param.property;
+        return std::string(property.begin(), property.end());
+    });
 
 TEST(ClassObject, TellsItsClassAndPath) {
     const TestNamespace names;

@@ -20,6 +20,7 @@ std::wstring Text(PathParser& parser, LONG flags) {
 }
 
 struct Form {
+    const char* name;
     const wchar_t* text;
     LONG flags;
     const wchar_t* expected;
@@ -39,17 +40,25 @@ constexpr const wchar_t* link =
 
 INSTANTIATE_TEST_SUITE_P(
     Table, PathForms,
-    testing::Values(Form{disk, WBEMPATH_GET_RELATIVE_ONLY, LR"(Win32_LogicalDisk.DeviceId="C:")"},
-                    Form{disk, 0, LR"(root\cimv2:Win32_LogicalDisk.DeviceId="C:")"},
-                    Form{disk, WBEMPATH_GET_ORIGINAL, disk},
-                    Form{disk, WBEMPATH_GET_NAMESPACE_ONLY, LR"(root\cimv2)"},
-                    Form{disk, WBEMPATH_GET_SERVER_AND_NAMESPACE_ONLY, LR"(\\.\root\cimv2)"},
-                    Form{L"/root/cimv2:C", WBEMPATH_GET_SERVER_TOO, LR"(\\.\root\cimv2:C)"},
-                    Form{L"//SRV/root/x:C.K=1", WBEMPATH_GET_SERVER_TOO, LR"(\\SRV\root\x:C.K=1)"},
-                    Form{link, WBEMPATH_GET_RELATIVE_ONLY, link},
-                    Form{LR"(C.b="1",A="2")", WBEMPATH_GET_RELATIVE_ONLY, LR"(C.b="1",A="2")"},
-                    Form{LR"(root\x:C='a\\b')", WBEMPATH_GET_RELATIVE_ONLY, LR"(C='a\\b')"},
-                    Form{L"", WBEMPATH_GET_RELATIVE_ONLY, L""}));
+    testing::Values(Form{"RelativePath", disk, WBEMPATH_GET_RELATIVE_ONLY,
+                         LR"(Win32_LogicalDisk.DeviceId="C:")"},
+                    Form{"WithoutServer", disk, 0,
+                         LR"(root\cimv2:Win32_LogicalDisk.DeviceId="C:")"},
+                    Form{"Original", disk, WBEMPATH_GET_ORIGINAL, disk},
+                    Form{"NamespaceOnly", disk, WBEMPATH_GET_NAMESPACE_ONLY, LR"(root\cimv2)"},
+                    Form{"ServerAndNamespaceOnly", disk, WBEMPATH_GET_SERVER_AND_NAMESPACE_ONLY,
+                         LR"(\\.\root\cimv2)"},
+                    Form{"NamespaceGetsThisServer", L"/root/cimv2:C", WBEMPATH_GET_SERVER_TOO,
+                         LR"(\\.\root\cimv2:C)"},
+                    Form{"ForwardSlashes", L"//SRV/root/x:C.K=1", WBEMPATH_GET_SERVER_TOO,
+                         LR"(\\SRV\root\x:C.K=1)"},
+                    Form{"RelativePathWithAReference", link, WBEMPATH_GET_RELATIVE_ONLY, link},
+                    Form{"KeysInTheirOrder", LR"(C.b="1",A="2")", WBEMPATH_GET_RELATIVE_ONLY,
+                         LR"(C.b="1",A="2")"},
+                    Form{"RelativePathOfABareKey", LR"(root\x:C='a\\b')",
+                         WBEMPATH_GET_RELATIVE_ONLY, LR"(C='a\\b')"},
+                    Form{"Empty", L"", WBEMPATH_GET_RELATIVE_ONLY, L""}),
+    [](const auto& row) { return std::string(row.param.name); });
 
 TEST(PathParser, RefusesWhatIsNoPath) {
     const auto parser = MakeObject<PathParser>();

@@ -160,7 +160,8 @@ TEST_P(Help, EndsWithAnExample) {
 
 INSTANTIATE_TEST_SUITE_P(Commands, Help,
                          testing::Values("topology", "classes", "enumerate", "get", "query",
-                                         "associators", "references", "watch"));
+                                         "associators", "references", "watch"),
+                         [](const auto& command) { return std::string(command.param); });
 
 TEST(Version, IsPrinted) {
     EXPECT_EQ(RunTool({"--version"}).output, "qvsata 1.0.0\n");
