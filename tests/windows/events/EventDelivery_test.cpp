@@ -8,7 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "tests/windows/events/EventStandIns.h"
+#include "tests/windows/events/EventConsumer.h"
+#include "tests/windows/events/EventSource.h"
 #include "tests/windows/log/LogTimes.h"
 #include "tests/windows/log/ScratchFolder.h"
 #include "tests/windows/log/ScratchRegistry.h"
