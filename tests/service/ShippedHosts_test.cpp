@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <fstream>
 #include <set>
+#include <utility>
 
 #include "SourceTree.h"
 #include "qvsata/service/RecordedHost.h"
@@ -77,14 +78,18 @@ std::vector<std::string> RepeatedPaths(const RecordedHost& host) {
     return repeated;
 }
 
-// The texts in the lines of hosts/README.md that begin with `before`, up to the next backtick.
+// The recordings in the lines of hosts/README.md that begin with `before`, up to the next backtick.
 std::vector<std::string> ListedBehind(std::string_view before) {
     std::vector<std::string> names;
     std::ifstream readme(shippedHosts / "README.md");
     for (std::string line; std::getline(readme, line);) {
-        if (line.starts_with(before)) {
-            names.push_back(
-                line.substr(before.size(), line.find('`', before.size()) - before.size()));
+        if (!line.starts_with(before)) {
+            continue;
+        }
+        std::string name =
+            line.substr(before.size(), line.find('`', before.size()) - before.size());
+        if (name.ends_with(".json")) {
+            names.push_back(std::move(name));
         }
     }
     return names;
