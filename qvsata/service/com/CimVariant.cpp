@@ -62,8 +62,8 @@ void WriteArray(VARTYPE elementType, const Values& values, VARIANT& out, Convert
 }
 
 void WriteNumbers(const std::vector<std::int64_t>& numbers, VARTYPE elementType, VARIANT& out) {
-    const auto as = [](auto kind) {
-        return [kind](std::int64_t number) { return static_cast<decltype(kind)>(number); };
+    const auto as = []<typename Number>(Number) {
+        return [](std::int64_t number) { return static_cast<Number>(number); };
     };
     switch (elementType) {
         case VT_UI1:

@@ -46,11 +46,11 @@ public:
     Answer Enumerate(std::string_view className) const;
 
     /// A class definition or an instance by its path, which reaches the provider as it is written.
-    Answer Get(std::string_view path) const;
+    Answer Get(std::string_view text) const;
 
     /// An instance whatever the order and spelling of the keys: looked up among the instances of
     /// the class and then fetched from the provider with the path that the provider itself forms.
-    Answer GetInAnyOrder(std::string_view path) const;
+    Answer GetInAnyOrder(std::string_view text) const;
 
     /// SELECT on instances or on meta_class, ASSOCIATORS OF, REFERENCES OF. A SELECT on a class of
     /// the provider is offered to the provider first and, when it refuses queries, answered by

@@ -97,7 +97,7 @@ HRESULT PathParser::SetText(ULONG mode, LPCWSTR path) {
 
 std::wstring PathParser::TextFor(LONG flags) const {
     const std::wstring server = parts_.server.empty() ? L"." : parts_.server;
-    const std::wstring full = LR"(\\)" + server + L'\\' + parts_.nameSpace;
+    std::wstring full = LR"(\\)" + server + L'\\' + parts_.nameSpace;
     const std::wstring behindNamespace = parts_.relative.empty() || parts_.nameSpace.empty()
                                              ? parts_.relative
                                              : L':' + parts_.relative;
