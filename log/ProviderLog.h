@@ -25,12 +25,15 @@ public:
     void Plain(std::string_view function, std::string_view text) noexcept;
     void Failure(std::string_view function, std::string_view text) noexcept;
 
+    /// A line at a level of its own, by the same rule: written while the configured level is that
+    /// one or a lower one.
+    void Write(std::string_view function, LogLevel level, std::string_view text) noexcept;
+
     /// The configured level; LogLevel::silent when the log has no mutex.
     LogLevel Level() noexcept;
 
 private:
     void Write(std::wstring_view function, LogLevel level, std::wstring_view text) noexcept;
-    void Write(std::string_view function, LogLevel level, std::string_view text) noexcept;
 
     const wchar_t* module_;
     CCommonLog log_;

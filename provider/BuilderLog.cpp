@@ -9,11 +9,7 @@ int BuilderLog::Level() const {
 }
 
 void BuilderLog::Write(int level, std::string_view text) {
-    if (level >= static_cast<int>(LogLevel::error)) {
-        commonLog.Failure(std::string_view{}, text);
-    } else {
-        commonLog.Plain(std::string_view{}, text);
-    }
+    commonLog.Write(std::string_view{}, static_cast<LogLevel>(level), text);
 }
 
 }  // namespace qv::provider

@@ -9,7 +9,6 @@
 #include <string>
 #include <vector>
 
-#include "SourceTree.h"
 #include "qvsata/service/com/EventSubscription.h"
 #include "qvsata/service/com/InstanceObject.h"
 #include "qvsata/service/com/ManagementHost.h"
@@ -17,6 +16,7 @@
 #include "tests/golden_native/GoldenText.h"
 #include "tests/windows/log/ScratchFolder.h"
 #include "tests/windows/log/ScratchRegistry.h"
+#include "tests/windows/support/RecordedOptions.h"
 #include "tests/windows/support/ShortSleeps.h"
 
 namespace qv::test {
@@ -37,12 +37,8 @@ public:
         const wchar_t* legacy = L"Software\\Corvane\\WBEM\\ServerLOGGING";
         settings_->SetText(legacy, L"LOGFILENAME", folder_.File(L"legacy.log"));
         settings_->SetNumber(legacy, L"LEVEL", legacyLogLevel);
-        service::HostOptions options;
-        options.recorded = recordings.front();
+        service::HostOptions options = RecordedOptions(recordings.front(), QV_LIBRARY);
         options.laterRecordings.assign(recordings.begin() + 1, recordings.end());
-        options.mofFiles = {QV_SOURCE_DIR "/mof/cim_schema.mof",
-                            QV_SOURCE_DIR "/mof/qvwmisata.mof"};
-        options.library = QV_LIBRARY;
         host_.emplace(options);
         pauses_.emplace(host_->ProviderModule());
         subscription_.emplace(*host_);
@@ -113,9 +109,7 @@ inline DrillHost::Recordings Drill() {
     DrillHost::Recordings recordings;
     for (const char* name : {"0-healthy", "1-degraded", "2-predicted", "3-failed", "4-recovered",
                              "5-no-contact", "6-pulled", "7-replaced"}) {
-        recordings.push_back(
-            std::make_shared<service::RecordedHost>(service::RecordedHost::FromFile(
-                QV_SOURCE_DIR "/hosts/drill/" + std::string(name) + ".json")));
+        recordings.push_back(ShippedRecording("hosts/drill/" + std::string(name) + ".json"));
     }
     return recordings;
 }

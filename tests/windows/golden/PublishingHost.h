@@ -6,12 +6,13 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
-#include "SourceTree.h"
 #include "qvsata/service/com/InstanceObject.h"
 #include "qvsata/service/com/ManagementHost.h"
 #include "tests/golden_native/GoldenText.h"
+#include "tests/windows/support/RecordedOptions.h"
 
 namespace qv::test {
 
@@ -72,7 +73,9 @@ struct RefusedPut {
 class PublishingHost {
 public:
     explicit PublishingHost(service::RecordedHost recorded)
-        : prefix_(NamespacePrefix(recorded.Computer().server)), host_(Options(recorded)) {}
+        : prefix_(NamespacePrefix(recorded.Computer().server)),
+          host_(RecordedOptions(std::make_shared<const service::RecordedHost>(std::move(recorded)),
+                                QV_LIBRARY)) {}
     explicit PublishingHost(const std::filesystem::path& file)
         : PublishingHost(service::RecordedHost::FromFile(file)) {}
 
@@ -106,15 +109,6 @@ public:
     const std::vector<RefusedPut>& Refused() const { return refused_; }
 
 private:
-    static service::HostOptions Options(const service::RecordedHost& recorded) {
-        service::HostOptions options;
-        options.recorded = std::make_shared<const service::RecordedHost>(recorded);
-        options.mofFiles = {QV_SOURCE_DIR "/mof/cim_schema.mof",
-                            QV_SOURCE_DIR "/mof/qvwmisata.mof"};
-        options.library = QV_LIBRARY;
-        return options;
-    }
-
     PublishedInstance Read(const service::InstanceObject& object) {
         PublishedInstance instance{object.Class().name, {}};
         for (const service::PutCall& put : object.PutLog()) {

@@ -6,9 +6,9 @@
 #include <fstream>
 #include <optional>
 
-#include "SourceTree.h"
 #include "qvsata/service/com/MonitorPauses.h"
 #include "qvsata/service/com/ObjectReading.h"
+#include "tests/windows/support/RecordedOptions.h"
 #include "tests/windows/support/ShortSleeps.h"
 
 namespace qv::test {
@@ -18,17 +18,11 @@ using service::EventSubscription;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-std::shared_ptr<const service::RecordedHost> Drill(const std::string& name) {
-    return std::make_shared<service::RecordedHost>(
-        service::RecordedHost::FromFile(QV_SOURCE_DIR "/hosts/drill/" + name + ".json"));
-}
-
 service::HostOptions FailingDisk() {
-    service::HostOptions options;
-    options.recorded = Drill("0-healthy");
-    options.laterRecordings = {Drill("1-degraded"), Drill("2-predicted")};
-    options.mofFiles = {QV_SOURCE_DIR "/mof/cim_schema.mof", QV_SOURCE_DIR "/mof/qvwmisata.mof"};
-    options.library = QV_PROVIDER;
+    service::HostOptions options =
+        RecordedOptions(ShippedRecording("hosts/drill/0-healthy.json"), QV_PROVIDER);
+    options.laterRecordings = {ShippedRecording("hosts/drill/1-degraded.json"),
+                               ShippedRecording("hosts/drill/2-predicted.json")};
     return options;
 }
 

@@ -7,8 +7,8 @@
 #include <system_error>
 #include <thread>
 
-#include "SourceTree.h"
 #include "platform/windows/WbemStatus.h"
+#include "tests/windows/support/RecordedOptions.h"
 
 namespace qv::test {
 namespace {
@@ -17,12 +17,7 @@ using service::ManagementHost;
 using windows::Hr;
 
 service::HostOptions Desktop() {
-    service::HostOptions options;
-    options.recorded = std::make_shared<service::RecordedHost>(
-        service::RecordedHost::FromFile(QV_SOURCE_DIR "/hosts/ahci-desktop.json"));
-    options.mofFiles = {QV_SOURCE_DIR "/mof/cim_schema.mof", QV_SOURCE_DIR "/mof/qvwmisata.mof"};
-    options.library = QV_PROVIDER;
-    return options;
+    return RecordedOptions(ShippedRecording("hosts/ahci-desktop.json"), QV_PROVIDER);
 }
 
 TEST(ManagementHost, EnumeratesThroughTheLibrary) {

@@ -4,8 +4,8 @@
 
 #include <optional>
 
-#include "SourceTree.h"
 #include "qvsata/service/com/EventSubscription.h"
+#include "tests/windows/support/RecordedOptions.h"
 
 namespace qv::test {
 namespace {
@@ -16,18 +16,10 @@ bool IsSignalled(HANDLE object, DWORD within) {
     return WaitForSingleObject(object, within) == WAIT_OBJECT_0;
 }
 
-service::HostOptions Drill() {
-    service::HostOptions options;
-    options.recorded = std::make_shared<service::RecordedHost>(
-        service::RecordedHost::FromFile(QV_SOURCE_DIR "/hosts/drill/0-healthy.json"));
-    options.mofFiles = {QV_SOURCE_DIR "/mof/cim_schema.mof", QV_SOURCE_DIR "/mof/qvwmisata.mof"};
-    options.library = QV_PROVIDER;
-    return options;
-}
-
 class MonitorPausesTest : public testing::Test {
 protected:
-    service::ManagementHost host_{Drill()};
+    service::ManagementHost host_{
+        RecordedOptions(ShippedRecording("hosts/drill/0-healthy.json"), QV_PROVIDER)};
     service::MonitorPauses pauses_{host_.ProviderModule()};
     std::optional<service::EventSubscription> subscription_{std::in_place, host_};
 };

@@ -1,7 +1,6 @@
 #include <gmock/gmock.h>
 
-#include "nlohmann/json.hpp"
-#include "tests/windows/tool/RunTool.h"
+#include "tests/windows/tool/Desktop.h"
 
 namespace qv::test {
 namespace {
@@ -13,18 +12,6 @@ using testing::StartsWith;
 const std::string computer =
     "qv_wincomputersystem.NAME=\"STUDY-desk.example.org\","
     "CreationClassName=\"QV_WinComputerSystem\"";
-
-std::vector<std::string> OnDesktop(std::vector<std::string> arguments) {
-    arguments.insert(arguments.end(), {"--host", SourceFile("hosts/ahci-desktop.json")});
-    return arguments;
-}
-
-json Ask(std::vector<std::string> arguments) {
-    arguments.insert(arguments.end(), {"--format", "json"});
-    const ToolRun run = RunTool(OnDesktop(std::move(arguments)));
-    EXPECT_EQ(run.exitCode, 0U) << run.errors;
-    return json::parse(run.output);
-}
 
 std::string Failure(const std::vector<std::string>& arguments) {
     const ToolRun run = RunTool(OnDesktop(arguments));

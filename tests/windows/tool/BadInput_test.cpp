@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "tests/windows/tool/RunTool.h"
+#include "tests/windows/tool/Desktop.h"
 
 namespace qv::test {
 namespace {
@@ -21,10 +21,6 @@ std::string Failure(const std::vector<std::string>& arguments, unsigned long exi
     EXPECT_EQ(std::ranges::count(run.errors, '\n'), 1) << run.errors;
     EXPECT_TRUE(run.errors.ends_with('\n'));
     return run.errors;
-}
-
-std::string Desktop() {
-    return SourceFile("hosts/ahci-desktop.json");
 }
 
 std::string FailureOfHost(const std::string& text) {

@@ -2,8 +2,7 @@
 
 #include <set>
 
-#include "nlohmann/json.hpp"
-#include "tests/windows/tool/RunTool.h"
+#include "tests/windows/tool/Desktop.h"
 
 namespace qv::test {
 namespace {
@@ -13,24 +12,6 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
 using testing::StartsWith;
-
-// The recorded desktop has one controller with six ports, and three disks.
-std::string Desktop() {
-    return SourceFile("hosts/ahci-desktop.json");
-}
-
-std::vector<std::string> OnDesktop(std::vector<std::string> arguments) {
-    arguments.insert(arguments.end(), {"--host", Desktop()});
-    return arguments;
-}
-
-/// The tool's JSON answer on the recorded desktop.
-json Ask(std::vector<std::string> arguments) {
-    arguments.insert(arguments.end(), {"--format", "json"});
-    const ToolRun run = RunTool(OnDesktop(std::move(arguments)));
-    EXPECT_EQ(run.exitCode, 0U) << run.errors;
-    return json::parse(run.output);
-}
 
 TEST(Classes, ListsEveryPublishedClassWithKindAndCount) {
     const json classes = Ask({"classes"});

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "SourceTree.h"
+#include "qvsata/service/com/ManagementHost.h"
+
+namespace qv::test {
+
+/// A recording of the source tree, such as "hosts/ahci-desktop.json".
+inline std::shared_ptr<const service::RecordedHost> ShippedRecording(const std::string& name) {
+    return std::make_shared<const service::RecordedHost>(
+        service::RecordedHost::FromFile(std::string(QV_SOURCE_DIR "/") + name));
+}
+
+/// A library on a recorded host, with the class definitions that are shipped.
+inline service::HostOptions RecordedOptions(std::shared_ptr<const service::RecordedHost> recorded,
+                                            const char* library) {
+    service::HostOptions options;
+    options.recorded = std::move(recorded);
+    options.mofFiles = {QV_SOURCE_DIR "/mof/cim_schema.mof", QV_SOURCE_DIR "/mof/qvwmisata.mof"};
+    options.library = library;
+    return options;
+}
+
+}  // namespace qv::test
