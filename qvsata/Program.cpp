@@ -1,18 +1,15 @@
 #include "qvsata/Program.h"
 
-#include <windows.h>
-
-#include <fcntl.h>
-#include <io.h>
-#include <shellapi.h>
-
+#include <algorithm>
 #include <cstdio>
 #include <exception>
 #include <string>
+#include <utility>
 #include <vector>
 
-#include "platform/windows/Text.h"
-#include "qvsata/Commands.h"
+#include "qvsata/commands/Commands.h"
+#include "qvsata/system/Console.h"
+#include "qvsata/system/Process.h"
 
 namespace qv::tool {
 namespace {
@@ -20,25 +17,13 @@ namespace {
 constexpr int failed = 1;
 constexpr int usageError = 2;
 
-/// The arguments in UTF-8, the last one first, as CLI11 takes them, without the program's name.
-std::vector<std::string> Arguments() {
-    int count = 0;
-    wchar_t** wide = CommandLineToArgvW(GetCommandLineW(), &count);
-    std::vector<std::string> arguments;
-    for (int index = count - 1; index > 0; --index) {
-        arguments.push_back(windows::ToNarrow(wide[index], CP_UTF8));
-    }
-    LocalFree(wide);
-    return arguments;
-}
-
 int Report(const std::string& message, int exitCode) {
     std::fprintf(stderr, "qvsata: %s\n", message.c_str());
     return exitCode;
 }
 
-/// Runs the command; gives the exit code.
-int Run() {
+/// Runs the command; returns the exit code.
+int Run(std::vector<std::string> arguments) {
     CLI::App program("Plays the management service for the SATA storage provider.", "qvsata");
     // A leading slash is the beginning of a path.
     program.allow_windows_style_options(false);
@@ -53,7 +38,8 @@ int Run() {
     AddReferences(program);
     AddWatch(program);
     try {
-        program.parse(Arguments());
+        std::ranges::reverse(arguments);  // CLI11 takes the last one first
+        program.parse(std::move(arguments));
         return 0;
     } catch (const CLI::ParseError& error) {
         if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success)) {
@@ -63,31 +49,12 @@ int Run() {
     }
 }
 
-/// Bytes are written as they are, whatever standard output leads to; a console takes them as UTF-8.
-class Utf8Output {
-public:
-    Utf8Output() : codePage_(GetConsoleOutputCP()) {
-        SetConsoleOutputCP(CP_UTF8);
-        _setmode(_fileno(stdout), _O_BINARY);
-        _setmode(_fileno(stderr), _O_BINARY);
-    }
-    Utf8Output(const Utf8Output&) = delete;
-    Utf8Output& operator=(const Utf8Output&) = delete;
-    ~Utf8Output() {
-        std::fflush(stdout);
-        SetConsoleOutputCP(codePage_);
-    }
-
-private:
-    UINT codePage_;
-};
-
 }  // namespace
 
-int RunProgram() {
-    const Utf8Output output;
+int RunProgram(int count, const char* const* arguments) {
+    const Utf8Streams streams;
     try {
-        return Run();
+        return Run(Arguments(count, arguments));
     } catch (const std::exception& error) {
         return Report(error.what(), failed);
     }

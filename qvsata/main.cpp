@@ -1,5 +1,5 @@
 #include "qvsata/Program.h"
 
-int main() {
-    return qv::tool::RunProgram();
+int main(int count, char** arguments) {
+    return qv::tool::RunProgram(count, arguments);
 }

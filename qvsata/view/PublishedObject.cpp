@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "qvsata/service/ObjectPath.h"
+#include "qvsata/cim/ObjectPathParser.h"
 #include "source/Text.h"
 
 namespace qv::view {

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "qvsata/service/CimValue.h"
+#include "qvsata/cim/CimValue.h"
 
 namespace qv::view {
 

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "qvsata/service/CimValue.h"
+#include "qvsata/cim/CimValue.h"
 
 // What a provider published, in a form that records and delivered instances both have, and as
 // text that a person can compare.

@@ -1,10 +1,10 @@
-#include "qvsata/service/ClassRepository.h"
+#include "qvsata/cim/ClassRepository.h"
 
 #include <gmock/gmock.h>
 
 #include <stdexcept>
 
-#include "qvsata/service/MofReader.h"
+#include "qvsata/mof/MofReader.h"
 
 namespace qv::service {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "qvsata/service/MofReader.h"
+#include "qvsata/mof/MofReader.h"
 
 namespace qv::service {
 namespace {

@@ -1,4 +1,4 @@
-#include "qvsata/service/MofLexer.h"
+#include "qvsata/mof/MofLexer.h"
 
 #include <gmock/gmock.h>
 

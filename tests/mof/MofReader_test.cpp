@@ -1,4 +1,4 @@
-#include "qvsata/service/MofReader.h"
+#include "qvsata/mof/MofReader.h"
 
 #include <gmock/gmock.h>
 

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "SourceTree.h"
-#include "qvsata/service/MofReader.h"
+#include "qvsata/mof/MofReader.h"
 
 namespace qv::service {
 

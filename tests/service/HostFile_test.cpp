@@ -5,7 +5,7 @@
 #include <sstream>
 
 #include "SourceTree.h"
-#include "qvsata/service/RecordedHost.h"
+#include "qvsata/recorded/RecordedHost.h"
 
 namespace qv::service {
 namespace {

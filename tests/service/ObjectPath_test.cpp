@@ -1,4 +1,4 @@
-#include "qvsata/service/ObjectPath.h"
+#include "qvsata/cim/ObjectPath.h"
 
 #include <gmock/gmock.h>
 

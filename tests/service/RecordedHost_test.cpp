@@ -1,4 +1,4 @@
-#include "qvsata/service/RecordedHost.h"
+#include "qvsata/recorded/RecordedHost.h"
 
 #include <gmock/gmock.h>
 

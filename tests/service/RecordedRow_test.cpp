@@ -1,7 +1,7 @@
 // The objects that a recorded host answers with.
 #include <gmock/gmock.h>
 
-#include "qvsata/service/RecordedHost.h"
+#include "qvsata/recorded/RecordedHost.h"
 
 namespace qv::service {
 namespace {

@@ -1,4 +1,4 @@
-#include "qvsata/service/RecordingSequence.h"
+#include "qvsata/recorded/RecordingSequence.h"
 
 #include <gtest/gtest.h>
 

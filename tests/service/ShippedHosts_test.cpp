@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "SourceTree.h"
-#include "qvsata/service/RecordedHost.h"
+#include "qvsata/recorded/RecordedHost.h"
 
 namespace qv::service {
 namespace {

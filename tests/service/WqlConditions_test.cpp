@@ -2,7 +2,7 @@
 
 #include <map>
 
-#include "qvsata/service/Wql.h"
+#include "qvsata/wql/Wql.h"
 
 namespace qv::service {
 namespace {

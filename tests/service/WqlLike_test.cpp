@@ -1,4 +1,4 @@
-#include "qvsata/service/WqlLike.h"
+#include "qvsata/wql/WqlLike.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "qvsata/service/Wql.h"
+#include "qvsata/wql/Wql.h"
 
 #include <gmock/gmock.h>
 

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <utility>
 
-#include "qvsata/service/RecordedHost.h"
+#include "qvsata/recorded/RecordedHost.h"
 
 namespace qv::test {
 

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <utility>
 
-#include "qvsata/service/ObjectPath.h"
+#include "qvsata/cim/ObjectPath.h"
 #include "qvsata/view/PublishedObject.h"
 
 namespace qv::test {

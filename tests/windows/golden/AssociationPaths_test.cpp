@@ -2,8 +2,8 @@
 // hands it over, under other server names, and with its keys in another order.
 #include <algorithm>
 
-#include "qvsata/service/ObjectPath.h"
-#include "qvsata/service/com/ObjectReading.h"
+#include "qvsata/cim/ObjectPath.h"
+#include "qvsata/hosting/ObjectReading.h"
 #include "tests/golden_native/GoldenFiles.h"
 #include "tests/support/HostBuilder.h"
 #include "tests/windows/golden/PublishingHost.h"

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "qvsata/service/CimValue.h"
+#include "qvsata/cim/CimValue.h"
 #include "tests/support/HostBuilder.h"
 
 // What each class publishes of one host when one of its queries fails.

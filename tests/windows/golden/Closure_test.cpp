@@ -3,8 +3,8 @@
 #include <map>
 #include <set>
 
-#include "qvsata/service/ObjectPath.h"
-#include "qvsata/service/com/ObjectReading.h"
+#include "qvsata/cim/ObjectPath.h"
+#include "qvsata/hosting/ObjectReading.h"
 #include "tests/golden_native/GoldenFiles.h"
 #include "tests/windows/golden/WholeHost.h"
 

@@ -9,10 +9,10 @@
 #include <string>
 #include <vector>
 
-#include "qvsata/service/com/EventSubscription.h"
-#include "qvsata/service/com/InstanceObject.h"
-#include "qvsata/service/com/ManagementHost.h"
-#include "qvsata/service/com/MonitorPauses.h"
+#include "qvsata/hosting/EventSubscription.h"
+#include "qvsata/hosting/InstanceObject.h"
+#include "qvsata/hosting/ManagementHost.h"
+#include "qvsata/hosting/MonitorPauses.h"
 #include "tests/golden_native/GoldenText.h"
 #include "tests/windows/log/ScratchFolder.h"
 #include "tests/windows/log/ScratchRegistry.h"

@@ -16,7 +16,7 @@
 #include "platform/windows/Text.h"
 #include "platform/windows/UnsupportedObject.h"
 #include "platform/windows/UnsupportedServices.h"
-#include "qvsata/service/com/Locator.h"
+#include "qvsata/hosting/Locator.h"
 #include "tests/windows/golden/PublishingHost.h"
 #include "tests/windows/support/CallList.h"
 #include "tests/windows/support/RegisteredFactory.h"

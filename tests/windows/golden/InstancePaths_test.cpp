@@ -1,5 +1,5 @@
 // An instance by its path, in letters that are not those of its class.
-#include "qvsata/service/com/ObjectReading.h"
+#include "qvsata/hosting/ObjectReading.h"
 #include "tests/support/HostBuilder.h"
 #include "tests/windows/golden/PublishingHost.h"
 

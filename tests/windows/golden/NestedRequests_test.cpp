@@ -5,7 +5,7 @@
 #include <functional>
 #include <thread>
 
-#include "qvsata/service/com/SnapshotObject.h"
+#include "qvsata/hosting/SnapshotObject.h"
 #include "tests/support/HostBuilder.h"
 #include "tests/windows/golden/PublishingHost.h"
 

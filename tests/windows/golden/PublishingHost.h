@@ -9,8 +9,8 @@
 #include <utility>
 #include <vector>
 
-#include "qvsata/service/com/InstanceObject.h"
-#include "qvsata/service/com/ManagementHost.h"
+#include "qvsata/hosting/InstanceObject.h"
+#include "qvsata/hosting/ManagementHost.h"
 #include "tests/golden_native/GoldenText.h"
 #include "tests/windows/support/RecordedOptions.h"
 

@@ -1,4 +1,4 @@
-#include "qvsata/service/com/CallerIdentity.h"
+#include "qvsata/hosting/CallerIdentity.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include <gmock/gmock.h>
 
-#include "qvsata/service/com/ObjectReading.h"
+#include "qvsata/hosting/ObjectReading.h"
 #include "tests/windows/service/FakeProvider.h"
 
 namespace qv::test {

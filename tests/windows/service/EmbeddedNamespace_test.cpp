@@ -1,4 +1,4 @@
-#include "qvsata/service/com/EmbeddedNamespace.h"
+#include "qvsata/service/Namespace.h"
 
 #include <gmock/gmock.h>
 
@@ -6,7 +6,7 @@
 #include <atomic>
 #include <thread>
 
-#include "qvsata/service/com/ObjectReading.h"
+#include "qvsata/hosting/ObjectReading.h"
 #include "tests/windows/service/FakeProvider.h"
 
 namespace qv::test {

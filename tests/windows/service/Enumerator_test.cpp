@@ -1,10 +1,10 @@
-#include "qvsata/service/com/Enumerator.h"
+#include "qvsata/hosting/Enumerator.h"
 
 #include <gtest/gtest.h>
 
 #include <array>
 
-#include "qvsata/service/com/ObjectReading.h"
+#include "qvsata/hosting/ObjectReading.h"
 #include "tests/windows/service/FakeProvider.h"
 
 namespace qv::test {

@@ -1,4 +1,4 @@
-#include "qvsata/service/com/EventSubscription.h"
+#include "qvsata/hosting/EventSubscription.h"
 
 #include <gmock/gmock.h>
 
@@ -6,8 +6,8 @@
 #include <fstream>
 #include <optional>
 
-#include "qvsata/service/com/MonitorPauses.h"
-#include "qvsata/service/com/ObjectReading.h"
+#include "qvsata/hosting/MonitorPauses.h"
+#include "qvsata/hosting/ObjectReading.h"
 #include "tests/windows/support/RecordedOptions.h"
 #include "tests/windows/support/ShortSleeps.h"
 

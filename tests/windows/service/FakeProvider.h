@@ -14,9 +14,9 @@
 #include "platform/windows/Text.h"
 #include "platform/windows/UnsupportedServices.h"
 #include "platform/windows/Variant.h"
-#include "qvsata/service/MofReader.h"
-#include "qvsata/service/com/EmbeddedNamespace.h"
-#include "qvsata/service/com/EmbeddedServices.h"
+#include "qvsata/mof/MofReader.h"
+#include "qvsata/service/Namespace.h"
+#include "qvsata/hosting/EmbeddedServices.h"
 
 namespace qv::test {
 

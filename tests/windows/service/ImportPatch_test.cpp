@@ -1,8 +1,8 @@
-#include "qvsata/service/com/ImportPatch.h"
+#include "qvsata/hosting/ImportPatch.h"
 
 #include <gtest/gtest.h>
 
-#include "qvsata/service/com/RecordedNames.h"
+#include "qvsata/hosting/RecordedNames.h"
 
 namespace qv::test {
 namespace {

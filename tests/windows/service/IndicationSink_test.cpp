@@ -1,4 +1,4 @@
-#include "qvsata/service/com/IndicationSink.h"
+#include "qvsata/hosting/IndicationSink.h"
 
 #include <gtest/gtest.h>
 

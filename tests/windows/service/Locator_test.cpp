@@ -1,9 +1,9 @@
-#include "qvsata/service/com/Locator.h"
+#include "qvsata/hosting/Locator.h"
 
 #include <gtest/gtest.h>
 
-#include "qvsata/service/com/ObjectReading.h"
-#include "qvsata/service/com/ServedClass.h"
+#include "qvsata/hosting/ObjectReading.h"
+#include "qvsata/hosting/ServedClass.h"
 #include "tests/windows/service/FakeProvider.h"
 
 namespace qv::test {

@@ -1,4 +1,4 @@
-#include "qvsata/service/com/ManagementHost.h"
+#include "qvsata/hosting/ManagementHost.h"
 
 #include <gtest/gtest.h>
 

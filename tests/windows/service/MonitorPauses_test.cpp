@@ -1,10 +1,10 @@
-#include "qvsata/service/com/MonitorPauses.h"
+#include "qvsata/hosting/MonitorPauses.h"
 
 #include <gtest/gtest.h>
 
 #include <optional>
 
-#include "qvsata/service/com/EventSubscription.h"
+#include "qvsata/hosting/EventSubscription.h"
 #include "tests/windows/support/RecordedOptions.h"
 
 namespace qv::test {

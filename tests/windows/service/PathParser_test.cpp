@@ -1,4 +1,4 @@
-#include "qvsata/service/com/PathParser.h"
+#include "qvsata/hosting/PathParser.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "qvsata/service/com/ProviderObject.h"
+#include "qvsata/hosting/ProviderObject.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "qvsata/service/com/InstanceObject.h"
-#include "qvsata/service/com/ObjectReading.h"
+#include "qvsata/hosting/InstanceObject.h"
+#include "qvsata/hosting/ObjectReading.h"
 #include "tests/windows/service/FakeProvider.h"
 
 namespace qv::test {

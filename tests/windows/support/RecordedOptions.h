@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "SourceTree.h"
-#include "qvsata/service/com/ManagementHost.h"
+#include "qvsata/hosting/ManagementHost.h"
 
 namespace qv::test {
 

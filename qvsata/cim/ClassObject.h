@@ -1,0 +1,31 @@
+#pragma once
+
+#include "qvsata/cim/Object.h"
+#include "qvsata/cim/ResolvedClass.h"
+
+namespace qv::service {
+
+/// A class definition as an object: its properties have their default values.
+class ClassObject final : public Object {
+public:
+    explicit ClassObject(ResolvedClassPtr definition) : definition_(std::move(definition)) {}
+
+    const ResolvedClassPtr& Definition() const { return definition_; }
+
+    std::optional<ObjectProperty> Find(std::string_view name) const override;
+    std::vector<std::string> Names() const override;
+    std::string ClassName() const override { return definition_->name; }
+    /// None: the references of a definition name classes.
+    std::span<const Reference> References() const override { return {}; }
+
+private:
+    ResolvedClassPtr definition_;
+};
+
+/// Returns a property as a class defines it, with its default value.
+ObjectProperty AsDefined(const PropertyDefinition& definition, const ResolvedClass& type);
+
+/// Returns the names of a class's properties in their order.
+std::vector<std::string> PropertyNames(const ResolvedClass& type);
+
+}  // namespace qv::service

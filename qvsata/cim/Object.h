@@ -1,0 +1,72 @@
+#pragma once
+
+#include <array>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "qvsata/cim/CimValue.h"
+#include "qvsata/cim/ObjectPath.h"
+
+namespace qv::service {
+
+/// A property of an object, as a management client reads it.
+struct ObjectProperty {
+    std::string name;
+    CimType type = CimType::string;
+    bool isArray = false;
+    CimValue value;
+    bool isKey = false;
+    bool isInherited = false;  ///< declared by an ancestor of the object's class
+};
+
+/// A reference of an association: its role and the object that it names.
+struct Reference {
+    std::string role;
+    ObjectPath path;
+};
+
+/// An instance or a class definition of a namespace, whatever it comes from. Reading is free of
+/// side effects and may be done from several threads at once.
+class Object {
+public:
+    virtual ~Object() = default;
+
+    /// Returns a property by name in any letter case, system properties ("__CLASS") included;
+    /// nothing for a property that the object lacks.
+    virtual std::optional<ObjectProperty> Find(std::string_view name) const = 0;
+
+    /// Returns the names of the properties, in order, without the system properties.
+    virtual std::vector<std::string> Names() const = 0;
+
+    /// Returns the name of the object's class, as its definition spells it.
+    virtual std::string ClassName() const;
+
+    /// Returns the references that name an object, in the order of the properties.
+    virtual std::span<const Reference> References() const = 0;
+};
+
+using ObjectPtr = std::shared_ptr<const Object>;
+using ObjectList = std::vector<ObjectPtr>;
+
+/// The names of the system properties, in the order in which an enumeration lists them.
+inline constexpr std::array<std::string_view, 10> systemPropertyNames{
+    "__GENUS",          "__CLASS",      "__SUPERCLASS", "__DYNASTY",   "__RELPATH",
+    "__PROPERTY_COUNT", "__DERIVATION", "__SERVER",     "__NAMESPACE", "__PATH"};
+
+/// Whether the name is one of the management service's own: "__CLASS" and the like.
+bool IsSystemName(std::string_view name);
+
+/// Returns the properties of an object in its order, without the system properties.
+std::vector<ObjectProperty> PropertiesOf(const Object& object);
+
+/// Returns the text of a property; empty when it has none.
+std::string TextOf(const Object& object, std::string_view name);
+
+/// Returns the references among properties: those whose text is the path of an object.
+std::vector<Reference> ReferencesAmong(std::span<const ObjectProperty> properties);
+
+}  // namespace qv::service

@@ -1,0 +1,65 @@
+#include "qvsata/cim/PathParts.h"
+
+#include <algorithm>
+
+#include "qvsata/cim/ObjectPathParser.h"
+
+namespace qv::service {
+namespace {
+
+constexpr std::string_view slashes = "\\/";
+
+bool IsSlash(char character) {
+    return slashes.find(character) != std::string_view::npos;
+}
+
+/// Takes `\\server\` off the front; false when the slashes are not of one kind.
+bool TakeServer(std::string_view& text, std::string& server) {
+    if (text.size() < 2 || !IsSlash(text[0]) || !IsSlash(text[1])) {
+        return true;
+    }
+    const std::size_t end = text.find_first_of(slashes, 2);
+    if (text[0] != text[1] || end == std::string_view::npos) {
+        return false;
+    }
+    server = text.substr(2, end - 2);
+    text.remove_prefix(end + 1);
+    return true;
+}
+
+/// Takes the namespace off the front: what stands before a colon that is not within a key, or all
+/// of a text that names no class.
+void TakeNamespace(std::string_view& text, std::string& nameSpace) {
+    const std::size_t mark = text.find_first_of(":=\"'");
+    if (mark != std::string_view::npos && text[mark] == ':') {
+        nameSpace = text.substr(0, mark);
+        text.remove_prefix(mark + 1);
+    } else if (mark == std::string_view::npos && text.find_first_of(slashes) != mark) {
+        nameSpace = text;
+        text = {};
+    }
+    nameSpace.erase(0, nameSpace.find_first_not_of(slashes));
+    std::ranges::replace(nameSpace, '/', '\\');
+}
+
+}  // namespace
+
+std::optional<PathParts> CutPath(std::string_view text) {
+    PathParts parts;
+    if (!TakeServer(text, parts.server)) {
+        return std::nullopt;
+    }
+    TakeNamespace(text, parts.nameSpace);
+    parts.relative = text;
+    if (text.empty()) {
+        return parts;
+    }
+    std::optional<ObjectPath> path = ParseObjectPath(text);
+    if (!path) {
+        return std::nullopt;
+    }
+    parts.className = std::move(path->className);
+    return parts;
+}
+
+}  // namespace qv::service

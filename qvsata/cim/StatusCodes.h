@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+
+#include "platform/Status.h"
+
+namespace qv::service {
+
+/// Status codes of the management service (wbemcli.h) that its clients meet, besides those that the
+/// provider itself knows (platform/Status.h).
+namespace status {
+inline constexpr Status accessDenied{0x80041003};
+inline constexpr Status providerFailure{0x80041004};
+inline constexpr Status typeMismatch{0x80041005};
+inline constexpr Status noMemory{0x80041006};
+inline constexpr Status invalidParameter{0x80041008};
+inline constexpr Status notSupported{0x8004100C};
+inline constexpr Status invalidNamespace{0x8004100E};
+inline constexpr Status invalidClass{0x80041010};
+inline constexpr Status invalidQuery{0x80041017};
+inline constexpr Status readOnly{0x80041023};
+inline constexpr Status providerNotCapable{0x80041024};
+inline constexpr Status invalidObjectPath{0x8004103A};
+inline constexpr Status bufferTooSmall{0x8004103C};
+}  // namespace status
+
+/// Returns what a status means and its number, "access denied (0x80041003)", or the number alone
+/// for a code without a text of its own.
+std::string StatusText(Status code);
+
+}  // namespace qv::service

@@ -1,0 +1,47 @@
+#include <memory>
+
+#include "qvsata/commands/Commands.h"
+#include "qvsata/commands/ExistingObject.h"
+#include "qvsata/commands/Options.h"
+#include "qvsata/output/Output.h"
+#include "qvsata/commands/Session.h"
+
+namespace qv::tool {
+
+void AddAssociators(CLI::App& program) {
+    struct Arguments {
+        Options options;
+        std::string path;
+        service::AssociatorsQuery query;
+    };
+    const auto arguments = std::make_shared<Arguments>();
+    service::AssociatorsQuery& query = arguments->query;
+    CLI::App* command =
+        program.add_subcommand("associators", "the objects that associations join to an object");
+    command->add_option("PATH", arguments->path, "an object path, its keys in any order")
+        ->required();
+    command->add_option("--assoc", query.assocClass, "through associations of this class only")
+        ->type_name("CLASS");
+    command->add_option("--role", query.role, "the reference that names the object")
+        ->type_name("ROLE");
+    command->add_option("--result", query.resultClass, "objects of this class only")
+        ->type_name("CLASS");
+    command->add_option("--result-role", query.resultRole, "the reference that names the results")
+        ->type_name("ROLE");
+    AddOptions(*command, arguments->options);
+    command->footer(
+        "Example: qvsata associators 'QV_WinComputerSystem.CreationClassName="
+        "\"QV_WinComputerSystem\",Name=\"desk01.example.org\"' --result QV_SATADiskDrive --live");
+    command->callback([arguments] {
+        const auto session = StartSession(arguments->options);
+        const service::Namespace& nameSpace = session->Published();
+        service::AssociatorsQuery& asked = arguments->query;
+        RequireClass(nameSpace, asked.assocClass);
+        RequireClass(nameSpace, asked.resultClass);
+        asked.path = ExistingObject(nameSpace, arguments->path);
+        Print(FormatObjects(Take(nameSpace.Query(asked)),
+                            arguments->options.format));
+    });
+}
+
+}  // namespace qv::tool

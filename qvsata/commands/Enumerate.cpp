@@ -1,0 +1,28 @@
+#include <memory>
+
+#include "qvsata/commands/Commands.h"
+#include "qvsata/commands/Options.h"
+#include "qvsata/output/Output.h"
+#include "qvsata/commands/Session.h"
+
+namespace qv::tool {
+
+void AddEnumerate(CLI::App& program) {
+    struct Arguments {
+        Options options;
+        std::string className;
+    };
+    const auto arguments = std::make_shared<Arguments>();
+    CLI::App* command =
+        program.add_subcommand("enumerate", "the instances of a class and of its subclasses");
+    command->add_option("CLASS", arguments->className, "a class of root\\QVQ")->required();
+    AddOptions(*command, arguments->options);
+    command->footer("Example: qvsata enumerate QV_SATADiskDrive --host hosts/ahci-desktop.json");
+    command->callback([arguments] {
+        const auto session = StartSession(arguments->options);
+        Print(FormatObjects(Take(session->Published().Enumerate(arguments->className)),
+                            arguments->options.format));
+    });
+}
+
+}  // namespace qv::tool

@@ -1,0 +1,31 @@
+#include <memory>
+
+#include "qvsata/commands/Commands.h"
+#include "qvsata/commands/Options.h"
+#include "qvsata/output/Output.h"
+#include "qvsata/commands/Session.h"
+
+namespace qv::tool {
+
+void AddGet(CLI::App& program) {
+    struct Arguments {
+        Options options;
+        std::string path;
+    };
+    const auto arguments = std::make_shared<Arguments>();
+    CLI::App* command =
+        program.add_subcommand("get", "one instance by its path, or a class by its name");
+    command->add_option("PATH", arguments->path, "an object path, its keys in any order")
+        ->required();
+    AddOptions(*command, arguments->options);
+    command->footer(
+        "Example: qvsata get 'QV_WinComputerSystem.CreationClassName=\"QV_WinComputerSystem\","
+        "Name=\"desk01.example.org\"' --live");
+    command->callback([arguments] {
+        const auto session = StartSession(arguments->options);
+        Print(FormatObjects(Take(session->Published().GetInAnyOrder(arguments->path)),
+                            arguments->options.format));
+    });
+}
+
+}  // namespace qv::tool

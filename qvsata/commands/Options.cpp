@@ -1,0 +1,64 @@
+#include "qvsata/commands/Options.h"
+
+#include <algorithm>
+#include <array>
+
+namespace qv::tool {
+namespace {
+
+/// "text, json or mof"
+std::string Alternatives(const std::vector<std::string>& names, const std::string& afterFirst) {
+    std::string text = names.front() + afterFirst;
+    for (std::size_t index = 1; index < names.size(); ++index) {
+        text += (index + 1 == names.size() ? " or " : ", ") + names[index];
+    }
+    return text;
+}
+
+}  // namespace
+
+void AddFormatOption(CLI::App& command, const std::vector<std::string>& names,
+                     std::function<void(std::size_t)> choose) {
+    const auto read = [names, choose = std::move(choose)](const std::string& name) {
+        const auto found = std::ranges::find(names, name);
+        if (found == names.end()) {
+            throw CLI::ValidationError("--format",
+                                       "'" + name + "' is not " + Alternatives(names, ""));
+        }
+        choose(static_cast<std::size_t>(found - names.begin()));
+    };
+    command.add_option_function<std::string>("--format", read, Alternatives(names, " (default)"))
+        ->type_name("FORMAT");
+}
+
+void AddOptions(CLI::App& command, Options& options) {
+    AddSourceOptions(command, options);
+    AddFormatOption(command, {"text", "json", "mof"}, [&options](std::size_t position) {
+        options.format = std::array{Format::text, Format::json, Format::mof}[position];
+    });
+}
+
+void AddSourceOptions(CLI::App& command, Options& options) {
+    auto* host = command.add_option("--host", options.host, "a recorded host (JSON file)");
+    host->type_name("FILE");
+    command.add_flag("--live", options.live, "this machine's own management service")
+        ->excludes(host);
+    command.parse_complete_callback([&options] {
+        if (options.host.empty() && !options.live) {
+            throw CLI::ValidationError(
+                "give --host FILE for a recorded host or --live for this machine");
+        }
+    });
+
+    auto* library =
+        command.add_option("--dll", options.library, "the provider (default: beside this program)")
+            ->type_name("PATH");
+    command.add_flag("--registered", options.registered, "the provider registered on this machine")
+        ->excludes(library);
+    command
+        .add_option("--mof", options.mofFolder,
+                    "folder of the class definitions (default: beside this program)")
+        ->type_name("DIR");
+}
+
+}  // namespace qv::tool

@@ -1,0 +1,72 @@
+#include "qvsata/commands/Session.h"
+
+#include <array>
+#include <filesystem>
+
+#include "qvsata/cim/StatusCodes.h"
+#include "qvsata/recorded/HostFile.h"
+#include "qvsata/system/Process.h"
+
+namespace qv::tool {
+namespace {
+
+using std::filesystem::path;
+
+// In the order in which they build on each other; the registration is what a real management
+// service needs besides.
+constexpr std::array mofFiles{"cim_schema.mof", "qvwmisata.mof"};
+
+path FromUtf8(const std::string& text) {
+    return std::u8string(text.begin(), text.end());
+}
+
+std::shared_ptr<const service::RecordedHost> ReadHost(const std::string& file) {
+    return std::make_shared<service::RecordedHost>(service::ReadHostFile(FromUtf8(file)));
+}
+
+std::vector<std::shared_ptr<const service::RecordedHost>> ReadLaterHosts(
+    const Options& options, const service::RecordedHost& first) {
+    std::vector<std::shared_ptr<const service::RecordedHost>> hosts;
+    for (const std::string& file : options.laterHosts) {
+        hosts.push_back(ReadHost(file));
+        if (hosts.back()->Computer() != first.Computer()) {
+            throw CommandError(file + ": not a recording of the computer of " + options.host);
+        }
+    }
+    return hosts;
+}
+
+}  // namespace
+
+std::unique_ptr<service::ProviderHost> StartSession(const Options& options) {
+    const path here = ProgramFolder();
+    service::HostOptions host;
+    if (!options.live) {
+        host.recorded = ReadHost(options.host);
+        host.laterRecordings = ReadLaterHosts(options, *host.recorded);
+    }
+    const path mofFolder = options.mofFolder.empty() ? here : FromUtf8(options.mofFolder);
+    for (const char* file : mofFiles) {
+        host.mofFiles.push_back(mofFolder / file);
+    }
+    host.library = options.library.empty() ? here / "QVWMISATA.dll" : FromUtf8(options.library);
+    host.registered = options.registered;
+    if (const std::string reason = service::WhyNotStarted(host); !reason.empty()) {
+        throw CommandError(reason);
+    }
+    try {
+        return service::StartProvider(host);
+    } catch (const RequestError& error) {
+        throw CommandError("starting the provider: " +
+                           service::StatusText(error.status()));
+    }
+}
+
+service::ObjectList Take(service::Answer answer) {
+    if (!Succeeded(answer.status)) {
+        throw CommandError(answer.message);
+    }
+    return std::move(answer.objects);
+}
+
+}  // namespace qv::tool

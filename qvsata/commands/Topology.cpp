@@ -1,0 +1,68 @@
+#include "qvsata/view/Topology.h"
+
+#include <algorithm>
+#include <array>
+#include <memory>
+
+#include "catalogue/Classes.h"
+#include "qvsata/commands/Commands.h"
+#include "qvsata/system/Console.h"
+#include "qvsata/commands/Options.h"
+#include "qvsata/output/Output.h"
+#include "qvsata/output/OutputJson.h"
+#include "qvsata/commands/PublishedInstances.h"
+#include "qvsata/commands/Session.h"
+#include "qvsata/view/AssociationGraph.h"
+#include "qvsata/view/TopologyJson.h"
+#include "qvsata/view/TopologyText.h"
+
+namespace qv::tool {
+namespace {
+
+enum class View { tree, json, graph };
+
+view::Topology ReadTopology(const service::Namespace& nameSpace) {
+    return view::BuildTopology(ReadInstances(nameSpace, view::topologyClasses));
+}
+
+std::string Graph(const service::Namespace& nameSpace) {
+    std::vector<std::string_view> classes;
+    std::ranges::transform(PublishedClasses(), std::back_inserter(classes), &PublishedClass::name);
+    const view::PublishedHost host = ReadInstances(nameSpace, classes);
+    std::vector<view::PublishedObject> objects;
+    for (const std::string_view className : classes) {
+        std::ranges::copy(view::InstancesOf(host, className), std::back_inserter(objects));
+    }
+    return view::AssociationGraph(objects);
+}
+
+}  // namespace
+
+void AddTopology(CLI::App& program) {
+    struct Arguments {
+        Options options;
+        View view = View::tree;
+    };
+    const auto arguments = std::make_shared<Arguments>();
+    CLI::App* command = program.add_subcommand(
+        "topology", "the host as a tree: controllers, channels, disks (dot: the associations)");
+    AddSourceOptions(*command, arguments->options);
+    AddFormatOption(*command, {"text", "json", "dot"}, [arguments](std::size_t position) {
+        arguments->view = std::array{View::tree, View::json, View::graph}[position];
+    });
+    command->footer("Example: qvsata topology --host hosts/ahci-desktop.json");
+    command->callback([arguments] {
+        const auto session = StartSession(arguments->options);
+        const service::Namespace& nameSpace = session->Published();
+        switch (arguments->view) {
+            case View::tree:
+                return Print(view::TopologyAsText(ReadTopology(nameSpace)));
+            case View::json:
+                return Print(DocumentText(view::TopologyAsJson(ReadTopology(nameSpace))));
+            case View::graph:
+                return Print(Graph(nameSpace));
+        }
+    });
+}
+
+}  // namespace qv::tool

@@ -1,0 +1,152 @@
+#include "qvsata/commands/WatchRun.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+
+#include "qvsata/output/Output.h"
+#include "qvsata/output/OutputJson.h"
+#include "qvsata/cim/StatusCodes.h"
+#include "qvsata/commands/PublishedInstances.h"
+#include "qvsata/commands/Session.h"
+#include "qvsata/output/WaitingLine.h"
+#include "qvsata/system/Console.h"
+#include "qvsata/system/StopRequest.h"
+#include "qvsata/view/EventLine.h"
+
+namespace qv::tool {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+view::DiskStatuses ReadStatuses(const service::Namespace& nameSpace) {
+    constexpr std::string_view disks = "QV_SATADiskDrive";
+    return view::StatusesOf(view::InstancesOf(ReadInstances(nameSpace, std::array{disks}), disks));
+}
+
+/// Prints events until there were as many as there may be.
+class EventPrinter {
+public:
+    EventPrinter(const service::Namespace& nameSpace, std::optional<std::size_t> most,
+                 EventFormat format)
+        : nameSpace_(nameSpace), left_(most), format_(format) {
+        if (format_ == EventFormat::text) {
+            statuses_ = ReadStatuses(nameSpace_);
+        }
+    }
+
+    bool IsDone() const { return left_ == 0U; }
+
+    void Print(const service::ObjectList& indications) {
+        if (indications.empty()) {
+            return;
+        }
+        view::DiskStatuses now;
+        if (format_ == EventFormat::text) {
+            now = ReadStatuses(nameSpace_);
+        }
+        for (const auto& indication : indications) {
+            if (IsDone()) {
+                break;
+            }
+            PrintOne(*indication, now);
+            left_ = left_ ? std::optional(*left_ - 1) : left_;
+        }
+        if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+            throw CommandError("standard output cannot be written");
+        }
+        statuses_ = std::move(now);
+    }
+
+private:
+    void PrintOne(const service::Object& indication, const view::DiskStatuses& now) const {
+        if (format_ == EventFormat::json) {
+            tool::Print(ObjectAsJsonLine(indication));
+        } else {
+            tool::Print(view::EventLine(ReadObject(indication), statuses_, now));
+        }
+    }
+
+    const service::Namespace& nameSpace_;
+    std::optional<std::size_t> left_;
+    EventFormat format_;
+    view::DiskStatuses statuses_;  ///< as they were when events were printed last
+};
+
+class Watch {
+public:
+    Watch(const service::ProviderHost& host, const WatchLimits& limits, EventFormat format)
+        : host_(host), printer_(host.Published(), limits.events, format), feed_(Subscribed(host)) {
+        if (limits.time) {
+            end_ = Clock::now() + *limits.time;
+        }
+    }
+
+    void Run() {
+        using News = service::EventFeed::News;
+        while (!printer_.IsDone() && !IsOver()) {
+            const News news = feed_->Await(LongestWait());
+            if (news == News::stopRequested) {
+                break;
+            }
+            if (news == News::timeOut) {
+                waiting_.Update();
+            } else {
+                FinishCycle();
+            }
+        }
+        waiting_.End();
+        feed_->End();
+        printer_.Print(feed_->Take());
+    }
+
+private:
+    static std::unique_ptr<service::EventFeed> Subscribed(const service::ProviderHost& host) try {
+        return host.Subscribe();
+    } catch (const RequestError& error) {
+        throw CommandError("starting the event provider: " + service::StatusText(error.status()));
+    }
+
+    bool IsOver() const { return end_ && Clock::now() >= *end_; }
+
+    std::chrono::milliseconds LongestWait() const {
+        constexpr std::chrono::milliseconds rewriting(1000);
+        constexpr std::chrono::milliseconds longest(3600000);
+        std::chrono::milliseconds wait = waiting_.IsRewritten() ? rewriting : longest;
+        if (end_) {
+            wait =
+                std::min(wait, std::chrono::ceil<std::chrono::milliseconds>(*end_ - Clock::now()));
+        }
+        return std::max(wait, std::chrono::milliseconds(0));
+    }
+
+    void FinishCycle() {
+        waiting_.End();
+        printer_.Print(feed_->Take());
+        if (printer_.IsDone()) {
+            return;
+        }
+        view::SeenRecording seen;
+        if (service::RecordingSequence* recordings = host_.Recordings()) {
+            seen = {recordings->Position() + 1, recordings->Size()};
+            recordings->Step();
+        }
+        waiting_.Begin(seen, feed_->Pause());
+        feed_->LetGo();
+    }
+
+    const service::ProviderHost& host_;
+    EventPrinter printer_;
+    StopRequest stop_;
+    WaitingLine waiting_;
+    std::optional<Clock::time_point> end_;
+    std::unique_ptr<service::EventFeed> feed_;
+};
+
+}  // namespace
+
+void RunWatch(const service::ProviderHost& host, const WatchLimits& limits, EventFormat format) {
+    Watch(host, limits, format).Run();
+}
+
+}  // namespace qv::tool

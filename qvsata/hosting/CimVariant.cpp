@@ -1,0 +1,175 @@
+// Types, and values as the management service delivers them.
+#include "qvsata/hosting/CimVariant.h"
+
+#include <wbemcli.h>
+
+#include "platform/windows/Bstr.h"
+#include "platform/windows/Text.h"
+
+namespace qv::service {
+namespace {
+
+using windows::Bstr;
+
+VARTYPE ScalarType(CimType type) {
+    switch (type) {
+        case CimType::sint8:
+        case CimType::sint16:
+        case CimType::char16:
+            return VT_I2;
+        case CimType::uint8:
+            return VT_UI1;
+        case CimType::uint16:
+        case CimType::sint32:
+        case CimType::uint32:
+            return VT_I4;
+        case CimType::real32:
+            return VT_R4;
+        case CimType::real64:
+            return VT_R8;
+        case CimType::boolean:
+            return VT_BOOL;
+        case CimType::object:
+            return VT_UNKNOWN;
+        case CimType::string:
+        case CimType::sint64:
+        case CimType::uint64:
+        case CimType::datetime:
+        case CimType::reference:
+            break;
+    }
+    return VT_BSTR;
+}
+
+BSTR NewText(const std::string& text) {
+    return Bstr(windows::ToWide(text, CP_UTF8)).Detach();
+}
+
+/// A new array in `out` whose elements `convert` makes of `values`, one by one.
+template <typename Element, typename Values, typename Convert>
+void WriteArray(VARTYPE elementType, const Values& values, VARIANT& out, Convert convert) {
+    SAFEARRAY* array = SafeArrayCreateVector(elementType, 0, static_cast<ULONG>(values.size()));
+    if (array == nullptr) {
+        throw RequestError(Status::outOfMemory);
+    }
+    // The variant owns the array from here on, elements that are still empty included.
+    V_VT(&out) = static_cast<VARTYPE>(VT_ARRAY | elementType);
+    V_ARRAY(&out) = array;
+    auto* element = static_cast<Element*>(array->pvData);
+    for (const auto& value : values) {
+        *element++ = convert(value);
+    }
+}
+
+void WriteNumbers(const std::vector<std::int64_t>& numbers, VARTYPE elementType, VARIANT& out) {
+    const auto as = []<typename Number>(Number) {
+        return [](std::int64_t number) { return static_cast<Number>(number); };
+    };
+    switch (elementType) {
+        case VT_UI1:
+            return WriteArray<BYTE>(elementType, numbers, out, as(BYTE{}));
+        case VT_I2:
+            return WriteArray<SHORT>(elementType, numbers, out, as(SHORT{}));
+        case VT_I4:
+            return WriteArray<LONG>(elementType, numbers, out, as(LONG{}));
+        default:
+            break;
+    }
+}
+
+// Writes each kind of value where the type has it; what is left stays VT_NULL.
+struct Writer {
+    VARTYPE type;
+    VARIANT& out;
+
+    void operator()(std::monostate) const {}
+
+    void operator()(bool flag) const {
+        if (type == VT_BOOL) {
+            V_VT(&out) = VT_BOOL;
+            V_BOOL(&out) = flag ? VARIANT_TRUE : VARIANT_FALSE;
+        }
+    }
+
+    void operator()(std::int64_t number) const {
+        switch (type) {
+            case VT_UI1:
+                V_UI1(&out) = static_cast<BYTE>(number);
+                break;
+            case VT_I2:
+                V_I2(&out) = static_cast<SHORT>(number);
+                break;
+            case VT_I4:
+                V_I4(&out) = static_cast<LONG>(number);
+                break;
+            case VT_BSTR:
+                V_BSTR(&out) = NewText(std::to_string(number));
+                break;
+            default:
+                return;
+        }
+        V_VT(&out) = type;
+    }
+
+    void operator()(double number) const {
+        if (type == VT_R4) {
+            V_R4(&out) = static_cast<float>(number);
+        } else if (type == VT_R8) {
+            V_R8(&out) = number;
+        } else {
+            return;
+        }
+        V_VT(&out) = type;
+    }
+
+    void operator()(const std::string& text) const {
+        if (type == VT_BSTR) {
+            V_BSTR(&out) = NewText(text);
+            V_VT(&out) = VT_BSTR;
+        }
+    }
+
+    void operator()(const std::vector<bool>& flags) const {
+        if (type == VT_BOOL) {
+            WriteArray<VARIANT_BOOL>(VT_BOOL, flags, out, [](bool flag) {
+                return static_cast<VARIANT_BOOL>(flag ? VARIANT_TRUE : VARIANT_FALSE);
+            });
+        }
+    }
+
+    void operator()(const std::vector<std::int64_t>& numbers) const {
+        WriteNumbers(numbers, type, out);
+    }
+
+    void operator()(const std::vector<double>& numbers) const {
+        if (type == VT_R4) {
+            WriteArray<float>(VT_R4, numbers, out,
+                              [](double number) { return static_cast<float>(number); });
+        } else if (type == VT_R8) {
+            WriteArray<double>(VT_R8, numbers, out, [](double number) { return number; });
+        }
+    }
+
+    void operator()(const std::vector<std::string>& texts) const {
+        if (type == VT_BSTR) {
+            WriteArray<BSTR>(VT_BSTR, texts, out, NewText);
+        }
+    }
+};
+
+}  // namespace
+
+VARTYPE VariantTypeOf(CimType type, bool isArray) {
+    return static_cast<VARTYPE>(ScalarType(type) | (isArray ? VT_ARRAY : 0));
+}
+
+long CimTypeNumber(CimType type, bool isArray) {
+    return static_cast<long>(type) | (isArray ? CIM_FLAG_ARRAY : 0);
+}
+
+void WriteVariant(const CimValue& value, CimType type, VARIANT& out) {
+    V_VT(&out) = VT_NULL;
+    std::visit(Writer{ScalarType(type), out}, value);
+}
+
+}  // namespace qv::service

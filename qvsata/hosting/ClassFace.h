@@ -1,0 +1,26 @@
+#pragma once
+
+#include <memory>
+
+#include "qvsata/cim/ClassObject.h"
+#include "qvsata/hosting/ObjectFace.h"
+
+namespace qv::service {
+
+/// A class definition as COM sees it. It can be read and spawned from.
+class ClassFace final : public ObjectFace {
+public:
+    explicit ClassFace(std::shared_ptr<const ClassObject> definition)
+        : ObjectFace(definition), definition_(definition->Definition()) {}
+
+    /// An empty instance of the class.
+    STDMETHODIMP SpawnInstance(LONG flags, IWbemClassObject** instance) override;
+    STDMETHODIMP Clone(IWbemClassObject** copy) override;
+    /// The class that declares the property first.
+    STDMETHODIMP GetPropertyOrigin(LPCWSTR name, BSTR* className) override;
+
+private:
+    ResolvedClassPtr definition_;
+};
+
+}  // namespace qv::service

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <windows.h>
+
+#include <wbemcli.h>
+
+#include <memory>
+
+#include "platform/windows/ComObject.h"
+#include "qvsata/cim/Object.h"
+
+namespace qv::service {
+
+/// The objects of an answer that is complete: Next and Skip never wait. One thread at a time.
+class Enumerator final : public windows::ComObject<IEnumWbemClassObject> {
+public:
+    explicit Enumerator(ObjectList objects)
+        : Enumerator(std::make_shared<const ObjectList>(std::move(objects)), 0) {}
+    Enumerator(std::shared_ptr<const ObjectList> objects, std::size_t next)
+        : objects_(std::move(objects)), next_(next) {}
+
+    STDMETHODIMP Reset() override;
+    STDMETHODIMP Next(LONG timeout, ULONG count, IWbemClassObject** objects,
+                      ULONG* returned) override;
+    /// Refused with WBEM_E_NOT_SUPPORTED.
+    STDMETHODIMP NextAsync(ULONG count, IWbemObjectSink* sink) override;
+    /// The copy goes on where this enumerator stands.
+    STDMETHODIMP Clone(IEnumWbemClassObject** copy) override;
+    STDMETHODIMP Skip(LONG timeout, ULONG count) override;
+
+private:
+    std::shared_ptr<const ObjectList> objects_;
+    std::size_t next_;
+};
+
+}  // namespace qv::service

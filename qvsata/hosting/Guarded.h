@@ -1,0 +1,28 @@
+#pragma once
+
+#include <windows.h>
+
+#include <wbemcli.h>
+
+#include <exception>
+#include <new>
+
+#include "platform/Status.h"
+#include "platform/windows/WbemStatus.h"
+
+namespace qv::service {
+
+/// Runs the body of an interface operation, from which no exception may leave, and gives its
+/// status or that of the exception which ended it.
+template <typename Body>
+HRESULT Guarded(Body body) noexcept try {
+    return body();
+} catch (const RequestError& error) {
+    return windows::ToHresult(error.status());
+} catch (const std::bad_alloc&) {
+    return windows::Hr(WBEM_E_OUT_OF_MEMORY);
+} catch (const std::exception&) {
+    return windows::Hr(WBEM_E_FAILED);
+}
+
+}  // namespace qv::service

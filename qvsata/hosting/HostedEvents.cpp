@@ -1,0 +1,25 @@
+#include "qvsata/hosting/HostedEvents.h"
+
+#include <array>
+
+#include "qvsata/system/windows/StopEvent.h"
+
+namespace qv::service {
+
+HostedEvents::HostedEvents(const ManagementHost& host)
+    : pauses_(host.ProviderModule()), subscription_(host) {}
+
+EventFeed::News HostedEvents::Await(std::chrono::milliseconds longest) {
+    const std::array<HANDLE, 2> news{tool::StopEvent(), pauses_.CycleOver()};
+    switch (WaitForMultipleObjects(news.size(), news.data(), FALSE,
+                                   static_cast<DWORD>(longest.count()))) {
+        case WAIT_OBJECT_0:
+            return News::stopRequested;
+        case WAIT_TIMEOUT:
+            return News::timeOut;
+        default:
+            return News::cycleOver;
+    }
+}
+
+}  // namespace qv::service

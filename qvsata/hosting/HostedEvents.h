@@ -1,0 +1,25 @@
+#pragma once
+
+#include "qvsata/hosting/EventSubscription.h"
+#include "qvsata/hosting/MonitorPauses.h"
+
+namespace qv::service {
+
+/// The events of the provider's library: a subscription, and its monitor held after each cycle.
+class HostedEvents final : public EventFeed {
+public:
+    /// Raises RequestError with the status of what failed.
+    explicit HostedEvents(const ManagementHost& host);
+
+    News Await(std::chrono::milliseconds longest) override;
+    ObjectList Take() override { return subscription_.Take(); }
+    std::chrono::milliseconds Pause() const override { return pauses_.Length(); }
+    void LetGo() override { pauses_.LetGo(); }
+    void End() override { subscription_.End(); }
+
+private:
+    MonitorPauses pauses_;
+    EventSubscription subscription_;  // its threads end before the pauses go
+};
+
+}  // namespace qv::service

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <memory>
+
+#include "qvsata/cim/Instance.h"
+#include "qvsata/hosting/ObjectFace.h"
+
+namespace qv::service {
+
+/// An instance as COM sees it while a provider fills it. Values are put by the rules of PutRules.h
+/// and every put is recorded. One thread may put; when that is done several may read.
+class InstanceFace final : public ObjectFace {
+public:
+    explicit InstanceFace(std::shared_ptr<Instance> instance)
+        : ObjectFace(instance), instance_(std::move(instance)) {}
+
+    /// WBEM_E_NOT_FOUND for a property that the class does not define, WBEM_E_READ_ONLY for a
+    /// system property; neither code is documented. `type` must be 0, as documented for instances.
+    STDMETHODIMP Put(LPCWSTR name, LONG flags, VARIANT* value, CIMTYPE type) override;
+    /// Gives the property its default value back.
+    STDMETHODIMP Delete(LPCWSTR name) override;
+    STDMETHODIMP Clone(IWbemClassObject** copy) override;
+
+private:
+    HRESULT PutValue(std::string_view name, const VARIANT& value);
+
+    std::shared_ptr<Instance> instance_;
+};
+
+}  // namespace qv::service

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <windows.h>
+
+#include <wbemcli.h>
+
+#include "platform/windows/ComObject.h"
+#include "qvsata/service/Services.h"
+
+namespace qv::service {
+
+/// The locator that the provider finds in place of the system's. Any number of threads may use it.
+class Locator final : public windows::ComObject<IWbemLocator> {
+public:
+    explicit Locator(Connector machine) : machine_(std::move(machine)) {}
+
+    /// User, password, locale, authority and context are not looked at.
+    STDMETHODIMP ConnectServer(const BSTR nameSpace, const BSTR user, const BSTR password,
+                               const BSTR locale, LONG flags, const BSTR authority,
+                               IWbemContext* context, IWbemServices** services) override;
+
+private:
+    Connector machine_;
+};
+
+}  // namespace qv::service

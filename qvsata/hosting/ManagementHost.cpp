@@ -1,0 +1,113 @@
+#include "qvsata/hosting/ManagementHost.h"
+
+#include <system_error>
+
+#include "platform/windows/Text.h"
+#include "platform/windows/WbemStatus.h"
+#include "qvsata/hosting/HostedEvents.h"
+#include "qvsata/hosting/LiveMachine.h"
+#include "qvsata/hosting/Locator.h"
+#include "qvsata/hosting/PathParser.h"
+#include "qvsata/hosting/ProviderSource.h"
+#include "qvsata/hosting/ServicesFace.h"
+#include "qvsata/service/PublishedNamespace.h"
+#include "qvsata/service/RecordedMachine.h"
+
+namespace qv::service {
+namespace {
+
+// {3F6A2C1E-5B7D-4E90-A1C3-7D2E9F4B8A06}, as the MOF of the provider names it
+constexpr CLSID instanceProviderId{
+    0x3F6A2C1E, 0x5B7D, 0x4E90, {0xA1, 0xC3, 0x7D, 0x2E, 0x9F, 0x4B, 0x8A, 0x06}};
+
+std::string ThisComputer() {
+    std::wstring name(MAX_COMPUTERNAME_LENGTH + 1, L'\0');
+    auto length = static_cast<DWORD>(name.size());
+    windows::ThrowIfFailed(GetComputerNameW(name.data(), &length)
+                               ? S_OK
+                               : HRESULT_FROM_WIN32(GetLastError()));
+    name.resize(length);
+    return windows::ToNarrow(name, CP_UTF8);
+}
+
+windows::ComPtr<IUnknown> CreateRegistered(REFCLSID classId) {
+    windows::ComPtr<IUnknown> object;
+    windows::ThrowIfFailed(
+        CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&object)));
+    return object;
+}
+
+/// The module that an object's code is in.
+HMODULE ModuleOf(IUnknown& object) {
+    HMODULE module = nullptr;
+    const void* const* functions = *reinterpret_cast<void***>(&object);
+    const BOOL found = GetModuleHandleExW(
+        GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+        static_cast<LPCWSTR>(functions[0]), &module);
+    windows::ThrowIfFailed(found ? S_OK : HRESULT_FROM_WIN32(GetLastError()));
+    return module;
+}
+
+}  // namespace
+
+ManagementHost::ManagementHost(const HostOptions& options)
+    : namespace_(OpenPublished(
+          ReadPublishedClasses(options.mofFiles),
+          options.recorded ? options.recorded->Computer().server : ThisComputer())),
+      recordings_(options.recorded ? std::make_shared<RecordingSequence>(RecordingsOf(options))
+                                   : nullptr) {
+    const Connector machine =
+        WithPublished(namespace_, recordings_ ? ConnectRecorded(recordings_) : ConnectLive());
+    locator_.emplace(CLSID_WbemAdministrativeLocator, [machine](REFIID iid, void** object) {
+        return windows::MakeObject<Locator>(machine)->QueryInterface(iid, object);
+    });
+    pathParser_.emplace(windows::pathParserClassId, [](REFIID iid, void** object) {
+        return windows::MakeObject<PathParser>()->QueryInterface(iid, object);
+    });
+    if (!options.registered) {
+        library_.emplace(options.library);
+    }
+    const windows::ComPtr<IUnknown> object = Create(instanceProviderId);
+    module_ = ModuleOf(*object.Get());
+    if (options.recorded) {
+        names_.emplace(module_, options.recorded->Computer());
+    }
+    provider_ = std::make_shared<ProviderObject>(object, windows::ToWide(providerNamespace),
+                                                 *Connect().Get());
+    namespace_->Attach(std::make_shared<const ProviderSource>(provider_));
+}
+
+ManagementHost::~ManagementHost() {
+    ReleaseProvider();
+}
+
+void ManagementHost::ReleaseProvider() {
+    namespace_->Attach(nullptr);
+    provider_.reset();
+}
+
+std::unique_ptr<EventFeed> ManagementHost::Subscribe() const {
+    return std::make_unique<HostedEvents>(*this);
+}
+
+windows::ComPtr<IUnknown> ManagementHost::Create(REFCLSID classId) const {
+    return library_ ? library_->Create(classId) : CreateRegistered(classId);
+}
+
+windows::ComPtr<IWbemServices> ManagementHost::Connect() const {
+    return windows::MakeObject<ServicesFace>(namespace_);
+}
+
+bool ManagementHost::CanUnloadLibrary() const {
+    return !library_ || library_->CanUnload();
+}
+
+std::unique_ptr<ProviderHost> StartProvider(const HostOptions& options) {
+    return std::make_unique<ManagementHost>(options);
+}
+
+std::string WhyNotStarted(const HostOptions&) {
+    return {};
+}
+
+}  // namespace qv::service

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <windows.h>
+
+#include <exception>
+#include <functional>
+#include <thread>
+
+#include "qvsata/hosting/CallerIdentity.h"
+#include "qvsata/hosting/ComApartment.h"
+
+namespace qv::service {
+
+/// Runs `body` on a new thread of the multithreaded apartment as the serving of a call, and waits
+/// for it. What it raises is raised here.
+inline void RunAsServedCall(SECURITY_IMPERSONATION_LEVEL level, const std::function<void()>& body) {
+    std::exception_ptr raised;
+    std::thread([&] {
+        try {
+            const ComApartment apartment;
+            const ServedCall call(level);
+            body();
+        } catch (...) {
+            raised = std::current_exception();
+        }
+    }).join();
+    if (raised) {
+        std::rethrow_exception(raised);
+    }
+}
+
+}  // namespace qv::service

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <optional>
+
+#include "events/CSATAHBA_EVENTS.h"
+#include "qvsata/linked/LinkedProvider.h"
+#include "qvsata/linked/ReplayFacts.h"
+#include "qvsata/service/EventFeed.h"
+#include "qvsata/service/Namespace.h"
+
+namespace qv::service {
+
+/// The events of the provider's core: runs the monitor's cycles on the thread that waits for them.
+class LinkedEvents final : public EventFeed, private EventReceiver {
+public:
+    /// `nameSpace` is the provider's own, reached through `machine` too; it outlives the object.
+    LinkedEvents(const Namespace& nameSpace, Connector machine, ComputerNames names);
+
+    News Await(std::chrono::milliseconds longest) override;
+    ObjectList Take() override;
+    std::chrono::milliseconds Pause() const override { return CSATAHBA_EVENTS::interval; }
+    void LetGo() override;
+    void End() override {}
+
+private:
+    using SteadyClock = std::chrono::steady_clock;
+
+    void Receive(const InstanceRecord& event) override;
+
+    const Namespace& nameSpace_;
+    MachineQueries queries_;
+    RecordedNames host_;
+    RecordedFacts system_;
+    LocalClock clock_;
+    OwnLock lock_;
+    SilentLog log_;
+    DiskInventory inventory_{queries_, host_, clock_, lock_};
+    CSATAHBA_EVENTS monitor_{inventory_, clock_, log_};
+    std::string namespacePrefix_;
+    SteadyClock::time_point due_ = SteadyClock::now();  ///< when the next cycle begins
+    ObjectList delivered_;
+};
+
+}  // namespace qv::service

@@ -1,0 +1,95 @@
+#include "qvsata/linked/LinkedProvider.h"
+
+#include <algorithm>
+#include <exception>
+#include <memory>
+#include <new>
+#include <utility>
+
+#include "qvsata/cim/PathParts.h"
+#include "qvsata/cim/StatusCodes.h"
+#include "qvsata/linked/RecordPut.h"
+#include "qvsata/service/PublishedNamespace.h"
+#include "source/EmbeddedPaths.h"
+#include "source/HostIdentity.h"
+
+namespace qv::service {
+namespace {
+
+/// The length of a text in the units of the platform's wide text.
+std::size_t WideLength(std::string_view utf8) {
+    std::size_t length = 0;
+    for (const char character : utf8) {
+        const auto byte = static_cast<unsigned char>(character);
+        const bool continues = (byte & 0xC0U) == 0x80U;
+        length += continues ? 0 : (byte >= 0xF0U ? 2 : 1);
+    }
+    return length;
+}
+
+/// Runs a request to the provider; what it raises is the request's failure.
+template <typename Body>
+Answer RunRequest(std::string_view request, Body body) {
+    try {
+        return body();
+    } catch (const RequestError& error) {
+        return FailedRequest(error.status(), request, error.what());
+    } catch (const std::bad_alloc& error) {
+        return FailedRequest(Status::outOfMemory, request, error.what());
+    } catch (const std::exception& error) {
+        return FailedRequest(status::providerFailure, request, error.what());
+    }
+}
+
+}  // namespace
+
+LinkedProvider::LinkedProvider(Connector machine, ComputerNames names)
+    : queries_(std::move(machine)),
+      host_(std::move(names)),
+      namespacePrefix_(BuildNamespacePrefix(queries_, providerNamespace, {})) {}
+
+Answer LinkedProvider::Publish(const ResolvedClassPtr& type, const RecordList& records) const {
+    Answer answer;
+    for (const InstanceRecord& record : records) {
+        auto instance = std::make_shared<Instance>(type);
+        answer.status = PutRecord(*instance, record, namespacePrefix_);
+        if (!Succeeded(answer.status)) {
+            break;
+        }
+        answer.objects.push_back(std::move(instance));
+    }
+    return answer;
+}
+
+Answer LinkedProvider::Enumerate(const ResolvedClassPtr& type) const {
+    const std::string request = "enumerating " + type->name;
+    return RunRequest(request, [&] {
+        Answer answer =
+            Publish(type, api_.BuildInstances(type->name, mode::allProperties, {}));
+        return Succeeded(answer.status) ? std::move(answer)
+                                        : FailedRequest(answer.status, request);
+    });
+}
+
+std::optional<Answer> LinkedProvider::Get(const ResolvedClassPtr& type, std::string_view path) const {
+    constexpr std::size_t longestPath = 999;
+    return RunRequest(path, [&]() -> Answer {
+        const std::optional<PathParts> parts = CutPath(path);
+        if (!parts) {
+            return FailedRequest(status::invalidParameter, path);
+        }
+        if (WideLength(parts->relative) > longestPath) {
+            return FailedRequest(status::bufferTooSmall, path);
+        }
+        std::string wanted = parts->relative;
+        ReduceEmbeddedPaths(wanted);
+        RecordList records = api_.BuildInstances(parts->className, mode::allProperties, wanted);
+        if (records.empty()) {
+            return FailedRequest(Status::notFound, path);
+        }
+        records.erase(records.begin() + 1, records.end());
+        return Publish(type, records);
+    });
+}
+
+}  // namespace qv::service

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string>
+
+#include "NativeAPI/NativeAPI.h"
+#include "platform/LogPort.h"
+#include "qvsata/service/InstanceSource.h"
+#include "qvsata/service/MachineQueries.h"
+
+namespace qv::service {
+
+/// A log that nothing is written to.
+class SilentLog final : public platform::LogPort {
+public:
+    int Level() const override { return 1024; }
+    void Write(int, std::string_view) override {}
+};
+
+/// The provider's core in the place of its library: answers as CQVWMISATA_InstProv does.
+class LinkedProvider final : public InstanceSource {
+public:
+    /// The provider asks `machine` its queries, its own namespace among them.
+    LinkedProvider(Connector machine, ComputerNames names);
+
+    bool Serves(const ResolvedClassPtr& type) const override { return type->isDynamic; }
+    Answer Enumerate(const ResolvedClassPtr& type) const override;
+    std::optional<Answer> Get(const ResolvedClassPtr& type, std::string_view path) const override;
+
+private:
+    Answer Publish(const ResolvedClassPtr& type, const RecordList& records) const;
+
+    MachineQueries queries_;
+    RecordedNames host_;
+    mutable SilentLog log_;
+    NativeAPI api_{queries_, host_, log_};
+    std::string namespacePrefix_;
+};
+
+}  // namespace qv::service

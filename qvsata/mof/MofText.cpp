@@ -1,0 +1,153 @@
+#include "qvsata/mof/MofText.h"
+
+#include <array>
+#include <charconv>
+
+#include "qvsata/cim/ClassObject.h"
+#include "source/Text.h"
+
+namespace qv::service {
+namespace {
+
+std::string Quoted(std::string_view text) {
+    std::string quoted = "\"";
+    for (const char character : text) {
+        switch (character) {
+            case '"':
+            case '\\':
+                quoted += '\\';
+                quoted += character;
+                break;
+            case '\n':
+                quoted += "\\n";
+                break;
+            case '\r':
+                quoted += "\\r";
+                break;
+            case '\t':
+                quoted += "\\t";
+                break;
+            default:
+                quoted += character;
+        }
+    }
+    return quoted + '"';
+}
+
+// The text of one value, or of one element of an array.
+std::string Text(std::monostate) {
+    return "NULL";
+}
+
+std::string Text(bool flag) {
+    return flag ? "TRUE" : "FALSE";
+}
+
+std::string Text(std::int64_t number) {
+    return std::to_string(number);
+}
+
+std::string Text(double number) {
+    std::array<char, 64> buffer{};
+    const auto [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number);
+    return {buffer.data(), end};
+}
+
+std::string Text(const std::string& text) {
+    return Quoted(text);
+}
+
+template <typename Element, typename Write>
+std::string List(const std::vector<Element>& elements, Write write) {
+    std::string list = "{";
+    for (std::string_view separator; const Element& element : elements) {
+        list += separator;
+        list += write(element);
+        separator = ", ";
+    }
+    return list + "}";
+}
+
+template <typename Element>
+std::string Text(const std::vector<Element>& elements) {
+    return List(elements, [](const Element& element) { return Text(element); });
+}
+
+/// A value of a property: 64-bit numbers are text in a CimValue, but no texts in MOF.
+std::string PropertyText(const ObjectProperty& property) {
+    if (property.type != CimType::sint64 && property.type != CimType::uint64) {
+        return MofValueText(property.value);
+    }
+    if (const auto* number = std::get_if<std::string>(&property.value)) {
+        return *number;
+    }
+    if (const auto* numbers = std::get_if<std::vector<std::string>>(&property.value)) {
+        return List(*numbers, [](const std::string& number) { return number; });
+    }
+    return MofValueText(property.value);
+}
+
+std::string QualifierText(const Qualifier& qualifier) {
+    const auto* flag = std::get_if<bool>(&qualifier.value);
+    if (flag != nullptr && *flag) {
+        return qualifier.name;
+    }
+    const std::string value = MofValueText(qualifier.value);
+    return qualifier.name + (value.starts_with('{') ? value : "(" + value + ")");
+}
+
+std::string QualifierList(const std::vector<Qualifier>& qualifiers) {
+    std::string list;
+    for (const Qualifier& qualifier : qualifiers) {
+        list += (list.empty() ? "" : ", ") + QualifierText(qualifier);
+    }
+    return list.empty() ? list : "[" + list + "] ";
+}
+
+}  // namespace
+
+std::string MofValueText(const CimValue& value) {
+    return std::visit([](const auto& held) { return Text(held); }, value);
+}
+
+std::string ObjectAsMof(const Object& object) {
+    if (const auto* definition = dynamic_cast<const ClassObject*>(&object)) {
+        return ClassAsMof(*definition->Definition());
+    }
+    std::string text = "instance of " + object.ClassName() + "\n{\n";
+    for (const ObjectProperty& property : PropertiesOf(object)) {
+        if (!std::holds_alternative<std::monostate>(property.value)) {
+            text += "    " + property.name + " = " + PropertyText(property) + ";\n";
+        }
+    }
+    return text + "};\n";
+}
+
+std::string ClassAsMof(const ResolvedClass& definition) {
+    std::string text = QualifierList(definition.qualifiers);
+    if (!text.empty()) {
+        text.back() = '\n';
+    }
+    text += "class " + definition.name;
+    if (!definition.derivation.empty()) {
+        text += " : " + definition.Superclass();
+    }
+    text += "\n{\n";
+    for (const PropertyDefinition& property : definition.properties) {
+        if (!EqualsIgnoringCase(property.declaringClass, definition.name)) {
+            continue;
+        }
+        const bool isReference = property.type == CimType::reference;
+        text += "    " + QualifierList(property.qualifiers) +
+                (isReference ? property.referenceClass + " ref"
+                             : std::string(CimTypeName(property.type))) +
+                " " + property.name + (property.isArray ? "[]" : "");
+        if (!std::holds_alternative<std::monostate>(property.defaultValue)) {
+            text += " = " + MofValueText(property.defaultValue);
+        }
+        text += ";\n";
+    }
+    return text + "};\n";
+}
+
+}  // namespace qv::service

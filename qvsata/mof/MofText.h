@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "qvsata/cim/Object.h"
+#include "qvsata/cim/ResolvedClass.h"
+
+namespace qv::service {
+
+/// A value as MOF writes it: texts quoted, arrays in braces, NULL for no value.
+std::string MofValueText(const CimValue& value);
+
+/// Returns an instance as `instance of Class { ... };` with one line for each property that has a
+/// value, a class definition as ClassAsMof does.
+std::string ObjectAsMof(const Object& object);
+
+/// Returns the class with the properties that it declares itself, and the qualifiers of both.
+std::string ClassAsMof(const ResolvedClass& definition);
+
+}  // namespace qv::service

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "qvsata/cim/Object.h"
+
+namespace qv::tool {
+
+/// Objects as text for a reader, see FormatObjects. "(none)" when there are no objects.
+std::string ObjectsAsText(const service::ObjectList& objects);
+
+/// A table with a heading, its columns aligned, numbers to the right.
+struct Table {
+    std::vector<std::string> heading;
+    std::vector<std::vector<std::string>> rows;  ///< each as long as the heading
+};
+
+std::string TableAsText(const Table& table);
+
+}  // namespace qv::tool

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <filesystem>
+#include <stdexcept>
+#include <string_view>
+
+#include "qvsata/recorded/RecordedHost.h"
+
+namespace qv::service {
+
+/// A recorded host that cannot be read. The message is one line: file, place, reason.
+class HostFileError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// Reads a recorded host from its JSON form (hosts/README.md). `name` stands for the file in
+/// messages. Throws HostFileError.
+RecordedHost ReadHostText(std::string_view json, std::string_view name);
+
+/// Reads the same from a file.
+RecordedHost ReadHostFile(const std::filesystem::path& file);
+
+}  // namespace qv::service

@@ -1,0 +1,57 @@
+#include "qvsata/recorded/RecordedClass.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace qv::service {
+namespace {
+
+// Class="value" does not name the key, so that its identity is no other path's.
+bool HasIdentity(const ObjectPath& path) {
+    return std::ranges::none_of(path.keys, &std::string::empty, &PathKey::name);
+}
+
+}  // namespace
+
+void RecordedClass::Add(RowProperties properties) {
+    const auto row = std::make_shared<const RecordedRow>(MakeRow(name_, std::move(properties)));
+    rows_.push_back(row);
+    if (!row->path.keys.empty()) {
+        byPath_[IdentityOf(row->path)].push_back(row);
+    }
+    for (const Reference& reference : row->references) {
+        RecordedRows& referencing = byReference_[IdentityOf(reference.path)];
+        if (referencing.empty() || referencing.back() != row) {
+            referencing.push_back(row);
+        }
+    }
+}
+
+void RecordedClass::Fail() {
+    *this = RecordedClass(std::move(name_));
+    fails_ = true;
+}
+
+RecordedRowPtr RecordedClass::Find(const ObjectPath& path) const {
+    const auto candidates = byPath_.find(IdentityOf(path));
+    const RecordedRows* among = &rows_;
+    if (HasIdentity(path)) {
+        if (candidates == byPath_.end()) {
+            return nullptr;
+        }
+        among = &candidates->second;
+    }
+    const auto found = std::ranges::find_if(
+        *among, [&path](const RecordedRowPtr& row) { return NamesSameObject(row->path, path); });
+    return found == among->end() ? nullptr : *found;
+}
+
+RecordedRows RecordedClass::Referencing(const ObjectPath& path) const {
+    if (!HasIdentity(path)) {
+        return rows_;
+    }
+    const auto candidates = byReference_.find(IdentityOf(path));
+    return candidates == byReference_.end() ? RecordedRows{} : candidates->second;
+}
+
+}  // namespace qv::service

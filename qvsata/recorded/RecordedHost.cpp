@@ -1,0 +1,44 @@
+#include "qvsata/recorded/RecordedHost.h"
+
+#include <utility>
+
+#include "source/Text.h"
+
+namespace qv::service {
+
+RecordedHost::RecordedHost(ComputerNames computer, std::string description)
+    : description_(std::move(description)), computer_(std::move(computer)) {
+    if (computer_.server.empty()) {
+        computer_.server = computer_.netbios.empty() ? "." : computer_.netbios;
+    }
+}
+
+const RecordedNamespace* RecordedHost::FindNamespace(std::string_view nameSpace) const {
+    const auto found = byName_.find(FoldCase(NormalNamespace(nameSpace)));
+    return found == byName_.end() ? nullptr : &namespaces_[found->second];
+}
+
+RecordedNamespace& RecordedHost::Namespace(std::string_view nameSpace) {
+    std::string name = NormalNamespace(nameSpace);
+    const auto [found, isNew] = byName_.emplace(FoldCase(name), namespaces_.size());
+    return isNew ? namespaces_.emplace_back(std::move(name)) : namespaces_[found->second];
+}
+
+void RecordedHost::DefineNamespace(std::string_view nameSpace) {
+    Namespace(nameSpace);
+}
+
+void RecordedHost::DefineClass(std::string_view nameSpace, std::string_view className) {
+    Namespace(nameSpace).Class(className);
+}
+
+void RecordedHost::AddRow(std::string_view nameSpace, std::string_view className,
+                          RowProperties properties) {
+    Namespace(nameSpace).Class(className).Add(std::move(properties));
+}
+
+void RecordedHost::FailClass(std::string_view nameSpace, std::string_view className) {
+    Namespace(nameSpace).Class(className).Fail();
+}
+
+}  // namespace qv::service

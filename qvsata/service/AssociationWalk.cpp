@@ -1,0 +1,227 @@
+#include "qvsata/service/AssociationWalk.h"
+
+#include <algorithm>
+#include <iterator>
+#include <map>
+#include <set>
+#include <unordered_map>
+#include <utility>
+
+#include "qvsata/cim/ClassObject.h"
+#include "qvsata/cim/ObjectPathParser.h"
+#include "qvsata/cim/StatusCodes.h"
+#include "source/Text.h"
+
+namespace qv::service {
+namespace {
+
+/// Whether a name that a query may leave out allows `name`.
+bool Allows(const std::string& asked, std::string_view name) {
+    return asked.empty() || EqualsIgnoringCase(asked, name);
+}
+
+/// One association instance in which a reference names the path that was asked for.
+struct Link {
+    ObjectPtr association;
+    std::string role;  ///< the reference that names the path
+};
+
+class Walk {
+public:
+    Walk(const Namespace& nameSpace, const ObjectPath& path) : nameSpace_(nameSpace), path_(path) {}
+
+    /// Returns the links of the path through classes that are, or derive from, `assocClass`; none
+    /// when the instances of one of them cannot be had.
+    std::vector<Link> Links(const std::string& assocClass, const std::string& role) {
+        const NamespaceClasses& classes = nameSpace_.Classes();
+        if (!assocClass.empty() && !classes.Find(assocClass)) {
+            failure_ = {status::invalidClass, "unknown class '" + assocClass + "'", {}};
+            return {};
+        }
+        std::vector<Link> links;
+        for (const ResolvedClassPtr& type :
+             assocClass.empty() ? classes.Listed() : classes.WithSubclasses(assocClass)) {
+            if (!MayName(type, role)) {
+                continue;
+            }
+            for (const ObjectPtr& association : Candidates(type)) {
+                AppendLinks(association, role, links);
+            }
+            if (failure_) {
+                return {};
+            }
+        }
+        return links;
+    }
+
+    /// Returns the object that a reference names, or null, also when the instances of its class
+    /// cannot be had. Each class is enumerated at most once.
+    ObjectPtr Find(const ObjectPath& path) {
+        const ResolvedClassPtr type = nameSpace_.Classes().Find(path.className);
+        if (!type) {
+            return nullptr;
+        }
+        for (const auto& source : nameSpace_.SourcesOf(type)) {
+            const std::optional<ObjectPtr> found = source->LookUp(type, path);
+            if (ObjectPtr object = found ? *found : FindAmong(*source, type, path)) {
+                return object;
+            }
+        }
+        return nullptr;
+    }
+
+    /// The failure that ends the walk, if there was one.
+    const std::optional<Answer>& Failure() const { return failure_; }
+
+private:
+    struct NamedObject {
+        ObjectPath path;
+        ObjectPtr object;
+    };
+    using Named = std::vector<NamedObject>;
+
+    ObjectList Take(Answer answer) {
+        ObjectList objects = std::move(answer.objects);
+        if (!Succeeded(answer.status)) {
+            failure_ = std::move(answer);
+            objects.clear();
+        }
+        return objects;
+    }
+
+    ObjectList Candidates(const ResolvedClassPtr& type) {
+        ObjectList candidates;
+        for (const auto& source : nameSpace_.SourcesOf(type)) {
+            std::optional<Answer> answer = source->Referencing(type, path_);
+            std::ranges::move(Take(answer ? std::move(*answer) : source->Enumerate(type)),
+                              std::back_inserter(candidates));
+        }
+        return candidates;
+    }
+
+    /// Whether a reference of the class can name the path.
+    bool MayName(const ResolvedClassPtr& type, const std::string& role) const {
+        const NamespaceClasses& classes = nameSpace_.Classes();
+        return type->isUndefined ||
+               std::ranges::any_of(type->properties, [&](const PropertyDefinition& property) {
+                   return property.type == CimType::reference && Allows(role, property.name) &&
+                          (classes.IsA(path_.className, property.referenceClass) ||
+                           classes.IsA(property.referenceClass, path_.className));
+               });
+    }
+
+    void AppendLinks(const ObjectPtr& association, const std::string& role,
+                     std::vector<Link>& links) const {
+        for (const Reference& reference : association->References()) {
+            if (Allows(role, reference.role) && NamesSameObject(reference.path, path_)) {
+                links.push_back({association, reference.role});
+            }
+        }
+    }
+
+    ObjectPtr FindAmong(const InstanceSource& source, const ResolvedClassPtr& type,
+                        const ObjectPath& path) {
+        const auto [known, isNew] = named_.try_emplace({&source, type->name});
+        if (isNew) {
+            for (const ObjectPtr& object : Take(source.Enumerate(type))) {
+                if (auto own = ParseObjectPath(TextOf(*object, "__RELPATH"))) {
+                    const std::string identity = IdentityOf(*own);
+                    known->second[identity].push_back({std::move(*own), object});
+                }
+            }
+        }
+        const auto candidates = known->second.find(IdentityOf(path));
+        if (candidates == known->second.end()) {
+            return nullptr;
+        }
+        const auto found =
+            std::ranges::find_if(candidates->second, [&path](const NamedObject& one) {
+                return NamesSameObject(one.path, path);
+            });
+        return found == candidates->second.end() ? nullptr : found->object;
+    }
+
+    const Namespace& nameSpace_;
+    const ObjectPath& path_;
+    /// Of each source and class that was enumerated: the instances by the identity of their paths.
+    std::map<std::pair<const InstanceSource*, std::string>, std::unordered_map<std::string, Named>>
+        named_;
+    std::optional<Answer> failure_;
+};
+
+/// Collects the results of a query: each object, or each object's class, once.
+class Results {
+public:
+    Results(const Namespace& nameSpace, bool classesOnly)
+        : nameSpace_(nameSpace), classesOnly_(classesOnly) {}
+
+    void Add(const ObjectPtr& object) {
+        const std::string className = object->ClassName();
+        if (!seen_.insert(FoldCase(classesOnly_ ? className : TextOf(*object, "__RELPATH")))
+                 .second) {
+            return;
+        }
+        answer_.objects.push_back(classesOnly_ ? std::make_shared<const ClassObject>(
+                                                     nameSpace_.Classes().Find(className))
+                                               : object);
+    }
+
+    Answer Take() { return std::move(answer_); }
+
+private:
+    const Namespace& nameSpace_;
+    bool classesOnly_;
+    std::set<std::string> seen_;
+    Answer answer_;
+};
+
+/// A class without a definition may have instances that nobody recorded.
+std::optional<Answer> UnknownClassOf(const Namespace& nameSpace, const ObjectPath& path) {
+    if (nameSpace.Classes().Find(path.className) ||
+        std::ranges::any_of(nameSpace.Classes().Listed(),
+                            [](const ResolvedClassPtr& type) { return type->isUndefined; })) {
+        return std::nullopt;
+    }
+    return Answer{Status::notFound, "unknown class '" + path.className + "'", {}};
+}
+
+}  // namespace
+
+Answer AssociatorsOf(const Namespace& nameSpace, const AssociatorsQuery& query) {
+    if (auto unknown = UnknownClassOf(nameSpace, query.path)) {
+        return std::move(*unknown);
+    }
+    Walk walk(nameSpace, query.path);
+    Results results(nameSpace, query.classDefsOnly);
+    for (const Link& link : walk.Links(query.assocClass, query.role)) {
+        for (const Reference& end : link.association->References()) {
+            if (end.role == link.role || !Allows(query.resultRole, end.role) ||
+                (!query.resultClass.empty() &&
+                 !nameSpace.Classes().IsA(end.path.className, query.resultClass))) {
+                continue;
+            }
+            const ObjectPtr object = walk.Find(end.path);
+            if (walk.Failure()) {
+                return *walk.Failure();
+            }
+            if (object) {
+                results.Add(object);
+            }
+        }
+    }
+    return walk.Failure() ? *walk.Failure() : results.Take();
+}
+
+Answer ReferencesOf(const Namespace& nameSpace, const ReferencesQuery& query) {
+    if (auto unknown = UnknownClassOf(nameSpace, query.path)) {
+        return std::move(*unknown);
+    }
+    Walk walk(nameSpace, query.path);
+    Results results(nameSpace, query.classDefsOnly);
+    for (const Link& link : walk.Links(query.resultClass, query.role)) {
+        results.Add(link.association);
+    }
+    return walk.Failure() ? *walk.Failure() : results.Take();
+}
+
+}  // namespace qv::service

@@ -1,0 +1,76 @@
+#include "qvsata/service/MachineQueries.h"
+
+#include <algorithm>
+#include <memory>
+#include <type_traits>
+#include <utility>
+
+namespace qv::service {
+namespace {
+
+constexpr std::uint32_t invalidComputerName = 1210;
+
+class ObjectRow final : public platform::Row {
+public:
+    explicit ObjectRow(ObjectPtr object) : object_(std::move(object)) {}
+
+    platform::PropertyRead Get(std::string_view name) const override {
+        const std::optional<ObjectProperty> property = object_->Find(name);
+        return property ? platform::PropertyRead{Status::noError, ToPlatformValue(property->value)}
+                        : platform::PropertyRead{Status::notFound, {}};
+    }
+
+private:
+    ObjectPtr object_;
+};
+
+}  // namespace
+
+platform::QueryResult MachineQueries::RunWqlQuery(std::string_view nameSpace,
+                                                  std::string_view query,
+                                                  platform::Rows& rows) const {
+    rows.clear();
+    const Connection connection = machine_(nameSpace);
+    if (!connection.services) {
+        return platform::QueryResult::failed;
+    }
+    Answer answer = connection.services->Query(query);
+    for (ObjectPtr& object : answer.objects) {
+        rows.push_back(std::make_shared<const ObjectRow>(std::move(object)));
+    }
+    return Succeeded(answer.status) ? platform::QueryResult::submitted
+                                    : platform::QueryResult::failed;
+}
+
+platform::ComputerName RecordedNames::NameInFormat(platform::NameFormat format) const {
+    const std::string& name = format == platform::NameFormat::dnsFullyQualified
+                                  ? names_.dnsFullyQualified
+                              : format == platform::NameFormat::dnsHostname ? names_.dnsHostname
+                                                                            : names_.netbios;
+    return name.empty() ? platform::ComputerName{invalidComputerName, {}}
+                        : platform::ComputerName{0, name};
+}
+
+platform::Value ToPlatformValue(const CimValue& value) {
+    return std::visit(
+        [](const auto& held) -> platform::Value {
+            using T = std::decay_t<decltype(held)>;
+            if constexpr (std::is_same_v<T, std::int64_t>) {
+                return static_cast<std::int32_t>(held);
+            } else if constexpr (std::is_same_v<T, std::vector<std::int64_t>>) {
+                std::vector<std::int32_t> numbers(held.size());
+                std::ranges::transform(held, numbers.begin(), [](std::int64_t number) {
+                    return static_cast<std::int32_t>(number);
+                });
+                return numbers;
+            } else if constexpr (std::is_constructible_v<platform::Value,
+                                                         std::in_place_type_t<T>>) {
+                return held;
+            } else {
+                return platform::UnreadValue{};
+            }
+        },
+        value);
+}
+
+}  // namespace qv::service

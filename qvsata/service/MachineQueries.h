@@ -1,0 +1,38 @@
+#pragma once
+
+#include "platform/HostFacts.h"
+#include "platform/QueryPort.h"
+#include "qvsata/recorded/RecordedHost.h"
+#include "qvsata/service/Services.h"
+
+namespace qv::service {
+
+/// The portable core's way to ask a machine: each query connects anew. Texts stay UTF-8.
+class MachineQueries final : public platform::QueryPort {
+public:
+    explicit MachineQueries(Connector machine) : machine_(std::move(machine)) {}
+
+    platform::QueryResult RunWqlQuery(std::string_view nameSpace, std::string_view query,
+                                      platform::Rows& rows) const override;
+
+private:
+    Connector machine_;
+};
+
+/// The names of a recorded computer; a name that was not recorded is error 1210 (invalid computer
+/// name).
+class RecordedNames final : public platform::HostFacts {
+public:
+    explicit RecordedNames(ComputerNames names) : names_(std::move(names)) {}
+
+    platform::ComputerName NameInFormat(platform::NameFormat format) const override;
+
+private:
+    ComputerNames names_;
+};
+
+/// Returns a property's value as the management service would hand it over: whole numbers as 32-bit
+/// ones; what the core does not read as platform::UnreadValue.
+platform::Value ToPlatformValue(const CimValue& value);
+
+}  // namespace qv::service

@@ -1,0 +1,52 @@
+#include "qvsata/service/NamespaceClasses.h"
+
+#include <utility>
+
+#include "qvsata/cim/SystemClasses.h"
+#include "source/Text.h"
+
+namespace qv::service {
+
+NamespaceClasses::NamespaceClasses(const ClassRepository& repository, std::string_view server,
+                                   std::string_view nameSpace) {
+    for (const ClassDefinition& definition : SystemClasses()) {
+        byName_[FoldCase(definition.name)].type =
+            Resolve(repository, definition.name, server, nameSpace);
+    }
+    for (const ClassDefinition& definition : repository.Classes()) {
+        listed_.push_back(Resolve(repository, definition.name, server, nameSpace));
+        byName_[FoldCase(definition.name)].type = listed_.back();
+    }
+    for (const ResolvedClassPtr& type : listed_) {
+        byName_[FoldCase(type->name)].withSubclasses.push_back(type);
+        for (const std::string& ancestor : type->derivation) {
+            byName_[FoldCase(ancestor)].withSubclasses.push_back(type);
+        }
+    }
+}
+
+NamespaceClasses::NamespaceClasses(std::vector<ResolvedClassPtr> classes)
+    : listed_(std::move(classes)) {
+    for (const ResolvedClassPtr& type : listed_) {
+        byName_[FoldCase(type->name)] = {type, {type}};
+    }
+}
+
+ResolvedClassPtr NamespaceClasses::Find(std::string_view className) const {
+    const auto found = byName_.find(FoldCase(className));
+    return found == byName_.end() ? nullptr : found->second.type;
+}
+
+const std::vector<ResolvedClassPtr>& NamespaceClasses::WithSubclasses(
+    std::string_view className) const {
+    static const std::vector<ResolvedClassPtr> none;
+    const auto found = byName_.find(FoldCase(className));
+    return found == byName_.end() ? none : found->second.withSubclasses;
+}
+
+bool NamespaceClasses::IsA(std::string_view className, std::string_view ancestor) const {
+    const ResolvedClassPtr type = Find(className);
+    return type ? type->IsA(ancestor) : EqualsIgnoringCase(className, ancestor);
+}
+
+}  // namespace qv::service

@@ -1,0 +1,29 @@
+#include "qvsata/service/ProviderHost.h"
+
+#include <algorithm>
+#include <iterator>
+#include <string>
+
+#include "qvsata/mof/MofReader.h"
+#include "qvsata/service/PublishedNamespace.h"
+
+namespace qv::service {
+
+std::vector<std::shared_ptr<const RecordedHost>> RecordingsOf(const HostOptions& options) {
+    std::vector recordings{options.recorded};
+    std::ranges::copy(options.laterRecordings, std::back_inserter(recordings));
+    return recordings;
+}
+
+ClassRepository ReadPublishedClasses(const std::vector<std::filesystem::path>& mofFiles) {
+    std::vector<std::string> files;
+    for (const std::filesystem::path& file : mofFiles) {
+        const std::u8string utf8 = file.u8string();
+        files.emplace_back(utf8.begin(), utf8.end());
+    }
+    Namespaces namespaces;
+    ReadMofFiles(files, namespaces);
+    return namespaces.Of(providerNamespace);
+}
+
+}  // namespace qv::service

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "qvsata/service/Answer.h"
+
+namespace qv::service {
+
+/// A connection to one namespace of a management service: what a client asks of it. Any number of
+/// threads may ask at once.
+class Services {
+public:
+    virtual ~Services() = default;
+
+    /// Returns the class definition or the instance that a path names.
+    virtual Answer Get(std::string_view path) const = 0;
+
+    /// Returns the instances of a class and of its subclasses.
+    virtual Answer Enumerate(std::string_view className) const = 0;
+
+    /// Returns what a WQL query asks for.
+    virtual Answer Query(std::string_view wql) const = 0;
+};
+
+/// What connecting to a namespace gave: the connection, or the status of the failure.
+struct Connection {
+    Status status = Status::noError;
+    std::shared_ptr<const Services> services;  ///< null on failure
+};
+
+/// Connects to a namespace of a machine, recorded or live, in the spelling of the caller. Any
+/// number of threads may connect at once.
+using Connector = std::function<Connection(std::string_view nameSpace)>;
+
+}  // namespace qv::service
