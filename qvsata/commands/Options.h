@@ -5,11 +5,9 @@
 #include <vector>
 
 #include "CLI/CLI.hpp"
+#include "qvsata/output/Format.h"
 
 namespace qv::tool {
-
-/// How objects are written.
-enum class Format { text, json, mof };
 
 /// What every command that asks the provider is told: where the machine's facts come from, which
 /// provider, how to write the answer.

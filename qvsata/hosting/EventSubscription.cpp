@@ -3,6 +3,7 @@
 #include <wbemprov.h>
 
 #include "platform/windows/Text.h"
+#include "platform/windows/WbemStatus.h"
 #include "qvsata/hosting/ProviderInit.h"
 #include "qvsata/hosting/ServedThread.h"
 

@@ -61,9 +61,10 @@ HRESULT InstanceFace::Delete(LPCWSTR name) {
         return windows::Hr(WBEM_E_INVALID_PARAMETER);
     }
     return Guarded([&]() -> HRESULT {
-        return instance_->Reset(windows::ToNarrow(name, CP_UTF8))
-                   ? WBEM_S_RESET_TO_DEFAULT
-                   : windows::Hr(WBEM_E_NOT_FOUND);
+        if (!instance_->Reset(windows::ToNarrow(name, CP_UTF8))) {
+            return windows::Hr(WBEM_E_NOT_FOUND);
+        }
+        return WBEM_S_RESET_TO_DEFAULT;
     });
 }
 

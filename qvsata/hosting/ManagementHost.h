@@ -5,10 +5,8 @@
 #include <memory>
 #include <optional>
 
-#include "qvsata/recorded/RecordedHost.h"
-#include "qvsata/recorded/RecordingSequence.h"
 #include "qvsata/hosting/ComApartment.h"
-#include "qvsata/service/Namespace.h"
+#include "qvsata/service/ProviderHost.h"
 #include "qvsata/hosting/ProviderLibrary.h"
 #include "qvsata/hosting/ProviderObject.h"
 #include "qvsata/hosting/ComputerNamePatch.h"

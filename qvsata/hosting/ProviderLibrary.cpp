@@ -2,7 +2,7 @@
 
 #include <system_error>
 
-#include "platform/Status.h"
+#include "platform/windows/WbemStatus.h"
 
 namespace qv::service {
 namespace {

@@ -1,5 +1,6 @@
 #include "qvsata/hosting/ServedClass.h"
 
+#include "platform/windows/WbemStatus.h"
 #include "qvsata/hosting/Guarded.h"
 
 namespace qv::service {

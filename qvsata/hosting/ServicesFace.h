@@ -12,7 +12,7 @@ namespace qv::service {
 /// use it.
 class ServicesFace final : public windows::UnsupportedServices<windows::ComObject<IWbemServices>> {
 public:
-    explicit ServicesFace(std::shared_ptr<const Services> services)
+    explicit ServicesFace(std::shared_ptr<const service::Services> services)
         : services_(std::move(services)) {}
 
     STDMETHODIMP GetObject(const BSTR path, long flags, IWbemContext* context,
@@ -24,7 +24,7 @@ public:
                            IEnumWbemClassObject** objects) override;
 
 private:
-    std::shared_ptr<const Services> services_;
+    std::shared_ptr<const service::Services> services_;
 };
 
 }  // namespace qv::service

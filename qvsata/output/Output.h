@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "qvsata/commands/Options.h"
+#include "qvsata/output/Format.h"
 #include "qvsata/cim/Object.h"
 
 namespace qv::tool {
