@@ -47,6 +47,10 @@ public:
             for (const ObjectPtr& association : Candidates(type)) {
                 AppendLinks(association, role, links);
             }
+            if (failure_ && type->isUndefined && assocClass.empty()) {
+                // Nobody knows whether the class is an association at all.
+                failure_.reset();
+            }
             if (failure_) {
                 return {};
             }

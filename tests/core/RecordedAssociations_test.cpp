@@ -10,8 +10,9 @@
 #include "NativeAPI/NativeAPI.h"
 #include "SourceTree.h"
 #include "catalogue/Associations.h"
-#include "qvsata/service/RecordedQueryPort.h"
 #include "source/PropertyReaders.h"
+#include "qvsata/recorded/HostFile.h"
+#include "tests/support/RecordedPort.h"
 #include "tests/core/Records.h"
 
 namespace qv {
@@ -26,9 +27,9 @@ public:
 };
 
 // A recorded host whose own published disks can be asked for.
-class PublishingHost : public service::RecordedQueryPort {
+class PublishingHost : public test::RecordedPort {
 public:
-    using RecordedQueryPort::RecordedQueryPort;
+    using test::RecordedPort::RecordedPort;
 
     platform::QueryResult RunWqlQuery(std::string_view nameSpace, std::string_view query,
                                       platform::Rows& rows) const override {
@@ -36,7 +37,7 @@ public:
             rows.clear();
             return platform::QueryResult::submitted;
         }
-        return RecordedQueryPort::RunWqlQuery(nameSpace, query, rows);
+        return RecordedPort::RunWqlQuery(nameSpace, query, rows);
     }
 };
 
@@ -182,7 +183,7 @@ protected:
         return references;
     }
 
-    PublishingHost host{service::RecordedHost::FromFile(GetParam())};
+    PublishingHost host{service::ReadHostFile(GetParam())};
     SilentLog log;
     NativeAPI api{host, host, log};
 };

@@ -9,7 +9,7 @@ namespace {
 
 class GoldenRecords : public testing::TestWithParam<std::filesystem::path> {
 protected:
-    RecordedProvider provider_{service::RecordedHost::FromFile(GetParam())};
+    RecordedProvider provider_{service::ReadHostFile(GetParam())};
 };
 
 TEST_P(GoldenRecords, AreThoseOfTheGoldenFile) {

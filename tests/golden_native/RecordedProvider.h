@@ -6,24 +6,25 @@
 
 #include "NativeAPI/NativeAPI.h"
 #include "catalogue/Classes.h"
-#include "qvsata/service/RecordedQueryPort.h"
 #include "source/TypedValue.h"
+#include "qvsata/recorded/HostFile.h"
 #include "tests/golden_native/GoldenText.h"
+#include "tests/support/RecordedPort.h"
 #include "tests/support/ScriptedHost.h"
 
 namespace qv::test {
 
 /// The portable core on a recorded host, without a management service. The core's question for its
 /// own published disks is answered with what it builds.
-class RecordedProvider : public service::RecordedQueryPort {
+class RecordedProvider : public RecordedPort {
 public:
     explicit RecordedProvider(const service::RecordedHost& host)
-        : RecordedQueryPort(host), prefix_(NamespacePrefix(host.Computer().server)) {}
+        : RecordedPort(host), prefix_(NamespacePrefix(host.Computer().server)) {}
 
     platform::QueryResult RunWqlQuery(std::string_view nameSpace, std::string_view query,
                                       platform::Rows& rows) const override {
         if (nameSpace != R"(root\QVQ)" || query != "SELECT * FROM QV_SATADiskDrive") {
-            return RecordedQueryPort::RunWqlQuery(nameSpace, query, rows);
+            return RecordedPort::RunWqlQuery(nameSpace, query, rows);
         }
         rows.clear();
         for (const InstanceRecord& disk : All("QV_SATADiskDrive")) {

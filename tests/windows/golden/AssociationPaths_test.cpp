@@ -2,8 +2,7 @@
 // hands it over, under other server names, and with its keys in another order.
 #include <algorithm>
 
-#include "qvsata/cim/ObjectPath.h"
-#include "qvsata/hosting/ObjectReading.h"
+#include "qvsata/cim/ObjectPathParser.h"
 #include "tests/golden_native/GoldenFiles.h"
 #include "tests/support/HostBuilder.h"
 #include "tests/windows/golden/PublishingHost.h"
@@ -22,13 +21,13 @@ std::string Replaced(std::string text, const std::string& from, const std::strin
 }
 
 /// The path that a client reads from an object: its keys in alphabetical order.
-std::string PathGiven(IWbemClassObject& object) {
-    return service::ReadText(object, "__RELPATH");
+std::string PathGiven(const service::Object& object) {
+    return service::TextOf(object, "__RELPATH");
 }
 
 /// The path whose keys stand in the order of the library.
-std::string PathAsPut(IWbemClassObject& object) {
-    return service::InstanceObject::From(&object)->PathAsPut();
+std::string PathAsPut(const service::Object& object) {
+    return dynamic_cast<const service::Instance&>(object).PathAsPut();
 }
 
 /// \\server\root\QVQ: with its backslashes doubled, as it stands inside a key.
@@ -39,29 +38,29 @@ std::string EmbeddedPrefix(const std::string& server) {
 class AssociationPaths : public testing::TestWithParam<std::filesystem::path> {
 protected:
     service::ObjectList All(std::string_view className) {
-        const service::Answer answer = host_.Namespace().Enumerate(className);
-        EXPECT_EQ(answer.status, S_OK) << className;
+        const service::Answer answer = host_.Published().Enumerate(className);
+        EXPECT_EQ(answer.status, Status::noError) << className;
         return answer.objects;
     }
 
-    static std::vector<std::string> PutsOf(IWbemClassObject& object) {
+    static std::vector<std::string> PutsOf(const service::Object& object) {
         std::vector<std::string> puts;
-        for (const service::PutCall& put : service::InstanceObject::From(&object)->PutLog()) {
+        for (const service::PutCall& put : dynamic_cast<const service::Instance&>(object).Puts()) {
             puts.push_back(put.name + " = " + ValueText(put.value));
         }
         return puts;
     }
 
     /// The path has to lead to the one object with the same puts, whatever its references' server.
-    void ExpectFound(const std::string& path, IWbemClassObject& object) {
+    void ExpectFound(const std::string& path, const service::Object& object) {
         const service::ProviderAnswer answer = host_.Host().Provider().Get(path);
         ASSERT_EQ(answer.Status(), S_OK) << path;
         ASSERT_EQ(answer.objects.size(), 1U) << path;
-        EXPECT_EQ(PutsOf(*answer.objects[0].Get()), PutsOf(object)) << path;
+        EXPECT_EQ(PutsOf(*answer.objects[0]), PutsOf(object)) << path;
     }
 
     PublishingHost host_{GetParam()};
-    std::string server_ = service::RecordedHost::FromFile(GetParam()).Computer().server;
+    std::string server_ = service::ReadHostFile(GetParam()).Computer().server;
 };
 
 TEST_P(AssociationPaths, OfTwoReferencesLeadToTheAssociationAsTheyAreGiven) {
@@ -70,15 +69,15 @@ TEST_P(AssociationPaths, OfTwoReferencesLeadToTheAssociationAsTheyAreGiven) {
             continue;
         }
         for (const auto& object : All(className)) {
-            ExpectFound(PathGiven(*object.Get()), *object.Get());
+            ExpectFound(PathGiven(*object), *object);
         }
     }
 }
 
 TEST_P(AssociationPaths, OfThreeReferencesLeadToTheAssociationInTheLibrarysOrderOnly) {
     for (const auto& object : All(way)) {
-        ExpectFound(PathAsPut(*object.Get()), *object.Get());
-        const service::ProviderAnswer given = host_.Host().Provider().Get(PathGiven(*object.Get()));
+        ExpectFound(PathAsPut(*object), *object);
+        const service::ProviderAnswer given = host_.Host().Provider().Get(PathGiven(*object));
         EXPECT_EQ(given.returned, windows::Hr(WBEM_E_NOT_FOUND));
         EXPECT_EQ(given.completions, 0U);
     }
@@ -87,12 +86,12 @@ TEST_P(AssociationPaths, OfThreeReferencesLeadToTheAssociationInTheLibrarysOrder
 TEST_P(AssociationPaths, LeadToTheAssociationUnderAnotherServersName) {
     for (const char* className : associationClasses) {
         for (const auto& object : All(className)) {
-            const std::string own = PathAsPut(*object.Get());
+            const std::string own = PathAsPut(*object);
             for (const char* server : {".", "OTHER"}) {
                 const std::string other =
                     Replaced(own, EmbeddedPrefix(server_), EmbeddedPrefix(server));
                 EXPECT_NE(other, own);
-                ExpectFound(other, *object.Get());
+                ExpectFound(other, *object);
             }
         }
     }
@@ -114,8 +113,8 @@ protected:
     }
 
     static std::string PathOfWay(PublishingHost& host) {
-        const service::ObjectList ways = host.Namespace().Enumerate(way).objects;
-        return ways.size() == 1 ? PathAsPut(*ways[0].Get()) : "";
+        const service::ObjectList ways = host.Published().Enumerate(way).objects;
+        return ways.size() == 1 ? PathAsPut(*ways[0]) : "";
     }
 
     static HRESULT Get(PublishingHost& host, const std::string& path) {

@@ -3,8 +3,7 @@
 #include <map>
 #include <set>
 
-#include "qvsata/cim/ObjectPath.h"
-#include "qvsata/hosting/ObjectReading.h"
+#include "qvsata/cim/ObjectPathParser.h"
 #include "tests/golden_native/GoldenFiles.h"
 #include "tests/windows/golden/WholeHost.h"
 
@@ -15,8 +14,8 @@ using Paths = std::set<std::string>;
 
 class Closure : public testing::TestWithParam<std::filesystem::path> {
 protected:
-    static std::string RelativePath(IWbemClassObject& object) {
-        return service::ReadText(object, "__RELPATH");
+    static std::string RelativePath(const service::Object& object) {
+        return service::TextOf(object, "__RELPATH");
     }
 
     /// The paths that each delivered association refers to.
@@ -41,11 +40,11 @@ protected:
         if (known != followed_.end()) {
             return known->second;
         }
-        const service::Answer answer = host_.Namespace().Get(path);
-        EXPECT_EQ(answer.status, S_OK) << path << ": " << answer.message;
+        const service::Answer answer = host_.Published().Get(path);
+        EXPECT_EQ(answer.status, Status::noError) << path << ": " << answer.message;
         EXPECT_EQ(answer.objects.size(), 1U) << path;
         return followed_[path] =
-                   answer.objects.empty() ? "" : RelativePath(*answer.objects[0].Get());
+                   answer.objects.empty() ? "" : RelativePath(*answer.objects[0]);
     }
 
     /// The neighbours of each instance, as the associations give them.
@@ -87,15 +86,15 @@ TEST_P(Closure, EachInstanceLeadsToItsNeighboursAndTheyLeadBack) {
     const std::map<std::string, Paths> neighbours = Neighbours();
     std::map<std::string, Paths> reached;
     for (const char* className : instanceClasses) {
-        for (const auto& object : host_.Namespace().Enumerate(className).objects) {
-            const std::string path = RelativePath(*object.Get());
+        for (const auto& object : host_.Published().Enumerate(className).objects) {
+            const std::string path = RelativePath(*object);
             if (path.empty()) {
                 continue;  // an endpoint of a disk without a link has no complete key
             }
-            const service::Answer answer = host_.Namespace().Query("ASSOCIATORS OF {" + path + "}");
-            EXPECT_EQ(answer.status, S_OK) << path << ": " << answer.message;
+            const service::Answer answer = host_.Published().Query("ASSOCIATORS OF {" + path + "}");
+            EXPECT_EQ(answer.status, Status::noError) << path << ": " << answer.message;
             for (const auto& neighbour : answer.objects) {
-                reached[path].insert(RelativePath(*neighbour.Get()));
+                reached[path].insert(RelativePath(*neighbour));
             }
         }
     }

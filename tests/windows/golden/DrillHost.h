@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "qvsata/hosting/EventSubscription.h"
-#include "qvsata/hosting/InstanceObject.h"
+#include "qvsata/cim/Instance.h"
 #include "qvsata/hosting/ManagementHost.h"
 #include "qvsata/hosting/MonitorPauses.h"
 #include "tests/golden_native/GoldenText.h"
@@ -51,7 +51,7 @@ public:
         EXPECT_EQ(WaitForSingleObject(pauses_->CycleOver(), 60000), WAIT_OBJECT_0);
         std::vector<PublishedInstance> indications;
         for (const auto& indication : subscription_->Take()) {
-            indications.push_back(Read(*service::InstanceObject::From(indication.Get())));
+            indications.push_back(Read(dynamic_cast<const service::Instance&>(*indication)));
         }
         host_->Recordings()->Step();
         pauses_->LetGo();
@@ -78,10 +78,10 @@ public:
 
 private:
     /// What was put, in the order of the puts.
-    static PublishedInstance Read(const service::InstanceObject& object) {
-        PublishedInstance instance{object.Class().name, {}};
-        for (const service::PutCall& put : object.PutLog()) {
-            EXPECT_EQ(put.result, S_OK) << put.name;
+    static PublishedInstance Read(const service::Instance& object) {
+        PublishedInstance instance{object.ClassName(), {}};
+        for (const service::PutCall& put : object.Puts()) {
+            EXPECT_EQ(put.result, Status::noError) << put.name;
             instance.properties.push_back({put.name, put.variantType, put.value, false});
         }
         return instance;

@@ -17,6 +17,8 @@
 #include "platform/windows/UnsupportedObject.h"
 #include "platform/windows/UnsupportedServices.h"
 #include "qvsata/hosting/Locator.h"
+#include "qvsata/hosting/ServicesFace.h"
+#include "qvsata/service/RecordedMachine.h"
 #include "tests/windows/golden/PublishingHost.h"
 #include "tests/windows/support/CallList.h"
 #include "tests/windows/support/RegisteredFactory.h"
@@ -161,8 +163,13 @@ public:
                 return windows::Hr(WBEM_E_INVALID_NAMESPACE);
             }
             sound = host_->Host().Connect();
-        } else if (const HRESULT result = machine_(nameSpace, sound); FAILED(result)) {
-            return result;
+        } else {
+            const service::Connection connection =
+                machine_(windows::ToNarrow(windows::Bstr::ViewOf(nameSpace)));
+            if (!connection.services) {
+                return windows::ToHresult(connection.status);
+            }
+            sound = windows::MakeObject<service::ServicesFace>(connection.services);
         }
         *services = windows::MakeObject<FaultyConnection>(
                         script_, turn, windows::ToNarrow(windows::Bstr::ViewOf(nameSpace)), sound)

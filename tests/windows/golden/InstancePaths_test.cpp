@@ -1,5 +1,4 @@
 // An instance by its path, in letters that are not those of its class.
-#include "qvsata/hosting/ObjectReading.h"
 #include "tests/support/HostBuilder.h"
 #include "tests/windows/golden/PublishingHost.h"
 
@@ -15,9 +14,9 @@ TEST(InstancePath, InOtherLetterCaseFindsTheInstanceAndItsClassIsAsTheDefinition
         R"(CreationClassName="QV_satadiskdrive",SystemCreationClassName="qv_WINcomputersystem")");
     EXPECT_EQ(answer.Status(), S_OK);
     ASSERT_EQ(answer.objects.size(), 1U);
-    IWbemClassObject& disk = *answer.objects[0].Get();
-    EXPECT_EQ(service::ReadText(disk, "__CLASS"), "QV_SATADiskDrive");
-    EXPECT_EQ(service::ReadText(disk, "DeviceID"), "IDE&DISKY&5&2");
+    const service::Object& disk = *answer.objects[0];
+    EXPECT_EQ(service::TextOf(disk, "__CLASS"), "QV_SATADiskDrive");
+    EXPECT_EQ(service::TextOf(disk, "DeviceID"), "IDE&DISKY&5&2");
 }
 
 }  // namespace

@@ -5,7 +5,6 @@
 #include <functional>
 #include <thread>
 
-#include "qvsata/hosting/SnapshotObject.h"
 #include "tests/support/HostBuilder.h"
 #include "tests/windows/golden/PublishingHost.h"
 
@@ -41,10 +40,8 @@ std::string StatusOf(const service::Answer& answer) {
         return std::to_string(answer.objects.size()) + " collections, " + answer.message;
     }
     std::string status;
-    const service::Snapshot collection = service::SnapshotOf(*answer.objects[0].Get());
     for (const char* name : {"GroupOperationalStatus", "GroupStatusDescriptions"}) {
-        status +=
-            ValueText(std::ranges::find(*collection, name, &service::ObjectProperty::name)->value);
+        status += ValueText(answer.objects[0]->Find(name)->value);
     }
     return status;
 }
@@ -61,11 +58,11 @@ TEST(NestedRequests, AreAnsweredOnEightThreadsAtOnceAndLeaveTheLibraryFree) {
         const service::ComApartment apartment;
         for (int request = 0; request < 10; ++request) {
             told.push_back(
-                StatusOf(host.Namespace().Query("SELECT * FROM QV_SATAStorageCollection WHERE "
+                StatusOf(host.Published().Query("SELECT * FROM QV_SATAStorageCollection WHERE "
                                                 "InstanceID = 'srv01.example.org "
                                                 "QV:QV_SATAStorageCollection'")));
             const auto members =
-                host.Namespace().Enumerate("QV_SATAStorageCollectionSATADiskDrive");
+                host.Published().Enumerate("QV_SATAStorageCollectionSATADiskDrive");
             told.push_back(std::to_string(members.objects.size()) + " members");
         }
     };

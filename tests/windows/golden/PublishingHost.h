@@ -9,8 +9,9 @@
 #include <utility>
 #include <vector>
 
-#include "qvsata/hosting/InstanceObject.h"
+#include "qvsata/cim/Instance.h"
 #include "qvsata/hosting/ManagementHost.h"
+#include "qvsata/recorded/HostFile.h"
 #include "tests/golden_native/GoldenText.h"
 #include "tests/windows/support/RecordedOptions.h"
 
@@ -77,10 +78,10 @@ public:
           host_(RecordedOptions(std::make_shared<const service::RecordedHost>(std::move(recorded)),
                                 QV_LIBRARY)) {}
     explicit PublishingHost(const std::filesystem::path& file)
-        : PublishingHost(service::RecordedHost::FromFile(file)) {}
+        : PublishingHost(service::ReadHostFile(file)) {}
 
     service::ManagementHost& Host() { return host_; }
-    const service::EmbeddedNamespace& Namespace() const { return host_.Namespace(); }
+    const service::Namespace& Published() const { return host_.Published(); }
     const std::string& Prefix() const { return prefix_; }
 
     /// The instances of one class, as the sink received them.
@@ -89,7 +90,7 @@ public:
         const service::ProviderAnswer answer = host_.Provider().Enumerate(className);
         EXPECT_EQ(answer.Status(), S_OK) << className;
         for (const auto& object : answer.objects) {
-            published.instances.push_back(Read(*service::InstanceObject::From(object.Get())));
+            published.instances.push_back(Read(dynamic_cast<const service::Instance&>(*object)));
         }
         return published;
     }
@@ -109,13 +110,13 @@ public:
     const std::vector<RefusedPut>& Refused() const { return refused_; }
 
 private:
-    PublishedInstance Read(const service::InstanceObject& object) {
-        PublishedInstance instance{object.Class().name, {}};
-        for (const service::PutCall& put : object.PutLog()) {
-            const auto* definition = object.Class().Find(put.name);
+    PublishedInstance Read(const service::Instance& object) {
+        PublishedInstance instance{object.ClassName(), {}};
+        for (const service::PutCall& put : object.Puts()) {
+            const auto* definition = object.Class()->Find(put.name);
             instance.properties.push_back(
                 {put.name, put.variantType, put.value, definition != nullptr && definition->isKey});
-            if (FAILED(put.result)) {
+            if (!Succeeded(put.result)) {
                 refused_.push_back(
                     {instance.className + '.' + put.name, put.variantType, put.value});
             }

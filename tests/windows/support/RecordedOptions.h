@@ -5,14 +5,15 @@
 #include <utility>
 
 #include "SourceTree.h"
-#include "qvsata/hosting/ManagementHost.h"
+#include "qvsata/recorded/HostFile.h"
+#include "qvsata/service/ProviderHost.h"
 
 namespace qv::test {
 
 /// A recording of the source tree, such as "hosts/ahci-desktop.json".
 inline std::shared_ptr<const service::RecordedHost> ShippedRecording(const std::string& name) {
     return std::make_shared<const service::RecordedHost>(
-        service::RecordedHost::FromFile(std::string(QV_SOURCE_DIR "/") + name));
+        service::ReadHostFile(std::string(QV_SOURCE_DIR "/") + name));
 }
 
 /// A library on a recorded host, with the class definitions that are shipped.

@@ -19,8 +19,8 @@ void OpenOutput() {
 
 }  // namespace
 
-int main() {
+int main(int count, char** arguments) {
     OpenOutput();
     const qv::test::ShortSleeps sleeps;
-    return qv::tool::RunProgram();
+    return qv::tool::RunProgram(count, arguments);
 }

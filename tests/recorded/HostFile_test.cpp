@@ -1,11 +1,12 @@
-// Recorded hosts in their JSON form.
+#include "qvsata/recorded/HostFile.h"
+
 #include <gmock/gmock.h>
 
 #include <fstream>
 #include <sstream>
 
 #include "SourceTree.h"
-#include "qvsata/recorded/RecordedHost.h"
+#include "tests/support/RecordedAnswers.h"
 
 namespace qv::service {
 namespace {
@@ -16,7 +17,7 @@ using testing::IsEmpty;
 using testing::StartsWith;
 
 RecordedHost Loaded(std::string_view json) {
-    return RecordedHost::FromText(json, "h.json");
+    return ReadHostText(json, "h.json");
 }
 
 // A host with one row of one class.
@@ -39,7 +40,7 @@ std::string RefusalOfRow(const std::string& row) {
 
 std::string RefusalOfFile(const std::filesystem::path& file) {
     try {
-        RecordedHost::FromFile(file);
+        ReadHostFile(file);
         return {};
     } catch (const HostFileError& error) {
         return error.what();
@@ -48,7 +49,8 @@ std::string RefusalOfFile(const std::filesystem::path& file) {
 
 std::optional<CimValue> LoadedValue(const std::string& value) {
     const RecordedHost host = Loaded(WithRow("{\"P\":" + value + "}"));
-    return host.RunQuery("root/cimv2", "SELECT * FROM Win32_DiskDrive").objects.at(1).Get("P");
+    return test::ValueOf(
+        *test::Ask(host, "root/cimv2", "SELECT * FROM Win32_DiskDrive").objects.at(1), "P");
 }
 
 // The JSON text in the folder's description of the format.
@@ -90,8 +92,8 @@ TEST(HostFile, GivesDescriptionNamesNamespacesAndClasses) {
     EXPECT_EQ(host.Computer().dnsFullyQualified, "srv01.example.org");
     EXPECT_EQ(host.Computer().dnsHostname, "srv01");
     EXPECT_EQ(host.Computer().netbios, "NB01");
-    EXPECT_THAT(host.Namespaces(), ElementsAre(R"(root\wmi)", R"(root\CIMv2)"));
-    EXPECT_THAT(host.Classes(R"(ROOT\WMI)"), ElementsAre("B", "A"));
+    EXPECT_THAT(test::NamesOf(host.Namespaces()), ElementsAre(R"(root\wmi)", R"(root\CIMv2)"));
+    EXPECT_THAT(test::NamesOf(host.FindNamespace(R"(ROOT\WMI)")->Classes()), ElementsAre("B", "A"));
 }
 
 TEST(HostFile, TakesTheNetbiosNameOrADotForAMissingServer) {
@@ -102,10 +104,10 @@ TEST(HostFile, TakesTheNetbiosNameOrADotForAMissingServer) {
 TEST(HostFile, KeepsRowsAndPropertiesInOrder) {
     const RecordedHost host =
         Loaded(R"({"computer":{},"namespaces":{"n":{"C":[{"B":1,"A":2,"__X":3},{"Z":null}]}}})");
-    const auto answer = host.RunQuery("n", "SELECT * FROM C");
+    const auto answer = test::Ask(host, "n", "SELECT * FROM C");
     ASSERT_EQ(answer.objects.size(), 2U);
-    EXPECT_THAT(answer.objects[0].PropertyNames(), ElementsAre("B", "A"));
-    EXPECT_THAT(answer.objects[1].PropertyNames(), ElementsAre("Z"));
+    EXPECT_THAT(answer.objects[0]->Names(), ElementsAre("B", "A"));
+    EXPECT_THAT(answer.objects[1]->Names(), ElementsAre("Z"));
 }
 
 TEST(HostFile, GivesEachValueItsType) {
@@ -129,7 +131,7 @@ TEST(HostFile, AcceptsAByteOrderMark) {
 
 TEST(HostFile, MakesAFailingClassFail) {
     const RecordedHost host = Loaded(R"({"computer":{},"namespaces":{"n":{"C":{"fails":true}}}})");
-    EXPECT_EQ(host.RunQuery("n", "SELECT * FROM C").status, QueryStatus::failed);
+    EXPECT_EQ(test::Ask(host, "n", "SELECT * FROM C").status, Status::failed);
 }
 
 TEST(HostFile, RefusesWhatIsNotJsonAndSaysWhere) {
@@ -214,25 +216,25 @@ TEST(HostFile, RefusesANameGivenTwiceInAnyLetterCase) {
 TEST(HostFile, TakesTheExampleOfItsDescription) {
     const RecordedHost host = Loaded(DescribedHost());
     EXPECT_EQ(host.Computer().server, "DEN");
-    const auto disks = host.RunQuery("root/cimv2", "SELECT * FROM Win32_DiskDrive");
+    const auto disks = test::Ask(host, "root/cimv2", "SELECT * FROM Win32_DiskDrive");
     ASSERT_EQ(disks.objects.size(), 1U);
-    EXPECT_EQ(disks.objects[0].Get("__PATH"),
+    EXPECT_EQ(test::ValueOf(*disks.objects[0], "__PATH"),
               CimValue{R"(\\DEN\root\cimv2:Win32_DiskDrive.DeviceID="\\\\.\\PHYSICALDRIVE0")"});
-    EXPECT_EQ(disks.objects[0].Get("InstallDate"), CimValue{});
-    EXPECT_EQ(disks.objects[0].Get("SerialNumber"), std::nullopt);
-    const auto controllers = host.RunQuery(
+    EXPECT_EQ(test::ValueOf(*disks.objects[0], "InstallDate"), CimValue{});
+    EXPECT_EQ(test::ValueOf(*disks.objects[0], "SerialNumber"), std::nullopt);
+    const auto controllers = test::Ask(host, 
         "root/cimv2", R"(ASSOCIATORS OF {Win32_PnPEntity.DeviceID="IDE\\DISKX\\5&1"} )"
                       "WHERE AssocClass = Win32_IDEControllerDevice");
     ASSERT_EQ(controllers.objects.size(), 1U);
-    EXPECT_EQ(controllers.objects[0].Get("DeviceID"), CimValue{R"(PCIIDE\IDECHANNEL\4&1&0)"});
+    EXPECT_EQ(test::ValueOf(*controllers.objects[0], "DeviceID"), CimValue{R"(PCIIDE\IDECHANNEL\4&1&0)"});
     EXPECT_EQ(
-        host.RunQuery("root/wmi", "SELECT * FROM MSStorageDriver_FailurePredictStatus").status,
-        QueryStatus::failed);
+        test::Ask(host, "root/wmi", "SELECT * FROM MSStorageDriver_FailurePredictStatus").status,
+        Status::failed);
 }
 
 TEST(HostFile, LoadsAFile) {
     const FileOf file("qv_host_test.json", R"({"computer":{"netbios":"NB"},"namespaces":{}})");
-    EXPECT_EQ(RecordedHost::FromFile(file.Path()).Computer().netbios, "NB");
+    EXPECT_EQ(ReadHostFile(file.Path()).Computer().netbios, "NB");
 }
 
 TEST(HostFile, NamesTheFileInMessages) {

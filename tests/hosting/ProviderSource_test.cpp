@@ -1,4 +1,4 @@
-#include "qvsata/service/Namespace.h"
+#include "qvsata/hosting/ProviderSource.h"
 
 #include <gmock/gmock.h>
 
@@ -6,8 +6,7 @@
 #include <atomic>
 #include <thread>
 
-#include "qvsata/hosting/ObjectReading.h"
-#include "tests/windows/service/FakeProvider.h"
+#include "tests/hosting/FakeProvider.h"
 
 namespace qv::test {
 namespace {
@@ -19,7 +18,7 @@ using testing::IsEmpty;
 std::vector<std::string> Paths(const Answer& answer) {
     std::vector<std::string> paths;
     for (const auto& object : answer.objects) {
-        paths.push_back(service::ReadText(*object.Get(), "__RELPATH"));
+        paths.push_back(service::TextOf(*object, "__RELPATH"));
     }
     return paths;
 }
@@ -38,21 +37,21 @@ HRESULT DeliverLink(IWbemServices& services, const BSTR className, const wchar_t
     return sink->SetStatus(WBEM_STATUS_COMPLETE, S_OK, nullptr, nullptr);
 }
 
-TEST(EmbeddedNamespace, EnumeratesEachServedSubclassOfASuperclass) {
+TEST(ProviderSource, EnumeratesEachServedSubclassOfASuperclass) {
     const TestNamespace names;
     names.fake->keys = {L"a"};
     EXPECT_THAT(Paths(names.names->Enumerate("t_base")),
                 ElementsAre("T_Disk.Key=\"a\"", "T_Port.Key=\"a\""));
 }
 
-TEST(EmbeddedNamespace, NamesAnUnknownClass) {
+TEST(ProviderSource, NamesAnUnknownClass) {
     const TestNamespace names;
     const Answer answer = names.names->Enumerate("Nope");
-    EXPECT_EQ(answer.status, Hr(WBEM_E_INVALID_CLASS));
+    EXPECT_EQ(answer.status, windows::ToStatus(Hr(WBEM_E_INVALID_CLASS)));
     EXPECT_EQ(answer.message, "unknown class 'Nope'");
 }
 
-TEST(EmbeddedNamespace, FindsInstancesThatTheMofStates) {
+TEST(ProviderSource, FindsInstancesThatTheMofStates) {
     const TestNamespace names;
     EXPECT_THAT(Paths(names.names->Query("SELECT * FROM T_Stated WHERE Key='there'")),
                 ElementsAre("T_Stated.Key=\"there\""));
@@ -60,14 +59,14 @@ TEST(EmbeddedNamespace, FindsInstancesThatTheMofStates) {
                 ElementsAre("T_Stated.Key=\"there\""));
 }
 
-TEST(EmbeddedNamespace, FiltersAnEnumerationWhenTheProviderRefusesTheQuery) {
+TEST(ProviderSource, FiltersAnEnumerationWhenTheProviderRefusesTheQuery) {
     const TestNamespace names;
     names.fake->keys = {L"a", L"b"};
     EXPECT_THAT(Paths(names.names->Query("SELECT * FROM T_Disk WHERE Key = 'B'")),
                 ElementsAre("T_Disk.Key=\"b\""));
 }
 
-TEST(EmbeddedNamespace, OffersAQueryToTheProviderFirst) {
+TEST(ProviderSource, OffersAQueryToTheProviderFirst) {
     const TestNamespace names;
     names.fake->keys = {L"a"};
     std::wstring offered;
@@ -79,34 +78,33 @@ TEST(EmbeddedNamespace, OffersAQueryToTheProviderFirst) {
     EXPECT_EQ(offered, L"SELECT * FROM T_Disk");
 }
 
-TEST(EmbeddedNamespace, ShowsOnlyWhatAQuerySelects) {
+TEST(ProviderSource, ShowsOnlyWhatAQuerySelects) {
     const TestNamespace names;
     names.fake->keys = {L"a"};
     const Answer answer = names.names->Query("SELECT Number FROM T_Disk");
     ASSERT_EQ(answer.objects.size(), 1U);
-    IWbemClassObject& object = *answer.objects.front().Get();
-    EXPECT_TRUE(service::ReadProperty(object, "Number"));
-    EXPECT_FALSE(service::ReadProperty(object, "Key"));
+    EXPECT_TRUE(answer.objects.front()->Find("Number"));
+    EXPECT_FALSE(answer.objects.front()->Find("Key"));
 }
 
-TEST(EmbeddedNamespace, AnswersQueriesOnClassDefinitions) {
+TEST(ProviderSource, AnswersQueriesOnClassDefinitions) {
     const TestNamespace names;
     EXPECT_THAT(Paths(names.names->Query("SELECT * FROM meta_class WHERE __CLASS = 't_disk'")),
                 ElementsAre("T_Disk"));
 }
 
-TEST(EmbeddedNamespace, HandsAPathToTheProviderAsItIsWritten) {
+TEST(ProviderSource, HandsAPathToTheProviderAsItIsWritten) {
     const TestNamespace names;
     std::wstring asked;
     names.fake->get = [&asked](IWbemServices&, const BSTR path, IWbemObjectSink*) {
         asked = path;
         return Hr(WBEM_E_NOT_FOUND);
     };
-    EXPECT_EQ(names.names->Get("t_Disk.KEY='x'").status, Hr(WBEM_E_NOT_FOUND));
+    EXPECT_EQ(names.names->Get("t_Disk.KEY='x'").status, windows::ToStatus(Hr(WBEM_E_NOT_FOUND)));
     EXPECT_EQ(asked, L"t_Disk.KEY='x'");
 }
 
-TEST(EmbeddedNamespace, FindsAnInstanceInAnyOrderOfItsKeys) {
+TEST(ProviderSource, FindsAnInstanceInAnyOrderOfItsKeys) {
     const TestNamespace names;
     names.fake->enumerate = [](IWbemServices& services, const BSTR name, IWbemObjectSink* sink) {
         return DeliverLink(services, name, L"\\\\SRV\\root\\QVQ:T_Disk.Key=\"d\"",
@@ -122,12 +120,12 @@ TEST(EmbeddedNamespace, FindsAnInstanceInAnyOrderOfItsKeys) {
               LR"(T_Link.Disk="\\\\SRV\\root\\QVQ:T_Disk.Key=\"d\"",Port="T_Port.Key=\"p\"")");
 }
 
-TEST(EmbeddedNamespace, SaysWhatIsWrongWithAPathOrAQuery) {
+TEST(ProviderSource, SaysWhatIsWrongWithAPathOrAQuery) {
     const TestNamespace names;
     EXPECT_THAT(names.names->Get("T_Disk.").message, testing::StartsWith("path: position 8: "));
-    EXPECT_EQ(names.names->Get("T_Disk.").status, Hr(WBEM_E_INVALID_OBJECT_PATH));
+    EXPECT_EQ(names.names->Get("T_Disk.").status, windows::ToStatus(Hr(WBEM_E_INVALID_OBJECT_PATH)));
     EXPECT_THAT(names.names->Query("SELEC").message, testing::StartsWith("query: column 1: "));
-    EXPECT_EQ(names.names->Query("SELEC").status, Hr(WBEM_E_INVALID_QUERY));
+    EXPECT_EQ(names.names->Query("SELEC").status, windows::ToStatus(Hr(WBEM_E_INVALID_QUERY)));
 }
 
 class Associations : public testing::Test {
@@ -166,7 +164,7 @@ protected:
     void ExpectFailureOf(const wchar_t* className, const char* query) {
         failing_ = className;
         const Answer answer = names_.names->Query(query);
-        EXPECT_EQ(answer.status, Hr(WBEM_E_OUT_OF_MEMORY));
+        EXPECT_EQ(answer.status, windows::ToStatus(Hr(WBEM_E_OUT_OF_MEMORY)));
         EXPECT_THAT(answer.message,
                     testing::StartsWith("enumerating " + windows::ToNarrow(className, CP_UTF8)));
         EXPECT_THAT(answer.objects, IsEmpty());
@@ -233,11 +231,11 @@ TEST_F(Associations, AreFollowedNoFurtherAfterTheFirstFailure) {
         return DeliverLink(services, name, L"T_Port.Key=\"c\"", L"T_Port.Key=\"b\"", sink);
     };
     EXPECT_EQ(names_.names->Query("ASSOCIATORS OF {T_Port.Key='b'}").status,
-              Hr(WBEM_E_OUT_OF_MEMORY));
+              windows::ToStatus(Hr(WBEM_E_OUT_OF_MEMORY)));
     EXPECT_THAT(enumerated_, ElementsAre(L"T_Link", L"T_Disk"));
 }
 
-TEST(EmbeddedNamespace, LetsTheProviderAskItOnEightThreadsAtOnce) {
+TEST(ProviderSource, LetsTheProviderAskItOnEightThreadsAtOnce) {
     const TestNamespace names;
     // Each request for ports asks the namespace for the disks first.
     names.fake->enumerate = [&names](IWbemServices& services, const BSTR name,
@@ -257,7 +255,7 @@ TEST(EmbeddedNamespace, LetsTheProviderAskItOnEightThreadsAtOnce) {
     for (int client = 0; client < 8; ++client) {
         clients.emplace_back([&] {
             for (int request = 0; request < 10; ++request) {
-                succeeded += names.names->Enumerate("T_Port").status == S_OK ? 1 : 0;
+                succeeded += names.names->Enumerate("T_Port").status == Status::noError ? 1 : 0;
             }
         });
     }

@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "qvsata/hosting/ObjectReading.h"
 #include "qvsata/hosting/ServedClass.h"
-#include "tests/windows/service/FakeProvider.h"
+#include "qvsata/service/RecordedMachine.h"
+#include "tests/hosting/FakeProvider.h"
 
 namespace qv::test {
 namespace {
@@ -48,8 +48,8 @@ protected:
     TestNamespace names_;
     service::ServedClass registration_{
         CLSID_WbemAdministrativeLocator, [this](REFIID iid, void** object) {
-            return windows::MakeObject<service::Locator>(names_.names,
-                                                         service::ConnectRecorded(Host()))
+            return windows::MakeObject<service::Locator>(
+                       service::WithPublished(names_.names, service::ConnectRecorded(Host())))
                 ->QueryInterface(iid, object);
         }};
 };
@@ -75,7 +75,7 @@ TEST_F(RegisteredLocator, GivesRecordedRowsWithTheTypesOfTheManagementService) {
     EXPECT_EQ(row->Get(L"Note", 0, value.Receive(), nullptr, nullptr), S_OK);
     EXPECT_EQ(V_VT(&value.Get()), VT_NULL);
     EXPECT_EQ(row->Get(L"Missing", 0, nullptr, nullptr, nullptr), Hr(WBEM_E_NOT_FOUND));
-    EXPECT_EQ(service::ReadText(*row.Get(), "__PATH"),
+    EXPECT_EQ(ReadText(*row.Get(), "__PATH"),
               "\\\\REC\\root\\CIMv2:Win32_DiskDrive.DeviceID=\"D0\"");
 }
 

@@ -14,9 +14,11 @@
 #include "platform/windows/Text.h"
 #include "platform/windows/UnsupportedServices.h"
 #include "platform/windows/Variant.h"
+#include "qvsata/hosting/ObjectReading.h"
 #include "qvsata/mof/MofReader.h"
-#include "qvsata/service/Namespace.h"
-#include "qvsata/hosting/EmbeddedServices.h"
+#include "qvsata/hosting/ProviderSource.h"
+#include "qvsata/hosting/ServicesFace.h"
+#include "qvsata/service/PublishedNamespace.h"
 
 namespace qv::test {
 
@@ -109,13 +111,14 @@ inline service::ClassRepository TestClasses() {
 /// A namespace of the test classes, served by a fake provider.
 struct TestNamespace {
     ComPtr<FakeProvider> fake = windows::MakeObject<FakeProvider>();
-    std::shared_ptr<service::EmbeddedNamespace> names =
-        std::make_shared<service::EmbeddedNamespace>(TestClasses(), "root\\QVQ", "SRV");
-    ComPtr<IWbemServices> services = windows::MakeObject<service::EmbeddedServices>(names);
+    std::shared_ptr<service::Namespace> names = service::OpenPublished(TestClasses(), "SRV");
+    ComPtr<IWbemServices> services = windows::MakeObject<service::ServicesFace>(names);
     std::shared_ptr<service::ProviderObject> provider = std::make_shared<service::ProviderObject>(
         ComPtr<IUnknown>(static_cast<IWbemServices*>(fake.Get())), L"root\\QVQ", *services.Get());
 
-    TestNamespace() { names->Attach(provider); }
+    TestNamespace() {
+        names->Attach(std::make_shared<const service::ProviderSource>(provider));
+    }
     ~TestNamespace() { names->Attach(nullptr); }
 
     ComPtr<IWbemClassObject> Class(const wchar_t* name) const {
@@ -130,5 +133,16 @@ struct TestNamespace {
         return instance;
     }
 };
+
+/// The text of a property as a client reads it; empty when it has none.
+inline std::string ReadText(IWbemClassObject& object, std::string_view name) {
+    return service::TextOf(*service::ReadObject(object), name);
+}
+
+/// A property as a client reads it.
+inline std::optional<service::ObjectProperty> ReadProperty(IWbemClassObject& object,
+                                                           std::string_view name) {
+    return service::ReadObject(object)->Find(name);
+}
 
 }  // namespace qv::test

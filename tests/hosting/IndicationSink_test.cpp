@@ -6,7 +6,8 @@
 #include <thread>
 
 #include "platform/windows/WbemStatus.h"
-#include "tests/windows/service/FakeProvider.h"
+#include "qvsata/hosting/ObjectFace.h"
+#include "tests/hosting/FakeProvider.h"
 
 namespace qv::test {
 namespace {
@@ -18,6 +19,10 @@ protected:
         return sink_->Indicate(1, objects);
     }
 
+    static service::ObjectPtr Behind(const ComPtr<IWbemClassObject>& object) {
+        return service::ObjectFace::Behind(*object.Get());
+    }
+
     TestNamespace namespace_;
     ComPtr<service::IndicationSink> sink_ = windows::MakeObject<service::IndicationSink>();
 };
@@ -27,7 +32,7 @@ TEST_F(IndicationSinkTest, GivesWhatWasDeliveredInItsOrderOnce) {
     const auto second = namespace_.Spawn(L"T_Disk");
     EXPECT_EQ(Deliver(first), S_OK);
     EXPECT_EQ(Deliver(second), S_OK);
-    EXPECT_EQ(sink_->Take(), (service::ObjectList{first, second}));
+    EXPECT_EQ(sink_->Take(), (service::ObjectList{Behind(first), Behind(second)}));
     EXPECT_TRUE(sink_->Take().empty());
 }
 
@@ -43,7 +48,7 @@ TEST_F(IndicationSinkTest, RefusesDeliveriesOnceItIsClosed) {
     Deliver(before);
     sink_->Close();
     EXPECT_EQ(Deliver(namespace_.Spawn(L"T_Disk")), Hr(WBEM_E_CALL_CANCELLED));
-    EXPECT_EQ(sink_->Take(), service::ObjectList{before});
+    EXPECT_EQ(sink_->Take(), service::ObjectList{Behind(before)});
 }
 
 TEST_F(IndicationSinkTest, LosesNothingThatSeveralThreadsDeliver) {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "qvsata/hosting/RecordedNames.h"
+#include "qvsata/hosting/ComputerNamePatch.h"
 
 namespace qv::test {
 namespace {
@@ -17,11 +17,11 @@ std::wstring NameIn(COMPUTER_NAME_FORMAT format, DWORD size = 100) {
     return name;
 }
 
-TEST(RecordedNames, AreWhatTheModuleSees) {
+TEST(ComputerNamePatch, AreWhatTheModuleSees) {
     service::ComputerNames names;
     names.dnsFullyQualified = "b\xC3\xBCro.example.org";
     names.netbios = "BURO";
-    const service::RecordedNames recorded(GetModuleHandleW(nullptr), names);
+    const service::ComputerNamePatch recorded(GetModuleHandleW(nullptr), names);
     EXPECT_EQ(NameIn(ComputerNameDnsFullyQualified), L"b\u00fcro.example.org");
     EXPECT_EQ(NameIn(ComputerNameNetBIOS), L"BURO");
     EXPECT_EQ(NameIn(ComputerNamePhysicalNetBIOS), L"BURO");
@@ -29,12 +29,12 @@ TEST(RecordedNames, AreWhatTheModuleSees) {
     EXPECT_EQ(NameIn(ComputerNameNetBIOS, 4), L"error 234 size 5");
 }
 
-TEST(RecordedNames, AreGoneWithTheObject) {
+TEST(ComputerNamePatch, AreGoneWithTheObject) {
     const std::wstring own = NameIn(ComputerNameNetBIOS);
     service::ComputerNames names;
     names.netbios = "ANOTHER-ONE";
     {
-        const service::RecordedNames recorded(GetModuleHandleW(nullptr), names);
+        const service::ComputerNamePatch recorded(GetModuleHandleW(nullptr), names);
         EXPECT_EQ(NameIn(ComputerNameNetBIOS), L"ANOTHER-ONE");
     }
     EXPECT_EQ(NameIn(ComputerNameNetBIOS), own);

@@ -4,8 +4,7 @@
 
 #include <array>
 
-#include "qvsata/hosting/ObjectReading.h"
-#include "tests/windows/service/FakeProvider.h"
+#include "tests/hosting/FakeProvider.h"
 
 namespace qv::test {
 namespace {
@@ -20,7 +19,7 @@ protected:
         std::string keys;
         for (ULONG index = 0; index < returned; ++index) {
             const ComPtr<IWbemClassObject> object = windows::Adopt(batch[index]);
-            keys += service::ReadText(*object.Get(), "Key");
+            keys += ReadText(*object.Get(), "Key");
         }
         return keys;
     }

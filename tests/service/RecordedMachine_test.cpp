@@ -1,12 +1,15 @@
-#include "qvsata/recorded/RecordedHost.h"
+#include "qvsata/service/RecordedMachine.h"
 
 #include <gmock/gmock.h>
 
+#include "qvsata/cim/ObjectPathParser.h"
 #include "tests/support/HostBuilder.h"
+#include "tests/support/RecordedAnswers.h"
 
 namespace qv::service {
 namespace {
 
+using test::Ask;
 using test::HostBuilder;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -23,47 +26,41 @@ RecordedHost SampleHost() {
     return host.Build();
 }
 
-std::string Text(const RecordedObject& object, std::string_view name) {
-    const auto value = object.Get(name);
-    return value && std::holds_alternative<std::string>(*value) ? std::get<std::string>(*value)
-                                                                : "";
-}
-
 // The relative paths of what a query gives, class names only where there is no path.
-std::vector<std::string> Answer(const RecordedHost& host, const std::string& query) {
-    const QueryAnswer answer = host.RunQuery(R"(root\CIMv2)", query);
-    EXPECT_EQ(answer.status, QueryStatus::ok) << answer.message;
+std::vector<std::string> Paths(const RecordedHost& host, const std::string& query) {
+    const Answer answer = Ask(host, R"(root\CIMv2)", query);
+    EXPECT_EQ(answer.status, Status::noError) << answer.message;
     std::vector<std::string> paths;
-    for (const RecordedObject& object : answer.objects) {
-        paths.push_back(Text(object, "__RELPATH"));
+    for (const ObjectPtr& object : answer.objects) {
+        paths.push_back(TextOf(*object, "__RELPATH"));
     }
     return paths;
 }
 
-TEST(RecordedHost, AnswersWithTheRowsInOrder) {
-    EXPECT_THAT(Answer(SampleHost(), "SELECT * FROM win32_diskdrive"),
+TEST(RecordedMachine, AnswersWithTheRowsInOrder) {
+    EXPECT_THAT(Paths(SampleHost(), "SELECT * FROM win32_diskdrive"),
                 ElementsAre(R"(Win32_DiskDrive.DeviceID="\\\\.\\PHYSICALDRIVE0")",
                             R"(Win32_DiskDrive.DeviceID="\\\\.\\PHYSICALDRIVE1")"));
 }
 
-TEST(RecordedHost, AnswersWithTheRowsThatMeetTheCondition) {
-    EXPECT_THAT(Answer(SampleHost(), "SELECT Model FROM Win32_DiskDrive WHERE Status <> 'OK'"),
+TEST(RecordedMachine, AnswersWithTheRowsThatMeetTheCondition) {
+    EXPECT_THAT(Paths(SampleHost(), "SELECT Model FROM Win32_DiskDrive WHERE Status <> 'OK'"),
                 ElementsAre(R"(Win32_DiskDrive.DeviceID="\\\\.\\PHYSICALDRIVE1")"));
-    EXPECT_THAT(Answer(SampleHost(), R"(SELECT * FROM Win32_DiskDrive
+    EXPECT_THAT(Paths(SampleHost(), R"(SELECT * FROM Win32_DiskDrive
                                         WHERE DeviceID = "\\\\.\\PhysicalDrive0")"),
                 ElementsAre(R"(Win32_DiskDrive.DeviceID="\\\\.\\PHYSICALDRIVE0")"));
 }
 
-TEST(RecordedHost, AnswersAboutAClassWithoutRows) {
+TEST(RecordedMachine, AnswersAboutAClassWithoutRows) {
     RecordedHost host;
     host.DefineClass(R"(root\CIMv2)", "C");
-    EXPECT_THAT(Answer(host, "SELECT * FROM C"), IsEmpty());
+    EXPECT_THAT(Paths(host, "SELECT * FROM C"), IsEmpty());
 }
 
-TEST(RecordedHost, FailsWithTheStatusOfTheManagementService) {
+TEST(RecordedMachine, FailsWithTheStatusOfTheManagementService) {
     const RecordedHost host = HostBuilder().Fail("Win32_PhysicalMedia").Build();
     const auto statusOf = [&host](std::string_view nameSpace, std::string_view query) {
-        return static_cast<std::uint32_t>(host.RunQuery(nameSpace, query).status);
+        return static_cast<std::uint32_t>(Ask(host, nameSpace, query).status);
     };
     EXPECT_EQ(statusOf("root/cimv2", "SELECT * FROM Win32_DiskDrive"), 0U);
     EXPECT_EQ(statusOf("root/default", "SELECT * FROM Win32_DiskDrive"), 0x8004100EU);
@@ -74,140 +71,139 @@ TEST(RecordedHost, FailsWithTheStatusOfTheManagementService) {
               0x80041010U);
 }
 
-TEST(RecordedHost, SaysInOneLineWhatFailed) {
+TEST(RecordedMachine, SaysInOneLineWhatFailed) {
     const RecordedHost host = HostBuilder().Fail("Win32_PhysicalMedia").Build();
-    EXPECT_EQ(host.RunQuery("root/x", "SELECT * FROM C").message, "no namespace root/x");
-    EXPECT_EQ(host.RunQuery("root/cimv2", "SELECT * FROM C").message,
-              R"(no class C in root\CIMv2)");
-    EXPECT_EQ(host.RunQuery("root/cimv2", "SELECT * FROM win32_physicalmedia").message,
+    EXPECT_EQ(Ask(host, "root/cimv2", "SELECT * FROM C").message,
+              "unknown class 'C'");
+    EXPECT_EQ(Ask(host, "root/cimv2", "SELECT * FROM win32_physicalmedia").message,
               "queries of Win32_PhysicalMedia fail");
-    EXPECT_EQ(host.RunQuery("root/cimv2", "SELECT").message,
-              "column 7: expected a property name or *");
+    EXPECT_EQ(Ask(host, "root/cimv2", "SELECT").message,
+              "query: column 7: expected a property name or *");
 }
 
-TEST(RecordedHost, AnswersAboutItsClasses) {
+TEST(RecordedMachine, AnswersAboutItsClasses) {
     RecordedHost host({"SRV01", "", "", ""});
     host.DefineClass(R"(root\QVQ)", "QV_WinComputerSystem");
     host.DefineClass(R"(root\QVQ)", "QV_SATADiskDrive");
-    const auto answer = host.RunQuery(
+    const auto answer = Ask(host, 
         R"(root\QVQ)", R"(SELECT * FROM meta_class WHERE __CLASS = "qv_wincomputersystem")");
     ASSERT_EQ(answer.objects.size(), 1U);
-    EXPECT_EQ(Text(answer.objects[0], "__CLASS"), "QV_WinComputerSystem");
-    EXPECT_EQ(Text(answer.objects[0], "__RELPATH"), "QV_WinComputerSystem");
-    EXPECT_EQ(Text(answer.objects[0], "__PATH"), R"(\\SRV01\root\QVQ:QV_WinComputerSystem)");
-    EXPECT_EQ(host.RunQuery(R"(root\QVQ)", "SELECT * FROM meta_class").objects.size(), 2U);
+    EXPECT_EQ(TextOf(*answer.objects[0], "__CLASS"), "QV_WinComputerSystem");
+    EXPECT_EQ(TextOf(*answer.objects[0], "__RELPATH"), "QV_WinComputerSystem");
+    EXPECT_EQ(TextOf(*answer.objects[0], "__PATH"), R"(\\SRV01\root\QVQ:QV_WinComputerSystem)");
+    EXPECT_EQ(Ask(host, R"(root\QVQ)", "SELECT * FROM meta_class").objects.size(), 2U);
 }
 
-TEST(RecordedHost, FindsAssociatedObjectsFromEitherEnd) {
-    EXPECT_THAT(Answer(SampleHost(),
+TEST(RecordedMachine, FindsAssociatedObjectsFromEitherEnd) {
+    EXPECT_THAT(Paths(SampleHost(),
                        R"(ASSOCIATORS OF {Win32_IDEController.DeviceID="PCI\\VEN_8086&REV_02\\3"})"
                        " where assocclass=Win32_PnPDevice"),
                 ElementsAre(R"(Win32_PnPEntity.DeviceID="PCI\\VEN_8086&REV_02\\3")"));
-    EXPECT_THAT(Answer(SampleHost(),
+    EXPECT_THAT(Paths(SampleHost(),
                        R"(ASSOCIATORS OF {Win32_DiskPartition.DeviceID="Disk #0, Partition #1"})"
                        " where assocclass=Win32_DiskDriveToDiskPartition"),
                 ElementsAre(R"(Win32_DiskDrive.DeviceID="\\\\.\\PHYSICALDRIVE0")"));
 }
 
-TEST(RecordedHost, GivesOneAssociatedObjectPerRowInOrder) {
+TEST(RecordedMachine, GivesOneAssociatedObjectPerRowInOrder) {
     EXPECT_THAT(
-        Answer(SampleHost(), R"(ASSOCIATORS OF {Win32_DiskDrive.DeviceID="\\\\.\\PHYSICALDRIVE0"})"
+        Paths(SampleHost(), R"(ASSOCIATORS OF {Win32_DiskDrive.DeviceID="\\\\.\\PHYSICALDRIVE0"})"
                              " where assocclass=Win32_DiskDriveToDiskPartition"),
         ElementsAre(R"(Win32_DiskPartition.DeviceID="Disk #0, Partition #0")",
                     R"(Win32_DiskPartition.DeviceID="Disk #0, Partition #1")"));
 }
 
-TEST(RecordedHost, ComparesThePathIrrespectiveOfServerNamespaceAndCase) {
-    EXPECT_THAT(Answer(SampleHost(),
+TEST(RecordedMachine, ComparesThePathIrrespectiveOfServerNamespaceAndCase) {
+    EXPECT_THAT(Paths(SampleHost(),
                        R"(ASSOCIATORS OF {\\.\ROOT\cimv2:win32_diskdrive="\\\\.\\physicaldrive0"})"
                        " where assocclass=WIN32_DiskDriveToDiskPartition"),
                 testing::SizeIs(2));
 }
 
-TEST(RecordedHost, SearchesAllClassesWithoutAnAssociationClass) {
-    EXPECT_THAT(Answer(SampleHost(),
+TEST(RecordedMachine, SearchesAllClassesWithoutAnAssociationClass) {
+    EXPECT_THAT(Paths(SampleHost(),
                        R"(ASSOCIATORS OF {Win32_PnPEntity.DeviceID="PCIIDE\\IDECHANNEL\\4&0"})"),
                 UnorderedElementsAre(R"(Win32_IDEController.DeviceID="PCI\\VEN_8086&REV_02\\3")",
                                      R"(Win32_IDEController.DeviceID="PCIIDE\\IDECHANNEL\\4&0")",
                                      R"(Win32_SystemDriver.Name="atapi")"));
 }
 
-TEST(RecordedHost, NarrowsAssociatedObjectsByResultClassAndRoles) {
+TEST(RecordedMachine, NarrowsAssociatedObjectsByResultClassAndRoles) {
     const std::string channel = R"(ASSOCIATORS OF {Win32_PnPEntity="PCIIDE\\IDECHANNEL\\4&0"})";
-    EXPECT_THAT(Answer(SampleHost(), channel + " WHERE ResultClass=win32_systemdriver"),
+    EXPECT_THAT(Paths(SampleHost(), channel + " WHERE ResultClass=win32_systemdriver"),
                 ElementsAre(R"(Win32_SystemDriver.Name="atapi")"));
-    EXPECT_THAT(Answer(SampleHost(), channel + " WHERE Role=Antecedent"),
+    EXPECT_THAT(Paths(SampleHost(), channel + " WHERE Role=Antecedent"),
                 ElementsAre(R"(Win32_SystemDriver.Name="atapi")"));
-    EXPECT_THAT(Answer(SampleHost(), channel + " WHERE ResultRole=SameElement"),
+    EXPECT_THAT(Paths(SampleHost(), channel + " WHERE ResultRole=SameElement"),
                 ElementsAre(R"(Win32_IDEController.DeviceID="PCIIDE\\IDECHANNEL\\4&0")"));
-    EXPECT_THAT(Answer(SampleHost(), channel + " WHERE Role=Antecedent ResultRole=Antecedent"),
+    EXPECT_THAT(Paths(SampleHost(), channel + " WHERE Role=Antecedent ResultRole=Antecedent"),
                 IsEmpty());
 }
 
-TEST(RecordedHost, GivesClassesOfAssociatedObjectsOnce) {
-    const auto answer = SampleHost().RunQuery(
+TEST(RecordedMachine, GivesClassesOfAssociatedObjectsOnce) {
+    const auto answer = Ask(SampleHost(),
         "root/cimv2",
         R"(ASSOCIATORS OF {Win32_DiskDrive="\\\\.\\PHYSICALDRIVE0"} WHERE ClassDefsOnly)");
     ASSERT_EQ(answer.objects.size(), 1U);
-    EXPECT_EQ(answer.objects[0].ClassName(), "Win32_DiskPartition");
-    EXPECT_EQ(Text(answer.objects[0], "__RELPATH"), "Win32_DiskPartition");
+    EXPECT_EQ(answer.objects[0]->ClassName(), "Win32_DiskPartition");
+    EXPECT_EQ(TextOf(*answer.objects[0], "__RELPATH"), "Win32_DiskPartition");
 }
 
-TEST(RecordedHost, LeavesOutAssociatedObjectsWithoutARow) {
+TEST(RecordedMachine, LeavesOutAssociatedObjectsWithoutARow) {
     HostBuilder host;
     host.Controller(controllerId).Device(controllerId, R"(IDE\GONE\1)");
     EXPECT_THAT(
-        Answer(host.Build(), R"(ASSOCIATORS OF {Win32_IDEController="PCI\\VEN_8086&REV_02\\3"})"
+        Paths(host.Build(), R"(ASSOCIATORS OF {Win32_IDEController="PCI\\VEN_8086&REV_02\\3"})"
                              " WHERE AssocClass=Win32_IDEControllerDevice"),
         IsEmpty());
 }
 
-TEST(RecordedHost, NeedsNoRowForThePathItself) {
+TEST(RecordedMachine, NeedsNoRowForThePathItself) {
     HostBuilder host;
     host.Entity(channelId, "Channel").Device("GONE", channelId);
-    EXPECT_THAT(Answer(host.Build(), R"(ASSOCIATORS OF {Win32_IDEController="GONE"})"),
+    EXPECT_THAT(Paths(host.Build(), R"(ASSOCIATORS OF {Win32_IDEController="GONE"})"),
                 ElementsAre(R"(Win32_PnPEntity.DeviceID="PCIIDE\\IDECHANNEL\\4&0")"));
 }
 
-TEST(RecordedHost, SkipsFailingClassesWhereAllAreSearched) {
+TEST(RecordedMachine, SkipsFailingClassesWhereAllAreSearched) {
     HostBuilder host;
     host.Controller(controllerId).Driver("msahci").Fail("Win32_PnPDevice");
     EXPECT_THAT(
-        Answer(host.Build(), R"(ASSOCIATORS OF {Win32_PnPEntity="PCI\\VEN_8086&REV_02\\3"})"),
+        Paths(host.Build(), R"(ASSOCIATORS OF {Win32_PnPEntity="PCI\\VEN_8086&REV_02\\3"})"),
         ElementsAre(R"(Win32_SystemDriver.Name="msahci")"));
 }
 
-TEST(RecordedHost, FindsTheReferencesToAnObject) {
+TEST(RecordedMachine, FindsTheReferencesToAnObject) {
     const std::string disk = R"(REFERENCES OF {Win32_DiskDrive="\\\\.\\PHYSICALDRIVE0"})";
-    EXPECT_THAT(Answer(SampleHost(), disk), testing::SizeIs(2));
-    EXPECT_THAT(Answer(SampleHost(), disk + " WHERE Role=Dependent"), IsEmpty());
-    const auto all = SampleHost().RunQuery(
+    EXPECT_THAT(Paths(SampleHost(), disk), testing::SizeIs(2));
+    EXPECT_THAT(Paths(SampleHost(), disk + " WHERE Role=Dependent"), IsEmpty());
+    const auto all = Ask(SampleHost(),
         "root/cimv2", R"(REFERENCES OF {Win32_PnPEntity="PCIIDE\\IDECHANNEL\\4&0"}
                          WHERE ResultClass=Win32_IDEControllerDevice)");
     ASSERT_EQ(all.objects.size(), 1U);
-    EXPECT_EQ(Text(all.objects[0], "Antecedent"),
+    EXPECT_EQ(TextOf(*all.objects[0], "Antecedent"),
               R"(\\SRV01\root\cimv2:Win32_IDEController.DeviceID="PCI\\VEN_8086&REV_02\\3")");
 }
 
-TEST(RecordedHost, FindsAnObjectByItsPath) {
+TEST(RecordedMachine, FindsAnObjectByItsPath) {
     const RecordedHost host = SampleHost();
     const auto find = [&host](std::string_view path) {
-        return host.Find(R"(root\CIMv2)", *ParseObjectPath(path));
+        const Answer answer =
+            OpenRecorded(std::make_shared<const RecordedHost>(host), R"(root\CIMv2)")->Get(path);
+        return answer.objects.empty() ? nullptr : answer.objects.front();
     };
     ASSERT_TRUE(find(R"(win32_diskdrive.deviceid='\\\\.\\physicaldrive1')"));
-    EXPECT_EQ(Text(*find(R"(Win32_DiskDrive="\\\\.\\PHYSICALDRIVE1")"), "Status"), "Pred Fail");
-    EXPECT_TRUE(find(R"(\\X\root\wmi:MSStorageDriver_FailurePredictStatus="IDE\\DISKY\\5&2_0")"));
+    EXPECT_EQ(TextOf(*find(R"(Win32_DiskDrive="\\\\.\\PHYSICALDRIVE1")"), "Status"), "Pred Fail");
     EXPECT_FALSE(find(R"(Win32_DiskDrive="\\\\.\\PHYSICALDRIVE2")"));
-    EXPECT_FALSE(find("Win32_DiskDrive"));
     EXPECT_FALSE(find("Win32_Fan='x'"));
     EXPECT_FALSE(find("root/x:Win32_Fan='x'"));
 }
 
-TEST(RecordedHost, IsCopiedWithItsRows) {
+TEST(RecordedMachine, IsCopiedWithItsRows) {
     RecordedHost copy = SampleHost();
     const RecordedHost original = copy;
     copy.FailClass(R"(root\CIMv2)", "Win32_DiskDrive");
-    EXPECT_THAT(Answer(original, "SELECT * FROM Win32_DiskDrive"), testing::SizeIs(2));
+    EXPECT_THAT(Paths(original, "SELECT * FROM Win32_DiskDrive"), testing::SizeIs(2));
 }
 
 }  // namespace

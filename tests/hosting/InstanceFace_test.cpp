@@ -1,15 +1,13 @@
+#include "qvsata/hosting/InstanceFace.h"
+
 #include <gtest/gtest.h>
 
-#include "qvsata/hosting/InstanceObject.h"
-#include "qvsata/hosting/ObjectReading.h"
-#include "tests/windows/service/FakeProvider.h"
+#include "tests/hosting/FakeProvider.h"
 
 namespace qv::test {
 namespace {
 
 using service::CimValue;
-using service::InstanceObject;
-using service::ReadProperty;
 
 class Put : public testing::Test {
 protected:
@@ -128,15 +126,16 @@ TEST_F(Put, IsRecordedAsItWasCalled) {
     Do(L"u16", Text(L"4"));
     Do(L"Flag", Number(VT_BOOL, 1));
     Do(L"Missing", Number(VT_I4, 9));
-    const auto log = InstanceObject::From(object_.Get())->PutLog();
+    const auto behind = service::ObjectFace::Behind(*object_.Get());
+    const auto log = dynamic_cast<const service::Instance&>(*behind).Puts();
     ASSERT_EQ(log.size(), 3U);
     EXPECT_EQ(log[0].name, "u16");
     EXPECT_EQ(log[0].variantType, VT_BSTR);
     EXPECT_EQ(log[0].value, CimValue("4"));
-    EXPECT_EQ(log[0].result, Hr(WBEM_S_NO_ERROR));
+    EXPECT_EQ(log[0].result, Status::noError);
     EXPECT_EQ(log[1].variantType, VT_BOOL);
     EXPECT_EQ(log[1].value, CimValue(std::int64_t{1}));
-    EXPECT_EQ(log[2].result, Hr(WBEM_E_NOT_FOUND));
+    EXPECT_EQ(log[2].result, Status::notFound);
 }
 
 }  // namespace

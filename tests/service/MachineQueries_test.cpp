@@ -1,7 +1,8 @@
-#include "qvsata/service/RecordedQueryPort.h"
+#include "qvsata/service/MachineQueries.h"
 
 #include <gtest/gtest.h>
 
+#include "qvsata/service/RecordedMachine.h"
 #include "tests/support/HostBuilder.h"
 
 namespace qv::service {
@@ -11,11 +12,15 @@ using platform::NameFormat;
 using platform::QueryResult;
 using platform::Value;
 
-TEST(RecordedQueryPort, GivesTheRowsOfAQuery) {
+MachineQueries QueriesOf(RecordedHost host) {
+    return MachineQueries(ConnectRecorded(std::make_shared<const RecordedHost>(std::move(host))));
+}
+
+TEST(MachineQueries, GivesTheRowsOfAQuery) {
     test::HostBuilder host;
     host.Disk(0, R"(IDE\DISKX\5&1)", {{"Status", {}}});
     platform::Rows rows;
-    ASSERT_EQ(RecordedQueryPort(host.Build())
+    ASSERT_EQ(QueriesOf(host.Build())
                   .RunWqlQuery(R"(root\CIMv2)", "SELECT * FROM Win32_DiskDrive", rows),
               QueryResult::submitted);
     ASSERT_EQ(rows.size(), 1U);
@@ -27,10 +32,10 @@ TEST(RecordedQueryPort, GivesTheRowsOfAQuery) {
     EXPECT_EQ(rows[0]->Get("Missing").status, Status::notFound);
 }
 
-TEST(RecordedQueryPort, DropsEarlierRowsWhenAQueryFails) {
+TEST(MachineQueries, DropsEarlierRowsWhenAQueryFails) {
     test::HostBuilder host;
     host.Disk(0, "X").Fail("Win32_PhysicalMedia");
-    const RecordedQueryPort port(host.Build());
+    const MachineQueries port = QueriesOf(host.Build());
     platform::Rows rows;
     port.RunWqlQuery(R"(root\CIMv2)", "SELECT * FROM Win32_DiskDrive", rows);
     EXPECT_EQ(port.RunWqlQuery(R"(root\CIMv2)", "SELECT * FROM Win32_PhysicalMedia", rows),
@@ -41,16 +46,16 @@ TEST(RecordedQueryPort, DropsEarlierRowsWhenAQueryFails) {
     EXPECT_EQ(port.RunWqlQuery(R"(root\CIMv2)", "no query", rows), QueryResult::failed);
 }
 
-TEST(RecordedQueryPort, GivesTheRecordedNames) {
-    const RecordedQueryPort port(RecordedHost({"S", "s.example.org", "s", "SNB"}));
+TEST(RecordedNames, GivesTheRecordedNames) {
+    const RecordedNames port({"S", "s.example.org", "s", "SNB"});
     EXPECT_EQ(port.NameInFormat(NameFormat::dnsFullyQualified).name, "s.example.org");
     EXPECT_EQ(port.NameInFormat(NameFormat::dnsHostname).name, "s");
     EXPECT_EQ(port.NameInFormat(NameFormat::netBios).name, "SNB");
     EXPECT_EQ(port.NameInFormat(NameFormat::netBios).error, 0U);
 }
 
-TEST(RecordedQueryPort, RefusesANameThatWasNotRecorded) {
-    EXPECT_EQ(RecordedQueryPort(RecordedHost()).NameInFormat(NameFormat::netBios).error, 1210U);
+TEST(RecordedNames, RefusesANameThatWasNotRecorded) {
+    EXPECT_EQ(RecordedNames({}).NameInFormat(NameFormat::netBios).error, 1210U);
 }
 
 TEST(ToPlatformValue, HandsValuesOverAsTheManagementServiceDoes) {

@@ -1,19 +1,35 @@
-// The objects that a recorded host answers with.
+#include "qvsata/recorded/RecordedObject.h"
+
 #include <gmock/gmock.h>
 
-#include "qvsata/recorded/RecordedHost.h"
+#include "tests/support/RecordedAnswers.h"
 
 namespace qv::service {
 namespace {
 
 using testing::ElementsAre;
 
-RecordedObject ObjectOf(const std::string& className, RowProperties properties,
+// A row as its host answers with it.
+class Answered {
+public:
+    explicit Answered(ObjectPtr object) : object_(std::move(object)) {}
+
+    std::optional<CimValue> Get(std::string_view name) const {
+        return test::ValueOf(*object_, name);
+    }
+    std::vector<std::string> PropertyNames() const { return object_->Names(); }
+
+private:
+    ObjectPtr object_;
+};
+
+Answered ObjectOf(const std::string& className, RowProperties properties,
                         std::string_view nameSpace = R"(root\CIMv2)",
                         const std::string& selection = "*") {
     RecordedHost host({"SRV01", "", "", ""});
     host.AddRow("root/cimv2", className, std::move(properties));
-    return host.RunQuery(nameSpace, "SELECT " + selection + " FROM " + className).objects.at(0);
+    return Answered(
+        test::Ask(host, nameSpace, "SELECT " + selection + " FROM " + className).objects.at(0));
 }
 
 std::string RelPathOf(const std::string& className, RowProperties properties) {
@@ -23,7 +39,7 @@ std::string RelPathOf(const std::string& className, RowProperties properties) {
 }
 
 TEST(RecordedObject, ReadsPropertiesWithoutRegardToCase) {
-    const RecordedObject disk = ObjectOf("Win32_DiskDrive", {{"Size", "5"}, {"Status", {}}});
+    const Answered disk = ObjectOf("Win32_DiskDrive", {{"Size", "5"}, {"Status", {}}});
     EXPECT_EQ(disk.Get("SIZE"), CimValue{"5"});
     EXPECT_EQ(disk.Get("status"), CimValue{});
     EXPECT_EQ(disk.Get("Model"), std::nullopt);
@@ -34,7 +50,7 @@ TEST(RecordedObject, OutlivesItsHost) {
 }
 
 TEST(RecordedObject, DerivesItsSystemProperties) {
-    const RecordedObject disk =
+    const Answered disk =
         ObjectOf("Win32_DiskDrive", {{"DeviceID", R"(\\.\PHYSICALDRIVE0)"}});
     EXPECT_EQ(disk.Get("__class"), CimValue{"Win32_DiskDrive"});
     EXPECT_EQ(disk.Get("__SERVER"), CimValue{"SRV01"});
@@ -46,7 +62,7 @@ TEST(RecordedObject, DerivesItsSystemProperties) {
 }
 
 TEST(RecordedObject, SpellsTheNamespaceAsTheConnectionDid) {
-    const RecordedObject disk =
+    const Answered disk =
         ObjectOf("Win32_DiskDrive", {{"DeviceID", "x"}}, R"(\\.\ROOT/cimV2)");
     EXPECT_EQ(disk.Get("__NAMESPACE"), CimValue{R"(ROOT\cimV2)"});
     EXPECT_EQ(disk.Get("__PATH"), CimValue{R"(\\SRV01\ROOT\cimV2:Win32_DiskDrive.DeviceID="x")"});
@@ -82,7 +98,7 @@ TEST(RecordedObject, HasNoPathWithoutAKey) {
 }
 
 TEST(RecordedObject, PrefersTheSystemPropertiesOfTheRow) {
-    const RecordedObject disk = ObjectOf(
+    const Answered disk = ObjectOf(
         "Win32_DiskDrive", {{"DeviceID", "x"}, {"__CLASS", "Other"}, {"__path", CimValue{}}});
     EXPECT_EQ(disk.Get("__CLASS"), CimValue{"Other"});
     EXPECT_EQ(disk.Get("__PATH"), CimValue{});
@@ -95,7 +111,7 @@ TEST(RecordedObject, ListsItsPropertiesWithoutSystemOnes) {
 }
 
 TEST(RecordedObject, HasOnlyTheSelectedProperties) {
-    const RecordedObject disk =
+    const Answered disk =
         ObjectOf("Win32_DiskDrive", {{"DeviceID", "x"}, {"Size", "5"}, {"Model", "m"}},
                  "root/cimv2", "MODEL,size");
     EXPECT_THAT(disk.PropertyNames(), ElementsAre("Size", "Model"));

@@ -22,8 +22,8 @@ service::HostOptions Desktop() {
 
 TEST(ManagementHost, EnumeratesThroughTheLibrary) {
     const ManagementHost host(Desktop());
-    const service::Answer answer = host.Namespace().Enumerate("QV_SATADiskDrive");
-    EXPECT_EQ(answer.status, S_OK);
+    const service::Answer answer = host.Published().Enumerate("QV_SATADiskDrive");
+    EXPECT_EQ(answer.status, Status::noError);
     EXPECT_EQ(answer.objects.size(), 3U);
 }
 
@@ -32,14 +32,14 @@ TEST(ManagementHost, ShowsTheNextRecordingOnceItIsThePresentOne) {
     options.laterRecordings = {
         std::make_shared<service::RecordedHost>(options.recorded->Computer())};
     const ManagementHost host(options);
-    EXPECT_EQ(host.Namespace().Enumerate("QV_SATADiskDrive").objects.size(), 3U);
+    EXPECT_EQ(host.Published().Enumerate("QV_SATADiskDrive").objects.size(), 3U);
     host.Recordings()->Step();
-    EXPECT_EQ(host.Namespace().Enumerate("QV_SATADiskDrive").objects.size(), 0U);
+    EXPECT_EQ(host.Published().Enumerate("QV_SATADiskDrive").objects.size(), 0U);
 }
 
 TEST(ManagementHost, LetsTheLibraryGoWithTheProvider) {
     ManagementHost host(Desktop());
-    host.Namespace().Enumerate("QV_SATADiskDrive");
+    host.Published().Enumerate("QV_SATADiskDrive");
     EXPECT_FALSE(host.CanUnloadLibrary());
     host.ReleaseProvider();
     EXPECT_TRUE(host.CanUnloadLibrary());
@@ -48,14 +48,14 @@ TEST(ManagementHost, LetsTheLibraryGoWithTheProvider) {
 TEST(ManagementHost, CanBeStartedAgain) {
     for (int start = 0; start < 3; ++start) {
         const ManagementHost host(Desktop());
-        EXPECT_EQ(host.Namespace().Enumerate("QV_SATAStorageCollection").objects.size(), 1U);
+        EXPECT_EQ(host.Published().Enumerate("QV_SATAStorageCollection").objects.size(), 1U);
     }
 }
 
 TEST(ManagementHost, AnswersACallerWhoMayOnlyBeIdentifiedWithAccessDenied) {
     const ManagementHost host(Desktop());
     host.Provider().SetCallerLevel(SecurityIdentification);
-    EXPECT_EQ(host.Namespace().Enumerate("QV_SATADiskDrive").status, Hr(WBEM_E_ACCESS_DENIED));
+    EXPECT_EQ(host.Published().Enumerate("QV_SATADiskDrive").status, windows::ToStatus(Hr(WBEM_E_ACCESS_DENIED)));
 }
 
 TEST(ManagementHost, ServesRequestsThatComeBackToItOnEightThreads) {
@@ -67,7 +67,7 @@ TEST(ManagementHost, ServesRequestsThatComeBackToItOnEightThreads) {
             const service::ComApartment apartment;
             for (int request = 0; request < 5; ++request) {
                 delivered += static_cast<int>(
-                    host.Namespace().Enumerate("QV_SATAStorageCollection").objects.size());
+                    host.Published().Enumerate("QV_SATAStorageCollection").objects.size());
             }
         });
     }

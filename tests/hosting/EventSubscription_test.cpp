@@ -7,7 +7,6 @@
 #include <optional>
 
 #include "qvsata/hosting/MonitorPauses.h"
-#include "qvsata/hosting/ObjectReading.h"
 #include "tests/windows/support/RecordedOptions.h"
 #include "tests/windows/support/ShortSleeps.h"
 
@@ -37,7 +36,7 @@ protected:
     std::vector<std::string> Taken() {
         std::vector<std::string> events;
         for (const auto& indication : subscription_->Take()) {
-            events.push_back(service::ReadText(*indication.Get(), "EventID"));
+            events.push_back(service::TextOf(*indication, "EventID"));
         }
         return events;
     }
@@ -73,8 +72,8 @@ TEST_F(EventSubscriptionTest, DeliversInstancesOfTheIndicationClass) {
     ASSERT_EQ(WaitForSingleObject(pauses_.CycleOver(), 10000), WAIT_OBJECT_0);
     const service::ObjectList indications = subscription_->Take();
     ASSERT_EQ(indications.size(), 1U);
-    EXPECT_EQ(service::ReadText(*indications[0].Get(), "__CLASS"), "QV_SATADeviceIndication");
-    EXPECT_EQ(service::ReadText(*indications[0].Get(), "SystemName"), "cellar-nas.example.org");
+    EXPECT_EQ(service::TextOf(*indications[0], "__CLASS"), "QV_SATADeviceIndication");
+    EXPECT_EQ(service::TextOf(*indications[0], "SystemName"), "cellar-nas.example.org");
 }
 
 TEST_F(EventSubscriptionTest, KeepsWhatWasDeliveredBeforeItsEnd) {

@@ -1,14 +1,12 @@
 #include <gmock/gmock.h>
 
 #include "qvsata/hosting/ObjectReading.h"
-#include "tests/windows/service/FakeProvider.h"
+#include "tests/hosting/FakeProvider.h"
 
 namespace qv::test {
 namespace {
 
 using service::CimValue;
-using service::ReadProperty;
-using service::ReadText;
 using testing::ElementsAre;
 
 struct GetType {
@@ -51,7 +49,7 @@ INSTANTIATE_TEST_SUITE_P(
         return std::string(property.begin(), property.end());
     });
 
-TEST(ClassObject, TellsItsClassAndPath) {
+TEST(ObjectFace, TellsItsClassAndPath) {
     const TestNamespace names;
     const auto type = names.Class(L"t_disk");
     EXPECT_EQ(ReadText(*type.Get(), "__CLASS"), "T_Disk");
@@ -65,7 +63,7 @@ TEST(ClassObject, TellsItsClassAndPath) {
               CimValue(std::vector<std::string>{"T_Base"}));
 }
 
-TEST(ClassObject, InheritsFromItselfAndItsAncestors) {
+TEST(ObjectFace, InheritsFromItselfAndItsAncestors) {
     const TestNamespace names;
     const auto type = names.Class(L"T_Disk");
     EXPECT_EQ(type->InheritsFrom(L"T_DISK"), S_OK);
@@ -73,7 +71,7 @@ TEST(ClassObject, InheritsFromItselfAndItsAncestors) {
     EXPECT_EQ(type->InheritsFrom(L"T_Port"), WBEM_S_FALSE);
 }
 
-TEST(ClassObject, SpawnsInstancesThatShowDefaultsAndHaveNoPathWithoutKeys) {
+TEST(ObjectFace, SpawnsInstancesThatShowDefaultsAndHaveNoPathWithoutKeys) {
     const TestNamespace names;
     const auto object = names.Spawn(L"T_Disk");
     EXPECT_EQ(ReadProperty(*object.Get(), "Number")->value, CimValue(std::int64_t{7}));
@@ -84,11 +82,11 @@ TEST(ClassObject, SpawnsInstancesThatShowDefaultsAndHaveNoPathWithoutKeys) {
     EXPECT_EQ(ReadText(*object.Get(), "__RELPATH"), R"(T_Disk.Key="a\\b\"c")");
 }
 
-TEST(ClassObject, EnumeratesItsPropertiesByChoice) {
+TEST(ObjectFace, EnumeratesItsPropertiesByChoice) {
     const TestNamespace names;
     const auto object = names.Spawn(L"T_Disk");
     std::vector<std::string> seen;
-    for (const auto& property : service::ReadProperties(*object.Get())) {
+    for (const auto& property : service::PropertiesOf(*service::ReadObject(*object.Get()))) {
         seen.push_back(property.name);
     }
     EXPECT_THAT(seen, ElementsAre("Key", "Number", "Note"));
@@ -102,7 +100,7 @@ TEST(ClassObject, EnumeratesItsPropertiesByChoice) {
     EXPECT_EQ(object->Next(0, name.Receive(), nullptr, nullptr, nullptr), Hr(WBEM_E_UNEXPECTED));
 }
 
-TEST(ClassObject, LeavesTheVariantAloneWhenThereIsNoSuchProperty) {
+TEST(ObjectFace, LeavesTheVariantAloneWhenThereIsNoSuchProperty) {
     const TestNamespace names;
     Variant value;
     V_VT(value.Pass()) = VT_I4;
@@ -111,7 +109,7 @@ TEST(ClassObject, LeavesTheVariantAloneWhenThereIsNoSuchProperty) {
     EXPECT_EQ(V_VT(&value.Get()), VT_I4);
 }
 
-TEST(ClassObject, WritesAnInstanceAsMof) {
+TEST(ObjectFace, WritesAnInstanceAsMof) {
     const TestNamespace names;
     const auto object = names.Spawn(L"T_Disk");
     Variant key;
@@ -121,7 +119,7 @@ TEST(ClassObject, WritesAnInstanceAsMof) {
     EXPECT_EQ(text.View(), L"instance of T_Disk\n{\n    Key = \"a\\\\b\";\n    Number = 7;\n};\n");
 }
 
-TEST(ClassObject, ClonesAnInstanceWithItsValues) {
+TEST(ObjectFace, ClonesAnInstanceWithItsValues) {
     const TestNamespace names;
     const auto object = names.Spawn(L"T_Disk");
     Variant key;

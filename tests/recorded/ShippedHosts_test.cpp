@@ -7,7 +7,9 @@
 #include <utility>
 
 #include "SourceTree.h"
-#include "qvsata/recorded/RecordedHost.h"
+#include "qvsata/cim/ObjectPathParser.h"
+#include "qvsata/recorded/HostFile.h"
+#include "tests/support/RecordedAnswers.h"
 
 namespace qv::service {
 namespace {
@@ -30,19 +32,24 @@ std::vector<std::filesystem::path> FilesIn(const std::filesystem::path& folder) 
     return files;
 }
 
-std::vector<RecordedObject> RowsOf(const RecordedHost& host, std::string_view className,
+ObjectList RowsOf(const RecordedHost& host, std::string_view className,
                                    std::string_view nameSpace = R"(root\CIMv2)") {
-    return host.RunQuery(nameSpace, "SELECT * FROM " + std::string(className)).objects;
+    return test::Ask(host, nameSpace, "SELECT * FROM " + std::string(className)).objects;
 }
 
-std::vector<std::string> TextsOf(const std::vector<RecordedObject>& rows, std::string_view name) {
+std::vector<std::string> TextsOf(const ObjectList& rows, std::string_view name) {
     std::vector<std::string> texts;
-    for (const RecordedObject& row : rows) {
-        const auto value = row.Get(name).value_or(CimValue{});
+    for (const ObjectPtr& row : rows) {
+        const auto value = test::ValueOf(*row, name).value_or(CimValue{});
         texts.push_back(std::holds_alternative<std::string>(value) ? std::get<std::string>(value)
                                                                    : "");
     }
     return texts;
+}
+
+bool IsRecorded(const RecordedHost& host, const ObjectPath& path) {
+    const RecordedClass* found = host.FindNamespace(R"(root\CIMv2)")->Find(path.className);
+    return found != nullptr && found->Find(path) != nullptr;
 }
 
 // What the references of a host name without there being such a row.
@@ -53,7 +60,7 @@ std::vector<std::string> DanglingReferences(const RecordedHost& host) {
         for (const char* role : {"Antecedent", "Dependent", "SameElement", "SystemElement"}) {
             for (const std::string& text : TextsOf(RowsOf(host, name), role)) {
                 const auto path = ParseObjectPath(text);
-                if (path && !host.Find(R"(root\CIMv2)", *path)) {
+                if (path && !IsRecorded(host, *path)) {
                     dangling.push_back(text);
                 }
             }
@@ -66,11 +73,11 @@ std::vector<std::string> DanglingReferences(const RecordedHost& host) {
 std::vector<std::string> RepeatedPaths(const RecordedHost& host) {
     std::set<std::string> seen;
     std::vector<std::string> repeated;
-    for (const std::string& nameSpace : host.Namespaces()) {
-        for (const std::string& name : host.Classes(nameSpace)) {
-            for (const std::string& path : TextsOf(RowsOf(host, name, nameSpace), "__PATH")) {
+    for (const RecordedNamespace& nameSpace : host.Namespaces()) {
+        for (const RecordedClass& recorded : nameSpace.Classes()) {
+            for (const std::string& path : TextsOf(RowsOf(host, recorded.Name(), nameSpace.Name()), "__PATH")) {
                 if (path.empty() || !seen.insert(path).second) {
-                    repeated.push_back(name + ": " + path);
+                    repeated.push_back(recorded.Name() + ": " + path);
                 }
             }
         }
@@ -115,17 +122,17 @@ TEST(ShippedHosts, OfTheDrillAreThoseOfTheReadmesTable) {
 
 class ShippedHost : public testing::TestWithParam<const char*> {
 protected:
-    RecordedHost host_ = RecordedHost::FromFile(shippedHosts / GetParam());
+    RecordedHost host_ = ReadHostFile(shippedHosts / GetParam());
 };
 
 TEST_P(ShippedHost, HoldsEverySourceClass) {
     EXPECT_THAT(
-        host_.Classes(R"(root\CIMv2)"),
+        test::NamesOf(host_.FindNamespace(R"(root\CIMv2)")->Classes()),
         UnorderedElementsAre("Win32_DiskDrive", "Win32_PhysicalMedia", "Win32_DiskPartition",
                              "Win32_DiskDriveToDiskPartition", "Win32_IDEController",
                              "Win32_IDEControllerDevice", "Win32_PnPEntity", "Win32_PnPDevice",
                              "Win32_SystemDriver", "Win32_SystemDriverPNPEntity"));
-    EXPECT_THAT(host_.Classes(R"(root\wmi)"), ElementsAre("MSStorageDriver_FailurePredictStatus"));
+    EXPECT_THAT(test::NamesOf(host_.FindNamespace(R"(root\wmi)")->Classes()), ElementsAre("MSStorageDriver_FailurePredictStatus"));
 }
 
 TEST_P(ShippedHost, IsWholeAndWithoutRepetition) {
@@ -158,26 +165,23 @@ INSTANTIATE_TEST_SUITE_P(Drill, ShippedHost,
                          HostName);
 
 TEST(ShippedHosts, ShowAFailingDisk) {
-    const auto host = RecordedHost::FromFile(shippedHosts / "mixed-buses-failing.json");
+    const auto host = ReadHostFile(shippedHosts / "mixed-buses-failing.json");
     EXPECT_THAT(TextsOf(RowsOf(host, "Win32_DiskDrive"), "InterfaceType"),
                 ElementsAre("IDE", "IDE", "IDE", "SCSI", "USB"));
     EXPECT_THAT(TextsOf(RowsOf(host, "Win32_DiskDrive"), "Status"),
                 ElementsAre("Pred Fail", "OK", "Degraded", "OK", "OK"));
-    const auto predicting = host.RunQuery(
-        R"(root\wmi)",
+    const auto predicting = test::Ask(host, R"(root\wmi)",
         "SELECT * FROM MSStorageDriver_FailurePredictStatus WHERE PredictFailure = TRUE");
     EXPECT_THAT(TextsOf(predicting.objects, "InstanceName"),
                 ElementsAre(R"(SCSI\Disk&Ven_Halden&Prod_HD4000F05\4&35e81d6c&0&020000_0)"));
 }
 
 TEST(ShippedHosts, LeadFromAControllerToItsDriver) {
-    const auto host = RecordedHost::FromFile(shippedHosts / "ahci-desktop.json");
-    const auto entities = host.RunQuery(
-        R"(root\CIMv2)",
+    const auto host = ReadHostFile(shippedHosts / "ahci-desktop.json");
+    const auto entities = test::Ask(host, R"(root\CIMv2)",
         R"(ASSOCIATORS OF {Win32_IDEController.DeviceID="PCI\\VEN_1AF7&DEV_3A22&SUBSYS_82D41043&REV_05\\3&2411E6FE&0&FA"} where assocclass=Win32_PnPDevice)");
     ASSERT_EQ(entities.objects.size(), 1U);
-    const auto drivers = host.RunQuery(
-        R"(root\CIMv2)", "ASSOCIATORS OF {" + TextsOf(entities.objects, "__RELPATH").front() +
+    const auto drivers = test::Ask(host, R"(root\CIMv2)", "ASSOCIATORS OF {" + TextsOf(entities.objects, "__RELPATH").front() +
                              "} where assocclass=Win32_SystemDriverPNPEntity");
     EXPECT_THAT(TextsOf(drivers.objects, "Name"), ElementsAre("msahci"));
 }
@@ -188,7 +192,7 @@ TEST(Recordings, AreReadWithoutALossOfRows) {
     }
     for (const auto& file : FilesIn(QV_RECORDINGS_DIR)) {
         SCOPED_TRACE(file.string());
-        const RecordedHost host = RecordedHost::FromFile(file);
+        const RecordedHost host = ReadHostFile(file);
         EXPECT_FALSE(host.Computer().dnsFullyQualified.empty());
         EXPECT_FALSE(RowsOf(host, "Win32_DiskDrive").empty());
         EXPECT_THAT(RepeatedPaths(host), IsEmpty());

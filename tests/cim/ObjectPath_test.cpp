@@ -1,4 +1,5 @@
 #include "qvsata/cim/ObjectPath.h"
+#include "qvsata/cim/ObjectPathParser.h"
 
 #include <gmock/gmock.h>
 

@@ -5,7 +5,7 @@
 #include <new>
 
 #include "platform/Status.h"
-#include "tests/windows/service/FakeProvider.h"
+#include "tests/hosting/FakeProvider.h"
 
 namespace qv::test {
 namespace {

@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "platform/windows/Handle.h"
-#include "tests/windows/service/FakeProvider.h"
+#include "tests/hosting/FakeProvider.h"
 
 namespace qv::test {
 namespace {

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <memory>
+#include <utility>
+
+#include "qvsata/service/MachineQueries.h"
+#include "qvsata/service/RecordedMachine.h"
+
+namespace qv::test {
+
+/// A recorded host in the place of the machine, for the core alone.
+class RecordedPort : public platform::QueryPort, public platform::HostFacts {
+public:
+    explicit RecordedPort(const service::RecordedHost& host)
+        : queries_(service::ConnectRecorded(std::make_shared<const service::RecordedHost>(host))),
+          names_(host.Computer()) {}
+
+    platform::QueryResult RunWqlQuery(std::string_view nameSpace, std::string_view query,
+                                      platform::Rows& rows) const override {
+        return queries_.RunWqlQuery(nameSpace, query, rows);
+    }
+    platform::ComputerName NameInFormat(platform::NameFormat format) const override {
+        return names_.NameInFormat(format);
+    }
+
+private:
+    service::MachineQueries queries_;
+    service::RecordedNames names_;
+};
+
+}  // namespace qv::test
