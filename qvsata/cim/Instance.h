@@ -46,7 +46,8 @@ public:
     std::optional<std::string> RelativePath() const;
 
     /// Returns the same with the keys in the order in which they were put, as a provider that
-    /// compares paths as text has it: backslashes of texts are not escaped, those of references are.
+    /// compares paths as text has it: backslashes of texts are not escaped, those of references
+    /// are.
     std::string PathAsPut() const;
 
     std::optional<ObjectProperty> Find(std::string_view name) const override;

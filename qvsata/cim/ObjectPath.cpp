@@ -87,9 +87,9 @@ std::string IdentityOf(const ObjectPath& path) {
     std::vector<std::string> keys;
     for (const PathKey& key : path.keys) {
         const auto reference = ParseObjectPath(key.value);
-        keys.push_back(FoldCase(key.name) + '=' +
-                       (reference && !reference->keys.empty() ? IdentityOf(*reference)
-                                                              : FoldCase(key.value)));
+        keys.push_back(
+            FoldCase(key.name) + '=' +
+            (reference && !reference->keys.empty() ? IdentityOf(*reference) : FoldCase(key.value)));
     }
     std::ranges::sort(keys);
     std::string identity = FoldCase(path.className);

@@ -4,10 +4,10 @@
 #include "catalogue/Classes.h"
 #include "qvsata/commands/Commands.h"
 #include "qvsata/commands/Options.h"
+#include "qvsata/commands/Session.h"
 #include "qvsata/output/Output.h"
 #include "qvsata/output/OutputJson.h"
 #include "qvsata/output/OutputText.h"
-#include "qvsata/commands/Session.h"
 
 namespace qv::tool {
 namespace {

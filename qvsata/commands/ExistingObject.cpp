@@ -5,8 +5,7 @@
 
 namespace qv::tool {
 
-service::ObjectPath ExistingObject(const service::Namespace& nameSpace,
-                                   const std::string& path) {
+service::ObjectPath ExistingObject(const service::Namespace& nameSpace, const std::string& path) {
     // What is no path or names nothing is refused here.
     Take(nameSpace.GetInAnyOrder(path));
     service::ObjectPath parsed = service::ParseObjectPath(path).value();

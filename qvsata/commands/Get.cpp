@@ -2,8 +2,8 @@
 
 #include "qvsata/commands/Commands.h"
 #include "qvsata/commands/Options.h"
-#include "qvsata/output/Output.h"
 #include "qvsata/commands/Session.h"
+#include "qvsata/output/Output.h"
 
 namespace qv::tool {
 

@@ -3,8 +3,8 @@
 #include "qvsata/commands/Commands.h"
 #include "qvsata/commands/ExistingObject.h"
 #include "qvsata/commands/Options.h"
-#include "qvsata/output/Output.h"
 #include "qvsata/commands/Session.h"
+#include "qvsata/output/Output.h"
 
 namespace qv::tool {
 
@@ -34,8 +34,7 @@ void AddReferences(CLI::App& program) {
         service::ReferencesQuery& asked = arguments->query;
         RequireClass(nameSpace, asked.resultClass);
         asked.path = ExistingObject(nameSpace, arguments->path);
-        Print(FormatObjects(Take(nameSpace.Query(asked)),
-                            arguments->options.format));
+        Print(FormatObjects(Take(nameSpace.Query(asked)), arguments->options.format));
     });
 }
 

@@ -57,8 +57,7 @@ std::unique_ptr<service::ProviderHost> StartSession(const Options& options) {
     try {
         return service::StartProvider(host);
     } catch (const RequestError& error) {
-        throw CommandError("starting the provider: " +
-                           service::StatusText(error.status()));
+        throw CommandError("starting the provider: " + service::StatusText(error.status()));
     }
 }
 

@@ -4,11 +4,11 @@
 #include <array>
 #include <cstdio>
 
-#include "qvsata/output/Output.h"
-#include "qvsata/output/OutputJson.h"
 #include "qvsata/cim/StatusCodes.h"
 #include "qvsata/commands/PublishedInstances.h"
 #include "qvsata/commands/Session.h"
+#include "qvsata/output/Output.h"
+#include "qvsata/output/OutputJson.h"
 #include "qvsata/output/WaitingLine.h"
 #include "qvsata/system/Console.h"
 #include "qvsata/system/StopRequest.h"

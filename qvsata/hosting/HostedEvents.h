@@ -1,7 +1,7 @@
 #pragma once
 
 #include "qvsata/hosting/EventSubscription.h"
-#include "qvsata/hosting/MonitorPauses.h"
+#include "qvsata/hosting/substitutes/MonitorPauses.h"
 
 namespace qv::service {
 

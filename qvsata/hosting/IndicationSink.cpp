@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "platform/windows/WbemStatus.h"
-#include "qvsata/hosting/Delivery.h"
-#include "qvsata/hosting/ObjectReading.h"
+#include "qvsata/hosting/objects/Delivery.h"
+#include "qvsata/hosting/objects/ObjectReading.h"
 
 namespace qv::service {
 

@@ -12,7 +12,7 @@
 #include "platform/windows/ComObject.h"
 #include "platform/windows/Text.h"
 #include "platform/windows/WbemStatus.h"
-#include "qvsata/hosting/ObjectReading.h"
+#include "qvsata/hosting/objects/ObjectReading.h"
 
 namespace qv::service {
 namespace {

@@ -6,10 +6,10 @@
 #include "platform/windows/WbemStatus.h"
 #include "qvsata/hosting/HostedEvents.h"
 #include "qvsata/hosting/LiveMachine.h"
-#include "qvsata/hosting/Locator.h"
-#include "qvsata/hosting/PathParser.h"
 #include "qvsata/hosting/ProviderSource.h"
 #include "qvsata/hosting/ServicesFace.h"
+#include "qvsata/hosting/substitutes/Locator.h"
+#include "qvsata/hosting/substitutes/PathParser.h"
 #include "qvsata/service/PublishedNamespace.h"
 #include "qvsata/service/RecordedMachine.h"
 
@@ -23,9 +23,8 @@ constexpr CLSID instanceProviderId{
 std::string ThisComputer() {
     std::wstring name(MAX_COMPUTERNAME_LENGTH + 1, L'\0');
     auto length = static_cast<DWORD>(name.size());
-    windows::ThrowIfFailed(GetComputerNameW(name.data(), &length)
-                               ? S_OK
-                               : HRESULT_FROM_WIN32(GetLastError()));
+    windows::ThrowIfFailed(
+        GetComputerNameW(name.data(), &length) ? S_OK : HRESULT_FROM_WIN32(GetLastError()));
     name.resize(length);
     return windows::ToNarrow(name, CP_UTF8);
 }
@@ -51,9 +50,9 @@ HMODULE ModuleOf(IUnknown& object) {
 }  // namespace
 
 ManagementHost::ManagementHost(const HostOptions& options)
-    : namespace_(OpenPublished(
-          ReadPublishedClasses(options.mofFiles),
-          options.recorded ? options.recorded->Computer().server : ThisComputer())),
+    : namespace_(
+          OpenPublished(ReadPublishedClasses(options.mofFiles),
+                        options.recorded ? options.recorded->Computer().server : ThisComputer())),
       recordings_(options.recorded ? std::make_shared<RecordingSequence>(RecordingsOf(options))
                                    : nullptr) {
     const Connector machine =

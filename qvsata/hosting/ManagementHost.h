@@ -6,11 +6,11 @@
 #include <optional>
 
 #include "qvsata/hosting/ComApartment.h"
-#include "qvsata/service/ProviderHost.h"
 #include "qvsata/hosting/ProviderLibrary.h"
 #include "qvsata/hosting/ProviderObject.h"
-#include "qvsata/hosting/ComputerNamePatch.h"
-#include "qvsata/hosting/ServedClass.h"
+#include "qvsata/hosting/substitutes/ComputerNamePatch.h"
+#include "qvsata/hosting/substitutes/ServedClass.h"
+#include "qvsata/service/ProviderHost.h"
 
 namespace qv::service {
 

@@ -29,7 +29,8 @@ std::optional<Answer> ProviderSource::Get(const ResolvedClassPtr&, std::string_v
     return AnswerOf(provider_->Get(path), path);
 }
 
-std::optional<Answer> ProviderSource::Query(const ResolvedClassPtr& type, std::string_view wql) const {
+std::optional<Answer> ProviderSource::Query(const ResolvedClassPtr& type,
+                                            std::string_view wql) const {
     ProviderAnswer offered = provider_->Query(wql);
     if (RefusesQueries(offered.Status())) {
         return std::nullopt;

@@ -3,8 +3,8 @@
 #include <span>
 #include <utility>
 
-#include "qvsata/hosting/Delivery.h"
-#include "qvsata/hosting/ObjectReading.h"
+#include "qvsata/hosting/objects/Delivery.h"
+#include "qvsata/hosting/objects/ObjectReading.h"
 
 namespace qv::service {
 

@@ -6,9 +6,9 @@
 #include "platform/windows/Bstr.h"
 #include "platform/windows/Text.h"
 #include "platform/windows/WbemStatus.h"
-#include "qvsata/hosting/Enumerator.h"
-#include "qvsata/hosting/Guarded.h"
-#include "qvsata/hosting/ObjectFace.h"
+#include "qvsata/hosting/objects/Enumerator.h"
+#include "qvsata/hosting/objects/Guarded.h"
+#include "qvsata/hosting/objects/ObjectFace.h"
 
 namespace qv::service {
 namespace {
@@ -55,9 +55,8 @@ HRESULT ServicesFace::GetObject(const BSTR path, long, IWbemContext*, IWbemClass
 
 HRESULT ServicesFace::CreateInstanceEnum(const BSTR className, long, IWbemContext*,
                                          IEnumWbemClassObject** objects) {
-    return HandOverObjects(className, objects, [this](const std::string& name) {
-        return services_->Enumerate(name);
-    });
+    return HandOverObjects(className, objects,
+                           [this](const std::string& name) { return services_->Enumerate(name); });
 }
 
 HRESULT ServicesFace::ExecQuery(const BSTR language, const BSTR query, long, IWbemContext*,

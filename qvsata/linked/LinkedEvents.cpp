@@ -68,8 +68,8 @@ void LinkedEvents::Receive(const InstanceRecord& event) {
     }
     auto indication = std::make_shared<Instance>(type);
     InstanceTarget target(*indication, namespacePrefix_);
-    if (!Succeeded(FillCommonProperties(target, "QV SATA", eventId,
-                                        {queries_, host_, system_, clock_}))) {
+    if (!Succeeded(
+            FillCommonProperties(target, "QV SATA", eventId, {queries_, host_, system_, clock_}))) {
         return;
     }
     InstanceRecord own = event;

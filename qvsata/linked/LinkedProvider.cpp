@@ -64,14 +64,13 @@ Answer LinkedProvider::Publish(const ResolvedClassPtr& type, const RecordList& r
 Answer LinkedProvider::Enumerate(const ResolvedClassPtr& type) const {
     const std::string request = "enumerating " + type->name;
     return RunRequest(request, [&] {
-        Answer answer =
-            Publish(type, api_.BuildInstances(type->name, mode::allProperties, {}));
-        return Succeeded(answer.status) ? std::move(answer)
-                                        : FailedRequest(answer.status, request);
+        Answer answer = Publish(type, api_.BuildInstances(type->name, mode::allProperties, {}));
+        return Succeeded(answer.status) ? std::move(answer) : FailedRequest(answer.status, request);
     });
 }
 
-std::optional<Answer> LinkedProvider::Get(const ResolvedClassPtr& type, std::string_view path) const {
+std::optional<Answer> LinkedProvider::Get(const ResolvedClassPtr& type,
+                                          std::string_view path) const {
     constexpr std::size_t longestPath = 999;
     return RunRequest(path, [&]() -> Answer {
         const std::optional<PathParts> parts = CutPath(path);

@@ -158,8 +158,8 @@ Status PutEntry(Instance& instance, const PropertyEntry& entry, std::string_view
         return Status::invalidCimType;
     }
     const Status result = Store(instance, entry.name, value);
-    instance.Record({entry.name, variantTypes[value.index()], std::visit(AsHandedOver(), value),
-                     result});
+    instance.Record(
+        {entry.name, variantTypes[value.index()], std::visit(AsHandedOver(), value), result});
     return result;
 }
 

@@ -21,8 +21,12 @@ platform::LocalTime LocalClock::Local() const {
     std::tm local{};
     localtime_r(&seconds, &local);
     const auto number = [](int value) { return static_cast<unsigned>(value); };
-    return {number(local.tm_year + 1900), number(local.tm_mon + 1), number(local.tm_mday),
-            number(local.tm_hour),        number(local.tm_min),     number(local.tm_sec),
+    return {number(local.tm_year + 1900),
+            number(local.tm_mon + 1),
+            number(local.tm_mday),
+            number(local.tm_hour),
+            number(local.tm_min),
+            number(local.tm_sec),
             static_cast<unsigned>(sinceEpoch.count() % 1000)};
 }
 

@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "qvsata/output/Format.h"
 #include "qvsata/cim/Object.h"
+#include "qvsata/output/Format.h"
 
 namespace qv::tool {
 

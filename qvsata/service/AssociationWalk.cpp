@@ -20,6 +20,17 @@ bool Allows(const std::string& asked, std::string_view name) {
     return asked.empty() || EqualsIgnoringCase(asked, name);
 }
 
+Answer UnknownClass(Status status, const std::string& className) {
+    return {status, "unknown class '" + className + "'", {}};
+}
+
+/// Whether classes of the namespace are known by name only: an object may be of a class that nobody
+/// recorded.
+bool HasUndefinedClasses(const Namespace& nameSpace) {
+    return std::ranges::any_of(nameSpace.Classes().Listed(),
+                               [](const ResolvedClassPtr& type) { return type->isUndefined; });
+}
+
 /// One association instance in which a reference names the path that was asked for.
 struct Link {
     ObjectPtr association;
@@ -35,7 +46,7 @@ public:
     std::vector<Link> Links(const std::string& assocClass, const std::string& role) {
         const NamespaceClasses& classes = nameSpace_.Classes();
         if (!assocClass.empty() && !classes.Find(assocClass)) {
-            failure_ = {status::invalidClass, "unknown class '" + assocClass + "'", {}};
+            failure_ = UnknownClass(status::invalidClass, assocClass);
             return {};
         }
         std::vector<Link> links;
@@ -63,6 +74,9 @@ public:
     ObjectPtr Find(const ObjectPath& path) {
         const ResolvedClassPtr type = nameSpace_.Classes().Find(path.className);
         if (!type) {
+            if (!HasUndefinedClasses(nameSpace_)) {
+                failure_ = UnknownClass(status::invalidClass, path.className);
+            }
             return nullptr;
         }
         for (const auto& source : nameSpace_.SourcesOf(type)) {
@@ -138,10 +152,9 @@ private:
         if (candidates == known->second.end()) {
             return nullptr;
         }
-        const auto found =
-            std::ranges::find_if(candidates->second, [&path](const NamedObject& one) {
-                return NamesSameObject(one.path, path);
-            });
+        const auto found = std::ranges::find_if(
+            candidates->second,
+            [&path](const NamedObject& one) { return NamesSameObject(one.path, path); });
         return found == candidates->second.end() ? nullptr : found->object;
     }
 
@@ -165,9 +178,9 @@ public:
                  .second) {
             return;
         }
-        answer_.objects.push_back(classesOnly_ ? std::make_shared<const ClassObject>(
-                                                     nameSpace_.Classes().Find(className))
-                                               : object);
+        answer_.objects.push_back(
+            classesOnly_ ? std::make_shared<const ClassObject>(nameSpace_.Classes().Find(className))
+                         : object);
     }
 
     Answer Take() { return std::move(answer_); }
@@ -179,14 +192,11 @@ private:
     Answer answer_;
 };
 
-/// A class without a definition may have instances that nobody recorded.
 std::optional<Answer> UnknownClassOf(const Namespace& nameSpace, const ObjectPath& path) {
-    if (nameSpace.Classes().Find(path.className) ||
-        std::ranges::any_of(nameSpace.Classes().Listed(),
-                            [](const ResolvedClassPtr& type) { return type->isUndefined; })) {
+    if (nameSpace.Classes().Find(path.className) || HasUndefinedClasses(nameSpace)) {
         return std::nullopt;
     }
-    return Answer{Status::notFound, "unknown class '" + path.className + "'", {}};
+    return UnknownClass(Status::notFound, path.className);
 }
 
 }  // namespace

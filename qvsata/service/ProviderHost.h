@@ -48,8 +48,8 @@ public:
     virtual std::unique_ptr<EventFeed> Subscribe() const = 0;
 };
 
-/// Starts the provider: on Windows the library in the place of the management service, elsewhere the
-/// provider's core, which is part of this program. Raises MofError, std::system_error when the
+/// Starts the provider: on Windows the library in the place of the management service, elsewhere
+/// the provider's core, which is part of this program. Raises MofError, std::system_error when the
 /// library cannot be loaded, RequestError with the status of what failed otherwise.
 std::unique_ptr<ProviderHost> StartProvider(const HostOptions& options);
 

@@ -19,7 +19,9 @@ public:
           scope_(std::make_shared<RecordedScope>(
               RecordedScope{host_->Computer().server, std::move(spelling)})) {}
 
-    bool Serves(const ResolvedClassPtr& type) const override { return rows_.Find(type->name) != nullptr; }
+    bool Serves(const ResolvedClassPtr& type) const override {
+        return rows_.Find(type->name) != nullptr;
+    }
 
     Answer Enumerate(const ResolvedClassPtr& type) const override {
         const RecordedClass& recorded = *rows_.Find(type->name);

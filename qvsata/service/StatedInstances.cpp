@@ -20,16 +20,14 @@ StatedInstances::StatedInstances(const ClassRepository& repository,
 }
 
 bool StatedInstances::Serves(const ResolvedClassPtr& type) const {
-    return std::ranges::any_of(instances_, [&type](const ObjectPtr& one) {
-        return one->ClassName() == type->name;
-    });
+    return std::ranges::any_of(
+        instances_, [&type](const ObjectPtr& one) { return one->ClassName() == type->name; });
 }
 
 Answer StatedInstances::Enumerate(const ResolvedClassPtr& type) const {
     Answer answer;
-    std::ranges::copy_if(
-        instances_, std::back_inserter(answer.objects),
-        [&type](const ObjectPtr& one) { return one->ClassName() == type->name; });
+    std::ranges::copy_if(instances_, std::back_inserter(answer.objects),
+                         [&type](const ObjectPtr& one) { return one->ClassName() == type->name; });
     return answer;
 }
 

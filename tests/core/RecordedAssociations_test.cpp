@@ -10,10 +10,10 @@
 #include "NativeAPI/NativeAPI.h"
 #include "SourceTree.h"
 #include "catalogue/Associations.h"
-#include "source/PropertyReaders.h"
 #include "qvsata/recorded/HostFile.h"
-#include "tests/support/RecordedPort.h"
+#include "source/PropertyReaders.h"
 #include "tests/core/Records.h"
+#include "tests/support/RecordedPort.h"
 
 namespace qv {
 namespace {

@@ -6,8 +6,8 @@
 
 #include "NativeAPI/NativeAPI.h"
 #include "catalogue/Classes.h"
-#include "source/TypedValue.h"
 #include "qvsata/recorded/HostFile.h"
+#include "source/TypedValue.h"
 #include "tests/golden_native/GoldenText.h"
 #include "tests/support/RecordedPort.h"
 #include "tests/support/ScriptedHost.h"

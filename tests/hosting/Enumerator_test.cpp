@@ -1,4 +1,4 @@
-#include "qvsata/hosting/Enumerator.h"
+#include "qvsata/hosting/objects/Enumerator.h"
 
 #include <gtest/gtest.h>
 

@@ -6,7 +6,7 @@
 #include <fstream>
 #include <optional>
 
-#include "qvsata/hosting/MonitorPauses.h"
+#include "qvsata/hosting/substitutes/MonitorPauses.h"
 #include "tests/windows/support/RecordedOptions.h"
 #include "tests/windows/support/ShortSleeps.h"
 

@@ -14,10 +14,10 @@
 #include "platform/windows/Text.h"
 #include "platform/windows/UnsupportedServices.h"
 #include "platform/windows/Variant.h"
-#include "qvsata/hosting/ObjectReading.h"
-#include "qvsata/mof/MofReader.h"
 #include "qvsata/hosting/ProviderSource.h"
 #include "qvsata/hosting/ServicesFace.h"
+#include "qvsata/hosting/objects/ObjectReading.h"
+#include "qvsata/mof/MofReader.h"
 #include "qvsata/service/PublishedNamespace.h"
 
 namespace qv::test {
@@ -116,9 +116,7 @@ struct TestNamespace {
     std::shared_ptr<service::ProviderObject> provider = std::make_shared<service::ProviderObject>(
         ComPtr<IUnknown>(static_cast<IWbemServices*>(fake.Get())), L"root\\QVQ", *services.Get());
 
-    TestNamespace() {
-        names->Attach(std::make_shared<const service::ProviderSource>(provider));
-    }
+    TestNamespace() { names->Attach(std::make_shared<const service::ProviderSource>(provider)); }
     ~TestNamespace() { names->Attach(nullptr); }
 
     ComPtr<IWbemClassObject> Class(const wchar_t* name) const {

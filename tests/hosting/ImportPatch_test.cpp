@@ -1,8 +1,8 @@
-#include "qvsata/hosting/ImportPatch.h"
+#include "qvsata/hosting/substitutes/ImportPatch.h"
 
 #include <gtest/gtest.h>
 
-#include "qvsata/hosting/ComputerNamePatch.h"
+#include "qvsata/hosting/substitutes/ComputerNamePatch.h"
 
 namespace qv::test {
 namespace {

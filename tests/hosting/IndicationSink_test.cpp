@@ -6,7 +6,7 @@
 #include <thread>
 
 #include "platform/windows/WbemStatus.h"
-#include "qvsata/hosting/ObjectFace.h"
+#include "qvsata/hosting/objects/ObjectFace.h"
 #include "tests/hosting/FakeProvider.h"
 
 namespace qv::test {

@@ -1,4 +1,4 @@
-#include "qvsata/hosting/InstanceFace.h"
+#include "qvsata/hosting/objects/InstanceFace.h"
 
 #include <gtest/gtest.h>
 

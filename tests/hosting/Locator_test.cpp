@@ -1,8 +1,8 @@
-#include "qvsata/hosting/Locator.h"
+#include "qvsata/hosting/substitutes/Locator.h"
 
 #include <gtest/gtest.h>
 
-#include "qvsata/hosting/ServedClass.h"
+#include "qvsata/hosting/substitutes/ServedClass.h"
 #include "qvsata/service/RecordedMachine.h"
 #include "tests/hosting/FakeProvider.h"
 

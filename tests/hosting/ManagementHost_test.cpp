@@ -55,7 +55,8 @@ TEST(ManagementHost, CanBeStartedAgain) {
 TEST(ManagementHost, AnswersACallerWhoMayOnlyBeIdentifiedWithAccessDenied) {
     const ManagementHost host(Desktop());
     host.Provider().SetCallerLevel(SecurityIdentification);
-    EXPECT_EQ(host.Published().Enumerate("QV_SATADiskDrive").status, windows::ToStatus(Hr(WBEM_E_ACCESS_DENIED)));
+    EXPECT_EQ(host.Published().Enumerate("QV_SATADiskDrive").status,
+              windows::ToStatus(Hr(WBEM_E_ACCESS_DENIED)));
 }
 
 TEST(ManagementHost, ServesRequestsThatComeBackToItOnEightThreads) {

@@ -1,6 +1,6 @@
 #include <gmock/gmock.h>
 
-#include "qvsata/hosting/ObjectReading.h"
+#include "qvsata/hosting/objects/ObjectReading.h"
 #include "tests/hosting/FakeProvider.h"
 
 namespace qv::test {

@@ -1,4 +1,4 @@
-#include "qvsata/hosting/PathParser.h"
+#include "qvsata/hosting/substitutes/PathParser.h"
 
 #include <gtest/gtest.h>
 

@@ -123,7 +123,8 @@ TEST(ProviderSource, FindsAnInstanceInAnyOrderOfItsKeys) {
 TEST(ProviderSource, SaysWhatIsWrongWithAPathOrAQuery) {
     const TestNamespace names;
     EXPECT_THAT(names.names->Get("T_Disk.").message, testing::StartsWith("path: position 8: "));
-    EXPECT_EQ(names.names->Get("T_Disk.").status, windows::ToStatus(Hr(WBEM_E_INVALID_OBJECT_PATH)));
+    EXPECT_EQ(names.names->Get("T_Disk.").status,
+              windows::ToStatus(Hr(WBEM_E_INVALID_OBJECT_PATH)));
     EXPECT_THAT(names.names->Query("SELEC").message, testing::StartsWith("query: column 1: "));
     EXPECT_EQ(names.names->Query("SELEC").status, windows::ToStatus(Hr(WBEM_E_INVALID_QUERY)));
 }

@@ -222,11 +222,13 @@ TEST(HostFile, TakesTheExampleOfItsDescription) {
               CimValue{R"(\\DEN\root\cimv2:Win32_DiskDrive.DeviceID="\\\\.\\PHYSICALDRIVE0")"});
     EXPECT_EQ(test::ValueOf(*disks.objects[0], "InstallDate"), CimValue{});
     EXPECT_EQ(test::ValueOf(*disks.objects[0], "SerialNumber"), std::nullopt);
-    const auto controllers = test::Ask(host, 
-        "root/cimv2", R"(ASSOCIATORS OF {Win32_PnPEntity.DeviceID="IDE\\DISKX\\5&1"} )"
-                      "WHERE AssocClass = Win32_IDEControllerDevice");
+    const auto controllers =
+        test::Ask(host, "root/cimv2",
+                  R"(ASSOCIATORS OF {Win32_PnPEntity.DeviceID="IDE\\DISKX\\5&1"} )"
+                  "WHERE AssocClass = Win32_IDEControllerDevice");
     ASSERT_EQ(controllers.objects.size(), 1U);
-    EXPECT_EQ(test::ValueOf(*controllers.objects[0], "DeviceID"), CimValue{R"(PCIIDE\IDECHANNEL\4&1&0)"});
+    EXPECT_EQ(test::ValueOf(*controllers.objects[0], "DeviceID"),
+              CimValue{R"(PCIIDE\IDECHANNEL\4&1&0)"});
     EXPECT_EQ(
         test::Ask(host, "root/wmi", "SELECT * FROM MSStorageDriver_FailurePredictStatus").status,
         Status::failed);

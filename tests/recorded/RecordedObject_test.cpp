@@ -24,8 +24,8 @@ private:
 };
 
 Answered ObjectOf(const std::string& className, RowProperties properties,
-                        std::string_view nameSpace = R"(root\CIMv2)",
-                        const std::string& selection = "*") {
+                  std::string_view nameSpace = R"(root\CIMv2)",
+                  const std::string& selection = "*") {
     RecordedHost host({"SRV01", "", "", ""});
     host.AddRow("root/cimv2", className, std::move(properties));
     return Answered(
@@ -50,8 +50,7 @@ TEST(RecordedObject, OutlivesItsHost) {
 }
 
 TEST(RecordedObject, DerivesItsSystemProperties) {
-    const Answered disk =
-        ObjectOf("Win32_DiskDrive", {{"DeviceID", R"(\\.\PHYSICALDRIVE0)"}});
+    const Answered disk = ObjectOf("Win32_DiskDrive", {{"DeviceID", R"(\\.\PHYSICALDRIVE0)"}});
     EXPECT_EQ(disk.Get("__class"), CimValue{"Win32_DiskDrive"});
     EXPECT_EQ(disk.Get("__SERVER"), CimValue{"SRV01"});
     EXPECT_EQ(disk.Get("__NAMESPACE"), CimValue{R"(root\CIMv2)"});
@@ -62,8 +61,7 @@ TEST(RecordedObject, DerivesItsSystemProperties) {
 }
 
 TEST(RecordedObject, SpellsTheNamespaceAsTheConnectionDid) {
-    const Answered disk =
-        ObjectOf("Win32_DiskDrive", {{"DeviceID", "x"}}, R"(\\.\ROOT/cimV2)");
+    const Answered disk = ObjectOf("Win32_DiskDrive", {{"DeviceID", "x"}}, R"(\\.\ROOT/cimV2)");
     EXPECT_EQ(disk.Get("__NAMESPACE"), CimValue{R"(ROOT\cimV2)"});
     EXPECT_EQ(disk.Get("__PATH"), CimValue{R"(\\SRV01\ROOT\cimV2:Win32_DiskDrive.DeviceID="x")"});
 }

@@ -33,7 +33,7 @@ std::vector<std::filesystem::path> FilesIn(const std::filesystem::path& folder) 
 }
 
 ObjectList RowsOf(const RecordedHost& host, std::string_view className,
-                                   std::string_view nameSpace = R"(root\CIMv2)") {
+                  std::string_view nameSpace = R"(root\CIMv2)") {
     return test::Ask(host, nameSpace, "SELECT * FROM " + std::string(className)).objects;
 }
 
@@ -75,7 +75,8 @@ std::vector<std::string> RepeatedPaths(const RecordedHost& host) {
     std::vector<std::string> repeated;
     for (const RecordedNamespace& nameSpace : host.Namespaces()) {
         for (const RecordedClass& recorded : nameSpace.Classes()) {
-            for (const std::string& path : TextsOf(RowsOf(host, recorded.Name(), nameSpace.Name()), "__PATH")) {
+            for (const std::string& path :
+                 TextsOf(RowsOf(host, recorded.Name(), nameSpace.Name()), "__PATH")) {
                 if (path.empty() || !seen.insert(path).second) {
                     repeated.push_back(recorded.Name() + ": " + path);
                 }
@@ -132,7 +133,8 @@ TEST_P(ShippedHost, HoldsEverySourceClass) {
                              "Win32_DiskDriveToDiskPartition", "Win32_IDEController",
                              "Win32_IDEControllerDevice", "Win32_PnPEntity", "Win32_PnPDevice",
                              "Win32_SystemDriver", "Win32_SystemDriverPNPEntity"));
-    EXPECT_THAT(test::NamesOf(host_.FindNamespace(R"(root\wmi)")->Classes()), ElementsAre("MSStorageDriver_FailurePredictStatus"));
+    EXPECT_THAT(test::NamesOf(host_.FindNamespace(R"(root\wmi)")->Classes()),
+                ElementsAre("MSStorageDriver_FailurePredictStatus"));
 }
 
 TEST_P(ShippedHost, IsWholeAndWithoutRepetition) {
@@ -170,19 +172,23 @@ TEST(ShippedHosts, ShowAFailingDisk) {
                 ElementsAre("IDE", "IDE", "IDE", "SCSI", "USB"));
     EXPECT_THAT(TextsOf(RowsOf(host, "Win32_DiskDrive"), "Status"),
                 ElementsAre("Pred Fail", "OK", "Degraded", "OK", "OK"));
-    const auto predicting = test::Ask(host, R"(root\wmi)",
-        "SELECT * FROM MSStorageDriver_FailurePredictStatus WHERE PredictFailure = TRUE");
+    const auto predicting =
+        test::Ask(host, R"(root\wmi)",
+                  "SELECT * FROM MSStorageDriver_FailurePredictStatus WHERE PredictFailure = TRUE");
     EXPECT_THAT(TextsOf(predicting.objects, "InstanceName"),
                 ElementsAre(R"(SCSI\Disk&Ven_Halden&Prod_HD4000F05\4&35e81d6c&0&020000_0)"));
 }
 
 TEST(ShippedHosts, LeadFromAControllerToItsDriver) {
     const auto host = ReadHostFile(shippedHosts / "ahci-desktop.json");
-    const auto entities = test::Ask(host, R"(root\CIMv2)",
+    const auto entities = test::Ask(
+        host, R"(root\CIMv2)",
         R"(ASSOCIATORS OF {Win32_IDEController.DeviceID="PCI\\VEN_1AF7&DEV_3A22&SUBSYS_82D41043&REV_05\\3&2411E6FE&0&FA"} where assocclass=Win32_PnPDevice)");
     ASSERT_EQ(entities.objects.size(), 1U);
-    const auto drivers = test::Ask(host, R"(root\CIMv2)", "ASSOCIATORS OF {" + TextsOf(entities.objects, "__RELPATH").front() +
-                             "} where assocclass=Win32_SystemDriverPNPEntity");
+    const auto drivers =
+        test::Ask(host, R"(root\CIMv2)",
+                  "ASSOCIATORS OF {" + TextsOf(entities.objects, "__RELPATH").front() +
+                      "} where assocclass=Win32_SystemDriverPNPEntity");
     EXPECT_THAT(TextsOf(drivers.objects, "Name"), ElementsAre("msahci"));
 }
 

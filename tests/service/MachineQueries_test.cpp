@@ -20,9 +20,9 @@ TEST(MachineQueries, GivesTheRowsOfAQuery) {
     test::HostBuilder host;
     host.Disk(0, R"(IDE\DISKX\5&1)", {{"Status", {}}});
     platform::Rows rows;
-    ASSERT_EQ(QueriesOf(host.Build())
-                  .RunWqlQuery(R"(root\CIMv2)", "SELECT * FROM Win32_DiskDrive", rows),
-              QueryResult::submitted);
+    ASSERT_EQ(
+        QueriesOf(host.Build()).RunWqlQuery(R"(root\CIMv2)", "SELECT * FROM Win32_DiskDrive", rows),
+        QueryResult::submitted);
     ASSERT_EQ(rows.size(), 1U);
     EXPECT_EQ(rows[0]->Get("deviceid").status, Status::noError);
     EXPECT_EQ(rows[0]->Get("DeviceID").value.index(), Value(std::string()).index());

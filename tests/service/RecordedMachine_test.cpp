@@ -73,8 +73,7 @@ TEST(RecordedMachine, FailsWithTheStatusOfTheManagementService) {
 
 TEST(RecordedMachine, SaysInOneLineWhatFailed) {
     const RecordedHost host = HostBuilder().Fail("Win32_PhysicalMedia").Build();
-    EXPECT_EQ(Ask(host, "root/cimv2", "SELECT * FROM C").message,
-              "unknown class 'C'");
+    EXPECT_EQ(Ask(host, "root/cimv2", "SELECT * FROM C").message, "unknown class 'C'");
     EXPECT_EQ(Ask(host, "root/cimv2", "SELECT * FROM win32_physicalmedia").message,
               "queries of Win32_PhysicalMedia fail");
     EXPECT_EQ(Ask(host, "root/cimv2", "SELECT").message,
@@ -85,8 +84,8 @@ TEST(RecordedMachine, AnswersAboutItsClasses) {
     RecordedHost host({"SRV01", "", "", ""});
     host.DefineClass(R"(root\QVQ)", "QV_WinComputerSystem");
     host.DefineClass(R"(root\QVQ)", "QV_SATADiskDrive");
-    const auto answer = Ask(host, 
-        R"(root\QVQ)", R"(SELECT * FROM meta_class WHERE __CLASS = "qv_wincomputersystem")");
+    const auto answer = Ask(host, R"(root\QVQ)",
+                            R"(SELECT * FROM meta_class WHERE __CLASS = "qv_wincomputersystem")");
     ASSERT_EQ(answer.objects.size(), 1U);
     EXPECT_EQ(TextOf(*answer.objects[0], "__CLASS"), "QV_WinComputerSystem");
     EXPECT_EQ(TextOf(*answer.objects[0], "__RELPATH"), "QV_WinComputerSystem");
@@ -96,33 +95,33 @@ TEST(RecordedMachine, AnswersAboutItsClasses) {
 
 TEST(RecordedMachine, FindsAssociatedObjectsFromEitherEnd) {
     EXPECT_THAT(Paths(SampleHost(),
-                       R"(ASSOCIATORS OF {Win32_IDEController.DeviceID="PCI\\VEN_8086&REV_02\\3"})"
-                       " where assocclass=Win32_PnPDevice"),
+                      R"(ASSOCIATORS OF {Win32_IDEController.DeviceID="PCI\\VEN_8086&REV_02\\3"})"
+                      " where assocclass=Win32_PnPDevice"),
                 ElementsAre(R"(Win32_PnPEntity.DeviceID="PCI\\VEN_8086&REV_02\\3")"));
     EXPECT_THAT(Paths(SampleHost(),
-                       R"(ASSOCIATORS OF {Win32_DiskPartition.DeviceID="Disk #0, Partition #1"})"
-                       " where assocclass=Win32_DiskDriveToDiskPartition"),
+                      R"(ASSOCIATORS OF {Win32_DiskPartition.DeviceID="Disk #0, Partition #1"})"
+                      " where assocclass=Win32_DiskDriveToDiskPartition"),
                 ElementsAre(R"(Win32_DiskDrive.DeviceID="\\\\.\\PHYSICALDRIVE0")"));
 }
 
 TEST(RecordedMachine, GivesOneAssociatedObjectPerRowInOrder) {
     EXPECT_THAT(
         Paths(SampleHost(), R"(ASSOCIATORS OF {Win32_DiskDrive.DeviceID="\\\\.\\PHYSICALDRIVE0"})"
-                             " where assocclass=Win32_DiskDriveToDiskPartition"),
+                            " where assocclass=Win32_DiskDriveToDiskPartition"),
         ElementsAre(R"(Win32_DiskPartition.DeviceID="Disk #0, Partition #0")",
                     R"(Win32_DiskPartition.DeviceID="Disk #0, Partition #1")"));
 }
 
 TEST(RecordedMachine, ComparesThePathIrrespectiveOfServerNamespaceAndCase) {
     EXPECT_THAT(Paths(SampleHost(),
-                       R"(ASSOCIATORS OF {\\.\ROOT\cimv2:win32_diskdrive="\\\\.\\physicaldrive0"})"
-                       " where assocclass=WIN32_DiskDriveToDiskPartition"),
+                      R"(ASSOCIATORS OF {\\.\ROOT\cimv2:win32_diskdrive="\\\\.\\physicaldrive0"})"
+                      " where assocclass=WIN32_DiskDriveToDiskPartition"),
                 testing::SizeIs(2));
 }
 
 TEST(RecordedMachine, SearchesAllClassesWithoutAnAssociationClass) {
     EXPECT_THAT(Paths(SampleHost(),
-                       R"(ASSOCIATORS OF {Win32_PnPEntity.DeviceID="PCIIDE\\IDECHANNEL\\4&0"})"),
+                      R"(ASSOCIATORS OF {Win32_PnPEntity.DeviceID="PCIIDE\\IDECHANNEL\\4&0"})"),
                 UnorderedElementsAre(R"(Win32_IDEController.DeviceID="PCI\\VEN_8086&REV_02\\3")",
                                      R"(Win32_IDEController.DeviceID="PCIIDE\\IDECHANNEL\\4&0")",
                                      R"(Win32_SystemDriver.Name="atapi")"));
@@ -141,9 +140,9 @@ TEST(RecordedMachine, NarrowsAssociatedObjectsByResultClassAndRoles) {
 }
 
 TEST(RecordedMachine, GivesClassesOfAssociatedObjectsOnce) {
-    const auto answer = Ask(SampleHost(),
-        "root/cimv2",
-        R"(ASSOCIATORS OF {Win32_DiskDrive="\\\\.\\PHYSICALDRIVE0"} WHERE ClassDefsOnly)");
+    const auto answer =
+        Ask(SampleHost(), "root/cimv2",
+            R"(ASSOCIATORS OF {Win32_DiskDrive="\\\\.\\PHYSICALDRIVE0"} WHERE ClassDefsOnly)");
     ASSERT_EQ(answer.objects.size(), 1U);
     EXPECT_EQ(answer.objects[0]->ClassName(), "Win32_DiskPartition");
     EXPECT_EQ(TextOf(*answer.objects[0], "__RELPATH"), "Win32_DiskPartition");
@@ -154,7 +153,7 @@ TEST(RecordedMachine, LeavesOutAssociatedObjectsWithoutARow) {
     host.Controller(controllerId).Device(controllerId, R"(IDE\GONE\1)");
     EXPECT_THAT(
         Paths(host.Build(), R"(ASSOCIATORS OF {Win32_IDEController="PCI\\VEN_8086&REV_02\\3"})"
-                             " WHERE AssocClass=Win32_IDEControllerDevice"),
+                            " WHERE AssocClass=Win32_IDEControllerDevice"),
         IsEmpty());
 }
 
@@ -177,8 +176,8 @@ TEST(RecordedMachine, FindsTheReferencesToAnObject) {
     const std::string disk = R"(REFERENCES OF {Win32_DiskDrive="\\\\.\\PHYSICALDRIVE0"})";
     EXPECT_THAT(Paths(SampleHost(), disk), testing::SizeIs(2));
     EXPECT_THAT(Paths(SampleHost(), disk + " WHERE Role=Dependent"), IsEmpty());
-    const auto all = Ask(SampleHost(),
-        "root/cimv2", R"(REFERENCES OF {Win32_PnPEntity="PCIIDE\\IDECHANNEL\\4&0"}
+    const auto all =
+        Ask(SampleHost(), "root/cimv2", R"(REFERENCES OF {Win32_PnPEntity="PCIIDE\\IDECHANNEL\\4&0"}
                          WHERE ResultClass=Win32_IDEControllerDevice)");
     ASSERT_EQ(all.objects.size(), 1U);
     EXPECT_EQ(TextOf(*all.objects[0], "Antecedent"),

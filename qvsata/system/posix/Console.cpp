@@ -52,8 +52,7 @@ bool IsTerminal(Stream stream) {
 }
 
 void Print(const view::StyledText& text) {
-    const bool coloured =
-        view::WantsColour(IsTerminal(Stream::output), std::getenv("NO_COLOR"));
+    const bool coloured = view::WantsColour(IsTerminal(Stream::output), std::getenv("NO_COLOR"));
     const std::string written = coloured ? ColouredText(text) : view::PlainText(text);
     std::fwrite(written.data(), 1, written.size(), stdout);
 }

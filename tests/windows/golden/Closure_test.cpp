@@ -43,8 +43,7 @@ protected:
         const service::Answer answer = host_.Published().Get(path);
         EXPECT_EQ(answer.status, Status::noError) << path << ": " << answer.message;
         EXPECT_EQ(answer.objects.size(), 1U) << path;
-        return followed_[path] =
-                   answer.objects.empty() ? "" : RelativePath(*answer.objects[0]);
+        return followed_[path] = answer.objects.empty() ? "" : RelativePath(*answer.objects[0]);
     }
 
     /// The neighbours of each instance, as the associations give them.

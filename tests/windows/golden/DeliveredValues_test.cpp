@@ -1,6 +1,6 @@
 // What a client reads of the instances that the library delivers.
 #include "platform/windows/Variant.h"
-#include "qvsata/hosting/ObjectFace.h"
+#include "qvsata/hosting/objects/ObjectFace.h"
 #include "tests/support/HostBuilder.h"
 #include "tests/windows/golden/PublishingHost.h"
 
@@ -20,7 +20,9 @@ protected:
     void Read(std::string_view className, const wchar_t* property) {
         const auto answer = host_.Host().Provider().Enumerate(className);
         ASSERT_EQ(answer.objects.size(), 1U);
-        ASSERT_EQ(service::FaceOf(answer.objects[0])->Get(property, 0, read_.Receive(), nullptr, nullptr), S_OK);
+        ASSERT_EQ(
+            service::FaceOf(answer.objects[0])->Get(property, 0, read_.Receive(), nullptr, nullptr),
+            S_OK);
     }
 
     windows::Variant read_;

@@ -9,10 +9,10 @@
 #include <string>
 #include <vector>
 
-#include "qvsata/hosting/EventSubscription.h"
 #include "qvsata/cim/Instance.h"
+#include "qvsata/hosting/EventSubscription.h"
 #include "qvsata/hosting/ManagementHost.h"
-#include "qvsata/hosting/MonitorPauses.h"
+#include "qvsata/hosting/substitutes/MonitorPauses.h"
 #include "tests/golden_native/GoldenText.h"
 #include "tests/windows/log/ScratchFolder.h"
 #include "tests/windows/log/ScratchRegistry.h"

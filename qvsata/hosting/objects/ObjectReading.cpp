@@ -1,4 +1,4 @@
-#include "qvsata/hosting/ObjectReading.h"
+#include "qvsata/hosting/objects/ObjectReading.h"
 
 #include <algorithm>
 #include <iterator>
@@ -9,8 +9,8 @@
 #include "platform/windows/Text.h"
 #include "platform/windows/Variant.h"
 #include "qvsata/cim/Snapshot.h"
-#include "qvsata/hosting/CimVariantReader.h"
-#include "qvsata/hosting/ObjectFace.h"
+#include "qvsata/hosting/objects/CimVariantReader.h"
+#include "qvsata/hosting/objects/ObjectFace.h"
 
 namespace qv::service {
 namespace {

@@ -1,4 +1,4 @@
-#include "qvsata/hosting/PathParser.h"
+#include "qvsata/hosting/substitutes/PathParser.h"
 
 #include <algorithm>
 #include <optional>
@@ -7,7 +7,7 @@
 #include "platform/windows/Text.h"
 #include "platform/windows/WbemStatus.h"
 #include "qvsata/cim/PathParts.h"
-#include "qvsata/hosting/Guarded.h"
+#include "qvsata/hosting/objects/Guarded.h"
 
 namespace qv::service {
 namespace {

@@ -1,10 +1,10 @@
-#include "qvsata/hosting/ClassFace.h"
+#include "qvsata/hosting/objects/ClassFace.h"
 
 #include "platform/windows/Bstr.h"
 #include "platform/windows/Text.h"
 #include "platform/windows/WbemStatus.h"
-#include "qvsata/hosting/Guarded.h"
-#include "qvsata/hosting/InstanceFace.h"
+#include "qvsata/hosting/objects/Guarded.h"
+#include "qvsata/hosting/objects/InstanceFace.h"
 
 namespace qv::service {
 
@@ -13,7 +13,8 @@ HRESULT ClassFace::SpawnInstance(LONG flags, IWbemClassObject** instance) {
         return windows::Hr(WBEM_E_INVALID_PARAMETER);
     }
     return Guarded([&]() -> HRESULT {
-        *instance = windows::MakeObject<InstanceFace>(std::make_shared<Instance>(definition_)).Detach();
+        *instance =
+            windows::MakeObject<InstanceFace>(std::make_shared<Instance>(definition_)).Detach();
         return WBEM_S_NO_ERROR;
     });
 }
@@ -23,7 +24,8 @@ HRESULT ClassFace::Clone(IWbemClassObject** copy) {
         return windows::Hr(WBEM_E_INVALID_PARAMETER);
     }
     return Guarded([&]() -> HRESULT {
-        *copy = windows::MakeObject<ClassFace>(std::make_shared<const ClassObject>(definition_)).Detach();
+        *copy = windows::MakeObject<ClassFace>(std::make_shared<const ClassObject>(definition_))
+                    .Detach();
         return WBEM_S_NO_ERROR;
     });
 }

@@ -1,12 +1,12 @@
-#include "qvsata/hosting/Locator.h"
+#include "qvsata/hosting/substitutes/Locator.h"
 
 #include <utility>
 
 #include "platform/windows/Bstr.h"
 #include "platform/windows/Text.h"
 #include "platform/windows/WbemStatus.h"
-#include "qvsata/hosting/Guarded.h"
 #include "qvsata/hosting/ServicesFace.h"
+#include "qvsata/hosting/objects/Guarded.h"
 
 namespace qv::service {
 

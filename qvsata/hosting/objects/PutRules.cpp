@@ -1,12 +1,12 @@
-#include "qvsata/hosting/PutRules.h"
+#include "qvsata/hosting/objects/PutRules.h"
 
 #include <wbemcli.h>
 
 #include "platform/windows/Variant.h"
 #include "platform/windows/WbemStatus.h"
 #include "qvsata/cim/ValueRules.h"
-#include "qvsata/hosting/CimVariant.h"
-#include "qvsata/hosting/CimVariantReader.h"
+#include "qvsata/hosting/objects/CimVariant.h"
+#include "qvsata/hosting/objects/CimVariantReader.h"
 
 namespace qv::service {
 namespace {

@@ -1,13 +1,13 @@
-#include "qvsata/hosting/ObjectFace.h"
+#include "qvsata/hosting/objects/ObjectFace.h"
 
 #include <algorithm>
 
 #include "platform/windows/Bstr.h"
 #include "platform/windows/Text.h"
 #include "platform/windows/WbemStatus.h"
-#include "qvsata/hosting/CimVariant.h"
-#include "qvsata/hosting/ClassFace.h"
-#include "qvsata/hosting/Guarded.h"
+#include "qvsata/hosting/objects/CimVariant.h"
+#include "qvsata/hosting/objects/ClassFace.h"
+#include "qvsata/hosting/objects/Guarded.h"
 #include "qvsata/mof/MofText.h"
 #include "source/Text.h"
 
@@ -18,8 +18,7 @@ using windows::Bstr;
 
 // Asked of an object to learn whether it is an ObjectFace; the answer is the face itself.
 // {5C0B9E52-6E0F-4B7B-9D0E-2F1B7C5C3A61}
-constexpr IID faceId{
-    0x5C0B9E52, 0x6E0F, 0x4B7B, {0x9D, 0x0E, 0x2F, 0x1B, 0x7C, 0x5C, 0x3A, 0x61}};
+constexpr IID faceId{0x5C0B9E52, 0x6E0F, 0x4B7B, {0x9D, 0x0E, 0x2F, 0x1B, 0x7C, 0x5C, 0x3A, 0x61}};
 
 LONG FlavorOf(const ObjectProperty& property) {
     if (IsSystemName(property.name)) {
@@ -87,7 +86,8 @@ HRESULT ObjectFace::Get(LPCWSTR name, LONG flags, VARIANT* value, CIMTYPE* type,
         return windows::Hr(WBEM_E_INVALID_PARAMETER);
     }
     return Guarded([&]() -> HRESULT {
-        const std::optional<ObjectProperty> property = object_->Find(windows::ToNarrow(name, CP_UTF8));
+        const std::optional<ObjectProperty> property =
+            object_->Find(windows::ToNarrow(name, CP_UTF8));
         if (!property) {
             return windows::Hr(WBEM_E_NOT_FOUND);
         }

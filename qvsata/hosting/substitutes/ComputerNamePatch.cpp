@@ -1,4 +1,4 @@
-#include "qvsata/hosting/ComputerNamePatch.h"
+#include "qvsata/hosting/substitutes/ComputerNamePatch.h"
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,4 @@
-#include "qvsata/hosting/ImportPatch.h"
+#include "qvsata/hosting/substitutes/ImportPatch.h"
 
 #include <cstddef>
 #include <string_view>

@@ -1,4 +1,4 @@
-#include "qvsata/hosting/CimVariantReader.h"
+#include "qvsata/hosting/objects/CimVariantReader.h"
 
 #include <algorithm>
 #include <iterator>

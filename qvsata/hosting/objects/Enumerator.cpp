@@ -1,10 +1,10 @@
-#include "qvsata/hosting/Enumerator.h"
+#include "qvsata/hosting/objects/Enumerator.h"
 
 #include <algorithm>
 
 #include "platform/windows/WbemStatus.h"
-#include "qvsata/hosting/Guarded.h"
-#include "qvsata/hosting/ObjectFace.h"
+#include "qvsata/hosting/objects/Guarded.h"
+#include "qvsata/hosting/objects/ObjectFace.h"
 
 namespace qv::service {
 

@@ -5,7 +5,7 @@
 #include <chrono>
 
 #include "platform/windows/Handle.h"
-#include "qvsata/hosting/ImportPatch.h"
+#include "qvsata/hosting/substitutes/ImportPatch.h"
 
 namespace qv::service {
 

@@ -1,12 +1,12 @@
-#include "qvsata/hosting/InstanceFace.h"
+#include "qvsata/hosting/objects/InstanceFace.h"
 
 #include "platform/windows/Text.h"
 #include "platform/windows/Variant.h"
 #include "platform/windows/WbemStatus.h"
 #include "qvsata/cim/StatusCodes.h"
-#include "qvsata/hosting/CimVariantReader.h"
-#include "qvsata/hosting/Guarded.h"
-#include "qvsata/hosting/PutRules.h"
+#include "qvsata/hosting/objects/CimVariantReader.h"
+#include "qvsata/hosting/objects/Guarded.h"
+#include "qvsata/hosting/objects/PutRules.h"
 
 namespace qv::service {
 namespace {
@@ -73,8 +73,7 @@ HRESULT InstanceFace::Clone(IWbemClassObject** copy) {
         return windows::Hr(WBEM_E_INVALID_PARAMETER);
     }
     return Guarded([&]() -> HRESULT {
-        *copy =
-            windows::MakeObject<InstanceFace>(std::make_shared<Instance>(*instance_)).Detach();
+        *copy = windows::MakeObject<InstanceFace>(std::make_shared<Instance>(*instance_)).Detach();
         return WBEM_S_NO_ERROR;
     });
 }

@@ -1,7 +1,7 @@
-#include "qvsata/hosting/ServedClass.h"
+#include "qvsata/hosting/substitutes/ServedClass.h"
 
 #include "platform/windows/WbemStatus.h"
-#include "qvsata/hosting/Guarded.h"
+#include "qvsata/hosting/objects/Guarded.h"
 
 namespace qv::service {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <windows.h>
 
+#include "qvsata/hosting/substitutes/ImportPatch.h"
 #include "qvsata/recorded/RecordedHost.h"
-#include "qvsata/hosting/ImportPatch.h"
 
 namespace qv::service {
 

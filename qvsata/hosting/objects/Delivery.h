@@ -8,7 +8,7 @@
 #include <span>
 
 #include "platform/windows/WbemStatus.h"
-#include "qvsata/hosting/Guarded.h"
+#include "qvsata/hosting/objects/Guarded.h"
 
 namespace qv::service {
 

@@ -1,4 +1,4 @@
-#include "qvsata/hosting/MonitorPauses.h"
+#include "qvsata/hosting/substitutes/MonitorPauses.h"
 
 #include <atomic>
 

@@ -1,5 +1,5 @@
 // Types, and values as the management service delivers them.
-#include "qvsata/hosting/CimVariant.h"
+#include "qvsata/hosting/objects/CimVariant.h"
 
 #include <wbemcli.h>
 

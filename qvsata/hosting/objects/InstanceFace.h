@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "qvsata/cim/Instance.h"
-#include "qvsata/hosting/ObjectFace.h"
+#include "qvsata/hosting/objects/ObjectFace.h"
 
 namespace qv::service {
 
