@@ -15,7 +15,6 @@ namespace qv::provider {
 namespace {
 
 using windows::Bstr;
-using windows::ComPtr;
 
 /// An instance of the management service that is being filled.
 class InstanceTarget : public PropertyTarget {
@@ -50,16 +49,14 @@ HRESULT FillCommon(IWbemClassObject& instance, std::string_view namespacePrefix,
 
 }  // namespace
 
-HRESULT EventDelivery::SendIndication(InstanceRecord event) const {
+HRESULT EventDelivery::SendIndication(InstanceRecord event) {
     constexpr std::string_view function = "CQVWMISATA_EventProv::SendIndication";
-    ComPtr<IWbemClassObject> definition;
     if (FAILED(services->GetObject(Bstr(windows::ToWide(event.className)).Get(), 0, nullptr,
                                    &definition, nullptr))) {
         commonLog.Failure(function, "Failed GetObject for class: " + event.className);
         return windows::Hr(WBEM_E_FAILED);
     }
-    ComPtr<IWbemClassObject> instance;
-    const HRESULT spawned = definition->SpawnInstance(0, &instance);
+    const HRESULT spawned = definition->SpawnInstance(0, &indication);
     if (FAILED(spawned)) {
         return spawned;
     }
@@ -71,12 +68,12 @@ HRESULT EventDelivery::SendIndication(InstanceRecord event) const {
     }
     std::erase_if(event.properties,
                   [](const PropertyEntry& property) { return property.name == "EventID"; });
-    const HRESULT filled = FillCommon(*instance.Get(), namespacePrefix, eventId);
+    const HRESULT filled = FillCommon(*indication.Get(), namespacePrefix, eventId);
     if (FAILED(filled)) {
         return filled;
     }
-    windows::FillInstance(*instance.Get(), event, namespacePrefix);
-    return sink->Indicate(1, instance.GetAddressOf());
+    windows::FillInstance(*indication.Get(), event, namespacePrefix);
+    return sink->Indicate(1, indication.GetAddressOf());
 }
 
 }  // namespace qv::provider

@@ -62,6 +62,12 @@ inline int ThreadCount() {
     return count;
 }
 
+/// How many references there are to an object that no other thread uses.
+inline ULONG ReferencesTo(IUnknown& object) {
+    object.AddRef();
+    return object.Release();
+}
+
 /// A fresh library between stand-ins for the management service, with log files and settings of its
 /// own. Whatever a test did, at its end no thread of the library is left, the thread of the test is
 /// its own, and the library could be unloaded.
