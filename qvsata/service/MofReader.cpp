@@ -5,10 +5,16 @@
 #include <filesystem>
 #include <fstream>
 #include <map>
+#include <set>
 #include <sstream>
 #include <utility>
 
-#include "qvsata/service/MofParser.h"
+#include "qvsata/service/MofClassUpdate.h"
+#include "qvsata/service/MofInstanceRules.h"
+#include "qvsata/service/MofPragmas.h"
+#include "qvsata/service/MofPropertyRules.h"
+#include "qvsata/service/MofQualifiers.h"
+#include "qvsata/service/MofSchemaGaps.h"
 #include "qvsata/service/MofValue.h"
 #include "source/Text.h"
 
@@ -21,10 +27,6 @@ constexpr std::array valueTypes{
     CimType::string, CimType::char16, CimType::boolean, CimType::datetime, CimType::object,
 };
 
-/// Pragmas that concern a compiler or a repository on disk, and change nothing that is read here.
-constexpr std::array<std::string_view, 5> pragmasWithoutEffect{
-    "autorecover", "classflags", "instanceflags", "locale", "instancelocale"};
-
 /// A reference, to be looked at when every class is known.
 struct PendingReference {
     std::string fileName;
@@ -36,18 +38,6 @@ struct PendingReference {
     std::string overriddenClass;  ///< what the overridden reference points to; empty without one
 };
 
-std::string TypeText(CimType type, bool isArray) {
-    return std::string(CimTypeName(type)) + (isArray ? "[]" : "");
-}
-
-const PropertyDefinition* FindProperty(const std::vector<PropertyDefinition>& properties,
-                                       std::string_view name) {
-    const auto found = std::ranges::find_if(properties, [name](const PropertyDefinition& property) {
-        return EqualsIgnoringCase(property.name, name);
-    });
-    return found == properties.end() ? nullptr : &*found;
-}
-
 /// Applies the declarations of one file.
 class FileReader {
 public:
@@ -55,61 +45,83 @@ public:
                std::vector<PendingReference>& references)
         : fileName_(fileName), namespaces_(namespaces), references_(references) {}
 
+    void Read(const std::vector<MofDeclaration>& declarations) {
+        for (std::span<const MofDeclaration> rest(declarations); !rest.empty();
+             rest = rest.subspan(1)) {
+            rest_ = rest;
+            std::visit([this](const auto& one) { Apply(one); }, rest.front());
+        }
+    }
+
+private:
     void Apply(const MofPragma& pragma) {
+        CheckPragma(pragma, fileName_);
         const auto is = [&pragma](std::string_view name) {
             return EqualsIgnoringCase(pragma.name, name);
         };
+        const auto has = [&pragma](std::string_view flag) {
+            return std::ranges::any_of(pragma.arguments, [flag](const std::string& argument) {
+                return EqualsIgnoringCase(argument, flag);
+            });
+        };
         if (is("namespace")) {
-            namespacePath_ = FirstArgument(pragma);
+            namespacePath_ = pragma.arguments.front();
+        } else if (is("classflags")) {
+            classFlags_ = {has("createonly"), has("updateonly"),
+                           has("safeupdate") || has("forceupdate")};
+        } else if (is("instanceflags")) {
+            instancesAreNew_ = has("createonly");
+            instancesArePresent_ = has("updateonly");
         } else if (is("deleteclass")) {
-            const bool removed = Repository().RemoveClass(FirstArgument(pragma));
-            CheckRemoved(pragma, removed);
+            CheckRemoved(pragma, Repository().RemoveClass(pragma.arguments.front()));
         } else if (is("deleteinstance")) {
-            const bool removed = Repository().RemoveInstance(FirstArgument(pragma));
-            CheckRemoved(pragma, removed);
-        } else if (!std::ranges::any_of(pragmasWithoutEffect, is)) {
-            Fail(pragma.position, "unknown pragma " + pragma.name);
+            CheckRemoved(pragma, Repository().RemoveInstance(pragma.arguments.front()));
         }
     }
 
     void Apply(const MofClass& written) {
-        if (Repository().Find(written.name) != nullptr) {
-            Fail(written.position, "class " + written.name + " is defined already");
-        }
-        if (!written.superclass.empty() && Repository().Find(written.superclass) == nullptr) {
-            Fail(written.superclassPosition,
-                 "superclass " + written.superclass + " is not defined");
-        }
+        CheckSuperclass(written);
         ClassDefinition definition;
         definition.name = written.name;
         definition.superclass = written.superclass;
-        definition.qualifiers = Qualifiers(written.qualifiers);
-        const std::vector<PropertyDefinition> inherited =
-            Repository().Properties(written.superclass);
+        definition.hasMethods = written.hasMethods;
+        definition.qualifiers =
+            ReadQualifiers(written.qualifiers, QualifierOwner::classOrProperty, fileName_);
         for (const MofProperty& property : written.properties) {
-            if (FindProperty(definition.properties, property.name) != nullptr) {
-                Fail(property.position, "property " + property.name + " is declared twice");
+            if (FindDefinition(definition.properties, property.name) != nullptr) {
+                Fail(property.position, "property " + property.name + " is declared twice",
+                     &mof_status::duplicateProperty);
             }
             definition.properties.push_back(Define(property, written.name));
-            CheckAgainstInherited(property, definition.properties.back(), inherited);
         }
-        Repository().Add(std::move(definition));
+        if (const auto breach = FindBreach(definition, Repository())) {
+            Fail(PlaceOf(*breach, written), breach->what, breach->status);
+        }
+        CollectReferences(written, definition);
+        if (Repository().Find(written.name) == nullptr) {
+            Repository().Add(std::move(definition));
+        } else {
+            Update(written, std::move(definition));
+        }
+        defined_.insert(namespacePath_ + ':' + FoldCase(written.name));
     }
 
     void Apply(const MofInstance& written) {
         const ClassDefinition* const definition = Repository().Find(written.className);
         if (definition == nullptr) {
-            Fail(written.position, "class " + written.className + " is not defined");
+            Fail(written.position, "class " + written.className + " is not defined",
+                 &mof_status::invalidClass);
         }
         if (HasQualifier(definition->qualifiers, "abstract")) {
             Fail(written.position, "class " + written.className + " is abstract");
         }
+        ReadQualifiers(written.qualifiers, QualifierOwner::instance, fileName_);
         InstanceDefinition instance;
         instance.className = definition->name;
         const std::vector<PropertyDefinition> properties =
             Repository().Properties(definition->name);
         for (const MofInstanceValue& value : written.values) {
-            const PropertyDefinition* const property = FindProperty(properties, value.property);
+            const PropertyDefinition* const property = FindDefinition(properties, value.property);
             if (property == nullptr) {
                 Fail(value.position,
                      "class " + written.className + " has no property " + value.property);
@@ -119,44 +131,76 @@ public:
             }
             instance.values.emplace_back(property->name, Value(value.value, *property));
         }
-        AddInstance(written, std::move(instance), properties);
+        AddInstance(written, std::move(instance));
     }
 
-private:
-    [[noreturn]] void Fail(MofPosition position, const std::string& what) const {
+    [[noreturn]] void Fail(MofPosition position, const std::string& what,
+                           const MofStatus* status = nullptr) const {
+        if (status != nullptr) {
+            throw MofError(fileName_, position, what, *status);
+        }
         throw MofError(fileName_, position, what);
     }
 
     ClassRepository& Repository() { return namespaces_.Of(namespacePath_); }
 
-    std::string FirstArgument(const MofPragma& pragma) const {
-        if (pragma.arguments.empty()) {
-            Fail(pragma.position, "pragma " + pragma.name + " needs an argument");
-        }
-        return pragma.arguments.front();
-    }
-
     void CheckRemoved(const MofPragma& pragma, bool removed) const {
-        const bool mayBeAbsent =
-            pragma.arguments.size() > 1 && EqualsIgnoringCase(pragma.arguments[1], "nofail");
-        if (!removed && !mayBeAbsent) {
+        if (!removed && !EqualsIgnoringCase(pragma.arguments[1], "nofail")) {
             Fail(pragma.position, "nothing to delete: " + pragma.arguments.front());
         }
     }
 
-    std::vector<Qualifier> Qualifiers(const std::vector<MofQualifier>& written) const {
-        std::vector<Qualifier> qualifiers;
-        for (const MofQualifier& one : written) {
-            const std::optional<CimValue> value = QualifierValue(one.value);
-            if (!value) {
-                Fail(one.position, "qualifier " + one.name + " has no usable value");
-            }
-            if (FindQualifier(qualifiers, one.name) != nullptr) {
-                Fail(one.position, "qualifier " + one.name + " is stated twice");
-            }
-            qualifiers.push_back({one.name, *value, one.toSubclass, one.toInstance});
+    void CheckSuperclass(const MofClass& written) {
+        const std::string key = namespacePath_ + ':' + FoldCase(written.name);
+        const bool isPresent = Repository().Find(written.name) != nullptr;
+        if (isPresent && (defined_.contains(key) || written.name.starts_with("__"))) {
+            Fail(written.position, "class " + written.name + " is defined already");
         }
-        return qualifiers;
+        if (EqualsIgnoringCase(written.superclass, written.name)) {
+            Fail(written.superclassPosition, "class " + written.name + " derives from itself",
+                 &mof_status::circularReference);
+        }
+        if (!written.superclass.empty() && Repository().Find(written.superclass) == nullptr) {
+            Fail(written.superclassPosition, "superclass " + written.superclass + " is not defined",
+                 &mof_status::invalidSuperclass);
+        }
+        CheckFlags(written);
+    }
+
+    void CheckFlags(const MofClass& written) {
+        const bool isPresent = Repository().Find(written.name) != nullptr;
+        if (classFlags_.createOnly && isPresent) {
+            const std::string gaps = SchemaGaps(rest_, Repository());
+            Fail(written.position,
+                 "class " + written.name + " is in the namespace already" +
+                     (gaps.empty() ? "" : ", which lacks " + gaps),
+                 &mof_status::alreadyExists);
+        }
+        if (classFlags_.updateOnly && !isPresent) {
+            Fail(written.position, "class " + written.name + " is not in the namespace");
+        }
+    }
+
+    void Update(const MofClass& written, ClassDefinition definition) {
+        if (const auto breach = FindUpdateBreach(definition, Repository(), classFlags_)) {
+            Fail(written.position, breach->what, breach->status);
+        }
+        Repository().Replace(std::move(definition));
+    }
+
+    static MofPosition PlaceOf(const ClassBreach& breach, const MofClass& written) {
+        const auto property =
+            std::ranges::find_if(written.properties, [&breach](const MofProperty& one) {
+                return EqualsIgnoringCase(one.name, breach.property);
+            });
+        if (property != written.properties.end()) {
+            return property->position;
+        }
+        const auto qualifier =
+            std::ranges::find_if(written.qualifiers, [&breach](const MofQualifier& one) {
+                return EqualsIgnoringCase(one.name, breach.qualifier);
+            });
+        return qualifier == written.qualifiers.end() ? written.position : qualifier->position;
     }
 
     PropertyDefinition Define(const MofProperty& written, const std::string& className) {
@@ -164,7 +208,8 @@ private:
         property.name = written.name;
         property.isArray = written.isArray;
         property.declaringClass = className;
-        property.qualifiers = Qualifiers(written.qualifiers);
+        property.qualifiers =
+            ReadQualifiers(written.qualifiers, QualifierOwner::classOrProperty, fileName_);
         property.isKey = HasQualifier(property.qualifiers, "key");
         if (written.isReference) {
             property.type = CimType::reference;
@@ -174,18 +219,10 @@ private:
                 return EqualsIgnoringCase(CimTypeName(candidate), written.typeName);
             });
             if (type == valueTypes.end()) {
-                Fail(written.typePosition, "unknown type " + written.typeName);
+                Fail(written.typePosition, "unknown type " + written.typeName,
+                     &mof_status::unrecognizedType);
             }
             property.type = *type;
-        }
-        if (property.isKey && property.isArray) {
-            Fail(written.position, "key " + written.name + " is an array");
-        }
-        if (property.isKey &&
-            (property.type == CimType::real32 || property.type == CimType::real64 ||
-             property.type == CimType::object)) {
-            Fail(written.position,
-                 "key " + written.name + " is of type " + TypeText(property.type, false));
         }
         if (written.defaultValue) {
             property.defaultValue = Value(*written.defaultValue, property);
@@ -193,42 +230,18 @@ private:
         return property;
     }
 
-    void CheckAgainstInherited(const MofProperty& written, const PropertyDefinition& property,
-                               const std::vector<PropertyDefinition>& inherited) {
-        const PropertyDefinition* const overridden = FindProperty(inherited, property.name);
-        const bool says = HasQualifier(property.qualifiers, "override");
-        if (overridden != nullptr) {
-            CheckOverride(written, property, *overridden, says);
-        } else if (says) {
-            Fail(written.position, "property " + property.name + " overrides nothing");
-        }
-        const bool wasKey = overridden != nullptr && overridden->isKey;
-        if (property.isKey && !wasKey &&
-            std::ranges::any_of(inherited, &PropertyDefinition::isKey)) {
-            Fail(written.position, "property " + property.name + " adds to inherited keys");
-        }
-        if (property.type == CimType::reference) {
-            references_.push_back({std::string(fileName_), written.typePosition, namespacePath_,
-                                   property.declaringClass, property.name, property.referenceClass,
-                                   overridden == nullptr ? "" : overridden->referenceClass});
-        }
-    }
-
-    void CheckOverride(const MofProperty& written, const PropertyDefinition& property,
-                       const PropertyDefinition& overridden, bool says) const {
-        if (!says) {
-            Fail(written.position, "property " + property.name + " of " +
-                                       overridden.declaringClass +
-                                       " is redeclared without Override");
-        }
-        if (property.type != overridden.type || property.isArray != overridden.isArray) {
-            Fail(written.position, "property " + property.name + " changes its type from " +
-                                       TypeText(overridden.type, overridden.isArray) + " to " +
-                                       TypeText(property.type, property.isArray));
-        }
-        const Qualifier* const key = FindQualifier(property.qualifiers, "key");
-        if (key != nullptr && overridden.isKey && !property.isKey) {
-            Fail(written.position, "property " + property.name + " ceases to be a key");
+    void CollectReferences(const MofClass& written, const ClassDefinition& definition) {
+        const std::vector<PropertyDefinition> inherited =
+            Repository().Properties(definition.superclass);
+        for (std::size_t at = 0; at < definition.properties.size(); ++at) {
+            const PropertyDefinition& own = definition.properties[at];
+            if (own.type == CimType::reference) {
+                const PropertyDefinition* const overridden = FindDefinition(inherited, own.name);
+                references_.push_back({std::string(fileName_), written.properties[at].typePosition,
+                                       namespacePath_, definition.name, own.name,
+                                       own.referenceClass,
+                                       overridden == nullptr ? "" : overridden->referenceClass});
+            }
         }
     }
 
@@ -243,23 +256,29 @@ private:
         }
         std::optional<CimValue> value = ToCimValue(written, property.type, property.isArray);
         if (!value) {
-            Fail(written.position, "property " + property.name + " takes a value of type " +
-                                       TypeText(property.type, property.isArray));
+            Fail(written.position,
+                 "property " + property.name + " takes a value of type " + TypeText(property),
+                 &ValueStatus(written, property.type, property.isArray));
         }
         return *std::move(value);
     }
 
-    void AddInstance(const MofInstance& written, InstanceDefinition instance,
-                     const std::vector<PropertyDefinition>& properties) {
-        for (const PropertyDefinition& property : properties) {
-            const CimValue* const value = instance.Find(property.name);
-            if (property.isKey && (value == nullptr || value->index() == 0)) {
-                Fail(written.position, "key " + property.name + " has no value");
-            }
+    void AddInstance(const MofInstance& written, InstanceDefinition instance) {
+        if (const auto breach = FindBreach(instance, Repository())) {
+            Fail(written.position, breach->what, breach->status);
         }
-        if (!written.alias.empty() &&
-            !aliases_.emplace(written.alias, Repository().RelativePath(instance)).second) {
-            Fail(written.position, "alias $" + written.alias + " is defined already");
+        const std::string path = Repository().RelativePath(instance);
+        const bool isPresent = Repository().HasInstance(path);
+        if (instancesAreNew_ && isPresent) {
+            Fail(written.position, path + " is in the namespace already",
+                 &mof_status::alreadyExists);
+        }
+        if (instancesArePresent_ && !isPresent) {
+            Fail(written.position, path + " is not in the namespace");
+        }
+        if (!written.alias.empty() && !aliases_.emplace(written.alias, path).second) {
+            Fail(written.position, "alias $" + written.alias + " is defined already",
+                 &mof_status::multipleAliases);
         }
         Repository().Add(std::move(instance));
     }
@@ -268,6 +287,11 @@ private:
     Namespaces& namespaces_;
     std::vector<PendingReference>& references_;
     std::string namespacePath_ = "root\\default";
+    ClassFlags classFlags_;
+    bool instancesAreNew_ = false;
+    bool instancesArePresent_ = false;
+    std::span<const MofDeclaration> rest_;  ///< the declaration that is applied, and what follows
+    std::set<std::string, std::less<>> defined_;  ///< the classes that the file defined
     std::map<std::string, std::string, std::less<>> aliases_;  ///< relative paths by alias
 };
 
@@ -295,9 +319,7 @@ void ReadMof(std::span<const MofSource> files, Namespaces& namespaces) {
     std::vector<PendingReference> references;
     for (const MofSource& file : files) {
         FileReader reader(file.fileName, changed, references);
-        for (const MofDeclaration& declaration : ParseMof(file.text, file.fileName)) {
-            std::visit([&reader](const auto& one) { reader.Apply(one); }, declaration);
-        }
+        reader.Read(ParseMof(file.text, file.fileName));
     }
     for (const PendingReference& reference : references) {
         CheckReference(reference, changed.Of(reference.namespacePath));
