@@ -49,6 +49,11 @@ TEST(ClassUpdate, DoesNotChangeAClassWithInstances) {
               "(WBEM_E_CLASS_HAS_INSTANCES 0x80041026)");
 }
 
+TEST(ClassUpdate, DoesNotDeriveAClassFromItsSubclass) {
+    EXPECT_EQ(ErrorAfter("class A {}; class B : A {};", "class A : B {};"),
+              "a.mof:1:11: class A derives from itself (WBEM_E_CIRCULAR_REFERENCE 0x80041047)");
+}
+
 TEST(SafeUpdate, ChangesAClassWhoseSubclassesStillFit) {
     Namespaces namespaces;
     ReadMof("class A { string X; }; class B : A {};", "first.mof", namespaces);
