@@ -71,15 +71,16 @@ public:
         return found;
     }
 
-    /// The properties that the class has, inherited ones included.
-    std::vector<PropertyDefinition> Properties() const {
-        std::vector<PropertyDefinition> all = classes_.Properties(definition_.superclass);
-        for (const PropertyDefinition& own : definition_.properties) {
-            if (FindDefinition(all, own.name) == nullptr) {
-                all.push_back(own);
-            }
-        }
-        return all;
+    /// How many of the class's properties, inherited ones included, are as `accepts` says.
+    template <typename Accepts>
+    std::size_t Count(Accepts accepts) const {
+        const std::vector<PropertyDefinition> inherited =
+            classes_.Properties(definition_.superclass);
+        const auto isAdded = [&](const PropertyDefinition& own) {
+            return accepts(own) && FindDefinition(inherited, own.name) == nullptr;
+        };
+        return static_cast<std::size_t>(std::ranges::count_if(inherited, accepts) +
+                                        std::ranges::count_if(definition_.properties, isAdded));
     }
 
 private:
@@ -209,9 +210,8 @@ Breach References(const Subject& subject) {
     if (!subject.Has("association") || subject.States("abstract")) {
         return {};
     }
-    const std::vector<PropertyDefinition> properties = subject.Properties();
-    const auto references =
-        std::ranges::count(properties, CimType::reference, &PropertyDefinition::type);
+    const std::size_t references =
+        subject.Count([](const PropertyDefinition& one) { return one.type == CimType::reference; });
     if (references < 2) {
         return AtClass("association " + subject.Own().name + " has fewer than two references");
     }
@@ -219,7 +219,7 @@ Breach References(const Subject& subject) {
 }
 
 Breach NumberOfProperties(const Subject& subject) {
-    if (subject.Properties().size() > mostProperties) {
+    if (subject.Count([](const PropertyDefinition&) { return true; }) > mostProperties) {
         return AtClass("class " + subject.Own().name + " has more than 1024 properties",
                        &mof_status::tooManyProperties);
     }

@@ -215,13 +215,9 @@ TEST(MofLimits, NamesHaveAtMost255Characters) {
 }
 
 TEST(MofLimits, ClassesHaveAtMost1024Properties) {
-    EXPECT_EQ(ErrorOf("class A {" + Repeated("string X", 1024) + "};"), fine);
-    EXPECT_EQ(ErrorOf("class A {" + Repeated("string X", 1024) + "}; class B : A { string Y; };"),
-              "a.mof:1:" +
-                  std::to_string(std::string("class A {};").size() +
-                                 Repeated("string X", 1024).size() + 8) +
-                  ": class B has more than 1024 properties "
-                  "(WBEM_E_TOO_MANY_PROPERTIES 0x80041051)");
+    EXPECT_EQ(ErrorOf("class A {" + Repeated("string X", 1025) + "};"),
+              "a.mof:1:7: class A has more than 1024 properties "
+              "(WBEM_E_TOO_MANY_PROPERTIES 0x80041051)");
 }
 
 TEST(MofLimits, InstancesHaveAtMost256Keys) {
