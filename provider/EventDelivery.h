@@ -15,7 +15,7 @@ namespace qv::provider {
 struct EventDelivery {
     windows::ComPtr<IWbemServices> services;
     windows::ComPtr<IWbemObjectSink> sink;
-    std::string namespacePrefix;  ///< \\server\namespace:, before every reference
+    std::wstring namespacePrefix;  ///< \\server\namespace:, before every reference
 
     /// Makes an indication of the event and hands it to the sink. Gives what the sink says, or why
     /// it was not asked: WBEM_E_FAILED when the event's class cannot be fetched, the status of the

@@ -109,10 +109,10 @@ HRESULT CQVWMISATA_EventProv::Initialize(LPWSTR, LONG, LPWSTR nameSpace, LPWSTR,
     if (FAILED(fetched)) {
         return fetched;
     }
+    // The namespace's name, unlike the server's, goes through the ANSI code page, on purpose.
+    const std::string narrow = nameSpace == nullptr ? std::string() : windows::ToNarrow(nameSpace);
     Keep(&EventDelivery::namespacePrefix,
-         BuildNamespacePrefix(windows::WmiQueryPort(),
-                              nameSpace == nullptr ? std::string() : windows::ToNarrow(nameSpace),
-                              {}));
+         BuildNamespacePrefix(windows::WmiQueryPort(), windows::ToWide(narrow), {}));
     TakeRefreshTimeout();
     ProcessMonitorLog().Attach(legacyLog_, static_cast<int>(commonLog.Level()));
     commonLog.Plain(initializeName, "Leaving Initialize.");

@@ -57,8 +57,7 @@ HRESULT CQVWMISATA_InstProv::Initialize(LPWSTR, LONG, LPWSTR nameSpace, LPWSTR,
         return windows::Hr(WBEM_E_OUT_OF_MEMORY);
     }
     namespacePrefix_ = BuildNamespacePrefix(
-        windows::WmiQueryPort(),
-        nameSpace == nullptr ? std::string() : windows::ToNarrow(nameSpace), {});
+        windows::WmiQueryPort(), nameSpace == nullptr ? std::wstring_view() : nameSpace, {});
     ProcessQueryLog().Attach(legacyLog_, static_cast<int>(commonLog.Level()));
     commonLog.Plain(function, "Leaving Initialize");
     return initSink->SetStatus(WBEM_S_INITIALIZED, 0);
