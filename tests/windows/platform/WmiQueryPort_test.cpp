@@ -4,7 +4,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <string>
 #include <utility>
 #include <vector>
@@ -78,11 +77,20 @@ TEST_F(WmiQueryPortTest, ConnectsAnewForEachQuery) {
     EXPECT_EQ(source.connects.All().size(), 2U);
 }
 
+/// A system function itself, whatever this program's calls of it are replaced by.
+template <typename Function>
+Function* SystemFunction(const wchar_t* module, const char* name) {
+    return reinterpret_cast<Function*>(
+        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(module), name)));
+}
+
 /// The calls of SysAllocStringLen that are still to succeed; the one behind them fails.
 int allocationsLeft = 0;
 
 BSTR WINAPI AllocateWhileAnyAreLeft(const OLECHAR* text, UINT length) {
-    return allocationsLeft-- == 0 ? nullptr : SysAllocStringLen(text, length);
+    static auto* const allocate =
+        SystemFunction<BSTR WINAPI(const OLECHAR*, UINT)>(L"oleaut32.dll", "SysAllocStringLen");
+    return allocationsLeft-- == 0 ? nullptr : allocate(text, length);
 }
 
 /// How many system strings of a query can be allocated: of its namespace, language and text.
@@ -105,7 +113,8 @@ INSTANTIATE_TEST_SUITE_P(EachString, ScarceSystemStrings, ::testing::Values(0, 1
 bool memoryIsShort = false;
 
 void* AllocateUnlessShort(std::size_t size) {
-    return std::exchange(memoryIsShort, false) ? nullptr : std::malloc(size);
+    static auto* const allocate = SystemFunction<void*(std::size_t)>(L"msvcrt.dll", "malloc");
+    return std::exchange(memoryIsShort, false) ? nullptr : allocate(size);
 }
 
 TEST_F(WmiQueryPortTest, FailsWithoutMemoryForTheRowsAndKeepsNone) {
