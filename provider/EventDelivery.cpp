@@ -19,24 +19,34 @@ using windows::Bstr;
 /// An instance of the management service that is being filled.
 class InstanceTarget : public PropertyTarget {
 public:
-    InstanceTarget(IWbemClassObject& instance, std::string_view namespacePrefix)
+    InstanceTarget(IWbemClassObject& instance, std::wstring_view namespacePrefix)
         : instance_(instance), namespacePrefix_(namespacePrefix) {}
 
     Status Put(const PropertyEntry& property) override {
         windows::Variant value;
-        HRESULT result = windows::ToVariant(property, namespacePrefix_, value);
-        if (SUCCEEDED(result)) {
-            result = instance_.Put(Bstr(windows::ToWide(property.name)).Get(), 0, value.Pass(), 0);
-        }
-        return static_cast<Status>(result);
+        const HRESULT converted = windows::ToVariant(property, namespacePrefix_, value);
+        return FAILED(converted) ? static_cast<Status>(converted) : Put(property.name, value);
+    }
+
+    Status PutWideText(std::string_view name, std::wstring_view text) override {
+        windows::Variant value;
+        VARIANT& out = *value.Receive();
+        V_BSTR(&out) = Bstr(text).Detach();
+        V_VT(&out) = VT_BSTR;
+        return Put(name, value);
     }
 
 private:
+    Status Put(std::string_view name, windows::Variant& value) {
+        return static_cast<Status>(
+            instance_.Put(Bstr(windows::ToWide(name)).Get(), 0, value.Pass(), 0));
+    }
+
     IWbemClassObject& instance_;
-    std::string_view namespacePrefix_;
+    std::wstring_view namespacePrefix_;
 };
 
-HRESULT FillCommon(IWbemClassObject& instance, std::string_view namespacePrefix,
+HRESULT FillCommon(IWbemClassObject& instance, std::wstring_view namespacePrefix,
                    std::string_view eventId) {
     const windows::WmiQueryPort queries;
     const windows::WindowsHostFacts host;

@@ -16,7 +16,7 @@ namespace qv::provider {
 struct EventDelivery {
     windows::ComPtr<IWbemServices> services;
     windows::ComPtr<IWbemObjectSink> sink;
-    std::string namespacePrefix;  ///< \\server\namespace:, before every reference
+    std::wstring namespacePrefix;  ///< \\server\namespace:, before every reference
 
     windows::ComPtr<IWbemClassObject> definition{};  ///< of the event's class, while it is sent
     windows::ComPtr<IWbemClassObject> indication{};  ///< that is made of the event

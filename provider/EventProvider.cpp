@@ -137,9 +137,9 @@ HRESULT CQVWMISATA_EventProv::Initialize(LPWSTR, LONG, LPWSTR nameSpace, LPWSTR,
     if (FAILED(fetched)) {
         return fetched;
     }
-    auto prefix = BuildNamespacePrefix(
-        windows::WmiQueryPort(),
-        nameSpace == nullptr ? std::string() : windows::ToNarrow(nameSpace), {});
+    // The namespace's name, unlike the server's, goes through the ANSI code page, on purpose.
+    const std::string narrow = nameSpace == nullptr ? std::string() : windows::ToNarrow(nameSpace);
+    auto prefix = BuildNamespacePrefix(windows::WmiQueryPort(), windows::ToWide(narrow), {});
     TakeRefreshTimeout();
     std::swap(definitions_, definitions);
     {

@@ -58,8 +58,7 @@ HRESULT CQVWMISATA_InstProv::Initialize(LPWSTR, LONG, LPWSTR nameSpace, LPWSTR,
         return windows::Hr(WBEM_E_OUT_OF_MEMORY);
     }
     auto prefix = BuildNamespacePrefix(
-        windows::WmiQueryPort(),
-        nameSpace == nullptr ? std::string() : windows::ToNarrow(nameSpace), {});
+        windows::WmiQueryPort(), nameSpace == nullptr ? std::wstring_view() : nameSpace, {});
     services_ = services;
     pathParsers_.Swap(pathParsers);
     support_ = support.release();

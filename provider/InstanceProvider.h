@@ -73,8 +73,8 @@ private:
     struct Support;
     /// What the initialisation came with; outlives this object, on purpose.
     Support* support_ = nullptr;
-    /// \\server\namespace: in the ANSI code page, before every reference.
-    std::string namespacePrefix_;
+    /// \\server\namespace:, before every reference.
+    std::wstring namespacePrefix_;
 };
 
 }  // namespace qv::provider

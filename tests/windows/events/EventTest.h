@@ -103,9 +103,8 @@ protected:
     HRESULT Initialize(const ComPtr<IWbemProviderInit>& provider, IWbemServices* services,
                        IWbemProviderInitSink* toldTo) {
         const CallContext call(*caller.Get());
-        std::wstring name = L"root\\QVQ";
-        return provider->Initialize(nullptr, 0, name.data(), nullptr, services, context.Get(),
-                                    toldTo);
+        return provider->Initialize(nullptr, 0, nameSpaceName.data(), nullptr, services,
+                                    context.Get(), toldTo);
     }
 
     HRESULT ProvideEvents(IWbemObjectSink* to) { return ProvideEvents(init, to); }
@@ -150,6 +149,7 @@ protected:
     FreshLibrary library;
     EventSource source;
     ComPtr<CallerStandIn> caller = windows::MakeObject<CallerStandIn>();
+    std::wstring nameSpaceName = L"root\\QVQ";
     ComPtr<EventNamespace> nameSpace = windows::MakeObject<EventNamespace>();
     ComPtr<ContextStandIn> context = windows::MakeObject<ContextStandIn>();
     ComPtr<InitSinkStandIn> initSink = windows::MakeObject<InitSinkStandIn>();
