@@ -1,9 +1,11 @@
 #include "qvsata/commands/Session.h"
 
-#include <array>
+#include <algorithm>
 #include <filesystem>
+#include <iterator>
 
 #include "qvsata/cim/StatusCodes.h"
+#include "qvsata/mof/ShippedMof.h"
 #include "qvsata/recorded/HostFile.h"
 #include "qvsata/system/Process.h"
 
@@ -11,10 +13,6 @@ namespace qv::tool {
 namespace {
 
 using std::filesystem::path;
-
-// In the order in which they build on each other; the registration is what a real management
-// service needs besides.
-constexpr std::array mofFiles{"cim_schema.mof", "qvwmisata.mof"};
 
 path FromUtf8(const std::string& text) {
     return std::u8string(text.begin(), text.end());
@@ -45,8 +43,9 @@ std::unique_ptr<service::ProviderHost> StartSession(const Options& options) {
         host.recorded = ReadHost(options.host);
         host.laterRecordings = ReadLaterHosts(options, *host.recorded);
     }
+    std::ranges::transform(options.installedMof, std::back_inserter(host.mofFiles), FromUtf8);
     const path mofFolder = options.mofFolder.empty() ? here : FromUtf8(options.mofFolder);
-    for (const char* file : mofFiles) {
+    for (const std::string_view file : service::shippedClassFiles) {
         host.mofFiles.push_back(mofFolder / file);
     }
     host.library = options.library.empty() ? here / "QVWMISATA.dll" : FromUtf8(options.library);

@@ -6,6 +6,7 @@
 
 #include "events/AlertIndication.h"
 #include "qvsata/cim/Instance.h"
+#include "qvsata/cim/Utf8.h"
 #include "qvsata/linked/RecordPut.h"
 #include "qvsata/system/StopRequest.h"
 #include "source/HostIdentity.h"
@@ -21,6 +22,9 @@ public:
     Status Put(const PropertyEntry& property) override {
         return PutEntry(instance_, property, namespacePrefix_);
     }
+    Status PutWideText(std::string_view name, std::wstring_view text) override {
+        return Put({std::string(name), ToUtf8(text), PropertyType::string, false});
+    }
 
 private:
     Instance& instance_;
@@ -33,7 +37,7 @@ LinkedEvents::LinkedEvents(const Namespace& nameSpace, Connector machine, Comput
     : nameSpace_(nameSpace),
       queries_(std::move(machine)),
       host_(std::move(names)),
-      namespacePrefix_(BuildNamespacePrefix(queries_, nameSpace.Name(), {})) {
+      namespacePrefix_(ToUtf8(BuildNamespacePrefix(queries_, ToWide(nameSpace.Name()), {}))) {
     inventory_.RefreshDiskInventoryIfStale(monitor_.Running());
     monitor_.RegisterReceiver(*this);
 }

@@ -8,6 +8,7 @@
 
 #include "qvsata/cim/PathParts.h"
 #include "qvsata/cim/StatusCodes.h"
+#include "qvsata/cim/Utf8.h"
 #include "qvsata/linked/RecordPut.h"
 #include "qvsata/service/PublishedNamespace.h"
 #include "source/EmbeddedPaths.h"
@@ -46,7 +47,7 @@ Answer RunRequest(std::string_view request, Body body) {
 LinkedProvider::LinkedProvider(Connector machine, ComputerNames names)
     : queries_(std::move(machine)),
       host_(std::move(names)),
-      namespacePrefix_(BuildNamespacePrefix(queries_, providerNamespace, {})) {}
+      namespacePrefix_(ToUtf8(BuildNamespacePrefix(queries_, ToWide(providerNamespace), {}))) {}
 
 Answer LinkedProvider::Publish(const ResolvedClassPtr& type, const RecordList& records) const {
     Answer answer;

@@ -18,7 +18,7 @@ namespace {
 
 // The types that a put hands over, by their numbers in wtypes.h.
 constexpr std::uint16_t variantArray = 0x2000;
-constexpr std::uint16_t variantTypes[] = {1, 8, 17, 3, 11, variantArray | 8, variantArray | 3};
+constexpr std::uint16_t variantTypes[] = {1, 8, 8, 17, 3, 11, variantArray | 8, variantArray | 3};
 
 struct AsHandedOver {
     CimValue operator()(std::monostate) const { return {}; }
@@ -26,6 +26,7 @@ struct AsHandedOver {
     CimValue operator()(std::uint8_t number) const { return std::int64_t{number}; }
     CimValue operator()(std::int32_t number) const { return std::int64_t{number}; }
     CimValue operator()(const std::string& text) const { return text; }
+    CimValue operator()(const qv::Reference& reference) const { return reference.path; }
     CimValue operator()(const std::vector<std::string>& texts) const { return texts; }
     CimValue operator()(const std::vector<std::int32_t>& numbers) const {
         return std::vector<std::int64_t>(numbers.begin(), numbers.end());
@@ -74,6 +75,10 @@ struct ConvertScalar {
         }
         const std::optional<std::int32_t> number = ParseInt32(text);
         return number && IsInt32(type) ? std::optional(NumberOf(*number, type)) : std::nullopt;
+    }
+
+    std::optional<CimValue> operator()(const qv::Reference& reference) const {
+        return (*this)(reference.path);
     }
 
     std::optional<CimValue> operator()(std::int32_t number) const {
@@ -154,8 +159,11 @@ Status Store(Instance& instance, const std::string& name, const TypedValue& valu
 
 Status PutEntry(Instance& instance, const PropertyEntry& entry, std::string_view namespacePrefix) {
     TypedValue value;
-    if (!ToTypedValue(entry, namespacePrefix, value)) {
+    if (!ToTypedValue(entry, value)) {
         return Status::invalidCimType;
+    }
+    if (auto* reference = std::get_if<qv::Reference>(&value)) {
+        reference->path.insert(0, namespacePrefix);
     }
     const Status result = Store(instance, entry.name, value);
     instance.Record(

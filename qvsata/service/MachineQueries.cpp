@@ -2,8 +2,11 @@
 
 #include <algorithm>
 #include <memory>
+#include <new>
 #include <type_traits>
 #include <utility>
+
+#include "qvsata/cim/Utf8.h"
 
 namespace qv::service {
 namespace {
@@ -20,26 +23,43 @@ public:
                         : platform::PropertyRead{Status::notFound, {}};
     }
 
+    Status GetWideText(std::string_view name, std::wstring& text) const override {
+        const std::optional<ObjectProperty> property = object_->Find(name);
+        if (!property) {
+            return Status::notFound;
+        }
+        const auto* held = std::get_if<std::string>(&property->value);
+        if (held == nullptr) {
+            return Status::failed;
+        }
+        text = ToWide(*held);
+        return Status::noError;
+    }
+
 private:
     ObjectPtr object_;
 };
 
 }  // namespace
 
-platform::QueryResult MachineQueries::RunWqlQuery(std::string_view nameSpace,
-                                                  std::string_view query,
-                                                  platform::Rows& rows) const {
+Status MachineQueries::RunWqlQuery(std::string_view nameSpace, std::string_view query,
+                                   platform::Rows& rows) const try {
     rows.clear();
     const Connection connection = machine_(nameSpace);
     if (!connection.services) {
-        return platform::QueryResult::failed;
+        return connection.status;
     }
     Answer answer = connection.services->Query(query);
+    if (!Succeeded(answer.status)) {
+        return answer.status;
+    }
     for (ObjectPtr& object : answer.objects) {
         rows.push_back(std::make_shared<const ObjectRow>(std::move(object)));
     }
-    return Succeeded(answer.status) ? platform::QueryResult::submitted
-                                    : platform::QueryResult::failed;
+    return Status::noError;
+} catch (const std::bad_alloc&) {
+    rows.clear();
+    return Status::outOfMemory;
 }
 
 platform::ComputerName RecordedNames::NameInFormat(platform::NameFormat format) const {
@@ -48,7 +68,11 @@ platform::ComputerName RecordedNames::NameInFormat(platform::NameFormat format) 
                               : format == platform::NameFormat::dnsHostname ? names_.dnsHostname
                                                                             : names_.netbios;
     return name.empty() ? platform::ComputerName{invalidComputerName, {}}
-                        : platform::ComputerName{0, name};
+                        : platform::ComputerName{0, ToWide(name)};
+}
+
+std::string RecordedNames::ToNarrow(std::wstring_view text) const {
+    return ToUtf8(text);
 }
 
 platform::Value ToPlatformValue(const CimValue& value) {

@@ -12,8 +12,8 @@ class MachineQueries final : public platform::QueryPort {
 public:
     explicit MachineQueries(Connector machine) : machine_(std::move(machine)) {}
 
-    platform::QueryResult RunWqlQuery(std::string_view nameSpace, std::string_view query,
-                                      platform::Rows& rows) const override;
+    Status RunWqlQuery(std::string_view nameSpace, std::string_view query,
+                       platform::Rows& rows) const override;
 
 private:
     Connector machine_;
@@ -26,6 +26,7 @@ public:
     explicit RecordedNames(ComputerNames names) : names_(std::move(names)) {}
 
     platform::ComputerName NameInFormat(platform::NameFormat format) const override;
+    std::string ToNarrow(std::wstring_view text) const override;
 
 private:
     ComputerNames names_;

@@ -31,11 +31,11 @@ class PublishingHost : public test::RecordedPort {
 public:
     using test::RecordedPort::RecordedPort;
 
-    platform::QueryResult RunWqlQuery(std::string_view nameSpace, std::string_view query,
-                                      platform::Rows& rows) const override {
+    Status RunWqlQuery(std::string_view nameSpace, std::string_view query,
+                       platform::Rows& rows) const override {
         if (query == "SELECT * FROM QV_SATADiskDrive") {
             rows.clear();
-            return platform::QueryResult::submitted;
+            return Status::noError;
         }
         return RecordedPort::RunWqlQuery(nameSpace, query, rows);
     }

@@ -15,13 +15,14 @@ public:
         : queries_(service::ConnectRecorded(std::make_shared<const service::RecordedHost>(host))),
           names_(host.Computer()) {}
 
-    platform::QueryResult RunWqlQuery(std::string_view nameSpace, std::string_view query,
-                                      platform::Rows& rows) const override {
+    Status RunWqlQuery(std::string_view nameSpace, std::string_view query,
+                       platform::Rows& rows) const override {
         return queries_.RunWqlQuery(nameSpace, query, rows);
     }
     platform::ComputerName NameInFormat(platform::NameFormat format) const override {
         return names_.NameInFormat(format);
     }
+    std::string ToNarrow(std::wstring_view text) const override { return names_.ToNarrow(text); }
 
 private:
     service::MachineQueries queries_;

@@ -2,9 +2,11 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "SourceTree.h"
+#include "qvsata/mof/ShippedMof.h"
 #include "qvsata/recorded/HostFile.h"
 #include "qvsata/service/ProviderHost.h"
 
@@ -21,7 +23,9 @@ inline service::HostOptions RecordedOptions(std::shared_ptr<const service::Recor
                                             const char* library) {
     service::HostOptions options;
     options.recorded = std::move(recorded);
-    options.mofFiles = {QV_SOURCE_DIR "/mof/cim_schema.mof", QV_SOURCE_DIR "/mof/qvwmisata.mof"};
+    for (const std::string_view name : service::shippedClassFiles) {
+        options.mofFiles.emplace_back(QV_SOURCE_DIR "/mof/" + std::string(name));
+    }
     options.library = library;
     return options;
 }
