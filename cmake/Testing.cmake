@@ -4,9 +4,6 @@
 # clone, so that compiler caches serve more than one.
 configure_file(${CMAKE_CURRENT_LIST_DIR}/SourceTree.h.in ${CMAKE_BINARY_DIR}/generated/SourceTree.h)
 
-# Recordings that are not this project's own; tests use them where they are.
-set(QV_SHARED_HOSTS ${PROJECT_SOURCE_DIR}/../shared/hosts)
-
 # What every test program is compiled with. A test's own code need not be fast, but has to be
 # compiled: the optimiser and the checks of undefined behaviour are for the code under test.
 add_library(qv_test_haste INTERFACE)
@@ -48,7 +45,7 @@ function(qv_test name)
   add_test(NAME ${QV_TEST_PREFIX}${name}
     COMMAND ${PROJECT_SOURCE_DIR}/tools/cached-test ${CMAKE_BINARY_DIR}/passed/${name}
       $<TARGET_FILE:${name}> ${products} ${PROJECT_SOURCE_DIR}/hosts ${PROJECT_SOURCE_DIR}/mof
-      ${PROJECT_SOURCE_DIR}/tests ${QV_SHARED_HOSTS}
+      ${PROJECT_SOURCE_DIR}/tests
       -- ${launcher} $<TARGET_FILE:${name}> --gtest_brief=1
       --gtest_output=xml:${results})
   set_tests_properties(${QV_TEST_PREFIX}${name} PROPERTIES TIMEOUT ${arg_TIMEOUT})
