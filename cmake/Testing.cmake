@@ -5,12 +5,18 @@
 configure_file(${CMAKE_CURRENT_LIST_DIR}/SourceTree.h.in ${CMAKE_BINARY_DIR}/generated/SourceTree.h)
 
 # What every test program is compiled with. A test's own code need not be fast, but has to be
-# compiled: the optimiser and the checks of undefined behaviour are for the code under test.
+# compiled: the optimiser, debug information and the checks of undefined behaviour are for the code
+# under test.
 add_library(qv_test_haste INTERFACE)
-target_compile_options(qv_test_haste INTERFACE $<IF:$<BOOL:${WIN32}>,-O0,-fno-sanitize=undefined>)
+if(WIN32)
+  target_compile_options(qv_test_haste INTERFACE -O0 -g0)
+  target_link_options(qv_test_haste INTERFACE -s)
+else()
+  target_compile_options(qv_test_haste INTERFACE -fno-sanitize=undefined)
+endif()
 add_library(qv_test_options INTERFACE)
 target_include_directories(qv_test_options INTERFACE ${CMAKE_BINARY_DIR}/generated)
-target_link_libraries(qv_test_options INTERFACE qv_options qv_test_haste GTest::gmock)
+target_link_libraries(qv_test_options INTERFACE qv_options qv_test_haste qv_googletest)
 if(BUILD_TESTING)
   file(GENERATE OUTPUT ${CMAKE_BINARY_DIR}/generated/TestHeaders.cpp CONTENT "")
   add_library(qv_test_headers OBJECT ${CMAKE_BINARY_DIR}/generated/TestHeaders.cpp)
@@ -28,7 +34,7 @@ function(qv_test name)
     set(arg_TIMEOUT 300)
   endif()
   add_executable(${name} ${arg_UNPARSED_ARGUMENTS})
-  target_link_libraries(${name} PRIVATE qv_test_options ${arg_LINK} GTest::gmock_main)
+  target_link_libraries(${name} PRIVATE qv_test_options ${arg_LINK} qv_googletest_main)
   target_precompile_headers(${name} REUSE_FROM qv_test_headers)
   set(launcher ${CMAKE_CROSSCOMPILING_EMULATOR})
   if(QV_SANITIZE STREQUAL "thread")
