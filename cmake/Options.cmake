@@ -36,9 +36,9 @@ if(WIN32)
   # Windows 7 is the oldest system supported.
   target_compile_definitions(qv_options INTERFACE
     UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0601)
-  # Debug information names files from the root of the source tree.
+  # Debug information names no folder of the machine that built it.
   target_compile_options(qv_options INTERFACE
-    -fstack-protector-strong -ffile-prefix-map=${PROJECT_SOURCE_DIR}/=)
+    -fstack-protector-strong -ffile-prefix-map=${PROJECT_SOURCE_DIR}=/qvwmisata)
   target_link_options(qv_options INTERFACE
     -static -fstack-protector-strong -Wl,--dynamicbase,--high-entropy-va,--nxcompat,--no-insert-timestamp)
 endif()
