@@ -38,7 +38,7 @@ if(WIN32)
     UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0601)
   # Debug information names no folder of the machine that built it.
   target_compile_options(qv_options INTERFACE
-    -fstack-protector-strong -ffile-prefix-map=${PROJECT_SOURCE_DIR}=/qvwmisata)
+    -fstack-protector-strong -fdebug-prefix-map=${PROJECT_SOURCE_DIR}=/qvwmisata)
   target_link_options(qv_options INTERFACE
     -static -fstack-protector-strong -Wl,--dynamicbase,--high-entropy-va,--nxcompat,--no-insert-timestamp)
 endif()
