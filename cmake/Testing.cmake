@@ -26,13 +26,34 @@ if(BUILD_TESTING)
     <sstream> <string> <thread> <vector>)
 endif()
 
-# qv_test(name sources... [LINK libraries...] [TIMEOUT seconds]): a test program, registered under
-# its name. It is run again only when it, the tool, the DLL or the data that tests read changed.
-function(qv_test name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "TIMEOUT" "LINK")
+# qv_cached_test(name COMMAND ... [INPUTS files and folders...] [TIMEOUT seconds]): a test that is run
+# again only when its inputs, the products or the data that tests read changed since it passed.
+function(qv_cached_test name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "TIMEOUT" "COMMAND;INPUTS")
   if(NOT arg_TIMEOUT)
     set(arg_TIMEOUT 300)
   endif()
+  if(WIN32)
+    list(APPEND arg_INPUTS $<TARGET_FILE:QVWMISATA> $<TARGET_FILE:qvsata>)
+  endif()
+  foreach(data hosts mof tests tools/environment tools/wine)
+    list(APPEND arg_INPUTS ${PROJECT_SOURCE_DIR}/${data})
+  endforeach()
+  set(test ${QV_TEST_PREFIX}${name})
+  add_test(NAME ${test} COMMAND ${PROJECT_SOURCE_DIR}/tools/cached-test
+    ${CMAKE_BINARY_DIR}/passed/${name} ${arg_INPUTS} -- ${arg_COMMAND})
+  set_tests_properties(${test} PROPERTIES TIMEOUT ${arg_TIMEOUT})
+  if(WIN32)
+    # They share one prefix, that is, one registry and one set of log files. The first one starts at
+    # once, so that the other tests run beside them.
+    set_tests_properties(${test} PROPERTIES RESOURCE_LOCK wine COST 100)
+  endif()
+endfunction()
+
+# qv_test(name sources... [LINK libraries...] [TIMEOUT seconds]): a test program, registered under
+# its name.
+function(qv_test name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "TIMEOUT" "LINK")
   add_executable(${name} ${arg_UNPARSED_ARGUMENTS})
   target_link_libraries(${name} PRIVATE qv_test_options ${arg_LINK} qv_googletest_main)
   target_precompile_headers(${name} REUSE_FROM qv_test_headers)
@@ -41,22 +62,11 @@ function(qv_test name)
     # The sanitizer needs the addresses where it expects them.
     set(launcher setarch -R)
   endif()
-  set(products)
   set(results ${CMAKE_BINARY_DIR}/results/${name}.xml)
   if(WIN32)
     # A Windows program takes a path without a drive for a relative one.
     set(results Z:${results})
-    set(products ${CMAKE_BINARY_DIR}/QVWMISATA.dll ${CMAKE_BINARY_DIR}/qvsata.exe)
   endif()
-  add_test(NAME ${QV_TEST_PREFIX}${name}
-    COMMAND ${PROJECT_SOURCE_DIR}/tools/cached-test ${CMAKE_BINARY_DIR}/passed/${name}
-      $<TARGET_FILE:${name}> ${products} ${PROJECT_SOURCE_DIR}/hosts ${PROJECT_SOURCE_DIR}/mof
-      ${PROJECT_SOURCE_DIR}/tests
-      -- ${launcher} $<TARGET_FILE:${name}> --gtest_brief=1
-      --gtest_output=xml:${results})
-  set_tests_properties(${QV_TEST_PREFIX}${name} PROPERTIES TIMEOUT ${arg_TIMEOUT})
-  if(WIN32)
-    # They share one prefix, that is, one registry and one set of log files.
-    set_tests_properties(${QV_TEST_PREFIX}${name} PROPERTIES RESOURCE_LOCK wine)
-  endif()
+  qv_cached_test(${name} INPUTS $<TARGET_FILE:${name}> TIMEOUT ${arg_TIMEOUT}
+    COMMAND ${launcher} $<TARGET_FILE:${name}> --gtest_brief=1 --gtest_output=xml:${results})
 endfunction()
