@@ -18,7 +18,7 @@ constexpr std::string_view providerNamespace = R"(root\QVQ)";
 constexpr CLSID instanceProviderId{
     0x3F6A2C1E, 0x5B7D, 0x4E90, {0xA1, 0xC3, 0x7D, 0x2E, 0x9F, 0x4B, 0x8A, 0x06}};
 
-[[noreturn]] void Fail(HRESULT status) {
+[[noreturn]] void EndWith(HRESULT status) {
     throw RequestError(static_cast<Status>(status));
 }
 
@@ -26,7 +26,7 @@ std::string ThisComputer() {
     std::wstring name(MAX_COMPUTERNAME_LENGTH + 1, L'\0');
     auto length = static_cast<DWORD>(name.size());
     if (!GetComputerNameW(name.data(), &length)) {
-        Fail(HRESULT_FROM_WIN32(GetLastError()));
+        EndWith(HRESULT_FROM_WIN32(GetLastError()));
     }
     name.resize(length);
     return windows::ToNarrow(name, CP_UTF8);
@@ -55,7 +55,7 @@ windows::ComPtr<IUnknown> CreateRegistered(REFCLSID classId) {
     const HRESULT result =
         CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&object));
     if (FAILED(result)) {
-        Fail(result);
+        EndWith(result);
     }
     return object;
 }
@@ -67,7 +67,7 @@ HMODULE ModuleOf(IUnknown& object) {
     if (!GetModuleHandleExW(
             GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
             static_cast<LPCWSTR>(functions[0]), &module)) {
-        Fail(HRESULT_FROM_WIN32(GetLastError()));
+        EndWith(HRESULT_FROM_WIN32(GetLastError()));
     }
     return module;
 }
