@@ -10,7 +10,7 @@
 namespace qv {
 namespace {
 
-constexpr const char* title = "Disk Drive Firmware";
+constexpr const char* firmwareTitle = "Disk Drive Firmware";
 
 }  // namespace
 
@@ -24,10 +24,11 @@ RecordList NativeAPI::getQV_SATADiskDriveFW(const Request& request) const {
         }
         if (request.WantsAllProperties()) {
             PutText(record, "ElementName", *disk, "Model");
-            SetProperty(record, "Name", title);
-            SetProperty(record, "Caption", title);
-            SetProperty(record, "Description", title);
-            SetProperty(record, "ClassificationDescriptions", title, PropertyType::stringArray);
+            SetProperty(record, "Name", firmwareTitle);
+            SetProperty(record, "Caption", firmwareTitle);
+            SetProperty(record, "Description", firmwareTitle);
+            SetProperty(record, "ClassificationDescriptions", firmwareTitle,
+                        PropertyType::stringArray);
             SetProperty(record, "Classifications", "10", PropertyType::int32Array);
             PutText(record, "Manufacturer", *disk, "Manufacturer");
             SetProperty(record, "IdentityInfoType", "CIM:SoftwareFamily",

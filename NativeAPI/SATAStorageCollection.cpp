@@ -12,7 +12,7 @@
 namespace qv {
 namespace {
 
-constexpr const char* title = "Disk Drives Consolidated Status";
+constexpr const char* collectionTitle = "Disk Drives Consolidated Status";
 
 std::optional<std::int32_t> StatusCodeOf(const platform::Row& disk) {
     std::vector<std::int32_t> codes;
@@ -37,9 +37,9 @@ RecordList NativeAPI::getQV_SATAStorageCollection(const Request& request) const 
     if (const auto hostName = HostName(host_)) {
         SetKeyProperty(record, "InstanceID", *hostName + " QV:QV_SATAStorageCollection");
     }
-    SetProperty(record, "Caption", title);
-    SetProperty(record, "Description", title);
-    SetProperty(record, "ElementName", title);
+    SetProperty(record, "Caption", collectionTitle);
+    SetProperty(record, "Description", collectionTitle);
+    SetProperty(record, "ElementName", collectionTitle);
     SetProperty(record, "GroupOperationalStatus", std::to_string(status.code),
                 PropertyType::int32Array);
     SetProperty(record, "GroupStatusDescriptions", std::string(status.text),

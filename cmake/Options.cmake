@@ -11,7 +11,7 @@ option(QV_COVERAGE "instrument for gcov" OFF)
 add_library(qv_options INTERFACE)
 target_include_directories(qv_options INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_options(qv_options INTERFACE
-  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
+  -Wall -Wextra -Wpedantic -Wshadow=local -Wconversion -Wsign-conversion -Wold-style-cast
   -Woverloaded-virtual -Wcast-align -Wunused -Wformat=2
   -Wnull-dereference -Wduplicated-cond -Wlogical-op -Wextra-semi -Werror)
 
@@ -36,7 +36,9 @@ if(WIN32)
   # Windows 7 is the oldest system supported.
   target_compile_definitions(qv_options INTERFACE
     UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0601)
-  target_compile_options(qv_options INTERFACE -fstack-protector-strong)
+  # Debug information names no folder of the machine that built it.
+  target_compile_options(qv_options INTERFACE
+    -fstack-protector-strong -fdebug-prefix-map=${PROJECT_SOURCE_DIR}=/qvwmisata)
   target_link_options(qv_options INTERFACE
     -static -fstack-protector-strong -Wl,--dynamicbase,--high-entropy-va,--nxcompat,--no-insert-timestamp)
 endif()
@@ -45,4 +47,15 @@ endif()
 function(qv_library name)
   add_library(${name} STATIC ${ARGN})
   target_link_libraries(${name} PUBLIC qv_options)
+endfunction()
+
+# qv_ship(target): what users get of a program or library: the file without debug information, and
+# beside it a FILE.debug that has it and that the file names.
+function(qv_ship target)
+  set_target_properties(${target} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
+  set(file $<TARGET_FILE_NAME:${target}>)
+  add_custom_command(TARGET ${target} POST_BUILD
+    COMMAND ${CMAKE_OBJCOPY} --only-keep-debug ${file} ${file}.debug
+    COMMAND ${CMAKE_OBJCOPY} --strip-all --add-gnu-debuglink=${file}.debug ${file}
+    WORKING_DIRECTORY ${CMAKE_BINARY_DIR} VERBATIM)
 endfunction()

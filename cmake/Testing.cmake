@@ -4,16 +4,19 @@
 # clone, so that compiler caches serve more than one.
 configure_file(${CMAKE_CURRENT_LIST_DIR}/SourceTree.h.in ${CMAKE_BINARY_DIR}/generated/SourceTree.h)
 
-# Recordings that are not this project's own; tests use them where they are.
-set(QV_SHARED_HOSTS ${PROJECT_SOURCE_DIR}/../shared/hosts)
-
 # What every test program is compiled with. A test's own code need not be fast, but has to be
-# compiled: the optimiser and the checks of undefined behaviour are for the code under test.
+# compiled: the optimiser, debug information and the checks of undefined behaviour are for the code
+# under test.
 add_library(qv_test_haste INTERFACE)
-target_compile_options(qv_test_haste INTERFACE $<IF:$<BOOL:${WIN32}>,-O0,-fno-sanitize=undefined>)
+if(WIN32)
+  target_compile_options(qv_test_haste INTERFACE -O0 -g0)
+  target_link_options(qv_test_haste INTERFACE -s)
+else()
+  target_compile_options(qv_test_haste INTERFACE -fno-sanitize=undefined)
+endif()
 add_library(qv_test_options INTERFACE)
 target_include_directories(qv_test_options INTERFACE ${CMAKE_BINARY_DIR}/generated)
-target_link_libraries(qv_test_options INTERFACE qv_options qv_test_haste GTest::gmock)
+target_link_libraries(qv_test_options INTERFACE qv_options qv_test_haste qv_googletest)
 if(BUILD_TESTING)
   file(GENERATE OUTPUT ${CMAKE_BINARY_DIR}/generated/TestHeaders.cpp CONTENT "")
   add_library(qv_test_headers OBJECT ${CMAKE_BINARY_DIR}/generated/TestHeaders.cpp)
@@ -23,37 +26,47 @@ if(BUILD_TESTING)
     <sstream> <string> <thread> <vector>)
 endif()
 
-# qv_test(name sources... [LINK libraries...] [TIMEOUT seconds]): a test program, registered under
-# its name. It is run again only when it, the tool, the DLL or the data that tests read changed.
-function(qv_test name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "TIMEOUT" "LINK")
+# qv_cached_test(name COMMAND ... [INPUTS files and folders...] [TIMEOUT seconds]): a test that is run
+# again only when its inputs, the products or the data that tests read changed since it passed.
+function(qv_cached_test name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "TIMEOUT" "COMMAND;INPUTS")
   if(NOT arg_TIMEOUT)
     set(arg_TIMEOUT 300)
   endif()
+  if(WIN32)
+    list(APPEND arg_INPUTS $<TARGET_FILE:QVWMISATA> $<TARGET_FILE:qvsata>)
+  endif()
+  foreach(data hosts mof tests tools/environment tools/wine)
+    list(APPEND arg_INPUTS ${PROJECT_SOURCE_DIR}/${data})
+  endforeach()
+  set(test ${QV_TEST_PREFIX}${name})
+  add_test(NAME ${test} COMMAND ${PROJECT_SOURCE_DIR}/tools/cached-test
+    ${CMAKE_BINARY_DIR}/passed/${name} ${arg_INPUTS} -- ${arg_COMMAND})
+  set_tests_properties(${test} PROPERTIES TIMEOUT ${arg_TIMEOUT})
+  if(WIN32)
+    # They share one prefix, that is, one registry and one set of log files. The first one starts at
+    # once, so that the other tests run beside them.
+    set_tests_properties(${test} PROPERTIES RESOURCE_LOCK wine COST 100)
+  endif()
+endfunction()
+
+# qv_test(name sources... [LINK libraries...] [TIMEOUT seconds]): a test program, registered under
+# its name.
+function(qv_test name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "TIMEOUT" "LINK")
   add_executable(${name} ${arg_UNPARSED_ARGUMENTS})
-  target_link_libraries(${name} PRIVATE qv_test_options ${arg_LINK} GTest::gmock_main)
+  target_link_libraries(${name} PRIVATE qv_test_options ${arg_LINK} qv_googletest_main)
   target_precompile_headers(${name} REUSE_FROM qv_test_headers)
   set(launcher ${CMAKE_CROSSCOMPILING_EMULATOR})
   if(QV_SANITIZE STREQUAL "thread")
     # The sanitizer needs the addresses where it expects them.
     set(launcher setarch -R)
   endif()
-  set(products)
   set(results ${CMAKE_BINARY_DIR}/results/${name}.xml)
   if(WIN32)
     # A Windows program takes a path without a drive for a relative one.
     set(results Z:${results})
-    set(products ${CMAKE_BINARY_DIR}/QVWMISATA.dll ${CMAKE_BINARY_DIR}/qvsata.exe)
   endif()
-  add_test(NAME ${QV_TEST_PREFIX}${name}
-    COMMAND ${PROJECT_SOURCE_DIR}/tools/cached-test ${CMAKE_BINARY_DIR}/passed/${name}
-      $<TARGET_FILE:${name}> ${products} ${PROJECT_SOURCE_DIR}/hosts ${PROJECT_SOURCE_DIR}/mof
-      ${PROJECT_SOURCE_DIR}/tests ${QV_SHARED_HOSTS}
-      -- ${launcher} $<TARGET_FILE:${name}> --gtest_brief=1
-      --gtest_output=xml:${results})
-  set_tests_properties(${QV_TEST_PREFIX}${name} PROPERTIES TIMEOUT ${arg_TIMEOUT})
-  if(WIN32)
-    # They share one prefix, that is, one registry and one set of log files.
-    set_tests_properties(${QV_TEST_PREFIX}${name} PROPERTIES RESOURCE_LOCK wine)
-  endif()
+  qv_cached_test(${name} INPUTS $<TARGET_FILE:${name}> TIMEOUT ${arg_TIMEOUT}
+    COMMAND ${launcher} $<TARGET_FILE:${name}> --gtest_brief=1 --gtest_output=xml:${results})
 endfunction()

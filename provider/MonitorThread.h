@@ -61,7 +61,7 @@ public:
 private:
     struct Thread;
 
-    static DWORD WINAPI Run(void* thread);
+    static DWORD WINAPI Run(void* parameter);
     void LetOwnThreadGo() noexcept;
     void AwaitRest() const;
     void StopAll() const;

@@ -26,7 +26,7 @@ constexpr std::array flavors{
     Flavor{"Translatable", nullptr},
 };
 
-std::string Quoted(std::string_view text) {
+std::string InQuotes(std::string_view text) {
     std::string quoted(1, '\'');
     quoted += text;
     quoted += '\'';
@@ -40,11 +40,11 @@ std::string Description(const MofToken& token) {
             return "the end of the file";
         case MofTokenKind::name:
         case MofTokenKind::symbol:
-            return Quoted(token.text);
+            return InQuotes(token.text);
         case MofTokenKind::alias:
-            return Quoted('$' + token.text);
+            return InQuotes('$' + token.text);
         case MofTokenKind::pragma:
-            return Quoted("#pragma");
+            return InQuotes("#pragma");
         default:
             return "a value";
     }
@@ -112,7 +112,7 @@ private:
 
     void ExpectSymbol(std::string_view symbol) {
         if (!TakeSymbol(symbol)) {
-            Fail(Quoted(symbol));
+            Fail(InQuotes(symbol));
         }
     }
 
@@ -133,7 +133,7 @@ private:
     void SkipTo(std::string_view symbol) {
         while (!IsSymbol(symbol)) {
             if (Now().kind == MofTokenKind::end) {
-                Fail(Quoted(symbol));
+                Fail(InQuotes(symbol));
             }
             Take();
         }

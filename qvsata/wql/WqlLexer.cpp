@@ -11,12 +11,12 @@ namespace {
 
 constexpr std::string_view blanks = " \t\r\n";
 
-bool IsDigit(char c) {
+bool IsDecimal(char c) {
     return c >= '0' && c <= '9';
 }
 
 bool IsWordByte(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || IsDigit(c) || c == '_' ||
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || IsDecimal(c) || c == '_' ||
            static_cast<unsigned char>(c) >= 0x80;
 }
 
@@ -49,8 +49,8 @@ private:
         if (c == '{') {
             return NextPath();
         }
-        if (IsDigit(c) || ((c == '-' || c == '+' || c == '.') && position_ + 1 < text_.size() &&
-                           (IsDigit(text_[position_ + 1]) || text_[position_ + 1] == '.'))) {
+        if (IsDecimal(c) || ((c == '-' || c == '+' || c == '.') && position_ + 1 < text_.size() &&
+                             (IsDecimal(text_[position_ + 1]) || text_[position_ + 1] == '.'))) {
             return NextNumber();
         }
         if (IsWordByte(c)) {
@@ -114,7 +114,7 @@ private:
 
     WqlToken NextNumber() {
         std::size_t end = position_ + 1;
-        end += LengthWhile(end, [](char c) { return IsDigit(c) || c == '.'; });
+        end += LengthWhile(end, [](char c) { return IsDecimal(c) || c == '.'; });
         if (end < text_.size() && (text_[end] == 'e' || text_[end] == 'E')) {
             ++end;
             if (end < text_.size() && (text_[end] == '-' || text_[end] == '+')) {

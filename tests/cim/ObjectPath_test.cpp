@@ -17,7 +17,7 @@ ObjectPath Parsed(std::string_view text) {
 }
 
 // "reason at position", or "" for a text that is a path.
-std::string Refusal(std::string_view text) {
+std::string PathRefusal(std::string_view text) {
     PathError error;
     return ParseObjectPath(text, &error) ? ""
                                          : error.reason + " at " + std::to_string(error.position);
@@ -106,40 +106,40 @@ TEST(ParseObjectPath, AcceptsAReferenceAsValue) {
 }
 
 TEST(ParseObjectPath, RefusesWhatIsNoPathAndSaysWhere) {
-    EXPECT_EQ(Refusal(""), "expected a class name at 0");
-    EXPECT_EQ(Refusal("1C"), "expected a class name at 0");
-    EXPECT_EQ(Refusal("root:"), "expected a class name at 5");
-    EXPECT_EQ(Refusal("C."), "expected a key name at 2");
-    EXPECT_EQ(Refusal("C.K"), "expected = after the key name at 3");
-    EXPECT_EQ(Refusal("C.K="), "expected a quoted text, a number, TRUE or FALSE at 4");
-    EXPECT_EQ(Refusal("C.K=v"), "expected a quoted text, a number, TRUE or FALSE at 4");
-    EXPECT_EQ(Refusal("C.K=1.5"), "expected a quoted text, a number, TRUE or FALSE at 4");
-    EXPECT_EQ(Refusal(R"(C.K="v)"), "the quote is not closed at 4");
-    EXPECT_EQ(Refusal(R"(C.K="v\")"), "the quote is not closed at 4");
-    EXPECT_EQ(Refusal(R"(C.K="v"x)"), "expected , or the end after the value at 7");
-    EXPECT_EQ(Refusal(R"(C.K="v",)"), "expected a key name at 8");
-    EXPECT_EQ(Refusal(R"(C.K="v",k="w")"), "a key is given twice at 10");
-    EXPECT_EQ(Refusal(R"(C="v",K="w")"), "unexpected character after the value at 5");
-    EXPECT_EQ(Refusal("C=@x"), "unexpected character after the value at 3");
-    EXPECT_EQ(Refusal("C*"), "unexpected character after the class name at 1");
+    EXPECT_EQ(PathRefusal(""), "expected a class name at 0");
+    EXPECT_EQ(PathRefusal("1C"), "expected a class name at 0");
+    EXPECT_EQ(PathRefusal("root:"), "expected a class name at 5");
+    EXPECT_EQ(PathRefusal("C."), "expected a key name at 2");
+    EXPECT_EQ(PathRefusal("C.K"), "expected = after the key name at 3");
+    EXPECT_EQ(PathRefusal("C.K="), "expected a quoted text, a number, TRUE or FALSE at 4");
+    EXPECT_EQ(PathRefusal("C.K=v"), "expected a quoted text, a number, TRUE or FALSE at 4");
+    EXPECT_EQ(PathRefusal("C.K=1.5"), "expected a quoted text, a number, TRUE or FALSE at 4");
+    EXPECT_EQ(PathRefusal(R"(C.K="v)"), "the quote is not closed at 4");
+    EXPECT_EQ(PathRefusal(R"(C.K="v\")"), "the quote is not closed at 4");
+    EXPECT_EQ(PathRefusal(R"(C.K="v"x)"), "expected , or the end after the value at 7");
+    EXPECT_EQ(PathRefusal(R"(C.K="v",)"), "expected a key name at 8");
+    EXPECT_EQ(PathRefusal(R"(C.K="v",k="w")"), "a key is given twice at 10");
+    EXPECT_EQ(PathRefusal(R"(C="v",K="w")"), "unexpected character after the value at 5");
+    EXPECT_EQ(PathRefusal("C=@x"), "unexpected character after the value at 3");
+    EXPECT_EQ(PathRefusal("C*"), "unexpected character after the class name at 1");
 }
 
 TEST(ParseObjectPath, RefusesBlanksOutsideQuotes) {
-    EXPECT_EQ(Refusal(R"(C.K ="v")"), "expected = after the key name at 3");
-    EXPECT_EQ(Refusal(R"(C.K= "v")"), "expected a quoted text, a number, TRUE or FALSE at 4");
-    EXPECT_EQ(Refusal(R"(C.K="v" ,L="w")"), "expected , or the end after the value at 7");
-    EXPECT_EQ(Refusal(R"(C.K="v", L="w")"), "expected a key name at 8");
-    EXPECT_EQ(Refusal(R"(C .K="v")"), "unexpected character after the class name at 1");
-    EXPECT_EQ(Refusal(R"(root\a b:C)"), "a blank in server or namespace at 6");
+    EXPECT_EQ(PathRefusal(R"(C.K ="v")"), "expected = after the key name at 3");
+    EXPECT_EQ(PathRefusal(R"(C.K= "v")"), "expected a quoted text, a number, TRUE or FALSE at 4");
+    EXPECT_EQ(PathRefusal(R"(C.K="v" ,L="w")"), "expected , or the end after the value at 7");
+    EXPECT_EQ(PathRefusal(R"(C.K="v", L="w")"), "expected a key name at 8");
+    EXPECT_EQ(PathRefusal(R"(C .K="v")"), "unexpected character after the class name at 1");
+    EXPECT_EQ(PathRefusal(R"(root\a b:C)"), "a blank in server or namespace at 6");
 }
 
 TEST(ParseObjectPath, RefusesAMisspeltPrefix) {
-    EXPECT_EQ(Refusal(R"(/\.\root:C)"), "a server is introduced by two equal slashes at 0");
-    EXPECT_EQ(Refusal(R"(\\\root:C)"), "a server is introduced by two equal slashes at 0");
-    EXPECT_EQ(Refusal(R"(\\SRV:C)"), "no namespace after the server at 5");
-    EXPECT_EQ(Refusal(R"(\\SRV\root\cimv2)"), "no class after the namespace at 0");
-    EXPECT_EQ(Refusal(R"(root\\cimv2:C)"), "an empty name in server or namespace at 5");
-    EXPECT_EQ(Refusal(":C"), "an empty name in server or namespace at 0");
+    EXPECT_EQ(PathRefusal(R"(/\.\root:C)"), "a server is introduced by two equal slashes at 0");
+    EXPECT_EQ(PathRefusal(R"(\\\root:C)"), "a server is introduced by two equal slashes at 0");
+    EXPECT_EQ(PathRefusal(R"(\\SRV:C)"), "no namespace after the server at 5");
+    EXPECT_EQ(PathRefusal(R"(\\SRV\root\cimv2)"), "no class after the namespace at 0");
+    EXPECT_EQ(PathRefusal(R"(root\\cimv2:C)"), "an empty name in server or namespace at 5");
+    EXPECT_EQ(PathRefusal(":C"), "an empty name in server or namespace at 0");
 }
 
 TEST(FormatObjectPath, EscapesBackslashesAndDoubleQuotes) {

@@ -128,7 +128,7 @@ TEST_F(AlertVendorFactsTest, TakeTheFirstPackageOfSeveral) {
     EXPECT_THAT(Copied(PutSystemIdentity(indication, host)), ElementsAre("SystemModel=M1"));
 }
 
-Properties Software(platform::Value identity, std::int32_t majorNumber) {
+Properties SoftwareRow(platform::Value identity, std::int32_t majorNumber) {
     return {{"IdentityInfoValue", std::move(identity)},
             {"MajorVersion", majorNumber},
             {"MinorVersion", 2},
@@ -138,20 +138,20 @@ Properties Software(platform::Value identity, std::int32_t majorNumber) {
 
 TEST_F(AlertVendorFactsTest, RepeatTheVersionOfTheVersionLibrary) {
     host.Answer(test::softwareQuery,
-                {Software(Texts{"other.dll"}, 7), Software(Texts{"x", "QVWMIVER.DLL"}, 1),
-                 Software(Texts{"qvwmiver.dll"}, 8)});
+                {SoftwareRow(Texts{"other.dll"}, 7), SoftwareRow(Texts{"x", "QVWMIVER.DLL"}, 1),
+                 SoftwareRow(Texts{"qvwmiver.dll"}, 8)});
     EXPECT_THAT(Copied(PutProviderVersion(indication, host)),
                 ElementsAre("ProviderVersion=1.2.3.4"));
 }
 
 TEST_F(AlertVendorFactsTest, RepeatTheVersionOfALibraryNamedByATextOfItsOwn) {
-    host.Answer(test::softwareQuery, {Software(std::string("qvwmiver.dll"), 1)});
+    host.Answer(test::softwareQuery, {SoftwareRow(std::string("qvwmiver.dll"), 1)});
     EXPECT_THAT(Copied(PutProviderVersion(indication, host)),
                 ElementsAre("ProviderVersion=1.2.3.4"));
 }
 
 TEST_F(AlertVendorFactsTest, LeaveAVersionUnsetOfWhichAPartIsMissing) {
-    Properties software = Software(Texts{"qvwmiver.dll"}, 1);
+    Properties software = SoftwareRow(Texts{"qvwmiver.dll"}, 1);
     software.erase("RevisionNumber");
     host.Answer(test::softwareQuery, {software});
     EXPECT_THAT(Copied(PutProviderVersion(indication, host)), IsEmpty());
@@ -220,7 +220,7 @@ TEST_F(AlertVendorFactsTest, TakeTheFirstOfSeveralRows) {
 TEST_F(AlertVendorFactsTest, FailWhenTheIndicationRefusesWhatTheyRepeat) {
     host.Answer(test::metadataQuery, {{{"Severity", 3}, {"Summary", "S"}}});
     host.Answer(test::enclosureQuery, {{{"Name", "E1"}}});
-    host.Answer(test::softwareQuery, {Software(Texts{"qvwmiver.dll"}, 1)});
+    host.Answer(test::softwareQuery, {SoftwareRow(Texts{"qvwmiver.dll"}, 1)});
     for (const char* refused : {"PerceivedSeverity", "EnclosureName", "ProviderVersion"}) {
         indication.refused = refused;
         EXPECT_EQ(Fill(), indication.refusal) << refused;

@@ -12,6 +12,10 @@
 
 namespace qv::test {
 
+/// An association of two classes, and the one of three.
+inline const std::string diskExtent = "QV_SATADiskDriveStorageExtent";
+inline const std::string triple = "QV_SATAInitiatorTargetLogicalUnitPath";
+
 /// Two controllers, two channels of the second one, and three disks: the first on the first
 /// channel, the second on the first controller, the third attached to nothing that is known.
 struct AssociatedHost : Builders {

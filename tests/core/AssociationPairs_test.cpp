@@ -10,10 +10,8 @@ using namespace test;
 using Values = std::vector<std::string>;
 
 const std::string diskFirmware = "QV_SATADiskDriveDiskDriveFW";
-const std::string diskExtent = "QV_SATADiskDriveStorageExtent";
 const std::string targetDisk = "QV_TSATAProtocolEndpointSATADiskDrive";
 const Request any{"QV_Any", mode::keysOnly, {}};
-const std::string triple = "QV_SATAInitiatorTargetLogicalUnitPath";
 
 class AssociationPairs : public testing::Test, protected AssociatedHost {
 protected:

@@ -18,15 +18,15 @@ std::string Tail(const std::string& path) {
     return path.substr(path.find(keyMark));
 }
 
-std::string Key(const std::string& path) {
+std::string DeviceIdOf(const std::string& path) {
     const std::string quoted = Tail(path).substr(keyMark.size() + 1);
     return StripBackslashes(quoted.substr(0, quoted.size() - 1));
 }
 
 // The controller of the last link for which `isOwn` holds of the Dependent.
 template <typename Predicate>
-const platform::Row* Walk(const platform::Rows& links, const platform::Rows& controllers,
-                          Predicate isOwn) {
+const platform::Row* LastLink(const platform::Rows& links, const platform::Rows& controllers,
+                              Predicate isOwn) {
     const platform::Row* found = nullptr;
     for (const auto& link : links) {
         if (!isOwn(TextOrEmpty(*link, "Dependent"))) {
@@ -64,11 +64,11 @@ TEST(ControllerLinks, FindWhatThePlainWalkFinds) {
         for (const std::string id : ids) {
             const std::string path = test::FullPath("Win32_IDEController", id);
             EXPECT_EQ(indexed.ControllerOfDisk(id),
-                      Walk(links, controllers, [&id](const std::string& dependent) {
-                          return EqualsIgnoringCase(Key(dependent), StripBackslashes(id));
+                      LastLink(links, controllers, [&id](const std::string& dependent) {
+                          return EqualsIgnoringCase(DeviceIdOf(dependent), StripBackslashes(id));
                       }));
             EXPECT_EQ(indexed.ControllerOfChannel(path),
-                      Walk(links, controllers, [&path](const std::string& dependent) {
+                      LastLink(links, controllers, [&path](const std::string& dependent) {
                           return Tail(dependent) == Tail(path);
                       }));
         }

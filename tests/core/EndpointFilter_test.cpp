@@ -7,10 +7,8 @@ namespace {
 using namespace test;
 using Values = std::vector<std::string>;
 
-const std::string diskExtent = "QV_SATADiskDriveStorageExtent";
 const std::string systemDisk = "QV_WinComputerSystemSATADiskDrive";
 const std::string controllerPort = "QV_SATAPortControllerSATALogicalPort";
-const std::string triple = "QV_SATAInitiatorTargetLogicalUnitPath";
 
 class EndpointFilterTest : public testing::Test, protected AssociatedHost {
 protected:

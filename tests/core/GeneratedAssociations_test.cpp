@@ -30,7 +30,7 @@ private:
 const AssociationEnd firmwareEnd{"First", "QV_SATADiskDriveFW", "InstanceID"};
 const AssociationEnd packageEnd{"Second", "QV_SATADiskPhysicalPackage", "Tag"};
 const AssociationEnd diskEnd{"Third", "QV_SATADiskDrive", "DeviceID"};
-const Request any{"QV_Any", mode::keysOnly, {}};
+const Request anyClass{"QV_Any", mode::keysOnly, {}};
 
 std::string FirmwarePath(const std::string& key) {
     return "QV_SATADiskDriveFW." + KeyText("InstanceID", key);
@@ -83,7 +83,7 @@ TEST_P(GeneratedAssociations, PairsAreThoseOfTheCrossProductInItsOrder) {
         const auto keys = KeysOf(seed);
         ChangingDisks host(keys);
         const NativeAPI api(host, host, host);
-        ASSERT_EQ(api.BuildAssociationPairs(any, firmwareEnd, packageEnd, rule),
+        ASSERT_EQ(api.BuildAssociationPairs(anyClass, firmwareEnd, packageEnd, rule),
                   Associated("QV_Any", {"First", "Second"}, PairsByLoops(keys, rule)))
             << "seed " << seed;
     }
@@ -95,10 +95,10 @@ TEST_P(GeneratedAssociations, TriplesAreThoseOfTheCrossProductInItsOrder) {
         const auto secondRule = static_cast<MatchRule>(seed % 13);
         ChangingDisks host(keys);
         const NativeAPI api(host, host, host);
-        ASSERT_EQ(
-            api.BuildAssociationTriples(any, firmwareEnd, packageEnd, diskEnd, rule, secondRule),
-            Associated("QV_Any", {"First", "Second", "Third"},
-                       TriplesByLoops(keys, rule, secondRule)))
+        ASSERT_EQ(api.BuildAssociationTriples(anyClass, firmwareEnd, packageEnd, diskEnd, rule,
+                                              secondRule),
+                  Associated("QV_Any", {"First", "Second", "Third"},
+                             TriplesByLoops(keys, rule, secondRule)))
             << "seed " << seed;
     }
 }
@@ -113,7 +113,7 @@ TEST(GeneratedPaths, AreThoseOfThreeNestedLoops) {
         ChangingDisks host(keys);
         const NativeAPI api(host, host, host);
         ASSERT_EQ(
-            api.BuildAssociationTriples(any, firmwareEnd, packageEnd, diskEnd,
+            api.BuildAssociationTriples(anyClass, firmwareEnd, packageEnd, diskEnd,
                                         MatchRule::secondContains, MatchRule::firstContainsToo),
             Associated("QV_Any", {"First", "Second", "Third"}, expected))
             << "seed " << seed;

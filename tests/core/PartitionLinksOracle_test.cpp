@@ -16,9 +16,9 @@ bool Contains(const std::string& text, const std::string& part) {
     return text.find(part) != std::string::npos;
 }
 
-std::vector<const platform::Row*> Walk(const platform::Rows& links,
-                                       const platform::Rows& partitions,
-                                       const std::string& deviceId) {
+std::vector<const platform::Row*> LinkedPartitions(const platform::Rows& links,
+                                                   const platform::Rows& partitions,
+                                                   const std::string& deviceId) {
     std::vector<const platform::Row*> matched;
     for (const auto& link : links) {
         if (!Contains(StripBackslashes(TextOrEmpty(*link, "Antecedent")),
@@ -68,7 +68,7 @@ TEST(PartitionLinks, FindWhatThePlainWalkFinds) {
         const PartitionLinks indexed(disks, links, partitions);
         for (const auto& disk : disks) {
             const std::string deviceId = TextOrEmpty(*disk, "DeviceID");
-            const auto walked = Walk(links, partitions, deviceId);
+            const auto walked = LinkedPartitions(links, partitions, deviceId);
             EXPECT_EQ(indexed.PartitionsOfDisk(deviceId), walked) << seed << ' ' << deviceId;
             found += walked.size();
         }

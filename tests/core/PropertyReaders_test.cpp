@@ -15,7 +15,7 @@ namespace {
 using platform::Value;
 using test::Properties;
 using test::ScriptedRow;
-using Numbers = std::vector<std::int32_t>;
+using Integers = std::vector<std::int32_t>;
 
 constexpr std::int32_t lowest = std::numeric_limits<std::int32_t>::min();
 
@@ -27,7 +27,7 @@ struct Kind {
     std::optional<std::string> text;
     std::optional<bool> flag;
     std::optional<std::int32_t> number;
-    std::optional<Numbers> numbers;
+    std::optional<Integers> numbers;
 };
 
 const std::array kinds{
@@ -48,11 +48,11 @@ const std::array kinds{
     Kind{"uint32", std::uint32_t{70000}, {}, {}, 70000, {}},
     Kind{"uint32 with the topmost bit", std::uint32_t{0x80000000}, {}, {}, lowest, {}},
     Kind{"highest uint32", std::uint32_t{0xFFFFFFFF}, {}, {}, -1, {}},
-    Kind{"int16 array", std::vector<std::int16_t>{1, -1}, {}, {}, {}, Numbers{1, 65535}},
-    Kind{"uint16 array", std::vector<std::uint16_t>{2, 65535}, {}, {}, {}, Numbers{2, 65535}},
-    Kind{"int32 array", std::vector<std::int32_t>{3, -1}, {}, {}, {}, Numbers{3, -1}},
-    Kind{"uint32 array", std::vector<std::uint32_t>{4, 0xFFFFFFFF}, {}, {}, {}, Numbers{4, -1}},
-    Kind{"empty array", std::vector<std::int32_t>{}, {}, {}, {}, Numbers{}},
+    Kind{"int16 array", std::vector<std::int16_t>{1, -1}, {}, {}, {}, Integers{1, 65535}},
+    Kind{"uint16 array", std::vector<std::uint16_t>{2, 65535}, {}, {}, {}, Integers{2, 65535}},
+    Kind{"int32 array", std::vector<std::int32_t>{3, -1}, {}, {}, {}, Integers{3, -1}},
+    Kind{"uint32 array", std::vector<std::uint32_t>{4, 0xFFFFFFFF}, {}, {}, {}, Integers{4, -1}},
+    Kind{"empty array", std::vector<std::int32_t>{}, {}, {}, {}, Integers{}},
     Kind{"unread", platform::UnreadValue{}, {}, {}, {}, {}},
 };
 
@@ -114,11 +114,11 @@ TEST(GetUInt16Property, KeepsTheLow16BitsOfAWholeNumber) {
 
 TEST(GetIntegerArrayProperty, AcceptsNumberArraysAndZeroExtendsTheir16BitElements) {
     for (const Kind& kind : kinds) {
-        Numbers numbers{47, 11};
+        Integers numbers{47, 11};
         EXPECT_EQ(GetIntegerArrayProperty(RowOf(kind.value), "P", numbers),
                   StatusOf(kind.numbers.has_value()))
             << kind.name;
-        EXPECT_EQ(numbers, kind.numbers.value_or(Numbers{})) << kind.name;
+        EXPECT_EQ(numbers, kind.numbers.value_or(Integers{})) << kind.name;
     }
 }
 
@@ -178,9 +178,9 @@ TEST(GetUInt16Property, TurnsAFailedReadIntoTheGeneralFailure) {
 }
 
 TEST(GetIntegerArrayProperty, EmptiesTheOutputEvenWhenTheReadFails) {
-    Numbers numbers{1, 2};
+    Integers numbers{1, 2};
     EXPECT_EQ(GetIntegerArrayProperty(ScriptedRow({}), "P", numbers), Status::failed);
-    EXPECT_EQ(numbers, Numbers{});
+    EXPECT_EQ(numbers, Integers{});
 }
 
 TEST(TextOrEmpty, IsTheTextOrEmptyForAnythingElse) {

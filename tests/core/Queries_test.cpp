@@ -56,7 +56,7 @@ std::string OnHost(const std::string& className) {
            R"(",SystemCreationClassName="QV_WinComputerSystem")";
 }
 
-ClassQueries Software(const char* className) {
+ClassQueries SoftwareQueries(const char* className) {
     return Always(
         className,
         R"(InstanceID="QV:)" + std::string(className) + R"(:PCI&VEN_8086&DEV_29&REV_02&3")",
@@ -103,9 +103,9 @@ const ClassQueries table[] = {
         R"(SystemCreationClassName="QV_WinComputerSystem",)"
         R"(CreationClassName="QV_TSATAProtocolEndpoint")",
         {disks, deviceLinks, controllers}),
-    Software("QV_SATAPortControllerDriver"),
-    Software("QV_SATAPortControllerFW"),
-    Software("QV_SATAPortControllerBIOS"),
+    SoftwareQueries("QV_SATAPortControllerDriver"),
+    SoftwareQueries("QV_SATAPortControllerFW"),
+    SoftwareQueries("QV_SATAPortControllerBIOS"),
     Always("QV_WinComputerSystem",
            R"(CreationClassName="QV_WinComputerSystem",Name="host.example.org")", {}),
 };

@@ -10,7 +10,7 @@ namespace {
 using namespace test;
 using Values = std::vector<std::string>;
 
-constexpr const char* className = "QV_SATADiskDriveFW";
+constexpr const char* diskDriveFWClass = "QV_SATADiskDriveFW";
 
 class DiskFirmware : public testing::Test, public Builders {
 protected:
@@ -22,63 +22,66 @@ protected:
 };
 
 TEST_F(DiskFirmware, HasItsPropertiesInOrder) {
-    EXPECT_EQ(All(className), RecordList{Record(className, SATADiskDriveFWTable())});
+    EXPECT_EQ(All(diskDriveFWClass), RecordList{Record(diskDriveFWClass, SATADiskDriveFWTable())});
 }
 
 TEST_F(DiskFirmware, AsksForTheMediaOnceForEachKeptDisk) {
     host.Answer(disksQuery, {Disk("D1"), With(Disk("S"), {{"InterfaceType", "SCSI"}}), Disk("D2")});
-    All(className);
+    All(diskDriveFWClass);
     EXPECT_EQ(host.asked, InCimv2({disksQuery, mediaQuery, mediaQuery}));
 }
 
 TEST_F(DiskFirmware, DoesNotAskForTheMediaWhenOnlyKeysAreAskedFor) {
-    EXPECT_EQ(Keys(className), RecordList{Record(className, {Key("InstanceID", diskKey)})});
+    EXPECT_EQ(Keys(diskDriveFWClass),
+              RecordList{Record(diskDriveFWClass, {Key("InstanceID", diskKey)})});
     EXPECT_EQ(host.asked, InCimv2({disksQuery}));
 }
 
 TEST_F(DiskFirmware, IsNoneWhenTheDisksCannotBeHad) {
     host.Fail(disksQuery);
-    EXPECT_EQ(All(className), RecordList{});
+    EXPECT_EQ(All(diskDriveFWClass), RecordList{});
 }
 
 TEST_F(DiskFirmware, HasNoSerialNumberWhenTheMediaCannotBeHadOrNoneIsTheDisks) {
     host.Answer(mediaQuery, {Media(R"(\\.\physicaldrive0)", "x")});
-    EXPECT_EQ(ValuesOf(All(className), "SerialNumber"), Values{});
+    EXPECT_EQ(ValuesOf(All(diskDriveFWClass), "SerialNumber"), Values{});
     host.Fail(mediaQuery);
-    EXPECT_EQ(ValuesOf(All(className), "SerialNumber"), Values{});
-    EXPECT_EQ(ValuesOf(All(className), "VersionString"), Values{"fw 1.0"});
+    EXPECT_EQ(ValuesOf(All(diskDriveFWClass), "SerialNumber"), Values{});
+    EXPECT_EQ(ValuesOf(All(diskDriveFWClass), "VersionString"), Values{"fw 1.0"});
 }
 
 TEST_F(DiskFirmware, ANullDeviceIdComparedWithAMediaRowEndsTheRequest) {
     host.Answer(disksQuery, {With(Disk(diskId), {{"DeviceID", std::monostate{}}})});
-    EXPECT_THROW(All(className), RequestError);
-    EXPECT_NO_THROW(Keys(className));
+    EXPECT_THROW(All(diskDriveFWClass), RequestError);
+    EXPECT_NO_THROW(Keys(diskDriveFWClass));
 }
 
 TEST_F(DiskFirmware, HasTheKeyOfTheDisksOwnInstance) {
     host.Answer(disksQuery, {Disk(diskId), Disk("no backslash"), Disk(R"(a\\b)")});
-    EXPECT_EQ(ValuesOf(Keys(className), "InstanceID"),
+    EXPECT_EQ(ValuesOf(Keys(diskDriveFWClass), "InstanceID"),
               ValuesOf(Keys("QV_SATADiskDrive"), "DeviceID"));
-    EXPECT_EQ(ValuesOf(Keys(className), "InstanceID"), (Values{diskKey, "no backslash", "a&&b"}));
+    EXPECT_EQ(ValuesOf(Keys(diskDriveFWClass), "InstanceID"),
+              (Values{diskKey, "no backslash", "a&&b"}));
 }
 
 TEST_F(DiskFirmware, OfADiskWithoutModelHasAnEmptyNameAndABareIdentity) {
     for (const platform::Value& model : {platform::Value(), platform::Value("")}) {
         host.Answer(disksQuery, {With(Disk(diskId), {{"Model", model}})});
-        EXPECT_EQ(ValuesOf(All(className), "ElementName"), Values{""});
-        EXPECT_EQ(ValuesOf(All(className), "IdentityInfoValue"), Values{"QVQ:"});
+        EXPECT_EQ(ValuesOf(All(diskDriveFWClass), "ElementName"), Values{""});
+        EXPECT_EQ(ValuesOf(All(diskDriveFWClass), "IdentityInfoValue"), Values{"QVQ:"});
     }
 }
 
 TEST_F(DiskFirmware, IsFoundByItsPathInAnyLetterCase) {
-    EXPECT_EQ(At(className, "qv_satadiskdrivefw.instanceid=\"" + diskKey + "\""), All(className));
-    EXPECT_EQ(At(className, R"(QV_SATADiskDriveFW.InstanceID="x")"), RecordList{});
+    EXPECT_EQ(At(diskDriveFWClass, "qv_satadiskdrivefw.instanceid=\"" + diskKey + "\""),
+              All(diskDriveFWClass));
+    EXPECT_EQ(At(diskDriveFWClass, R"(QV_SATADiskDriveFW.InstanceID="x")"), RecordList{});
 }
 
 TEST_F(DiskFirmware, IsOnlyOfIdeDisks) {
     host.Answer(disksQuery, {With(Disk("S"), {{"InterfaceType", "SCSI"}}),
                              Without(Disk("N"), "InterfaceType")});
-    EXPECT_EQ(All(className), RecordList{});
+    EXPECT_EQ(All(diskDriveFWClass), RecordList{});
 }
 
 }  // namespace

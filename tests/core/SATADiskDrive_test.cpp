@@ -15,7 +15,7 @@ using Values = std::vector<std::string>;
 const Properties& disk = fullDisk;
 const Properties medium{{"Tag", R"(\\.\PHYSICALDRIVE0)"}, {"SerialNumber", "SN1"}};
 
-InstanceRecord FullRecord(const std::string& className = "QV_SATADiskDrive") {
+InstanceRecord FullDiskDrive(const std::string& className = "QV_SATADiskDrive") {
     return Record(className, SATADiskDriveTable(className));
 }
 
@@ -53,7 +53,7 @@ protected:
 };
 
 TEST_F(SATADiskDrive, PublishesEveryPropertyInOrder) {
-    EXPECT_EQ(Build({disk}), RecordList{FullRecord()});
+    EXPECT_EQ(Build({disk}), RecordList{FullDiskDrive()});
 }
 
 TEST_F(SATADiskDrive, AsksForDisksOnceAndForMediaOncePerKeptDisk) {
@@ -64,7 +64,7 @@ TEST_F(SATADiskDrive, AsksForDisksOnceAndForMediaOncePerKeptDisk) {
 TEST_F(SATADiskDrive, KeepsTheClassNameAsTheCallerSpelledIt) {
     host.Answer(disksQuery, {disk});
     EXPECT_EQ(api.getQV_SATADiskDrive({"QV_satadiskdrive", mode::allProperties, {}}),
-              RecordList{FullRecord("QV_satadiskdrive")});
+              RecordList{FullDiskDrive("QV_satadiskdrive")});
 }
 
 TEST_F(SATADiskDrive, OfAnotherInterfaceTypeIsNotPublished) {
@@ -93,13 +93,13 @@ TEST_F(SATADiskDrive, IsFoundByAPathThatDiffersInLetterCase) {
                     R"(qv_satadiskdrive.deviceid="ide&diskx&5&1",SYSTEMNAME="HOST.EXAMPLE.ORG",)"
                     R"(CreationClassName="QV_SATADiskDrive",)"
                     R"(SystemCreationClassName="QV_WinComputerSystem")"),
-              RecordList{FullRecord()});
+              RecordList{FullDiskDrive()});
 }
 
 TEST_F(SATADiskDrive, PathKeepsEveryRowThatMatchesAndNoOther) {
     EXPECT_EQ(ValuesOf(Build({disk, With(disk, "PNPDeviceID", R"(IDE\OTHER\1)"),
                               With(disk, "Caption", "second")},
-                             mode::allProperties, BuildObjectPath(FullRecord())),
+                             mode::allProperties, BuildObjectPath(FullDiskDrive())),
                        "Caption"),
               (Values{"the caption", "second"}));
     EXPECT_EQ(host.asked, InCimv2({disksQuery, mediaQuery, mediaQuery}));
@@ -135,7 +135,7 @@ TEST_F(SATADiskDrive, InKeysOnlyModeHasThreeKeysWithoutAHostName) {
 
 TEST_F(SATADiskDrive, LeavesSystemNameOutWithoutAHostName) {
     ForgetHostName();
-    EXPECT_EQ(Build({disk}), RecordList{Leaving(FullRecord(), "SystemName")});
+    EXPECT_EQ(Build({disk}), RecordList{Leaving(FullDiskDrive(), "SystemName")});
 }
 
 TEST_F(SATADiskDrive, StatusPredFailGivesCode5AndTheText) {
@@ -187,12 +187,12 @@ TEST_F(SATADiskDrive, SerialNumberOfAMediaRowWithoutOneIsPublishedEmpty) {
 TEST_F(SATADiskDrive, SerialNumberIsLeftOutWhenNoMediaRowMatches) {
     host.Answer(mediaQuery, {With(medium, "Tag", R"(\\.\physicaldrive0)"),
                              With(medium, "Tag", std::monostate{})});
-    EXPECT_EQ(Build({disk}), RecordList{Leaving(FullRecord(), "SerialNumber")});
+    EXPECT_EQ(Build({disk}), RecordList{Leaving(FullDiskDrive(), "SerialNumber")});
 }
 
 TEST_F(SATADiskDrive, SerialNumberIsLeftOutWhenTheMediaQueryFails) {
     host.Fail(mediaQuery);
-    EXPECT_EQ(Build({disk}), RecordList{Leaving(FullRecord(), "SerialNumber")});
+    EXPECT_EQ(Build({disk}), RecordList{Leaving(FullDiskDrive(), "SerialNumber")});
     EXPECT_EQ(host.asked, InCimv2({disksQuery, mediaQuery}));
 }
 
@@ -206,9 +206,9 @@ TEST_F(SATADiskDrive, NullDeviceIdIsNoErrorWhereNothingIsComparedWithIt) {
     EXPECT_EQ(Build({row}, mode::keysOnly).size(), 1U);
     EXPECT_EQ(Build({With(row, "InterfaceType", "USB")}), RecordList{});
     host.Answer(mediaQuery, {});
-    EXPECT_EQ(Build({row}), RecordList{Leaving(FullRecord(), "SerialNumber")});
+    EXPECT_EQ(Build({row}), RecordList{Leaving(FullDiskDrive(), "SerialNumber")});
     host.Fail(mediaQuery);
-    EXPECT_EQ(Build({row}), RecordList{Leaving(FullRecord(), "SerialNumber")});
+    EXPECT_EQ(Build({row}), RecordList{Leaving(FullDiskDrive(), "SerialNumber")});
 }
 
 TEST_F(SATADiskDrive, MissingTextsArePublishedEmptyAndMissingNumbersAsZero) {

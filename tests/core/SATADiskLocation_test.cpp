@@ -10,7 +10,7 @@ namespace {
 using namespace test;
 using Values = std::vector<std::string>;
 
-constexpr const char* className = "QV_SATADiskLocation";
+constexpr const char* diskLocationClass = "QV_SATADiskLocation";
 
 class DiskLocation : public testing::Test, public Builders {
 protected:
@@ -26,56 +26,58 @@ protected:
     std::string DescriptionOn(const std::string& deviceId) {
         host.Answer(controllersQuery, {With(Controller(deviceId), {{"Caption", "C"}})});
         host.Answer(controllerLinksQuery, {ControllerLink(deviceId, diskId)});
-        return ValuesOf(All(className), "Description").at(0);
+        return ValuesOf(All(diskLocationClass), "Description").at(0);
     }
 
     // The location tag of a disk with this plug-and-play device ID.
     std::string TagOf(const std::string& pnpDeviceId) {
         host.Answer(disksQuery, {Disk(pnpDeviceId)});
-        return ValuesOf(All(className), "ElementLocationTag").at(0);
+        return ValuesOf(All(diskLocationClass), "ElementLocationTag").at(0);
     }
 };
 
 TEST_F(DiskLocation, HasItsPropertiesInOrder) {
-    EXPECT_EQ(All(className), RecordList{Record(className, SATADiskLocationTable())});
+    EXPECT_EQ(All(diskLocationClass),
+              RecordList{Record(diskLocationClass, SATADiskLocationTable())});
 }
 
 TEST_F(DiskLocation, AsksForDisksLinksAndControllers) {
     const auto expected = InCimv2({disksQuery, controllerLinksQuery, controllersQuery});
-    All(className);
+    All(diskLocationClass);
     EXPECT_EQ(host.asked, expected);
     host.asked.clear();
-    Keys(className);
+    Keys(diskLocationClass);
     EXPECT_EQ(host.asked, expected);
 }
 
 TEST_F(DiskLocation, IsNoneWhenTheDisksCannotBeHad) {
     host.Fail(disksQuery);
-    EXPECT_EQ(All(className), RecordList{});
+    EXPECT_EQ(All(diskLocationClass), RecordList{});
 }
 
 TEST_F(DiskLocation, OfADiskWhoseControllerCannotBeFoundHasAnEmptyPosition) {
     host.Fail(controllerLinksQuery);
-    EXPECT_EQ(ValuesOf(All(className), "PhysicalPosition"), Values{""});
-    EXPECT_EQ(ValuesOf(All(className), "Description"), Values{"Standard ATA Disk Drive at ,"});
+    EXPECT_EQ(ValuesOf(All(diskLocationClass), "PhysicalPosition"), Values{""});
+    EXPECT_EQ(ValuesOf(All(diskLocationClass), "Description"),
+              Values{"Standard ATA Disk Drive at ,"});
 }
 
 TEST_F(DiskLocation, HasAnEmptyPositionWhenTheControllersCannotBeHad) {
     host.Fail(controllersQuery);
-    EXPECT_EQ(ValuesOf(All(className), "PhysicalPosition"), Values{""});
+    EXPECT_EQ(ValuesOf(All(diskLocationClass), "PhysicalPosition"), Values{""});
 }
 
 TEST_F(DiskLocation, CarriesOnlyKeysWhenOnlyKeysAreAskedFor) {
-    EXPECT_EQ(Keys(className),
-              RecordList{Record(className,
+    EXPECT_EQ(Keys(diskLocationClass),
+              RecordList{Record(diskLocationClass,
                                 {Key("Name", diskKey), Key("PhysicalPosition", "ATA Channel 0")})});
 }
 
 TEST_F(DiskLocation, IsFoundByItsPathInAnyLetterCase) {
-    EXPECT_EQ(At(className,
+    EXPECT_EQ(At(diskLocationClass,
                  "QV_SATADISKLOCATION.Name=\"" + diskKey + R"(",PhysicalPosition="ata channel 0")"),
-              All(className));
-    EXPECT_EQ(At(className, "QV_SATADiskLocation.Name=\"" + diskKey + "\""), RecordList{});
+              All(diskLocationClass));
+    EXPECT_EQ(At(diskLocationClass, "QV_SATADiskLocation.Name=\"" + diskKey + "\""), RecordList{});
 }
 
 TEST_F(DiskLocation, TheSegmentStandsBetweenTheFirstTwoAmpersandsOfTheControllersId) {
@@ -94,29 +96,30 @@ TEST_F(DiskLocation, TheLastMatchingLinkNamesThePosition) {
     host.Answer(controllerLinksQuery,
                 {ControllerLink(channelId, diskId), ControllerLink(ahciId, diskId),
                  ControllerLink(R"(PCI\MISSING)", diskId)});
-    EXPECT_EQ(ValuesOf(All(className), "PhysicalPosition"), Values{"AHCI"});
+    EXPECT_EQ(ValuesOf(All(diskLocationClass), "PhysicalPosition"), Values{"AHCI"});
 }
 
 TEST_F(DiskLocation, MatchesIdsWithoutRegardToCase) {
     host.Answer(disksQuery, {Disk(R"(ide\diskxyz_1.0\5&1a2b3c&0&0.0.0)")});
-    EXPECT_EQ(ValuesOf(All(className), "PhysicalPosition"), Values{"ATA Channel 0"});
+    EXPECT_EQ(ValuesOf(All(diskLocationClass), "PhysicalPosition"), Values{"ATA Channel 0"});
 }
 
 TEST_F(DiskLocation, AControllerWithoutCaptionGivesAnEmptyPosition) {
     host.Answer(controllersQuery, {Without(Controller(channelId), "Caption")});
-    EXPECT_EQ(ValuesOf(All(className), "Description"),
+    EXPECT_EQ(ValuesOf(All(diskLocationClass), "Description"),
               Values{"Standard ATA Disk Drive at ,2E6E9E8"});
 }
 
 TEST_F(DiskLocation, HasTheKeyOfTheDisksOwnInstanceAndOfItsPackage) {
-    EXPECT_EQ(ValuesOf(Keys(className), "Name"), ValuesOf(Keys("QV_SATADiskDrive"), "DeviceID"));
-    EXPECT_EQ(ValuesOf(Keys(className), "Name"),
+    EXPECT_EQ(ValuesOf(Keys(diskLocationClass), "Name"),
+              ValuesOf(Keys("QV_SATADiskDrive"), "DeviceID"));
+    EXPECT_EQ(ValuesOf(Keys(diskLocationClass), "Name"),
               ValuesOf(Keys("QV_SATADiskPhysicalPackage"), "Tag"));
 }
 
 TEST_F(DiskLocation, IsOneForEachIdeDiskInSourceOrder) {
     host.Answer(disksQuery, {Disk("D2"), With(Disk("S"), {{"InterfaceType", "SCSI"}}), Disk("D1")});
-    EXPECT_EQ(ValuesOf(Keys(className), "Name"), (Values{"D2", "D1"}));
+    EXPECT_EQ(ValuesOf(Keys(diskLocationClass), "Name"), (Values{"D2", "D1"}));
 }
 
 }  // namespace

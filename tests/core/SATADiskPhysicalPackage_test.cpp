@@ -10,7 +10,7 @@ namespace {
 using namespace test;
 using Values = std::vector<std::string>;
 
-constexpr const char* className = "QV_SATADiskPhysicalPackage";
+constexpr const char* diskPhysicalPackageClass = "QV_SATADiskPhysicalPackage";
 
 class DiskPackage : public testing::Test, public Builders {
 protected:
@@ -21,12 +21,13 @@ protected:
 };
 
 TEST_F(DiskPackage, HasItsPropertiesInOrder) {
-    EXPECT_EQ(All(className), RecordList{Record(className, SATADiskPhysicalPackageTable())});
+    EXPECT_EQ(All(diskPhysicalPackageClass),
+              RecordList{Record(diskPhysicalPackageClass, SATADiskPhysicalPackageTable())});
 }
 
 TEST_F(DiskPackage, AsksForTheMediaOnceForEachKeptDisk) {
     host.Answer(disksQuery, {Disk("D1"), With(Disk("S"), {{"InterfaceType", "SCSI"}}), Disk("D2")});
-    All(className);
+    All(diskPhysicalPackageClass);
     EXPECT_EQ(host.asked, InCimv2({disksQuery, mediaQuery, mediaQuery}));
 }
 
@@ -40,53 +41,54 @@ TEST_F(DiskPackage, CarriesOnlyKeysWhenOnlyKeysAreAskedFor) {
 
 TEST_F(DiskPackage, IsNoneWhenTheDisksCannotBeHad) {
     host.Fail(disksQuery);
-    EXPECT_EQ(All(className), RecordList{});
+    EXPECT_EQ(All(diskPhysicalPackageClass), RecordList{});
 }
 
 TEST_F(DiskPackage, HasNeitherSerialNumberNorNameWithoutAMediaRow) {
     const Values names{"CreationClassName", "Tag",   "ElementName",
                        "Manufacturer",      "Model", "Version"};
     host.Answer(mediaQuery, {Media(R"(\\.\PHYSICALDRIVE1)", "x")});
-    EXPECT_EQ(NamesOf(All(className).at(0)), names);
+    EXPECT_EQ(NamesOf(All(diskPhysicalPackageClass).at(0)), names);
     host.Fail(mediaQuery);
-    EXPECT_EQ(NamesOf(All(className).at(0)), names);
+    EXPECT_EQ(NamesOf(All(diskPhysicalPackageClass).at(0)), names);
 }
 
 TEST_F(DiskPackage, AMediaRowWithoutSerialNumberGivesAnEmptyOne) {
     host.Answer(mediaQuery, {{{"Tag", drive0}, {"SerialNumber", std::monostate{}}}});
-    EXPECT_EQ(ValuesOf(All(className), "SerialNumber"), Values{""});
-    EXPECT_EQ(ValuesOf(All(className), "Name"), Values{drive0});
+    EXPECT_EQ(ValuesOf(All(diskPhysicalPackageClass), "SerialNumber"), Values{""});
+    EXPECT_EQ(ValuesOf(All(diskPhysicalPackageClass), "Name"), Values{drive0});
 }
 
 TEST_F(DiskPackage, ANullDeviceIdComparedWithAMediaRowEndsTheRequest) {
     host.Answer(disksQuery, {Without(Disk(diskId), "DeviceID")});
-    EXPECT_THROW(All(className), RequestError);
+    EXPECT_THROW(All(diskPhysicalPackageClass), RequestError);
     host.Fail(mediaQuery);
-    EXPECT_NO_THROW(All(className));
+    EXPECT_NO_THROW(All(diskPhysicalPackageClass));
 }
 
 TEST_F(DiskPackage, IsFoundByItsPathInAnyLetterCase) {
     const std::string path =
         R"(qv_satadiskphysicalpackage.CREATIONCLASSNAME="QV_SATADiskPhysicalPackage",Tag=")" +
         diskKey + "\"";
-    EXPECT_EQ(At(className, path), All(className));
-    EXPECT_EQ(At(className, R"(QV_SATADiskPhysicalPackage.Tag="x")"), RecordList{});
+    EXPECT_EQ(At(diskPhysicalPackageClass, path), All(diskPhysicalPackageClass));
+    EXPECT_EQ(At(diskPhysicalPackageClass, R"(QV_SATADiskPhysicalPackage.Tag="x")"), RecordList{});
 }
 
 TEST_F(DiskPackage, MissingTextsAreEmptyTexts) {
     host.Answer(disksQuery, {{{"InterfaceType", "IDE"}, {"DeviceID", drive0}}});
-    EXPECT_EQ(ValuesOf(All(className), "Tag"), Values{""});
-    EXPECT_EQ(ValuesOf(All(className), "ElementName"), Values{""});
-    EXPECT_EQ(ValuesOf(All(className), "Version"), Values{""});
+    EXPECT_EQ(ValuesOf(All(diskPhysicalPackageClass), "Tag"), Values{""});
+    EXPECT_EQ(ValuesOf(All(diskPhysicalPackageClass), "ElementName"), Values{""});
+    EXPECT_EQ(ValuesOf(All(diskPhysicalPackageClass), "Version"), Values{""});
 }
 
 TEST_F(DiskPackage, HasTheKeyOfTheDisksOwnInstance) {
-    EXPECT_EQ(ValuesOf(Keys(className), "Tag"), ValuesOf(Keys("QV_SATADiskDrive"), "DeviceID"));
+    EXPECT_EQ(ValuesOf(Keys(diskPhysicalPackageClass), "Tag"),
+              ValuesOf(Keys("QV_SATADiskDrive"), "DeviceID"));
 }
 
 TEST_F(DiskPackage, IsOneForEachIdeDiskInSourceOrder) {
     host.Answer(disksQuery, {Disk("D2"), With(Disk("i"), {{"InterfaceType", "ide"}}), Disk("D1")});
-    EXPECT_EQ(ValuesOf(Keys(className), "Tag"), (Values{"D2", "D1"}));
+    EXPECT_EQ(ValuesOf(Keys(diskPhysicalPackageClass), "Tag"), (Values{"D2", "D1"}));
 }
 
 }  // namespace

@@ -9,7 +9,7 @@ namespace {
 
 using namespace test;
 
-constexpr const char* className = "QV_SATALogicalPort";
+constexpr const char* logicalPortClass = "QV_SATALogicalPort";
 
 class LogicalPort : public testing::Test, public Builders {
 protected:
@@ -20,21 +20,21 @@ protected:
 };
 
 TEST_F(LogicalPort, PublishesAChannelWithItsPropertiesInOrder) {
-    EXPECT_EQ(All(className), RecordList{Record(className, SATALogicalPortTable())});
+    EXPECT_EQ(All(logicalPortClass), RecordList{Record(logicalPortClass, SATALogicalPortTable())});
 }
 
 TEST_F(LogicalPort, AsksForTheControllersTwiceAndThenForTheLinks) {
     const auto expected = InCimv2({controllersQuery, controllersQuery, controllerLinksQuery});
-    All(className);
+    All(logicalPortClass);
     EXPECT_EQ(host.asked, expected);
     host.asked.clear();
-    Keys(className);
+    Keys(logicalPortClass);
     EXPECT_EQ(host.asked, expected);
 }
 
 TEST_F(LogicalPort, AsksForTheLinksAlsoWhenTheControllersCannotBeHad) {
     host.Fail(controllersQuery);
-    EXPECT_EQ(All(className), RecordList{});
+    EXPECT_EQ(All(logicalPortClass), RecordList{});
     EXPECT_EQ(host.asked.size(), 3U);
 }
 
@@ -51,7 +51,7 @@ TEST_F(LogicalPort, CarriesOnlyKeysWhenOnlyKeysAreAskedFor) {
 TEST_F(LogicalPort, LeavesSystemNameOutWithoutAHostName) {
     ForgetHostName();
     EXPECT_EQ(
-        NamesOf(Keys(className).at(0)),
+        NamesOf(Keys(logicalPortClass).at(0)),
         (std::vector<std::string>{"DeviceID", "CreationClassName", "SystemCreationClassName"}));
 }
 
@@ -60,29 +60,29 @@ TEST_F(LogicalPort, IsFoundByItsPathInAnyLetterCase) {
         R"(qv_satalogicalport.DEVICEID="pciide&idechannel&4&2e6e9e8&0&0 CONNECTED TO )" + ahciKey +
         R"(",SystemName="HOST.example.org",CreationClassName="QV_SATALogicalPort",)"
         R"(SystemCreationClassName="QV_WinComputerSystem")";
-    EXPECT_EQ(At(className, path), All(className));
-    EXPECT_EQ(At(className, "QV_SATALogicalPort.DeviceID=\"x\""), RecordList{});
+    EXPECT_EQ(At(logicalPortClass, path), All(logicalPortClass));
+    EXPECT_EQ(At(logicalPortClass, "QV_SATALogicalPort.DeviceID=\"x\""), RecordList{});
 }
 
 TEST_F(LogicalPort, AChannelWithoutLinkHasAKeyThatEndsInABlank) {
     host.Answer(controllerLinksQuery, {});
-    EXPECT_EQ(ValuesOf(All(className), "DeviceID"),
+    EXPECT_EQ(ValuesOf(All(logicalPortClass), "DeviceID"),
               (std::vector<std::string>{channelKey + " connected to "}));
 }
 
 TEST_F(LogicalPort, AChannelWhoseLinkCannotBeHadHasAKeyThatEndsInABlank) {
     host.Fail(controllerLinksQuery);
-    EXPECT_EQ(ValuesOf(All(className), "DeviceID"),
+    EXPECT_EQ(ValuesOf(All(logicalPortClass), "DeviceID"),
               (std::vector<std::string>{channelKey + " connected to "}));
 }
 
 TEST_F(LogicalPort, ALinkToAnUnknownControllerLeavesTheKeyAsItWas) {
     host.Answer(controllerLinksQuery, {ControllerLink(R"(PCI\X)", channelId)});
-    EXPECT_EQ(ValuesOf(All(className), "DeviceID"),
+    EXPECT_EQ(ValuesOf(All(logicalPortClass), "DeviceID"),
               (std::vector<std::string>{channelKey + " connected to "}));
     host.Answer(controllerLinksQuery,
                 {ControllerLink(ahciId, channelId), ControllerLink(R"(PCI\X)", channelId)});
-    EXPECT_EQ(ValuesOf(All(className), "DeviceID"),
+    EXPECT_EQ(ValuesOf(All(logicalPortClass), "DeviceID"),
               (std::vector<std::string>{channelKey + " connected to " + ahciKey}));
 }
 
@@ -91,7 +91,7 @@ TEST_F(LogicalPort, TheLastMatchingLinkNamesTheController) {
                 {Controller(ahciId), Controller(channelId), Controller(R"(PCI\B&REV_1)")});
     host.Answer(controllerLinksQuery,
                 {ControllerLink(ahciId, channelId), ControllerLink(R"(PCI\B&REV_1)", channelId)});
-    EXPECT_EQ(ValuesOf(All(className), "DeviceID"),
+    EXPECT_EQ(ValuesOf(All(logicalPortClass), "DeviceID"),
               (std::vector<std::string>{channelKey + " connected to PCI&B&REV_1"}));
 }
 
@@ -99,11 +99,11 @@ TEST_F(LogicalPort, MatchesTheChannelWithAndTheControllerWithoutRegardToCase) {
     host.Answer(controllerLinksQuery, {ControllerLink(R"(pci\ven_8086&dev_2922&subsys_12345678)"
                                                       R"(&rev_02\3&1ab2&0&fa)",
                                                       channelId)});
-    EXPECT_EQ(ValuesOf(All(className), "DeviceID"),
+    EXPECT_EQ(ValuesOf(All(logicalPortClass), "DeviceID"),
               (std::vector<std::string>{channelKey + " connected to " + ahciKey}));
     host.Answer(controllerLinksQuery,
                 {ControllerLink(ahciId, R"(PCIIDE\IDECHANNEL\4&2e6e9e8&0&0)")});
-    EXPECT_EQ(ValuesOf(All(className), "DeviceID"),
+    EXPECT_EQ(ValuesOf(All(logicalPortClass), "DeviceID"),
               (std::vector<std::string>{channelKey + " connected to "}));
 }
 
@@ -111,19 +111,19 @@ TEST_F(LogicalPort, GoesByThePlugAndPlayIdAndNotByTheDeviceId) {
     host.Answer(controllersQuery, {With(Controller("IDECHANNEL"), {{"PNPDeviceID", "other"}}),
                                    Without(Controller("IDECHANNEL"), "PNPDeviceID"),
                                    With(Controller(channelId), {{"DeviceID", "something else"}})});
-    EXPECT_EQ(ValuesOf(All(className), "DeviceID"),
+    EXPECT_EQ(ValuesOf(All(logicalPortClass), "DeviceID"),
               (std::vector<std::string>{channelKey + " connected to "}));
 }
 
 TEST_F(LogicalPort, IsNoneOfAController) {
     host.Answer(controllersQuery, {Controller(ahciId), Controller(R"(PCI\VEN_1&DEV_2&REV_03\4)")});
-    EXPECT_EQ(All(className), RecordList{});
+    EXPECT_EQ(All(logicalPortClass), RecordList{});
 }
 
 TEST_F(LogicalPort, PublishesChannelsInSourceOrder) {
     host.Answer(controllersQuery, {Controller(R"(IDECHANNEL\2)"), Controller(R"(IDECHANNEL\1)")});
     EXPECT_EQ(
-        ValuesOf(Keys(className), "DeviceID"),
+        ValuesOf(Keys(logicalPortClass), "DeviceID"),
         (std::vector<std::string>{"IDECHANNEL&2 connected to ", "IDECHANNEL&1 connected to "}));
 }
 
@@ -131,7 +131,7 @@ TEST_F(LogicalPort, AMissingOrUnknownStatusGivesAnEmptyOperationalStatus) {
     host.Answer(controllersQuery, {Without(Controller(channelId), "Status"),
                                    With(Controller(channelId), {{"Status", "Starting"}}),
                                    With(Controller(channelId), {{"Status", "Pred Fail"}})});
-    const RecordList records = All(className);
+    const RecordList records = All(logicalPortClass);
     EXPECT_EQ(ValuesOf(records, "OperationalStatus"), (std::vector<std::string>{"", "", "5"}));
     EXPECT_EQ(ValuesOf(records, "StatusDescriptions"), std::vector<std::string>{});
 }

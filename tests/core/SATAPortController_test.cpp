@@ -22,7 +22,7 @@ const Properties controller{
 };
 const std::string encodedId = "PCI&VEN_8086&DEV_2922&SUBSYS_12345678&REV_02&3&1AB2&0&FA";
 
-InstanceRecord FullRecord(const std::string& className = "QV_SATAPortController") {
+InstanceRecord FullPortController(const std::string& className = "QV_SATAPortController") {
     return Record(className, SATAPortControllerTable(className));
 }
 
@@ -43,14 +43,14 @@ protected:
 };
 
 TEST_F(SATAPortController, PublishesEveryPropertyInOrder) {
-    EXPECT_EQ(Build({controller}), RecordList{FullRecord()});
+    EXPECT_EQ(Build({controller}), RecordList{FullPortController()});
     EXPECT_EQ(host.asked, InCimv2({controllersQuery}));
 }
 
 TEST_F(SATAPortController, KeepsTheClassNameAsTheCallerSpelledIt) {
     host.Answer(controllersQuery, {controller});
     EXPECT_EQ(api.getQV_SATAPortController({"qv_sataPORTcontroller", mode::allProperties, {}}),
-              RecordList{FullRecord("qv_sataPORTcontroller")});
+              RecordList{FullPortController("qv_sataPORTcontroller")});
 }
 
 TEST_F(SATAPortController, InKeysOnlyModeHasExactlyTheFourKeys) {
@@ -64,7 +64,7 @@ TEST_F(SATAPortController, InKeysOnlyModeHasExactlyTheFourKeys) {
 
 TEST_F(SATAPortController, LeavesSystemNameOutWithoutAHostName) {
     ForgetHostName();
-    InstanceRecord expected = FullRecord();
+    InstanceRecord expected = FullPortController();
     expected.properties.erase(expected.properties.begin());
     EXPECT_EQ(Build({controller}), RecordList{expected});
 }
@@ -113,11 +113,11 @@ TEST_F(SATAPortController, IsFoundByAPathWhoseDeviceIdDiffersInLetterCase) {
                     R"(CreationClassName="QV_SATAPortController",)"
                     R"(SystemCreationClassName="QV_WinComputerSystem",)"
                     R"(DeviceID="pci&ven_8086&dev_2922&subsys_12345678&rev_02&3&1ab2&0&fa")"),
-              RecordList{FullRecord()});
+              RecordList{FullPortController()});
 }
 
 TEST_F(SATAPortController, PathKeepsEveryRowThatMatchesAndNoOther) {
-    const std::string path = BuildObjectPath(FullRecord());
+    const std::string path = BuildObjectPath(FullPortController());
     EXPECT_EQ(Build({controller, With(controller, "DeviceID", R"(PCI\VEN_1&REV_01\2)"),
                      With(controller, "Caption", "second")},
                     mode::allProperties, path)
@@ -149,7 +149,7 @@ TEST_F(SATAPortController, RecordsFollowTheOrderOfTheirRows) {
 }
 
 TEST_F(SATAPortController, MissingSourceTextsArePublishedEmpty) {
-    InstanceRecord expected = FullRecord();
+    InstanceRecord expected = FullPortController();
     for (PropertyEntry& entry : expected.properties) {
         for (const char* name : {"Caption", "Name", "Description", "ElementName",
                                  "OperationalStatus", "StatusDescriptions"}) {

@@ -11,7 +11,7 @@ using namespace test;
 using Values = std::vector<std::string>;
 using Codes = std::vector<std::int32_t>;
 
-constexpr const char* className = "QV_SATAStorageCollection";
+constexpr const char* storageCollectionClass = "QV_SATAStorageCollection";
 
 class Collection : public testing::Test, public Builders {
 public:
@@ -27,37 +27,38 @@ public:
 
     // The code and the text of the group.
     Values Status() {
-        const RecordList records = All(className);
+        const RecordList records = All(storageCollectionClass);
         return {ValuesOf(records, "GroupOperationalStatus").at(0),
                 ValuesOf(records, "GroupStatusDescriptions").at(0)};
     }
 };
 
 TEST_F(Collection, HasItsPropertiesInOrder) {
-    EXPECT_EQ(WithDisks({Codes{3}}).All(className),
-              RecordList{Record(className, SATAStorageCollectionTable())});
+    EXPECT_EQ(WithDisks({Codes{3}}).All(storageCollectionClass),
+              RecordList{Record(storageCollectionClass, SATAStorageCollectionTable())});
 }
 
 TEST_F(Collection, AsksThePublishedNamespaceForTheDisks) {
-    WithDisks({}).All(className);
+    WithDisks({}).All(storageCollectionClass);
     EXPECT_EQ(host.asked, Values{"root\\QVQ: SELECT * FROM QV_SATADiskDrive"});
 }
 
 TEST_F(Collection, IsNoneWhenThePublishedDisksCannotBeHad) {
-    EXPECT_EQ(All(className), RecordList{});
+    EXPECT_EQ(All(storageCollectionClass), RecordList{});
 }
 
 TEST_F(Collection, LeavesInstanceIDOutWithoutAHostName) {
     ForgetHostName();
-    EXPECT_EQ(NamesOf(WithDisks({}).All(className).at(0)),
+    EXPECT_EQ(NamesOf(WithDisks({}).All(storageCollectionClass).at(0)),
               (Values{"Caption", "Description", "ElementName", "GroupOperationalStatus",
                       "GroupStatusDescriptions"}));
 }
 
 TEST_F(Collection, IgnoresModeAndPath) {
     WithDisks({Codes{6}});
-    EXPECT_EQ(Keys(className), All(className));
-    EXPECT_EQ(At(className, R"(QV_SATAStorageCollection.InstanceID="other")"), All(className));
+    EXPECT_EQ(Keys(storageCollectionClass), All(storageCollectionClass));
+    EXPECT_EQ(At(storageCollectionClass, R"(QV_SATAStorageCollection.InstanceID="other")"),
+              All(storageCollectionClass));
 }
 
 TEST_F(Collection, InstanceIDNamesTheClassWhateverWasAskedFor) {

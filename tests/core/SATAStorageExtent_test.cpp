@@ -10,7 +10,7 @@ namespace {
 using namespace test;
 using Values = std::vector<std::string>;
 
-constexpr const char* className = "QV_SATAStorageExtent";
+constexpr const char* storageExtentClass = "QV_SATAStorageExtent";
 const std::string partition0 = "Disk #0, Partition #0";
 const std::string partition1 = "Disk #0, Partition #1";
 
@@ -28,39 +28,40 @@ protected:
 };
 
 TEST_F(Extent, PublishesADiskWithItsPropertiesInOrder) {
-    EXPECT_EQ(All(className), RecordList{Record(className, SATAStorageExtentTable())});
+    EXPECT_EQ(All(storageExtentClass),
+              RecordList{Record(storageExtentClass, SATAStorageExtentTable())});
 }
 
 TEST_F(Extent, AsksForDisksLinksAndPartitions) {
     const auto expected = InCimv2({disksQuery, partitionLinksQuery, partitionsQuery});
-    All(className);
+    All(storageExtentClass);
     EXPECT_EQ(host.asked, expected);
     host.asked.clear();
-    Keys(className);
+    Keys(storageExtentClass);
     EXPECT_EQ(host.asked, expected);
 }
 
 TEST_F(Extent, DoesNotAskForPartitionsWhenTheLinksCannotBeHad) {
     host.Fail(partitionLinksQuery);
-    const RecordList records = All(className);
+    const RecordList records = All(storageExtentClass);
     EXPECT_EQ(host.asked, InCimv2({disksQuery, partitionLinksQuery}));
     EXPECT_EQ(NamesOf(records.at(0)), keysStatusAndName);
 }
 
 TEST_F(Extent, AsksForPartitionsAlsoWhenThereAreNoLinks) {
     host.Answer(partitionLinksQuery, {});
-    EXPECT_EQ(NamesOf(All(className).at(0)), keysStatusAndName);
+    EXPECT_EQ(NamesOf(All(storageExtentClass).at(0)), keysStatusAndName);
     EXPECT_EQ(host.asked, InCimv2({disksQuery, partitionLinksQuery, partitionsQuery}));
 }
 
 TEST_F(Extent, HasNoPartitionPropertiesWhenThePartitionsCannotBeHad) {
     host.Fail(partitionsQuery);
-    EXPECT_EQ(NamesOf(All(className).at(0)), keysStatusAndName);
+    EXPECT_EQ(NamesOf(All(storageExtentClass).at(0)), keysStatusAndName);
 }
 
 TEST_F(Extent, IsNoneWhenTheDisksCannotBeHad) {
     host.Fail(disksQuery);
-    EXPECT_EQ(All(className), RecordList{});
+    EXPECT_EQ(All(storageExtentClass), RecordList{});
     EXPECT_EQ(host.asked.size(), 3U);
 }
 
@@ -76,7 +77,7 @@ TEST_F(Extent, CarriesOnlyKeysWhenOnlyKeysAreAskedFor) {
 
 TEST_F(Extent, LeavesSystemNameOutWithoutAHostName) {
     ForgetHostName();
-    EXPECT_EQ(NamesOf(Keys(className).at(0)),
+    EXPECT_EQ(NamesOf(Keys(storageExtentClass).at(0)),
               (Values{"CreationClassName", "SystemCreationClassName", "DeviceID"}));
 }
 
@@ -85,19 +86,19 @@ TEST_F(Extent, IsFoundByItsPathInAnyLetterCase) {
                              R"(CreationClassName="QV_SATAStorageExtent",)"
                              R"(SystemCreationClassName="QV_WinComputerSystem",DeviceID=")" +
                              diskKey + "\"";
-    EXPECT_EQ(At(className, path), All(className));
-    EXPECT_EQ(At(className, R"(QV_SATAStorageExtent.DeviceID="x")"), RecordList{});
+    EXPECT_EQ(At(storageExtentClass, path), All(storageExtentClass));
+    EXPECT_EQ(At(storageExtentClass, R"(QV_SATAStorageExtent.DeviceID="x")"), RecordList{});
 }
 
 TEST_F(Extent, OfADiskWithoutLinkHasKeysStatusAndElementNameOnly) {
     host.Answer(partitionLinksQuery, {PartitionLink(R"(\\.\PHYSICALDRIVE5)", partition0)});
-    EXPECT_EQ(NamesOf(All(className).at(0)), keysStatusAndName);
+    EXPECT_EQ(NamesOf(All(storageExtentClass).at(0)), keysStatusAndName);
 }
 
 TEST_F(Extent, PutsTheValuesOfEveryPartitionTheLastOneLast) {
     host.Answer(partitionLinksQuery,
                 {PartitionLink(drive0, partition1), PartitionLink(drive0, partition0)});
-    const RecordList records = All(className);
+    const RecordList records = All(storageExtentClass);
     EXPECT_EQ(ValuesOf(records, "Caption"),
               (Values{"caption of " + partition1, "caption of " + partition0}));
     EXPECT_EQ(records.at(0).properties.size(), keysStatusAndName.size() + 18);
@@ -107,7 +108,7 @@ TEST_F(Extent, OfDrive1AlsoJoinsThePartitionsOfDrive10) {
     host.Answer(disksQuery,
                 {Disk("A", R"(\\.\PHYSICALDRIVE1)"), Disk("B", R"(\\.\PHYSICALDRIVE10)")});
     host.Answer(partitionLinksQuery, {PartitionLink(R"(\\.\PHYSICALDRIVE10)", partition0)});
-    EXPECT_EQ(ValuesOf(All(className), "Caption"),
+    EXPECT_EQ(ValuesOf(All(storageExtentClass), "Caption"),
               (Values{"caption of " + partition0, "caption of " + partition0}));
 }
 
@@ -115,25 +116,25 @@ TEST_F(Extent, FlagsAreFalseUnlessThePartitionSaysTrue) {
     host.Answer(partitionsQuery, {With(Partition(partition0), {{"Bootable", false},
                                                                {"BootPartition", std::monostate{}},
                                                                {"PrimaryPartition", "TRUE"}})});
-    const RecordList records = All(className);
+    const RecordList records = All(storageExtentClass);
     EXPECT_EQ(ValuesOf(records, "Bootable"), Values{"FALSE"});
     EXPECT_EQ(ValuesOf(records, "BootPartition"), Values{"FALSE"});
     EXPECT_EQ(ValuesOf(records, "PrimaryPartition"), Values{"FALSE"});
     host.Answer(partitionsQuery, {With(Partition(partition0), {{"BootPartition", true}})});
-    EXPECT_EQ(ValuesOf(All(className), "BootPartition"), Values{"TRUE"});
+    EXPECT_EQ(ValuesOf(All(storageExtentClass), "BootPartition"), Values{"TRUE"});
 }
 
 TEST_F(Extent, OfAPrimaryPartitionThatIsNotBootableSaysSo) {
     host.Answer(partitionsQuery,
                 {With(Partition(partition0), {{"Bootable", false}, {"PrimaryPartition", true}})});
-    EXPECT_EQ(ValuesOf(All(className), "Bootable"), Values{"FALSE"});
-    EXPECT_EQ(ValuesOf(All(className), "PrimaryPartition"), Values{"TRUE"});
+    EXPECT_EQ(ValuesOf(All(storageExtentClass), "Bootable"), Values{"FALSE"});
+    EXPECT_EQ(ValuesOf(All(storageExtentClass), "PrimaryPartition"), Values{"TRUE"});
 }
 
 TEST_F(Extent, MissingTextsAreEmptyTexts) {
     host.Answer(disksQuery, {{{"InterfaceType", "IDE"}, {"DeviceID", drive0}}});
     host.Answer(partitionsQuery, {{{"DeviceID", partition0}}});
-    const RecordList records = All(className);
+    const RecordList records = All(storageExtentClass);
     EXPECT_EQ(ValuesOf(records, "DeviceID"), Values{""});
     EXPECT_EQ(ValuesOf(records, "OperationalStatus"), Values{""});
     EXPECT_EQ(ValuesOf(records, "Caption"), Values{""});
@@ -143,20 +144,20 @@ TEST_F(Extent, MissingTextsAreEmptyTexts) {
 
 TEST_F(Extent, IsNoneOfADiskOfAnotherInterfaceTypeThoughItHasPartitions) {
     host.Answer(disksQuery, {With(Disk(diskId), {{"InterfaceType", "USB"}})});
-    EXPECT_EQ(All(className), RecordList{});
-    EXPECT_EQ(Keys(className), RecordList{});
+    EXPECT_EQ(All(storageExtentClass), RecordList{});
+    EXPECT_EQ(Keys(storageExtentClass), RecordList{});
 }
 
 TEST_F(Extent, IsOneForEachIdeDiskInSourceOrder) {
     host.Answer(disksQuery, {Disk("D2"), With(Disk("S"), {{"InterfaceType", "SCSI"}}), Disk("D1")});
-    EXPECT_EQ(ValuesOf(All(className), "DeviceID"), (Values{"D2", "D1"}));
+    EXPECT_EQ(ValuesOf(All(storageExtentClass), "DeviceID"), (Values{"D2", "D1"}));
 }
 
 TEST_F(Extent, LogsTheDescriptionOfEachPartitionWhileTheLevelIsBelow4) {
     host.Answer(partitionLinksQuery,
                 {PartitionLink(drive0, partition0), PartitionLink(drive0, partition1)});
     host.level = 3;
-    All(className);
+    All(storageExtentClass);
     EXPECT_EQ(
         host.log,
         (std::vector<std::pair<int, std::string>>{
@@ -168,7 +169,7 @@ TEST_F(Extent, LogsTheDescriptionOfEachPartitionWhileTheLevelIsBelow4) {
 TEST_F(Extent, LogsNothingFromLevel4On) {
     for (const int level : {4, 5, 1024}) {
         host.level = level;
-        All(className);
+        All(storageExtentClass);
     }
     EXPECT_TRUE(host.log.empty());
 }

@@ -5,7 +5,7 @@
 namespace qv {
 namespace {
 
-using Texts = std::vector<std::string>;
+using Strings = std::vector<std::string>;
 
 TEST(MapStatusToOperationalStatus, GivesTheCodeOfEachStatusText) {
     const std::pair<const char*, std::int32_t> rows[] = {
@@ -13,31 +13,31 @@ TEST(MapStatusToOperationalStatus, GivesTheCodeOfEachStatusText) {
         {"Service", 2}, {"Stressed", 3}, {"NonRecover", 6}, {"No Contact", 0}, {"Lost Comm", 6},
     };
     for (const auto& [text, code] : rows) {
-        Texts codes;
-        Texts descriptions;
+        Strings codes;
+        Strings descriptions;
         EXPECT_EQ(MapStatusToOperationalStatus(text, codes, descriptions), code) << text;
-        EXPECT_EQ(codes, Texts{std::to_string(code)}) << text;
-        EXPECT_EQ(descriptions, Texts{text});
+        EXPECT_EQ(codes, Strings{std::to_string(code)}) << text;
+        EXPECT_EQ(descriptions, Strings{text});
     }
 }
 
 TEST(MapStatusToOperationalStatus, GivesATextOutsideTheTableNoCodeButADescription) {
     for (const char* text : {"Starting", "", "ok", "ERROR", "OK ", "PredFail"}) {
-        Texts codes;
-        Texts descriptions;
+        Strings codes;
+        Strings descriptions;
         EXPECT_EQ(MapStatusToOperationalStatus(text, codes, descriptions), 0) << text;
-        EXPECT_EQ(codes, Texts{}) << text;
-        EXPECT_EQ(descriptions, Texts{text});
+        EXPECT_EQ(codes, Strings{}) << text;
+        EXPECT_EQ(descriptions, Strings{text});
     }
 }
 
 TEST(MapStatusToOperationalStatus, AppendsToBothLists) {
-    Texts codes{"9"};
-    Texts descriptions{"before"};
+    Strings codes{"9"};
+    Strings descriptions{"before"};
     MapStatusToOperationalStatus("OK", codes, descriptions);
     MapStatusToOperationalStatus("odd", codes, descriptions);
-    EXPECT_EQ(codes, (Texts{"9", "2"}));
-    EXPECT_EQ(descriptions, (Texts{"before", "OK", "odd"}));
+    EXPECT_EQ(codes, (Strings{"9", "2"}));
+    EXPECT_EQ(descriptions, (Strings{"before", "OK", "odd"}));
 }
 
 }  // namespace

@@ -7,8 +7,8 @@
 namespace qv {
 namespace {
 
-using Texts = std::vector<std::string>;
-using Numbers = std::vector<std::int32_t>;
+using Strings = std::vector<std::string>;
+using Integers = std::vector<std::int32_t>;
 
 // The value published for a text under a type, or nothing when the property is skipped.
 std::optional<TypedValue> Convert(PropertyType type, std::string text) {
@@ -71,15 +71,15 @@ TEST(ToTypedValue, Type14IsAReference) {
 
 TEST(ToTypedValue, Types17And21AreTheTextsBetweenTheSeparators) {
     for (const PropertyType type : {PropertyType::stringArray, PropertyType::textArray}) {
-        EXPECT_EQ(Convert(type, "a*-* b *-**-*c"), (TypedValue{Texts{"a", " b ", "", "c"}}));
-        EXPECT_EQ(Convert(type, "a"), TypedValue{Texts{"a"}});
+        EXPECT_EQ(Convert(type, "a*-* b *-**-*c"), (TypedValue{Strings{"a", " b ", "", "c"}}));
+        EXPECT_EQ(Convert(type, "a"), TypedValue{Strings{"a"}});
         EXPECT_EQ(Convert(type, ""), TypedValue{std::monostate{}});
     }
 }
 
 TEST(ToTypedValue, Type19IsTheNumbersBetweenTheSeparators) {
-    EXPECT_EQ(Convert(PropertyType::int32Array, "3*-*10"), (TypedValue{Numbers{3, 10}}));
-    EXPECT_EQ(Convert(PropertyType::int32Array, "-5*-*1A*-*x"), (TypedValue{Numbers{-5, 1, 0}}));
+    EXPECT_EQ(Convert(PropertyType::int32Array, "3*-*10"), (TypedValue{Integers{3, 10}}));
+    EXPECT_EQ(Convert(PropertyType::int32Array, "-5*-*1A*-*x"), (TypedValue{Integers{-5, 1, 0}}));
 }
 
 TEST(ToTypedValue, Type19WithAnEmptyTextIsNoValue) {
@@ -87,7 +87,7 @@ TEST(ToTypedValue, Type19WithAnEmptyTextIsNoValue) {
 }
 
 TEST(ToTypedValue, Type19ReadsAnEmptyElementAs0) {
-    EXPECT_EQ(Convert(PropertyType::int32Array, "2*-**-*5"), (TypedValue{Numbers{2, 0, 5}}));
+    EXPECT_EQ(Convert(PropertyType::int32Array, "2*-**-*5"), (TypedValue{Integers{2, 0, 5}}));
 }
 
 TEST(ToTypedValue, AnyOtherTypeIsSkipped) {

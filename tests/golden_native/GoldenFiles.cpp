@@ -21,13 +21,9 @@ std::string_view TakeLine(std::string_view& text) {
     return line;
 }
 
-}  // namespace
-
+/// The recorded hosts of a folder, in the order of their names.
 std::vector<std::filesystem::path> HostsIn(const std::filesystem::path& folder) {
     std::vector<std::filesystem::path> files;
-    if (!std::filesystem::is_directory(folder)) {
-        return files;
-    }
     for (const auto& entry : std::filesystem::directory_iterator(folder)) {
         if (entry.path().extension() == ".json") {
             files.push_back(entry.path());
@@ -37,8 +33,14 @@ std::vector<std::filesystem::path> HostsIn(const std::filesystem::path& folder) 
     return files;
 }
 
+}  // namespace
+
 std::vector<std::filesystem::path> ShippedHosts() {
     return HostsIn(source / "hosts");
+}
+
+std::vector<std::filesystem::path> RealMachines() {
+    return HostsIn(source / "tests/hosts");
 }
 
 std::string ReadGolden(std::string_view name) {

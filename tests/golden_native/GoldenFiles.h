@@ -10,11 +10,11 @@
 
 namespace qv::test {
 
-/// The recorded hosts of a folder, in the order of their names; none when there is no such folder.
-std::vector<std::filesystem::path> HostsIn(const std::filesystem::path& folder);
-
 /// The recorded hosts of the hosts folder.
 std::vector<std::filesystem::path> ShippedHosts();
+
+/// The recordings of real machines in tests/hosts.
+std::vector<std::filesystem::path> RealMachines();
 
 /// The text of tests/golden/<name>.txt; empty when there is no such file.
 std::string ReadGolden(std::string_view name);

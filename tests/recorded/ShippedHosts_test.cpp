@@ -1,4 +1,4 @@
-// The recorded hosts of the hosts/ folder, and recordings of real machines where there are any.
+// The recorded hosts of the hosts/ folder, and those of real machines in tests/hosts/.
 #include <gmock/gmock.h>
 
 #include <algorithm>
@@ -21,6 +21,7 @@ using testing::UnorderedElementsAre;
 using testing::UnorderedElementsAreArray;
 
 const std::filesystem::path shippedHosts = std::filesystem::path(QV_SOURCE_DIR) / "hosts";
+const std::filesystem::path recordings = std::filesystem::path(QV_SOURCE_DIR) / "tests/hosts";
 
 std::vector<std::filesystem::path> FilesIn(const std::filesystem::path& folder) {
     std::vector<std::filesystem::path> files;
@@ -86,10 +87,12 @@ std::vector<std::string> RepeatedPaths(const RecordedHost& host) {
     return repeated;
 }
 
-// The recordings in the lines of hosts/README.md that begin with `before`, up to the next backtick.
-std::vector<std::string> ListedBehind(std::string_view before) {
+// The recordings in the lines of a folder's README.md that begin with `before`, up to the next
+// backtick.
+std::vector<std::string> ListedBehind(std::string_view before,
+                                      const std::filesystem::path& folder = shippedHosts) {
     std::vector<std::string> names;
-    std::ifstream readme(shippedHosts / "README.md");
+    std::ifstream readme(folder / "README.md");
     for (std::string line; std::getline(readme, line);) {
         if (!line.starts_with(before)) {
             continue;
@@ -192,11 +195,13 @@ TEST(ShippedHosts, LeadFromAControllerToItsDriver) {
     EXPECT_THAT(TextsOf(drivers.objects, "Name"), ElementsAre("msahci"));
 }
 
+TEST(Recordings, AreThoseThatTheReadmeLists) {
+    EXPECT_THAT(NamesIn(recordings), UnorderedElementsAreArray(ListedBehind("| `", recordings)));
+    EXPECT_THAT(NamesIn(recordings), SizeIs(8));
+}
+
 TEST(Recordings, AreReadWithoutALossOfRows) {
-    if (!std::filesystem::is_directory(QV_RECORDINGS_DIR)) {
-        GTEST_SKIP() << "no recordings of real machines beside this checkout";
-    }
-    for (const auto& file : FilesIn(QV_RECORDINGS_DIR)) {
+    for (const auto& file : FilesIn(recordings)) {
         SCOPED_TRACE(file.string());
         const RecordedHost host = ReadHostFile(file);
         EXPECT_FALSE(host.Computer().dnsFullyQualified.empty());

@@ -191,8 +191,8 @@ TEST_P(AssociationPairs, LeadFromInitiatorsThroughTargetsToExtents) {
 
 INSTANTIATE_TEST_SUITE_P(ShippedHosts, AssociationPairs, testing::ValuesIn(ShippedHosts()),
                          HostName);
-INSTANTIATE_TEST_SUITE_P(RealMachines, AssociationPairs,
-                         testing::ValuesIn(HostsIn(QV_RECORDINGS_DIR)), HostName);
+INSTANTIATE_TEST_SUITE_P(RealMachines, AssociationPairs, testing::ValuesIn(RealMachines()),
+                         HostName);
 
 }  // namespace
 }  // namespace qv::test

@@ -99,8 +99,8 @@ TEST_P(AssociationPaths, LeadToTheAssociationUnderAnotherServersName) {
 
 INSTANTIATE_TEST_SUITE_P(ShippedHosts, AssociationPaths, testing::ValuesIn(ShippedHosts()),
                          HostName);
-INSTANTIATE_TEST_SUITE_P(RealMachines, AssociationPaths,
-                         testing::ValuesIn(HostsIn(QV_RECORDINGS_DIR)), HostName);
+INSTANTIATE_TEST_SUITE_P(RealMachines, AssociationPaths, testing::ValuesIn(RealMachines()),
+                         HostName);
 
 /// A host with one way from a channel over a disk to its extent, and the path of that way.
 class Way : public testing::Test {

@@ -106,8 +106,7 @@ TEST_P(Closure, EachInstanceLeadsToItsNeighboursAndTheyLeadBack) {
 }
 
 INSTANTIATE_TEST_SUITE_P(ShippedHosts, Closure, testing::ValuesIn(ShippedHosts()), HostName);
-INSTANTIATE_TEST_SUITE_P(RealMachines, Closure, testing::ValuesIn(HostsIn(QV_RECORDINGS_DIR)),
-                         HostName);
+INSTANTIATE_TEST_SUITE_P(RealMachines, Closure, testing::ValuesIn(RealMachines()), HostName);
 
 }  // namespace
 }  // namespace qv::test

@@ -7,7 +7,7 @@
 namespace qv::test {
 namespace {
 
-service::RecordedHost OneDisk() {
+service::RecordedHost DiskOfAController() {
     HostBuilder host;
     host.Controller(R"(PCI\VEN_1&DEV_2&REV_03\4)");
     host.Disk(0, R"(IDE\DISKA\6&0)").BehindController();
@@ -26,7 +26,7 @@ protected:
     }
 
     windows::Variant read_;
-    PublishingHost host_{OneDisk()};
+    PublishingHost host_{DiskOfAController()};
 };
 
 TEST_F(DeliveredValues, OfALocationTagDescThatIsPutTwiceAreTheLater) {

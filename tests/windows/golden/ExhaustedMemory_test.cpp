@@ -11,7 +11,7 @@ namespace {
 constexpr Fault firstRows{0, Stage::exhausted};
 constexpr Fault secondRows{1, Stage::exhausted};
 
-service::RecordedHost OneDisk() {
+service::RecordedHost DiskOfAChannel() {
     HostBuilder host;
     host.Controller(R"(PCI\VEN_1&DEV_2&REV_03\4)").Channel(R"(PCIIDE\IDECHANNEL\5&0)");
     host.Disk(0, R"(IDE\DISKA\6&0)").BehindChannel().Media("SA");
@@ -20,7 +20,7 @@ service::RecordedHost OneDisk() {
 
 class ExhaustedMemory : public testing::Test {
 protected:
-    FaultyHost host_{OneDisk()};
+    FaultyHost host_{DiskOfAChannel()};
 };
 
 TEST_F(ExhaustedMemory, EndsTheRequestsOfAllClassesThatReadRows) {

@@ -34,28 +34,28 @@ public:
     HRESULT Query() { return ProviderTest::Query(L"WQL", L"SELECT * FROM QV_SATADiskDrive"); }
 };
 
-struct Operation {
+struct CheckedCall {
     const char* name;
     HRESULT (Impersonation::*call)();
     HRESULT result;  ///< for a caller that allows impersonation
 };
 
-std::ostream& operator<<(std::ostream& stream, const Operation& operation) {
+std::ostream& operator<<(std::ostream& stream, const CheckedCall& operation) {
     return stream << operation.name;
 }
 
-class CheckedOperation : public Impersonation, public ::testing::WithParamInterface<Operation> {
+class CheckedOperation : public Impersonation, public ::testing::WithParamInterface<CheckedCall> {
 protected:
     HRESULT Call() { return (this->*GetParam().call)(); }
 };
 
 INSTANTIATE_TEST_SUITE_P(
     All, CheckedOperation,
-    ::testing::Values(Operation{"Initialize", &Impersonation::Initialize, S_OK},
-                      Operation{"CreateInstanceEnumAsync", &Impersonation::Enumerate, S_OK},
-                      Operation{"GetObjectAsync", &Impersonation::Get, S_OK},
-                      Operation{"ExecQueryAsync", &Impersonation::Query,
-                                windows::Hr(WBEM_E_NOT_SUPPORTED)}),
+    ::testing::Values(CheckedCall{"Initialize", &Impersonation::Initialize, S_OK},
+                      CheckedCall{"CreateInstanceEnumAsync", &Impersonation::Enumerate, S_OK},
+                      CheckedCall{"GetObjectAsync", &Impersonation::Get, S_OK},
+                      CheckedCall{"ExecQueryAsync", &Impersonation::Query,
+                                  windows::Hr(WBEM_E_NOT_SUPPORTED)}),
     [](const auto& row) { return std::string(row.param.name); });
 
 // The system opens no token of an anonymous caller.

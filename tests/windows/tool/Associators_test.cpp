@@ -13,7 +13,7 @@ const std::string computer =
     "qv_wincomputersystem.NAME=\"STUDY-desk.example.org\","
     "CreationClassName=\"QV_WinComputerSystem\"";
 
-std::string Failure(const std::vector<std::string>& arguments) {
+std::string AssociatorsFailure(const std::vector<std::string>& arguments) {
     const ToolRun run = RunTool(OnDesktop(arguments));
     EXPECT_EQ(run.exitCode, 1U);
     EXPECT_EQ(run.output, "");
@@ -69,25 +69,27 @@ TEST(References, AreWhatTheQueryGives) {
 }
 
 TEST(References, RefuseAnUnknownClass) {
-    EXPECT_EQ(Failure({"references", computer, "--assoc", "NoClass"}),
+    EXPECT_EQ(AssociatorsFailure({"references", computer, "--assoc", "NoClass"}),
               "qvsata: unknown class 'NoClass'\n");
 }
 
 TEST(Associators, RefuseAnUnknownClass) {
-    EXPECT_EQ(Failure({"associators", computer, "--assoc", "NoClass"}),
+    EXPECT_EQ(AssociatorsFailure({"associators", computer, "--assoc", "NoClass"}),
               "qvsata: unknown class 'NoClass'\n");
-    EXPECT_EQ(Failure({"associators", computer, "--result", "NoClass"}),
+    EXPECT_EQ(AssociatorsFailure({"associators", computer, "--result", "NoClass"}),
               "qvsata: unknown class 'NoClass'\n");
 }
 
 TEST(Associators, RefuseAnObjectThatIsNotThere) {
-    const std::string error = Failure({"associators", "QV_SATADiskDriveFW.InstanceID=\"none\""});
+    const std::string error =
+        AssociatorsFailure({"associators", "QV_SATADiskDriveFW.InstanceID=\"none\""});
     EXPECT_THAT(error, HasSubstr("not found"));
 }
 
 TEST(Associators, RefuseWhatIsNoPathOfAnObject) {
-    EXPECT_THAT(Failure({"associators", "A.B"}), StartsWith("qvsata: path: position 4: "));
-    EXPECT_THAT(Failure({"references", "QV_SATADiskDrive"}), HasSubstr("is a class"));
+    EXPECT_THAT(AssociatorsFailure({"associators", "A.B"}),
+                StartsWith("qvsata: path: position 4: "));
+    EXPECT_THAT(AssociatorsFailure({"references", "QV_SATADiskDrive"}), HasSubstr("is a class"));
 }
 
 TEST(Get, FindsAnAssociationWithReferencesToAnotherServerName) {

@@ -118,7 +118,7 @@ TEST(Watch, RunsOnTheMachineItself) {
 }
 
 /// Runs the tool, which has to fail with one line and nothing else; gives the line.
-std::string Failure(const std::vector<std::string>& arguments, unsigned long exitCode) {
+std::string WatchFailure(const std::vector<std::string>& arguments, unsigned long exitCode) {
     const ToolRun run = RunTool(arguments);
     EXPECT_EQ(run.exitCode, exitCode);
     EXPECT_THAT(run.output, IsEmpty());
@@ -127,35 +127,35 @@ std::string Failure(const std::vector<std::string>& arguments, unsigned long exi
 }
 
 TEST(BadWatch, NamesARecordingThatIsNotThere) {
-    EXPECT_EQ(Failure({"watch", "--host", Drill("0-healthy"), "--then", "/no/such.json"}, 1),
+    EXPECT_EQ(WatchFailure({"watch", "--host", Drill("0-healthy"), "--then", "/no/such.json"}, 1),
               "qvsata: /no/such.json: there is no such file\n");
 }
 
 TEST(BadWatch, NamesARecordingOfAnotherComputer) {
-    EXPECT_THAT(Failure({"watch", "--host", Drill("0-healthy"), "--then",
-                         SourceFile("hosts/ahci-desktop.json")},
-                        1),
+    EXPECT_THAT(WatchFailure({"watch", "--host", Drill("0-healthy"), "--then",
+                              SourceFile("hosts/ahci-desktop.json")},
+                             1),
                 HasSubstr("ahci-desktop.json: not a recording of the computer of "));
 }
 
 TEST(BadWatch, NeedsAHostForWhatFollows) {
-    EXPECT_THAT(Failure({"watch", "--live", "--then", Drill("0-healthy")}, 2),
+    EXPECT_THAT(WatchFailure({"watch", "--live", "--then", Drill("0-healthy")}, 2),
                 HasSubstr("--then requires --host"));
-    EXPECT_THAT(Failure({"watch", "--then", Drill("0-healthy")}, 2), HasSubstr("--host"));
+    EXPECT_THAT(WatchFailure({"watch", "--then", Drill("0-healthy")}, 2), HasSubstr("--host"));
 }
 
 TEST(BadWatch, RefusesLimitsThatAreNoNumbersFromOneUp) {
     for (const std::string limit : {"--count", "--for"}) {
         for (const std::string value : {"0", "-5", "1.5", "many", "99999999999", ""}) {
             EXPECT_THAT(
-                Failure({"watch", "--host", Drill("0-healthy"), limit, value}, 2),
+                WatchFailure({"watch", "--host", Drill("0-healthy"), limit, value}, 2),
                 StartsWith("qvsata: " + limit + ": '" + value + "' is not a whole number from 1"));
         }
     }
 }
 
 TEST(BadWatch, RefusesAFormatOfOtherCommands) {
-    EXPECT_THAT(Failure({"watch", "--host", Drill("0-healthy"), "--format", "mof"}, 2),
+    EXPECT_THAT(WatchFailure({"watch", "--host", Drill("0-healthy"), "--format", "mof"}, 2),
                 HasSubstr("'mof' is not text or json"));
 }
 
