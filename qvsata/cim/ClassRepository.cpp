@@ -3,23 +3,18 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "qvsata/cim/ObjectPath.h"
 #include "qvsata/cim/SystemClasses.h"
 #include "source/Text.h"
 
 namespace qv::service {
 namespace {
 
-/// The namespace without server and slashes around it, in lower case with single backslashes.
-std::string NormalNamespace(std::string_view path) {
-    std::string normal = FoldCase(path);
-    std::ranges::replace(normal, '/', '\\');
-    if (normal.starts_with("\\\\")) {
-        const std::size_t afterServer = normal.find('\\', 2);
-        normal.erase(0, afterServer == std::string::npos ? normal.size() : afterServer);
-    }
-    normal.erase(0, normal.find_first_not_of('\\'));
-    normal.erase(normal.find_last_not_of('\\') + 1);
-    return normal;
+/// Returns what is the same for all spellings of a namespace.
+std::string NamespaceKey(std::string_view path) {
+    std::string key = FoldCase(NormalNamespace(path));
+    key.erase(key.find_last_not_of('\\') + 1);
+    return key;
 }
 
 void Override(PropertyDefinition& inherited, const PropertyDefinition& declared) {
@@ -222,11 +217,11 @@ std::string ClassRepository::RelativePath(const InstanceDefinition& instance) co
 }
 
 ClassRepository& Namespaces::Of(std::string_view namespacePath) {
-    return repositories_[NormalNamespace(namespacePath)];
+    return repositories_[NamespaceKey(namespacePath)];
 }
 
 const ClassRepository* Namespaces::Find(std::string_view namespacePath) const {
-    const auto found = repositories_.find(NormalNamespace(namespacePath));
+    const auto found = repositories_.find(NamespaceKey(namespacePath));
     return found == repositories_.end() ? nullptr : &found->second;
 }
 

@@ -7,18 +7,18 @@
 namespace qv::service {
 namespace {
 
-constexpr std::string_view slashes = "\\/";
+constexpr std::string_view eitherSlash = "\\/";
 
-bool IsSlash(char character) {
-    return slashes.find(character) != std::string_view::npos;
+bool IsEitherSlash(char character) {
+    return eitherSlash.find(character) != std::string_view::npos;
 }
 
-/// Takes `\\server\` off the front; false when the slashes are not of one kind.
+/// Takes `\\server\` off the front; false when the eitherSlash are not of one kind.
 bool TakeServer(std::string_view& text, std::string& server) {
-    if (text.size() < 2 || !IsSlash(text[0]) || !IsSlash(text[1])) {
+    if (text.size() < 2 || !IsEitherSlash(text[0]) || !IsEitherSlash(text[1])) {
         return true;
     }
-    const std::size_t end = text.find_first_of(slashes, 2);
+    const std::size_t end = text.find_first_of(eitherSlash, 2);
     if (text[0] != text[1] || end == std::string_view::npos) {
         return false;
     }
@@ -34,11 +34,11 @@ void TakeNamespace(std::string_view& text, std::string& nameSpace) {
     if (mark != std::string_view::npos && text[mark] == ':') {
         nameSpace = text.substr(0, mark);
         text.remove_prefix(mark + 1);
-    } else if (mark == std::string_view::npos && text.find_first_of(slashes) != mark) {
+    } else if (mark == std::string_view::npos && text.find_first_of(eitherSlash) != mark) {
         nameSpace = text;
         text = {};
     }
-    nameSpace.erase(0, nameSpace.find_first_not_of(slashes));
+    nameSpace.erase(0, nameSpace.find_first_not_of(eitherSlash));
     std::ranges::replace(nameSpace, '/', '\\');
 }
 

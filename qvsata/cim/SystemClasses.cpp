@@ -15,7 +15,7 @@ struct SystemClass {
     Trait trait;
 };
 
-struct SystemProperty {
+struct SystemClassProperty {
     std::string_view className;
     std::string_view name;
     CimType type;
@@ -39,51 +39,57 @@ constexpr std::array systemClasses{
 };
 
 constexpr std::array systemProperties{
-    SystemProperty{"__Event", "SECURITY_DESCRIPTOR", CimType::uint8, Shape::array},
-    SystemProperty{"__Event", "TIME_CREATED", CimType::uint64, Shape::scalar},
+    SystemClassProperty{"__Event", "SECURITY_DESCRIPTOR", CimType::uint8, Shape::array},
+    SystemClassProperty{"__Event", "TIME_CREATED", CimType::uint64, Shape::scalar},
 
-    SystemProperty{"__NotifyStatus", "StatusCode", CimType::uint32, Shape::scalar},
-    SystemProperty{"__ExtendedStatus", "Description", CimType::string, Shape::scalar},
-    SystemProperty{"__ExtendedStatus", "Operation", CimType::string, Shape::scalar},
-    SystemProperty{"__ExtendedStatus", "ParameterInfo", CimType::string, Shape::scalar},
-    SystemProperty{"__ExtendedStatus", "ProviderName", CimType::string, Shape::scalar},
+    SystemClassProperty{"__NotifyStatus", "StatusCode", CimType::uint32, Shape::scalar},
+    SystemClassProperty{"__ExtendedStatus", "Description", CimType::string, Shape::scalar},
+    SystemClassProperty{"__ExtendedStatus", "Operation", CimType::string, Shape::scalar},
+    SystemClassProperty{"__ExtendedStatus", "ParameterInfo", CimType::string, Shape::scalar},
+    SystemClassProperty{"__ExtendedStatus", "ProviderName", CimType::string, Shape::scalar},
 
-    SystemProperty{"__Namespace", "Name", CimType::string, Shape::key},
+    SystemClassProperty{"__Namespace", "Name", CimType::string, Shape::key},
 
-    SystemProperty{"__Provider", "Name", CimType::string, Shape::key},
-    SystemProperty{"__Win32Provider", "CLSID", CimType::string, Shape::scalar},
-    SystemProperty{"__Win32Provider", "ClientLoadableCLSID", CimType::string, Shape::scalar},
-    SystemProperty{"__Win32Provider", "Concurrency", CimType::sint32, Shape::scalar},
-    SystemProperty{"__Win32Provider", "DefaultMachineName", CimType::string, Shape::scalar},
-    SystemProperty{"__Win32Provider", "HostingModel", CimType::string, Shape::scalar},
-    SystemProperty{"__Win32Provider", "ImpersonationLevel", CimType::sint32, Shape::scalar},
-    SystemProperty{"__Win32Provider", "InitializationReentrancy", CimType::sint32, Shape::scalar},
-    SystemProperty{"__Win32Provider", "PerLocaleInitialization", CimType::boolean, Shape::scalar},
-    SystemProperty{"__Win32Provider", "PerUserInitialization", CimType::boolean, Shape::scalar},
-    SystemProperty{"__Win32Provider", "Pure", CimType::boolean, Shape::scalar},
-    SystemProperty{"__Win32Provider", "SecurityDescriptor", CimType::string, Shape::scalar},
-    SystemProperty{"__Win32Provider", "UnloadTimeout", CimType::datetime, Shape::scalar},
-    SystemProperty{"__Win32Provider", "Version", CimType::uint32, Shape::scalar},
+    SystemClassProperty{"__Provider", "Name", CimType::string, Shape::key},
+    SystemClassProperty{"__Win32Provider", "CLSID", CimType::string, Shape::scalar},
+    SystemClassProperty{"__Win32Provider", "ClientLoadableCLSID", CimType::string, Shape::scalar},
+    SystemClassProperty{"__Win32Provider", "Concurrency", CimType::sint32, Shape::scalar},
+    SystemClassProperty{"__Win32Provider", "DefaultMachineName", CimType::string, Shape::scalar},
+    SystemClassProperty{"__Win32Provider", "HostingModel", CimType::string, Shape::scalar},
+    SystemClassProperty{"__Win32Provider", "ImpersonationLevel", CimType::sint32, Shape::scalar},
+    SystemClassProperty{"__Win32Provider", "InitializationReentrancy", CimType::sint32,
+                        Shape::scalar},
+    SystemClassProperty{"__Win32Provider", "PerLocaleInitialization", CimType::boolean,
+                        Shape::scalar},
+    SystemClassProperty{"__Win32Provider", "PerUserInitialization", CimType::boolean,
+                        Shape::scalar},
+    SystemClassProperty{"__Win32Provider", "Pure", CimType::boolean, Shape::scalar},
+    SystemClassProperty{"__Win32Provider", "SecurityDescriptor", CimType::string, Shape::scalar},
+    SystemClassProperty{"__Win32Provider", "UnloadTimeout", CimType::datetime, Shape::scalar},
+    SystemClassProperty{"__Win32Provider", "Version", CimType::uint32, Shape::scalar},
 
-    SystemProperty{"__ProviderRegistration", "provider", CimType::reference, Shape::key},
-    SystemProperty{"__ObjectProviderRegistration", "InteractionType", CimType::sint32,
-                   Shape::scalar},
-    SystemProperty{"__ObjectProviderRegistration", "QuerySupportLevels", CimType::string,
-                   Shape::array},
-    SystemProperty{"__ObjectProviderRegistration", "SupportsBatching", CimType::boolean,
-                   Shape::scalar},
-    SystemProperty{"__ObjectProviderRegistration", "SupportsDelete", CimType::boolean,
-                   Shape::scalar},
-    SystemProperty{"__ObjectProviderRegistration", "SupportsEnumeration", CimType::boolean,
-                   Shape::scalar},
-    SystemProperty{"__ObjectProviderRegistration", "SupportsGet", CimType::boolean, Shape::scalar},
-    SystemProperty{"__ObjectProviderRegistration", "SupportsPut", CimType::boolean, Shape::scalar},
-    SystemProperty{"__ObjectProviderRegistration", "SupportsTransactions", CimType::boolean,
-                   Shape::scalar},
-    SystemProperty{"__EventProviderRegistration", "EventQueryList", CimType::string, Shape::array},
+    SystemClassProperty{"__ProviderRegistration", "provider", CimType::reference, Shape::key},
+    SystemClassProperty{"__ObjectProviderRegistration", "InteractionType", CimType::sint32,
+                        Shape::scalar},
+    SystemClassProperty{"__ObjectProviderRegistration", "QuerySupportLevels", CimType::string,
+                        Shape::array},
+    SystemClassProperty{"__ObjectProviderRegistration", "SupportsBatching", CimType::boolean,
+                        Shape::scalar},
+    SystemClassProperty{"__ObjectProviderRegistration", "SupportsDelete", CimType::boolean,
+                        Shape::scalar},
+    SystemClassProperty{"__ObjectProviderRegistration", "SupportsEnumeration", CimType::boolean,
+                        Shape::scalar},
+    SystemClassProperty{"__ObjectProviderRegistration", "SupportsGet", CimType::boolean,
+                        Shape::scalar},
+    SystemClassProperty{"__ObjectProviderRegistration", "SupportsPut", CimType::boolean,
+                        Shape::scalar},
+    SystemClassProperty{"__ObjectProviderRegistration", "SupportsTransactions", CimType::boolean,
+                        Shape::scalar},
+    SystemClassProperty{"__EventProviderRegistration", "EventQueryList", CimType::string,
+                        Shape::array},
 };
 
-PropertyDefinition Define(const SystemProperty& row) {
+PropertyDefinition Define(const SystemClassProperty& row) {
     PropertyDefinition property;
     property.name = row.name;
     property.type = row.type;
@@ -111,7 +117,7 @@ std::vector<ClassDefinition> SystemClasses() {
         if (row.trait == Trait::abstract) {
             defined.qualifiers.push_back({"abstract", true, false, false});
         }
-        for (const SystemProperty& property : systemProperties) {
+        for (const SystemClassProperty& property : systemProperties) {
             if (property.className == row.name) {
                 defined.properties.push_back(Define(property));
             }

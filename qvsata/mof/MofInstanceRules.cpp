@@ -8,7 +8,7 @@
 namespace qv::service {
 namespace {
 
-using Breach = std::optional<InstanceBreach>;
+using Refusal = std::optional<InstanceBreach>;
 
 constexpr std::size_t mostKeys = 256;
 
@@ -23,7 +23,7 @@ constexpr std::array<std::string_view, 8> hostingModels{
     "Decoupled:Com:FoldIdentity(FALSE)",
 };
 
-Breach Keys(const InstanceDefinition& instance, const ClassRepository& classes) {
+Refusal Keys(const InstanceDefinition& instance, const ClassRepository& classes) {
     const std::vector<PropertyDefinition> keys = classes.Keys(instance.className);
     const Qualifier* const singleton = classes.ClassQualifier(instance.className, "singleton");
     if (keys.empty() && singleton == nullptr) {
@@ -52,7 +52,7 @@ bool Is(const InstanceDefinition& instance, std::string_view property, const Cim
     return stated != nullptr && *stated == value;
 }
 
-Breach Provider(const InstanceDefinition& instance, const ClassRepository& classes) {
+Refusal Provider(const InstanceDefinition& instance, const ClassRepository& classes) {
     if (!classes.IsA(instance.className, "__Win32Provider")) {
         return {};
     }
@@ -75,7 +75,7 @@ Breach Provider(const InstanceDefinition& instance, const ClassRepository& class
 
 std::optional<InstanceBreach> FindBreach(const InstanceDefinition& instance,
                                          const ClassRepository& classes) {
-    if (Breach breach = Keys(instance, classes)) {
+    if (Refusal breach = Keys(instance, classes)) {
         return breach;
     }
     return Provider(instance, classes);
