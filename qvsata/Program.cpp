@@ -51,13 +51,17 @@ int Run(std::vector<std::string> arguments) {
 
 }  // namespace
 
-int RunProgram(int count, const char* const* arguments) {
-    const Utf8Streams streams;
+int RunCommand(std::vector<std::string> arguments) {
     try {
-        return Run(Arguments(count, arguments));
+        return Run(std::move(arguments));
     } catch (const std::exception& error) {
         return Report(error.what(), failed);
     }
+}
+
+int RunProgram(int count, const char* const* arguments) {
+    const Utf8Streams streams;
+    return RunCommand(Arguments(count, arguments));
 }
 
 }  // namespace qv::tool

@@ -1,0 +1,37 @@
+// Runs the command lines of a file, one after another: an argument each between tabulators. Prints
+// what each prints, errors among it, and how it ends.
+#include <cstdio>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "qvsata/Program.h"
+#include "qvsata/system/Console.h"
+
+namespace {
+
+std::vector<std::string> Split(const std::string& line) {
+    std::vector<std::string> arguments{{}};
+    for (const char character : line) {
+        if (character == '\t') {
+            arguments.emplace_back();
+        } else {
+            arguments.back() += character;
+        }
+    }
+    return arguments;
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+    const qv::tool::Utf8Streams streams;
+    std::ifstream lines(count == 2 ? arguments[1] : "");
+    for (std::string line; std::getline(lines, line);) {
+        const int exitCode = qv::tool::RunCommand(Split(line));
+        std::fflush(stdout);
+        std::fprintf(stderr, "-- %d: %s\n", exitCode, line.c_str());
+        std::fflush(stderr);
+    }
+    return lines.eof() ? 0 : 1;
+}
