@@ -14,8 +14,7 @@ platform::Rows QueryIdeDisks(const platform::QueryPort& queries) {
     return disks;
 }
 
-platform::QueryResult QueryControllerRows(const platform::QueryPort& queries,
-                                          platform::Rows& controllers) {
+Status QueryControllerRows(const platform::QueryPort& queries, platform::Rows& controllers) {
     return queries.RunWqlQuery("root\\CIMv2", "SELECT * FROM Win32_IDEController", controllers);
 }
 

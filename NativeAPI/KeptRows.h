@@ -15,8 +15,7 @@ platform::Rows QueryIdeDisks(const platform::QueryPort& queries);
 
 /// Asks for the controllers and gives every Win32_IDEController row, channels among them; whether
 /// the query could be run, otherwise there are none.
-platform::QueryResult QueryControllerRows(const platform::QueryPort& queries,
-                                          platform::Rows& controllers);
+Status QueryControllerRows(const platform::QueryPort& queries, platform::Rows& controllers);
 
 /// A Win32_IDEController row and its DeviceID.
 struct ControllerRow {

@@ -25,11 +25,6 @@ void PutStatusCodes(InstanceRecord& record, const MappedStatus& mapped) {
 
 }  // namespace
 
-std::optional<std::string> HostName(const platform::HostFacts& host) {
-    std::string name;
-    return GetHostName(host, name) == 0 ? std::optional(std::move(name)) : std::nullopt;
-}
-
 void PutSystemName(InstanceRecord& record, const std::optional<std::string>& hostName) {
     if (hostName) {
         SetKeyProperty(record, "SystemName", *hostName);

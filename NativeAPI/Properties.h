@@ -4,14 +4,10 @@
 #include <string>
 #include <string_view>
 
-#include "platform/HostFacts.h"
 #include "platform/Row.h"
 #include "source/InstanceRecord.h"
 
 namespace qv {
-
-/// The host's name, or nothing when the system gives none.
-std::optional<std::string> HostName(const platform::HostFacts& host);
 
 /// Puts the key SystemName, unless there is no host name.
 void PutSystemName(InstanceRecord& record, const std::optional<std::string>& hostName);

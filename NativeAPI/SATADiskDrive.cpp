@@ -5,6 +5,7 @@
 #include "NativeAPI/NativeAPI.h"
 #include "NativeAPI/PhysicalMedia.h"
 #include "NativeAPI/Properties.h"
+#include "source/HostIdentity.h"
 #include "source/PropertyReaders.h"
 #include "source/Text.h"
 

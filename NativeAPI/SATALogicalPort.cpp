@@ -5,6 +5,7 @@
 #include "NativeAPI/KeptRows.h"
 #include "NativeAPI/NativeAPI.h"
 #include "NativeAPI/Properties.h"
+#include "source/HostIdentity.h"
 #include "source/PropertyReaders.h"
 #include "source/SourceRules.h"
 #include "source/Text.h"
@@ -18,9 +19,9 @@ RecordList NativeAPI::getQV_SATALogicalPort(const Request& request) const {
     platform::Rows links;
     // The same query twice, on purpose: only the outcome of the second one counts.
     QueryControllerRows(queries_, channels);
-    const auto outcome = QueryControllerRows(queries_, controllers);
+    const Status outcome = QueryControllerRows(queries_, controllers);
     queries_.RunWqlQuery("root\\CIMv2", "SELECT * FROM Win32_IDEControllerDevice", links);
-    if (outcome == platform::QueryResult::failed) {
+    if (!Succeeded(outcome)) {
         return records;
     }
     const ControllerLinks parents(links, controllers);

@@ -3,6 +3,7 @@
 #include "NativeAPI/KeptRows.h"
 #include "NativeAPI/NativeAPI.h"
 #include "NativeAPI/Properties.h"
+#include "source/HostIdentity.h"
 #include "source/PropertyReaders.h"
 #include "source/SourceRules.h"
 #include "source/Text.h"

@@ -6,6 +6,7 @@
 #include "NativeAPI/GroupStatus.h"
 #include "NativeAPI/NativeAPI.h"
 #include "NativeAPI/Properties.h"
+#include "source/HostIdentity.h"
 #include "source/PropertyReaders.h"
 
 namespace qv {
@@ -24,8 +25,7 @@ std::optional<std::int32_t> StatusCodeOf(const platform::Row& disk) {
 RecordList NativeAPI::getQV_SATAStorageCollection(const Request& request) const {
     RecordList records;
     platform::Rows disks;
-    if (queries_.RunWqlQuery("root\\QVQ", "SELECT * FROM QV_SATADiskDrive", disks) ==
-        platform::QueryResult::failed) {
+    if (!Succeeded(queries_.RunWqlQuery("root\\QVQ", "SELECT * FROM QV_SATADiskDrive", disks))) {
         return records;
     }
     std::vector<std::optional<std::int32_t>> codes;

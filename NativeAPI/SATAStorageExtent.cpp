@@ -4,6 +4,7 @@
 #include "NativeAPI/KeptRows.h"
 #include "NativeAPI/NativeAPI.h"
 #include "NativeAPI/Properties.h"
+#include "source/HostIdentity.h"
 #include "source/PropertyReaders.h"
 #include "source/SourceRules.h"
 #include "source/Text.h"
@@ -47,8 +48,8 @@ RecordList NativeAPI::getQV_SATAStorageExtent(const Request& request) const {
     const platform::Rows disks = QueryIdeDisks(queries_);
     platform::Rows links;
     platform::Rows partitions;
-    if (queries_.RunWqlQuery("root\\CIMv2", "SELECT * FROM Win32_DiskDriveToDiskPartition",
-                             links) == platform::QueryResult::submitted) {
+    if (Succeeded(queries_.RunWqlQuery("root\\CIMv2",
+                                       "SELECT * FROM Win32_DiskDriveToDiskPartition", links))) {
         queries_.RunWqlQuery("root\\CIMv2", "SELECT * FROM Win32_DiskPartition", partitions);
     }
     const PartitionLinks join = request.WantsAllProperties()

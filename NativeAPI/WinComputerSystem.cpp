@@ -8,9 +8,8 @@ RecordList NativeAPI::getQV_WinComputerSystem(const Request& request) const {
     RecordList records;
     InstanceRecord record(request.className);
     SetKeyProperty(record, "CreationClassName", std::string(GetComputerSystemClassName()));
-    std::string name;
-    if (GetHostName(host_, name) == 0) {
-        SetKeyProperty(record, "Name", name);
+    if (auto name = HostName(host_)) {
+        SetKeyProperty(record, "Name", *std::move(name));
     }
     AppendRecord(records, std::move(record));
     return records;

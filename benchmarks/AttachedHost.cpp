@@ -19,6 +19,7 @@ public:
         return found == properties_.end() ? platform::PropertyRead{}
                                           : platform::PropertyRead{Status::noError, found->second};
     }
+    Status GetWideText(std::string_view, std::wstring&) const override { return Status::notFound; }
 
 private:
     std::vector<Property> properties_;

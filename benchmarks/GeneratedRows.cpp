@@ -24,6 +24,7 @@ public:
         }
         return {Status::noError, found->second};
     }
+    Status GetWideText(std::string_view, std::wstring&) const override { return Status::notFound; }
 
 private:
     Properties properties_;

@@ -2,19 +2,23 @@
 
 namespace qv::benchmarks {
 
-platform::QueryResult MemoryHost::RunWqlQuery(std::string_view, std::string_view query,
-                                              platform::Rows& rows) const {
+Status MemoryHost::RunWqlQuery(std::string_view, std::string_view query,
+                               platform::Rows& rows) const {
     rows.clear();
     const auto found = rowsOfQuery_.find(query);
     if (found == rowsOfQuery_.end()) {
-        return platform::QueryResult::failed;
+        return Status::failed;
     }
     rows = found->second;
-    return platform::QueryResult::submitted;
+    return Status::noError;
 }
 
 platform::ComputerName MemoryHost::NameInFormat(platform::NameFormat) const {
-    return {0, "srv01.example.org"};
+    return {0, L"srv01.example.org"};
+}
+
+std::string MemoryHost::ToNarrow(std::wstring_view ascii) const {
+    return {ascii.begin(), ascii.end()};
 }
 
 }  // namespace qv::benchmarks

@@ -13,9 +13,10 @@ namespace qv::benchmarks {
 /// a look-up. Other queries fail. The host's name is "srv01.example.org".
 class MemoryHost : public platform::QueryPort, public platform::HostFacts {
 public:
-    platform::QueryResult RunWqlQuery(std::string_view nameSpace, std::string_view query,
-                                      platform::Rows& rows) const override;
+    Status RunWqlQuery(std::string_view nameSpace, std::string_view query,
+                       platform::Rows& rows) const override;
     platform::ComputerName NameInFormat(platform::NameFormat format) const override;
+    std::string ToNarrow(std::wstring_view ascii) const override;
 
 protected:
     /// The rows that the query answers with; there are none at first.

@@ -91,9 +91,10 @@ Status PutHost(const Alert& alert) {
     if (!Succeeded(put)) {
         return put;
     }
-    std::string name;
-    return GetHostName(alert.sources.host, name) == 0 ? alert.Put("SystemName", std::move(name))
-                                                      : Status::failed;
+    std::wstring name;
+    return GetHostName(alert.sources.host, name) == 0
+               ? alert.indication.PutWideText("SystemName", name)
+               : Status::failed;
 }
 
 Status PutVersion(const Alert& alert) {

@@ -17,6 +17,9 @@ public:
 
     /// Puts one property, or gives the reason why it was not taken.
     virtual Status Put(const PropertyEntry& property) = 0;
+
+    /// The same of a text that no record holds and no code page narrows.
+    virtual Status PutWideText(std::string_view name, std::wstring_view text) = 0;
 };
 
 /// Where the common properties of an alert come from.

@@ -105,11 +105,18 @@ Status PutCopiesOfFirst(PropertyTarget& indication, const platform::Rows& rows,
     return rows.empty() ? Status::noError : PutCopies(indication, *rows.front(), copies);
 }
 
+/// What stands behind the server and the namespace of an object path. The colon that ends them is
+/// the one in front of any key value.
+std::string_view RelativePath(std::string_view path) {
+    const std::string_view unquoted = path.substr(0, path.find('"'));
+    return path.substr(unquoted.find(':') + 1);
+}
+
 /// The object of root\QVQ that an object path names, or null. The server and the namespace in the
 /// path do not count.
 std::shared_ptr<const platform::Row> FindReferenced(const platform::QueryPort& queries,
                                                     std::string_view path) {
-    const std::string_view relative = path.substr(path.find(':') + 1);
+    const std::string_view relative = RelativePath(path);
     if (relative.empty()) {
         return nullptr;
     }

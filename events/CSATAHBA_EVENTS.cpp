@@ -1,5 +1,6 @@
 #include "events/CSATAHBA_EVENTS.h"
 
+#include <exception>
 #include <string>
 #include <string_view>
 
@@ -23,24 +24,36 @@ void CSATAHBA_EVENTS::RunCycle() {
 int CSATAHBA_EVENTS::EventThreadCheckforEvents() {
     inventory_.RefreshDiskInventoryNow();
     for (const DiskChange& change : inventory_.CompareWithPrevious(FindDiskChanges)) {
-        const InstanceRecord event =
-            BuildDeviceIndication(change.disk, change.eventId, clock_.Local());
-        Log("CSATAHBA_EVENTS::EventThreadCheckforEvents",
-            "SendIndication for EventID = " + std::string(change.eventId));
-        if (EventReceiver* receiver = receiver_) {
-            receiver->Receive(event);
+        try {
+            Raise(change);
+        } catch (const std::exception&) {
+            // No later pass finds the other changes again: only this one is lost.
         }
     }
     return 0;
 }
 
-void CSATAHBA_EVENTS::LogThreadExit() const {
+void CSATAHBA_EVENTS::Raise(const DiskChange& change) const {
+    const InstanceRecord event = BuildDeviceIndication(change.disk, change.eventId, clock_.Local());
+    Log("CSATAHBA_EVENTS::EventThreadCheckforEvents",
+        "SendIndication for EventID = " + std::string(change.eventId));
+    if (EventReceiver* receiver = receiver_) {
+        receiver->Receive(event);
+    }
+}
+
+void CSATAHBA_EVENTS::LogThreadExit() const noexcept {
     Log("CSATAHBA_EVENTS::EventThreadExit", "EventThreadExit:...");
 }
 
-void CSATAHBA_EVENTS::Log(std::string_view function, std::string_view message) const {
-    if (log_.Level() <= informationLevel) {
+void CSATAHBA_EVENTS::Log(std::string_view function, std::string_view message) const noexcept {
+    if (log_.Level() > informationLevel) {
+        return;
+    }
+    try {
         log_.Write(informationLevel, std::string(function).append("| ").append(message));
+    } catch (const std::exception&) {
+        // A lost line is better than a lost event.
     }
 }
 

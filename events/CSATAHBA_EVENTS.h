@@ -3,6 +3,7 @@
 #include <atomic>
 #include <chrono>
 
+#include "events/DiskChanges.h"
 #include "platform/Clock.h"
 #include "platform/LogPort.h"
 #include "source/DiskInventory.h"
@@ -27,6 +28,8 @@ public:
 /// happened in a cycle of another.
 ///
 /// While an event is handed over nothing is locked. What the disk inventory raises passes through.
+/// An exception while an event is built or handed over costs that event, one while a line is
+/// written costs the line.
 class CSATAHBA_EVENTS {
 public:
     /// The pause between cycles, whatever refresh time-out is configured.
@@ -53,10 +56,11 @@ public:
     int EventThreadCheckforEvents();
 
     /// Logs that a thread which runs cycles is being ended.
-    void LogThreadExit() const;
+    void LogThreadExit() const noexcept;
 
 private:
-    void Log(std::string_view function, std::string_view message) const;
+    void Raise(const DiskChange& change) const;
+    void Log(std::string_view function, std::string_view message) const noexcept;
 
     DiskInventory& inventory_;
     const platform::Clock& clock_;

@@ -38,6 +38,11 @@ public:
     /// Reads the property called `name`, in any letter case; system properties such as "__PATH"
     /// included.
     virtual PropertyRead Get(std::string_view name) const = 0;
+
+    /// Reads a text as the management service holds it, through no code page. Accepts text only:
+    /// another kind of value, null included, is Status::failed. A property that cannot be read is
+    /// the status of the read. On failure `text` stays as it was.
+    virtual Status GetWideText(std::string_view name, std::wstring& text) const = 0;
 };
 
 /// The rows of a query, in the order in which the management service returned them.

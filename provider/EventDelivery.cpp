@@ -15,29 +15,38 @@ namespace qv::provider {
 namespace {
 
 using windows::Bstr;
-using windows::ComPtr;
 
 /// An instance of the management service that is being filled.
 class InstanceTarget : public PropertyTarget {
 public:
-    InstanceTarget(IWbemClassObject& instance, std::string_view namespacePrefix)
+    InstanceTarget(IWbemClassObject& instance, std::wstring_view namespacePrefix)
         : instance_(instance), namespacePrefix_(namespacePrefix) {}
 
     Status Put(const PropertyEntry& property) override {
         windows::Variant value;
-        HRESULT result = windows::ToVariant(property, namespacePrefix_, value);
-        if (SUCCEEDED(result)) {
-            result = instance_.Put(Bstr(windows::ToWide(property.name)).Get(), 0, value.Pass(), 0);
-        }
-        return static_cast<Status>(result);
+        const HRESULT converted = windows::ToVariant(property, namespacePrefix_, value);
+        return FAILED(converted) ? static_cast<Status>(converted) : Put(property.name, value);
+    }
+
+    Status PutWideText(std::string_view name, std::wstring_view text) override {
+        windows::Variant value;
+        VARIANT& out = *value.Receive();
+        V_BSTR(&out) = Bstr(text).Detach();
+        V_VT(&out) = VT_BSTR;
+        return Put(name, value);
     }
 
 private:
+    Status Put(std::string_view name, windows::Variant& value) {
+        return static_cast<Status>(
+            instance_.Put(Bstr(windows::ToWide(name)).Get(), 0, value.Pass(), 0));
+    }
+
     IWbemClassObject& instance_;
-    std::string_view namespacePrefix_;
+    std::wstring_view namespacePrefix_;
 };
 
-HRESULT FillCommon(IWbemClassObject& instance, std::string_view namespacePrefix,
+HRESULT FillCommon(IWbemClassObject& instance, std::wstring_view namespacePrefix,
                    std::string_view eventId) {
     const windows::WmiQueryPort queries;
     const windows::WindowsHostFacts host;
@@ -50,16 +59,14 @@ HRESULT FillCommon(IWbemClassObject& instance, std::string_view namespacePrefix,
 
 }  // namespace
 
-HRESULT EventDelivery::SendIndication(InstanceRecord event) const {
+HRESULT EventDelivery::SendIndication(InstanceRecord event) {
     constexpr std::string_view function = "CQVWMISATA_EventProv::SendIndication";
-    ComPtr<IWbemClassObject> definition;
     if (FAILED(services->GetObject(Bstr(windows::ToWide(event.className)).Get(), 0, nullptr,
                                    &definition, nullptr))) {
         commonLog.Failure(function, "Failed GetObject for class: " + event.className);
         return windows::Hr(WBEM_E_FAILED);
     }
-    ComPtr<IWbemClassObject> instance;
-    const HRESULT spawned = definition->SpawnInstance(0, &instance);
+    const HRESULT spawned = definition->SpawnInstance(0, &indication);
     if (FAILED(spawned)) {
         return spawned;
     }
@@ -71,12 +78,12 @@ HRESULT EventDelivery::SendIndication(InstanceRecord event) const {
     }
     std::erase_if(event.properties,
                   [](const PropertyEntry& property) { return property.name == "EventID"; });
-    const HRESULT filled = FillCommon(*instance.Get(), namespacePrefix, eventId);
+    const HRESULT filled = FillCommon(*indication.Get(), namespacePrefix, eventId);
     if (FAILED(filled)) {
         return filled;
     }
-    windows::FillInstance(*instance.Get(), event, namespacePrefix);
-    return sink->Indicate(1, instance.GetAddressOf());
+    windows::FillInstance(*indication.Get(), event, namespacePrefix);
+    return sink->Indicate(1, indication.GetAddressOf());
 }
 
 }  // namespace qv::provider

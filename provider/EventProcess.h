@@ -16,7 +16,7 @@ CSATAHBA_EVENTS& ProcessMonitor();
 
 /// Guards what the monitor's threads read of the provider objects. Held for a few copies at a time;
 /// a std::mutex, which is locked for ever when a thread dies inside it, does because whoever ends
-/// such a thread holds it meanwhile.
+/// such a thread holds it while it stops the thread.
 std::mutex& EventGuard();
 
 /// The log of the monitor.

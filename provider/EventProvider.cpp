@@ -20,12 +20,31 @@
 namespace qv::provider {
 namespace {
 
-/// Hands the monitor's events to the live provider object; without one they are dropped.
+using windows::ComPtr;
+
+/// Gives back what the calling thread was delivering with, when the guard is free again: that is
+/// code of somebody else.
+class DeliveryEnd {
+public:
+    DeliveryEnd() = default;
+    DeliveryEnd(const DeliveryEnd&) = delete;
+    DeliveryEnd& operator=(const DeliveryEnd&) = delete;
+    ~DeliveryEnd() {
+        EventDelivery over;
+        const std::lock_guard guard(EventGuard());
+        std::swap(over, MonitorThreads::InFlight());
+    }
+};
+
+/// Hands the monitor's events to the live provider object; without one, or when it was never
+/// initialised, they are dropped.
 class LiveReceiver : public EventReceiver {
 public:
     void Receive(const InstanceRecord& event) override try {
-        const EventDelivery delivery = CQVWMISATA_EventProv::LiveDelivery();
-        if (delivery.sink) {
+        EventDelivery& delivery = MonitorThreads::InFlight();
+        const DeliveryEnd end;
+        CQVWMISATA_EventProv::TakeLiveDelivery(delivery);
+        if (delivery.sink && delivery.services) {
             delivery.SendIndication(event);
         }
     } catch (const std::exception&) {
@@ -67,7 +86,7 @@ CQVWMISATA_EventProv::CQVWMISATA_EventProv() {
 CQVWMISATA_EventProv::~CQVWMISATA_EventProv() {
     commonLog.Plain("CQVWMISATA_EventProv::~CQVWMISATA_EventProv",
                     "CQVWMISATA_EventProv DLL is unloaded");
-    extendedStatus_.reset();
+    definitions_.extendedStatus.reset();
     // The object is whole until its threads are gone: they may be delivering.
     ProcessMonitor().LogThreadExit();
     threads_.EndAll();
@@ -79,13 +98,20 @@ CQVWMISATA_EventProv::~CQVWMISATA_EventProv() {
     *link = older_;
 }
 
-EventDelivery CQVWMISATA_EventProv::LiveDelivery() {
+void CQVWMISATA_EventProv::TakeLiveDelivery(EventDelivery& taken) {
     const std::lock_guard guard(EventGuard());
     const CQVWMISATA_EventProv* provider = newest_;
     while (provider != nullptr && !provider->delivery_.sink) {
         provider = provider->older_;
     }
-    return provider == nullptr ? EventDelivery() : provider->delivery_;
+    if (provider != nullptr) {
+        taken = provider->delivery_;
+    }
+}
+
+void CQVWMISATA_EventProv::KeepSink(ComPtr<IWbemObjectSink> sink) {
+    const std::lock_guard guard(EventGuard());
+    delivery_.sink.Swap(sink);
 }
 
 HRESULT CQVWMISATA_EventProv::AccessCheck(WBEM_CWSTR, WBEM_CWSTR, long, const BYTE*) {
@@ -104,16 +130,23 @@ HRESULT CQVWMISATA_EventProv::Initialize(LPWSTR, LONG, LPWSTR nameSpace, LPWSTR,
         commonLog.Failure(initializeName, "INVALID PARAMETER");
         return windows::Hr(WBEM_E_INVALID_PARAMETER);
     }
-    Keep(&EventDelivery::services, services);
-    const HRESULT fetched = FetchDefinitions(*services, context);
+    // The object changes when all of it is there.
+    ComPtr<IWbemServices> kept(services);
+    Definitions definitions;
+    const HRESULT fetched = FetchDefinitions(*services, context, definitions);
     if (FAILED(fetched)) {
         return fetched;
     }
-    Keep(&EventDelivery::namespacePrefix,
-         BuildNamespacePrefix(windows::WmiQueryPort(),
-                              nameSpace == nullptr ? std::string() : windows::ToNarrow(nameSpace),
-                              {}));
+    // The namespace's name, unlike the server's, goes through the ANSI code page, on purpose.
+    const std::string narrow = nameSpace == nullptr ? std::string() : windows::ToNarrow(nameSpace);
+    auto prefix = BuildNamespacePrefix(windows::WmiQueryPort(), windows::ToWide(narrow), {});
     TakeRefreshTimeout();
+    std::swap(definitions_, definitions);
+    {
+        const std::lock_guard guard(EventGuard());
+        delivery_.services.Swap(kept);
+        delivery_.namespacePrefix.swap(prefix);
+    }
     ProcessMonitorLog().Attach(legacyLog_, static_cast<int>(commonLog.Level()));
     commonLog.Plain(initializeName, "Leaving Initialize.");
     return initSink->SetStatus(WBEM_S_INITIALIZED, 0);
@@ -122,20 +155,20 @@ HRESULT CQVWMISATA_EventProv::Initialize(LPWSTR, LONG, LPWSTR nameSpace, LPWSTR,
 }
 
 /// The indication class and what belongs to the extended status, in this order.
-HRESULT CQVWMISATA_EventProv::FetchDefinitions(IWbemServices& services, IWbemContext* context) {
+HRESULT CQVWMISATA_EventProv::FetchDefinitions(IWbemServices& services, IWbemContext* context,
+                                               Definitions& fetched) {
     windows::Bstr name;
     *name.Receive() = SysAllocString(L"QV_SATADeviceIndication");
     if (name.Get() == nullptr) {
         return windows::Hr(WBEM_E_OUT_OF_MEMORY);
     }
-    const HRESULT fetched =
-        services.GetObject(name.Get(), 0, context, definition_.ReleaseAndGetAddressOf(), nullptr);
-    if (FAILED(fetched)) {
-        commonLog.Failure(initializeName, "FAILED - GetObject " + InHexadecimal(fetched));
-        return fetched;
+    const HRESULT result = services.GetObject(name.Get(), 0, context, &fetched.indication, nullptr);
+    if (FAILED(result)) {
+        commonLog.Failure(initializeName, "FAILED - GetObject " + InHexadecimal(result));
+        return result;
     }
-    extendedStatus_.reset(new (std::nothrow) ExtendedStatus(&services, context));
-    if (extendedStatus_ == nullptr) {
+    fetched.extendedStatus.reset(new (std::nothrow) ExtendedStatus(&services, context));
+    if (fetched.extendedStatus == nullptr) {
         commonLog.Failure(initializeName, "WBEM_E_OUT_OF_MEMORY");
         return windows::Hr(WBEM_E_OUT_OF_MEMORY);
     }
@@ -149,7 +182,7 @@ HRESULT CQVWMISATA_EventProv::ProvideEvents(IWbemObjectSink* sink, long) try {
         commonLog.Failure(function, "INVALID PARAMETER");
         return windows::Hr(WBEM_E_INVALID_PARAMETER);
     }
-    Keep(&EventDelivery::sink, sink);
+    KeepSink(sink);
     ProcessInventory().RefreshDiskInventoryIfStale(ProcessMonitor().Running());
     ProcessMonitor().RegisterReceiver(liveReceiver);
     threads_.StartOne();

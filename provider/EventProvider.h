@@ -5,12 +5,9 @@
 #include <windows.h>
 
 #include <memory>
-#include <mutex>
-#include <utility>
 
 #include "platform/windows/ComObject.h"
 #include "provider/EventDelivery.h"
-#include "provider/EventProcess.h"
 #include "provider/ExtendedStatus.h"
 #include "provider/Module.h"
 #include "provider/MonitorThread.h"
@@ -23,8 +20,8 @@ namespace qv::provider {
 /// monitor (CSATAHBA_EVENTS) for each time it is asked. What the monitor raises, on whichever
 /// thread, is delivered by the live provider object: the one made last of those that were asked
 /// for events and still exist. Initialize comes first; then the service may call any operation on
-/// any of its threads. A sink does not release the last reference inside Indicate: the thread that
-/// delivers would have to end itself.
+/// any of its threads. The last reference may be given back on any thread, inside a delivery too;
+/// the threads of the object end with it (MonitorThreads).
 class CQVWMISATA_EventProv
     : public windows::ComObject<IWbemEventProviderSecurity, IWbemProviderInit, IWbemEventProvider> {
 public:
@@ -41,22 +38,23 @@ public:
     /// Each call starts one more thread, on purpose.
     STDMETHODIMP ProvideEvents(IWbemObjectSink* sink, long flags) override;
 
-    /// What it takes to deliver an event now; without a sink when no provider object can.
-    static EventDelivery LiveDelivery();
+    /// Copies what it takes to deliver an event now; leaves `taken`, which is empty, as it is when
+    /// no provider object can.
+    static void TakeLiveDelivery(EventDelivery& taken);
 
 private:
     ~CQVWMISATA_EventProv() override;
 
-    HRESULT FetchDefinitions(IWbemServices& services, IWbemContext* context);
+    struct Definitions {
+        windows::ComPtr<IWbemClassObject> indication;
+        std::unique_ptr<ExtendedStatus> extendedStatus;
+    };
 
-    /// Changes what is delivered with. What was there goes when the guard is free again: it is
-    /// released, which is code of somebody else.
-    template <typename Member, typename Value>
-    void Keep(Member EventDelivery::*member, Value&& value) {
-        Member kept(std::forward<Value>(value));
-        const std::lock_guard guard(EventGuard());
-        std::swap(delivery_.*member, kept);
-    }
+    HRESULT FetchDefinitions(IWbemServices& services, IWbemContext* context, Definitions& fetched);
+
+    /// Changes the sink. The former one goes when the guard is free again: that is code of somebody
+    /// else.
+    void KeepSink(windows::ComPtr<IWbemObjectSink> sink);
 
     ModuleReference module_;  // until all else is gone
 
@@ -66,8 +64,7 @@ private:
     CQVWMISATA_EventProv* older_ = nullptr;
     EventDelivery delivery_;
 
-    windows::ComPtr<IWbemClassObject> definition_;
-    std::unique_ptr<ExtendedStatus> extendedStatus_;
+    Definitions definitions_;
     std::shared_ptr<const LegacyLog> legacyLog_;
     MonitorThreads threads_;
 };

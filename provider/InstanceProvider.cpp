@@ -47,18 +47,22 @@ HRESULT CQVWMISATA_InstProv::Initialize(LPWSTR, LONG, LPWSTR nameSpace, LPWSTR,
     if (services == nullptr || initSink == nullptr) {
         return windows::Hr(WBEM_E_INVALID_PARAMETER);
     }
-    services_ = services;
+    // The object changes when all of it is there.
+    ComPtr<IClassFactory> pathParsers;
     if (FAILED(CoGetClassObject(windows::pathParserClassId, CLSCTX_INPROC_SERVER, nullptr,
-                                IID_PPV_ARGS(pathParsers_.ReleaseAndGetAddressOf())))) {
+                                IID_PPV_ARGS(&pathParsers)))) {
         return windows::Hr(WBEM_E_FAILED);
     }
-    support_ = new (std::nothrow) Support{services, context};
-    if (support_ == nullptr) {
+    std::unique_ptr<Support> support(new (std::nothrow) Support{services, context});
+    if (support == nullptr) {
         return windows::Hr(WBEM_E_OUT_OF_MEMORY);
     }
-    namespacePrefix_ = BuildNamespacePrefix(
-        windows::WmiQueryPort(),
-        nameSpace == nullptr ? std::string() : windows::ToNarrow(nameSpace), {});
+    auto prefix = BuildNamespacePrefix(
+        windows::WmiQueryPort(), nameSpace == nullptr ? std::wstring_view() : nameSpace, {});
+    services_ = services;
+    pathParsers_.Swap(pathParsers);
+    support_ = support.release();
+    namespacePrefix_.swap(prefix);
     ProcessQueryLog().Attach(legacyLog_, static_cast<int>(commonLog.Level()));
     commonLog.Plain(function, "Leaving Initialize");
     return initSink->SetStatus(WBEM_S_INITIALIZED, 0);

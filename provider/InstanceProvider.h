@@ -29,7 +29,8 @@ public:
     /// Keeps the namespace's services and its name for the requests to come; the other arguments
     /// but the context are not looked at. Impersonates. Gives WBEM_E_INVALID_PARAMETER without
     /// services too, WBEM_E_FAILED when the system has no path parser, WBEM_E_OUT_OF_MEMORY, or
-    /// what the sink answers to WBEM_S_INITIALIZED; the sink hears of success only.
+    /// what the sink answers to WBEM_S_INITIALIZED; the sink hears of success only. One that fails
+    /// changes nothing.
     STDMETHODIMP Initialize(LPWSTR user, LONG flags, LPWSTR nameSpace, LPWSTR locale,
                             IWbemServices* services, IWbemContext* context,
                             IWbemProviderInitSink* initSink) override;
@@ -72,8 +73,8 @@ private:
     struct Support;
     /// What the initialisation came with; outlives this object, on purpose.
     Support* support_ = nullptr;
-    /// \\server\namespace: in the ANSI code page, before every reference.
-    std::string namespacePrefix_;
+    /// \\server\namespace:, before every reference.
+    std::wstring namespacePrefix_;
 };
 
 }  // namespace qv::provider

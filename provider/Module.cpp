@@ -30,6 +30,17 @@ ModuleReference::~ModuleReference() {
     --uses;
 }
 
+LibraryUse::LibraryUse() {
+    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
+                       reinterpret_cast<LPCWSTR>(ModuleInstance()), &mapped_);
+}
+
+LibraryUse::~LibraryUse() {
+    if (mapped_ != nullptr) {
+        FreeLibrary(mapped_);
+    }
+}
+
 void LockModule(bool lock) {
     uses += lock ? 1 : -1;
 }

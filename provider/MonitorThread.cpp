@@ -4,19 +4,23 @@
 #include <objbase.h>
 
 #include <algorithm>
+#include <atomic>
 #include <exception>
 #include <mutex>
 #include <utility>
 
+#include "platform/windows/Handle.h"
+#include "provider/EventDelivery.h"
 #include "provider/EventProcess.h"
+#include "provider/Module.h"
 
 namespace qv::provider {
 namespace {
 
 constexpr DWORD pause = static_cast<DWORD>(CSATAHBA_EVENTS::interval.count());
 
-/// How long, in milliseconds, the locks stay held for threads that take their time to end.
-constexpr DWORD usualEnd = 1000;
+/// How long, in milliseconds, the end of all threads is waited for.
+constexpr DWORD longestEnd = 5000;
 
 /// How long, in milliseconds, a thread in a cycle is given to come to rest, and how often that is
 /// looked at.
@@ -70,11 +74,53 @@ private:
     bool held_;
 };
 
+/// Stops a thread. The request alone lets it run on for a moment; its registers can be read only
+/// when it has stopped.
+void Stop(HANDLE thread) {
+    SuspendThread(thread);
+    CONTEXT registers{};
+    registers.ContextFlags = CONTEXT_CONTROL;
+    GetThreadContext(thread, &registers);
+}
+
+/// A pointer of each thread's own. Unlike a thread_local variable it takes no memory, and no lock
+/// that an ended thread could leave locked.
+class ThreadPointer {
+public:
+    ThreadPointer() : index_(TlsAlloc()) {}
+    ThreadPointer(const ThreadPointer&) = delete;
+    ThreadPointer& operator=(const ThreadPointer&) = delete;
+    ~ThreadPointer() { TlsFree(index_); }
+
+    /// False when the system has no room for it.
+    bool Set(void* value) const { return TlsSetValue(index_, value) != FALSE; }
+    /// Null until the thread sets it.
+    void* Get() const { return TlsGetValue(index_); }
+
+private:
+    DWORD index_;
+};
+
+const ThreadPointer ownThread;
+
 }  // namespace
 
-DWORD WINAPI MonitorThreads::Run(void* thread) {
-    std::atomic<bool>& resting = static_cast<Thread*>(thread)->resting;
-    // Never undone: the thread does not end by itself.
+struct MonitorThreads::Thread {
+    LibraryUse library;
+    windows::KernelHandle handle;
+    std::atomic<bool> resting = false;  ///< between two cycles
+    bool leaving = false;               ///< nobody ends it, the record is its own
+    EventDelivery inFlight;
+};
+
+MonitorThreads::MonitorThreads() = default;
+MonitorThreads::~MonitorThreads() = default;
+
+DWORD WINAPI MonitorThreads::Run(void* parameter) {
+    auto* const thread = static_cast<Thread*>(parameter);
+    if (!ownThread.Set(thread)) {
+        return 0;  // as if the system had refused it
+    }
     CoInitializeEx(nullptr, COINIT_MULTITHREADED);
     for (;;) {
         try {
@@ -82,10 +128,18 @@ DWORD WINAPI MonitorThreads::Run(void* thread) {
         } catch (const std::exception&) {
             // Without memory the cycle is cut short; the next one begins anew.
         }
-        resting = true;
+        if (thread->leaving) {
+            break;
+        }
+        thread->resting = true;
         Sleep(pause);
-        resting = false;
+        thread->resting = false;
     }
+    CoUninitialize();
+    std::unique_ptr<Thread> own(thread);
+    const HMODULE mapped = own->library.Detach();
+    own.reset();
+    FreeLibraryAndExitThread(mapped, 0);
 }
 
 void MonitorThreads::StartOne() {
@@ -100,25 +154,28 @@ void MonitorThreads::StartOne() {
 }
 
 void MonitorThreads::EndAll() noexcept {
+    LetOwnThreadGo();
     AwaitRest();
-    {
-        // From the outside in: who has one of these locks may want a later one, never an earlier.
-        const auto inventory = ProcessInventory().HoldMembers();
-        const std::lock_guard guard(EventGuard());
-        const HeldLoader loader;
-        const HeldHeap processHeap(GetProcessHeap());
-        const HeldHeap runtimeHeap(reinterpret_cast<HANDLE>(_get_heap_handle()));
-        // The end of one hands the inventory's named lock to another: none may go on by then.
-        for (const auto& thread : threads_) {
-            SuspendThread(thread->handle.Get());
-        }
-        for (const auto& thread : threads_) {
-            TerminateThread(thread->handle.Get(), 0);
-        }
-        WaitForEnd(usualEnd);
+    // The end of one hands the inventory's named lock to another: none may go on by then.
+    StopAll();
+    for (const auto& thread : threads_) {
+        TerminateThread(thread->handle.Get(), 0);
     }
-    WaitForEnd(INFINITE);
-    threads_.clear();
+    ForgetEnded();
+}
+
+EventDelivery& MonitorThreads::InFlight() {
+    return static_cast<Thread*>(ownThread.Get())->inFlight;
+}
+
+/// Called inside a pass of the own thread, which leaves at its end.
+void MonitorThreads::LetOwnThreadGo() noexcept {
+    const auto own = std::ranges::find(threads_, ownThread.Get(),
+                                       [](const auto& thread) -> void* { return thread.get(); });
+    if (own != threads_.end()) {
+        own->release()->leaving = true;
+        threads_.erase(own);
+    }
 }
 
 /// A thread that leaves its rest meanwhile comes as far as the lock of the inventory.
@@ -130,10 +187,29 @@ void MonitorThreads::AwaitRest() const {
     }
 }
 
-void MonitorThreads::WaitForEnd(DWORD limit) const {
+void MonitorThreads::StopAll() const {
+    // From the outside in: who has one of these locks may want a later one, never an earlier.
+    const auto inventory = ProcessInventory().HoldMembers();
+    const std::lock_guard guard(EventGuard());
+    const HeldLoader loader;
+    const HeldHeap processHeap(GetProcessHeap());
+    const HeldHeap runtimeHeap(reinterpret_cast<HANDLE>(_get_heap_handle()));
     for (const auto& thread : threads_) {
-        WaitForSingleObject(thread->handle.Get(), limit);
+        Stop(thread->handle.Get());
     }
+}
+
+/// Keeps the records of threads that do not end for the rest of the process.
+void MonitorThreads::ForgetEnded() noexcept {
+    const ULONGLONG deadline = GetTickCount64() + longestEnd;
+    for (auto& thread : threads_) {
+        const ULONGLONG now = std::min(GetTickCount64(), deadline);
+        if (WaitForSingleObject(thread->handle.Get(), static_cast<DWORD>(deadline - now)) !=
+            WAIT_OBJECT_0) {
+            static_cast<void>(thread.release());
+        }
+    }
+    threads_.clear();
 }
 
 }  // namespace qv::provider

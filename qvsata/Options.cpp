@@ -59,6 +59,10 @@ void AddSourceOptions(CLI::App& command, Options& options) {
         .add_option("--mof", options.mofFolder,
                     "folder of the class definitions (default: beside this program)")
         ->type_name("DIR");
+    command
+        .add_option("--installed", options.installedMof,
+                    "MOF of classes that the namespace has already, to try an installation on")
+        ->type_name("FILE");
 }
 
 }  // namespace qv::tool

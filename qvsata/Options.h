@@ -17,8 +17,9 @@ struct Options {
     std::string host;                     ///< file of a recorded host; empty without --host
     std::vector<std::string> laterHosts;  ///< files of what the recorded host becomes, in order
     bool live = false;
-    std::string library;    ///< empty: beside this program
-    std::string mofFolder;  ///< empty: beside this program
+    std::string library;                    ///< empty: beside this program
+    std::string mofFolder;                  ///< empty: beside this program
+    std::vector<std::string> installedMof;  ///< files of classes that the namespace has already
     bool registered = false;
     Format format = Format::text;
 };

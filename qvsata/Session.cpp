@@ -2,20 +2,18 @@
 
 #include <windows.h>
 
-#include <array>
+#include <algorithm>
 #include <filesystem>
+#include <iterator>
 
 #include "platform/windows/Text.h"
+#include "qvsata/service/ShippedMof.h"
 #include "qvsata/service/com/StatusText.h"
 
 namespace qv::tool {
 namespace {
 
 using std::filesystem::path;
-
-// In the order in which they build on each other; the registration is what a real management
-// service needs besides.
-constexpr std::array<const wchar_t*, 2> mofFiles{L"cim_schema.mof", L"qvwmisata.mof"};
 
 path FromUtf8(const std::string& text) {
     return windows::ToWide(text, CP_UTF8);
@@ -59,8 +57,9 @@ std::unique_ptr<service::ManagementHost> StartSession(const Options& options) {
         host.recorded = ReadHost(options.host);
         host.laterRecordings = ReadLaterHosts(options, *host.recorded);
     }
+    std::ranges::transform(options.installedMof, std::back_inserter(host.mofFiles), FromUtf8);
     const path mofFolder = options.mofFolder.empty() ? here : FromUtf8(options.mofFolder);
-    for (const wchar_t* file : mofFiles) {
+    for (const std::string_view file : service::shippedClassFiles) {
         host.mofFiles.push_back(mofFolder / file);
     }
     host.library = options.library.empty() ? here / L"QVWMISATA.dll" : FromUtf8(options.library);

@@ -38,17 +38,12 @@ std::string ToUpper(std::string text) {
     return text;
 }
 
-std::string SystemName(const platform::HostFacts& host) {
-    std::string name;
-    return GetHostName(host, name) == 0 ? name : "Not Available";
-}
-
 DiskRecord DescribeDisk(const platform::Row& disk, const std::string& upperDeviceId,
                         const platform::HostFacts& host) {
     DiskRecord record;
     record.deviceId = EncodeDeviceId(upperDeviceId);
     record.status = TextOrEmpty(disk, "Status");
-    record.systemName = SystemName(host);
+    record.systemName = HostName(host).value_or("Not Available");
     record.systemCreationClassName = GetComputerSystemClassName();
     record.creationClassName = "QV_SATADiskDrive";
     record.caption = TextOrEmpty(disk, "Caption");
@@ -83,14 +78,13 @@ DiskInventory::DiskInventory(const platform::QueryPort& queries, const platform:
       lastRefresh_(clock.SecondsSince1970()) {}
 
 bool DiskInventory::RebuildDiskInventory() {
-    using platform::QueryResult;
     platform::Rows disks;
     platform::Rows predictionRows;
-    const QueryResult diskQuery =
+    const Status diskQuery =
         queries_.RunWqlQuery("root\\CIMv2", "SELECT * FROM Win32_DiskDrive", disks);
-    const QueryResult predictionQuery = queries_.RunWqlQuery(
+    const Status predictionQuery = queries_.RunWqlQuery(
         "root\\wmi", "SELECT * FROM MSStorageDriver_FailurePredictStatus", predictionRows);
-    if (diskQuery == QueryResult::failed || predictionQuery == QueryResult::failed) {
+    if (!Succeeded(diskQuery) || !Succeeded(predictionQuery)) {
         return false;
     }
     const FailurePredictList predictions = DescribePredictions(predictionRows);

@@ -88,7 +88,8 @@ public:
     std::uint32_t RefreshTimeout() const;
 
     /// Holds the members as they are while the result lives. Who ends a thread by force holds them
-    /// meanwhile: the thread then neither has the object's lock nor leaves a list half changed.
+    /// while it stops the thread: that then neither has the object's lock nor leaves a list half
+    /// changed.
     std::unique_lock<std::mutex> HoldMembers() const { return std::unique_lock(members_); }
 
 private:

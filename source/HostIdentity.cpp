@@ -2,15 +2,12 @@
 
 #include <utility>
 
-#include "source/PropertyReaders.h"
-
 namespace qv {
 namespace {
 
 constexpr std::string_view computerSystemClass = "QV_WinComputerSystem";
 
-platform::QueryResult FindComputerSystemClass(const platform::QueryPort& queries,
-                                              platform::Rows& definitions) {
+Status FindComputerSystemClass(const platform::QueryPort& queries, platform::Rows& definitions) {
     return queries.RunWqlQuery("root\\QVQ",
                                R"(SELECT * FROM meta_class WHERE __CLASS = "QV_WinComputerSystem")",
                                definitions);
@@ -22,7 +19,7 @@ std::string_view GetComputerSystemClassName() {
     return computerSystemClass;
 }
 
-std::uint32_t GetHostName(const platform::HostFacts& host, std::string& name) {
+std::uint32_t GetHostName(const platform::HostFacts& host, std::wstring& name) {
     using platform::NameFormat;
     std::uint32_t error = 0;
     for (const NameFormat format :
@@ -37,33 +34,39 @@ std::uint32_t GetHostName(const platform::HostFacts& host, std::string& name) {
     return error;
 }
 
-std::string BuildNamespacePrefix(const platform::QueryPort& queries, std::string_view nameSpace,
-                                 std::string_view className) {
+std::optional<std::string> HostName(const platform::HostFacts& host) {
+    std::wstring name;
+    return GetHostName(host, name) == 0 ? std::optional(host.ToNarrow(name)) : std::nullopt;
+}
+
+std::wstring BuildNamespacePrefix(const platform::QueryPort& queries, std::wstring_view nameSpace,
+                                  std::wstring_view className) {
     platform::Rows definitions;
-    std::string prefix = "\\\\";
-    if (FindComputerSystemClass(queries, definitions) == platform::QueryResult::submitted &&
-        !definitions.empty()) {
-        prefix += TextOrEmpty(*definitions.front(), "__SERVER");
+    std::wstring server;
+    if (Succeeded(FindComputerSystemClass(queries, definitions)) && !definitions.empty()) {
+        definitions.front()->GetWideText("__SERVER", server);
     }
-    prefix.append("\\").append(nameSpace).append(":").append(className);
+    std::wstring prefix = L"\\\\";
+    prefix.append(server).append(L"\\").append(nameSpace).append(L":").append(className);
     return prefix;
 }
 
 Status BuildComputerSystemPath(const platform::QueryPort& queries, const platform::HostFacts& host,
-                               std::string& path) {
+                               std::wstring& path) {
     platform::Rows definitions;
-    if (FindComputerSystemClass(queries, definitions) == platform::QueryResult::failed ||
-        definitions.size() != 1) {
+    const Status found = FindComputerSystemClass(queries, definitions);
+    if (!Succeeded(found)) {
+        return found;
+    }
+    std::wstring name;
+    if (definitions.size() != 1 || GetHostName(host, name) != 0) {
         return Status::failed;
     }
-    const std::string classPath = TextOrEmpty(*definitions.front(), "__PATH");
-    std::string name;
-    if (GetHostName(host, name) != 0) {
-        return Status::failed;
-    }
-    path = classPath;
-    path.append(".CreationClassName=\"").append(computerSystemClass).append("\",Name=\"");
-    path.append(name).append("\"");
+    std::wstring classPath;
+    definitions.front()->GetWideText("__PATH", classPath);
+    path = classPath.append(L".CreationClassName=\"");
+    path.append(computerSystemClass.begin(), computerSystemClass.end());
+    path.append(L"\",Name=\"").append(name).append(L"\"");
     return Status::noError;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -15,18 +16,21 @@ std::string_view GetComputerSystemClassName();
 
 /// The host's name: the fully qualified DNS name, else the DNS host name, else the NetBIOS name.
 /// Returns 0, or the system error code of the last attempt and leaves `name` as it was.
-std::uint32_t GetHostName(const platform::HostFacts& host, std::string& name);
+std::uint32_t GetHostName(const platform::HostFacts& host, std::wstring& name);
+
+/// The host's name as records hold it, in narrow text; nothing when the system gives none.
+std::optional<std::string> HostName(const platform::HostFacts& host);
 
 /// The text \\server\namespace:class, with the server that the definition of the computer system
 /// class in root\QVQ names (its __SERVER). Without that definition the server is empty, so that
 /// the text begins with three backslashes.
-std::string BuildNamespacePrefix(const platform::QueryPort& queries, std::string_view nameSpace,
-                                 std::string_view className);
+std::wstring BuildNamespacePrefix(const platform::QueryPort& queries, std::wstring_view nameSpace,
+                                  std::wstring_view className);
 
 /// The full object path of the host computer system, from the __PATH of its class definition in
-/// root\QVQ and the host name. Fails with Status::failed when there is not exactly one definition
-/// or no host name; `path` then stays as it was.
+/// root\QVQ and the host name. Returns the status of the look-up when that fails, Status::failed
+/// when there is not exactly one definition or no host name; `path` then stays as it was.
 Status BuildComputerSystemPath(const platform::QueryPort& queries, const platform::HostFacts& host,
-                               std::string& path);
+                               std::wstring& path);
 
 }  // namespace qv

@@ -1,21 +1,29 @@
 #include "source/LoggedQueryPort.h"
 
+#include <new>
 #include <string>
 
 namespace qv {
 
-platform::QueryResult LoggedQueryPort::RunWqlQuery(std::string_view nameSpace,
-                                                   std::string_view query,
-                                                   platform::Rows& rows) const {
+Status LoggedQueryPort::RunWqlQuery(std::string_view nameSpace, std::string_view query,
+                                    platform::Rows& rows) const {
+    const Status result = queries_.RunWqlQuery(nameSpace, query, rows);
+    if (!Succeeded(result)) {
+        LogFailure(nameSpace, query);
+    }
+    return result;
+}
+
+void LoggedQueryPort::LogFailure(std::string_view nameSpace, std::string_view query) const try {
     constexpr int lineLevel = 2;
     constexpr int highestLevel = 3;
-    const platform::QueryResult result = queries_.RunWqlQuery(nameSpace, query, rows);
-    if (result == platform::QueryResult::failed && log_.Level() <= highestLevel) {
+    if (log_.Level() <= highestLevel) {
         std::string line = "LoggedQueryPort::RunWqlQuery| failed in ";
         line.append(nameSpace).append(": ").append(query);
         log_.Write(lineLevel, line);
     }
-    return result;
+} catch (const std::bad_alloc&) {
+    // The query's own status says more than a line that could not be made.
 }
 
 }  // namespace qv

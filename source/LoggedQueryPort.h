@@ -9,17 +9,19 @@ namespace qv {
 /// depends on it is published as empty, and nothing else tells an empty machine from a broken one.
 ///
 /// The line is "LoggedQueryPort::RunWqlQuery| failed in <namespace>: <query>", at level 2, while
-/// the log's level is 3 or lower.
+/// the log's level is 3 or lower. A line that there is no memory for is lost.
 class LoggedQueryPort : public platform::QueryPort {
 public:
     /// Both outlive this object.
     LoggedQueryPort(const platform::QueryPort& queries, platform::LogPort& log)
         : queries_(queries), log_(log) {}
 
-    platform::QueryResult RunWqlQuery(std::string_view nameSpace, std::string_view query,
-                                      platform::Rows& rows) const override;
+    Status RunWqlQuery(std::string_view nameSpace, std::string_view query,
+                       platform::Rows& rows) const override;
 
 private:
+    void LogFailure(std::string_view nameSpace, std::string_view query) const;
+
     const platform::QueryPort& queries_;
     platform::LogPort& log_;
 };

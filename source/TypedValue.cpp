@@ -18,7 +18,7 @@ std::int32_t ToInt32(const std::string& text) {
 
 }  // namespace
 
-bool ToTypedValue(const PropertyEntry& entry, std::string_view namespacePrefix, TypedValue& value) {
+bool ToTypedValue(const PropertyEntry& entry, TypedValue& value) {
     switch (entry.type) {
         case PropertyType::untyped:
         case PropertyType::text:
@@ -36,7 +36,7 @@ bool ToTypedValue(const PropertyEntry& entry, std::string_view namespacePrefix, 
             value = EqualsIgnoringCase(entry.value, "TRUE");
             return true;
         case PropertyType::reference:
-            value = std::string(namespacePrefix) + entry.value;
+            value = Reference{entry.value};
             return true;
         case PropertyType::stringArray:
         case PropertyType::textArray: {

@@ -1,5 +1,7 @@
 #include "platform/windows/FillInstance.h"
 
+#include <string>
+#include <type_traits>
 #include <vector>
 
 #include "platform/windows/Bstr.h"
@@ -24,14 +26,18 @@ SAFEARRAY* MakeArray(VARTYPE elementType, std::size_t count, VARIANT& out) {
     return array;
 }
 
+void StoreText(std::wstring_view text, VARIANT& out) {
+    V_BSTR(&out) = Bstr(text).Detach();
+    V_VT(&out) = VT_BSTR;
+}
+
 // One overload for each published type; `out` is empty.
 void Store(std::monostate, VARIANT& out) {
     V_VT(&out) = VT_NULL;
 }
 
 void Store(const std::string& text, VARIANT& out) {
-    V_BSTR(&out) = Bstr(ToWide(text)).Detach();
-    V_VT(&out) = VT_BSTR;
+    StoreText(ToWide(text), out);
 }
 
 void Store(std::uint8_t number, VARIANT& out) {
@@ -69,17 +75,26 @@ void Store(const std::vector<std::int32_t>& numbers, VARIANT& out) {
 
 }  // namespace
 
-HRESULT ToVariant(const PropertyEntry& entry, std::string_view namespacePrefix, Variant& value) {
+HRESULT ToVariant(const PropertyEntry& entry, std::wstring_view namespacePrefix, Variant& value) {
     TypedValue typed;
-    if (!ToTypedValue(entry, namespacePrefix, typed)) {
+    if (!ToTypedValue(entry, typed)) {
         return Hr(WBEM_E_INVALID_CIM_TYPE);
     }
-    std::visit([&value](const auto& held) { Store(held, *value.Receive()); }, typed);
+    VARIANT& out = *value.Receive();
+    std::visit(
+        [namespacePrefix, &out](const auto& held) {
+            if constexpr (std::is_same_v<std::decay_t<decltype(held)>, Reference>) {
+                StoreText(std::wstring(namespacePrefix).append(ToWide(held.path)), out);
+            } else {
+                Store(held, out);
+            }
+        },
+        typed);
     return Hr(WBEM_S_NO_ERROR);
 }
 
 HRESULT FillInstance(IWbemClassObject& instance, const InstanceRecord& record,
-                     std::string_view namespacePrefix) {
+                     std::wstring_view namespacePrefix) {
     for (const PropertyEntry& entry : record.properties) {
         const Bstr name(ToWide(entry.name));
         Variant value;

@@ -4,6 +4,7 @@
 
 #include <new>
 #include <string>
+#include <utility>
 
 #include "platform/windows/Text.h"
 
@@ -38,9 +39,13 @@ platform::ComputerName WindowsHostFacts::NameInFormat(platform::NameFormat forma
         return {GetLastError(), {}};
     }
     name.resize(length);
-    return {0, ToNarrow(name)};
+    return {0, std::move(name)};
 } catch (const std::bad_alloc&) {
     return {ERROR_NOT_ENOUGH_MEMORY, {}};
+}
+
+std::string WindowsHostFacts::ToNarrow(std::wstring_view text) const {
+    return windows::ToNarrow(text);
 }
 
 }  // namespace qv::windows

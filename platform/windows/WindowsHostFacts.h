@@ -8,6 +8,7 @@ namespace qv::windows {
 class WindowsHostFacts : public platform::HostFacts {
 public:
     platform::ComputerName NameInFormat(platform::NameFormat format) const override;
+    std::string ToNarrow(std::wstring_view text) const override;
 };
 
 }  // namespace qv::windows

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <new>
 #include <utility>
 
 #include "platform/windows/Bstr.h"
@@ -19,18 +20,20 @@ namespace {
 constexpr long batchTimeout = 2000;  // milliseconds
 constexpr ULONG batchSize = 10;
 
-ComPtr<IWbemServices> Connect(std::string_view nameSpace) {
+HRESULT Connect(std::string_view nameSpace, ComPtr<IWbemServices>& services) {
     ComPtr<IWbemLocator> locator;
-    if (FAILED(CoCreateInstance(CLSID_WbemAdministrativeLocator, nullptr, CLSCTX_INPROC_SERVER,
-                                IID_PPV_ARGS(&locator)))) {
-        return nullptr;
-    }
-    ComPtr<IWbemServices> services;
-    if (FAILED(locator->ConnectServer(Bstr(ToWide(nameSpace)).Get(), nullptr, nullptr, nullptr, 0,
-                                      nullptr, nullptr, &services))) {
-        return nullptr;
-    }
-    return services;
+    const HRESULT created = CoCreateInstance(CLSID_WbemAdministrativeLocator, nullptr,
+                                             CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&locator));
+    return FAILED(created) ? created
+                           : locator->ConnectServer(Bstr(ToWide(nameSpace)).Get(), nullptr, nullptr,
+                                                    nullptr, 0, nullptr, nullptr, &services);
+}
+
+HRESULT Submit(IWbemServices& services, std::string_view query,
+               ComPtr<IEnumWbemClassObject>& results) {
+    return services.ExecQuery(Bstr(L"WQL").Get(), Bstr(ToWide(query)).Get(),
+                              WBEM_FLAG_RETURN_IMMEDIATELY | WBEM_FLAG_FORWARD_ONLY, nullptr,
+                              &results);
 }
 
 // A failure ends the reading and what was read counts; a time-out does not: a slow source is
@@ -59,21 +62,27 @@ void ReadAll(IEnumWbemClassObject& results, platform::Rows& rows) {
 
 }  // namespace
 
-platform::QueryResult WmiQueryPort::RunWqlQuery(std::string_view nameSpace, std::string_view query,
-                                                platform::Rows& rows) const {
+Status WmiQueryPort::RunWqlQuery(std::string_view nameSpace, std::string_view query,
+                                 platform::Rows& rows) const try {
     rows.clear();
-    const ComPtr<IWbemServices> services = Connect(nameSpace);
-    if (!services) {
-        return platform::QueryResult::failed;
-    }
+    ComPtr<IWbemServices> services;
     ComPtr<IEnumWbemClassObject> results;
-    if (FAILED(services->ExecQuery(Bstr(L"WQL").Get(), Bstr(ToWide(query)).Get(),
-                                   WBEM_FLAG_RETURN_IMMEDIATELY | WBEM_FLAG_FORWARD_ONLY, nullptr,
-                                   &results))) {
-        return platform::QueryResult::failed;
+    HRESULT status = Connect(nameSpace, services);
+    if (SUCCEEDED(status)) {
+        status = Submit(*services.Get(), query, results);
+    }
+    if (FAILED(status)) {
+        return static_cast<Status>(status);
     }
     ReadAll(*results.Get(), rows);
-    return platform::QueryResult::submitted;
+    return Status::noError;
+} catch (const RequestError& error) {
+    rows.clear();
+    return error.status();
+} catch (const std::bad_alloc&) {
+    // A list that is cut short would pass for the whole: to the monitor, for disks that are gone.
+    rows.clear();
+    return Status::outOfMemory;
 }
 
 }  // namespace qv::windows

@@ -9,8 +9,8 @@ namespace qv::windows {
 /// calling thread is initialised for COM.
 class WmiQueryPort : public platform::QueryPort {
 public:
-    platform::QueryResult RunWqlQuery(std::string_view nameSpace, std::string_view query,
-                                      platform::Rows& rows) const override;
+    Status RunWqlQuery(std::string_view nameSpace, std::string_view query,
+                       platform::Rows& rows) const override;
 };
 
 }  // namespace qv::windows

@@ -6,7 +6,6 @@
 
 #include "platform/windows/Bstr.h"
 #include "platform/windows/Text.h"
-#include "platform/windows/Variant.h"
 
 namespace qv::windows {
 namespace {
@@ -109,14 +108,32 @@ platform::Value ToValue(const VARIANT& variant) {
     }
 }
 
-platform::PropertyRead WmiRow::Get(std::string_view name) const {
-    Variant value;
+Status WmiRow::Read(std::string_view name, Variant& value) const {
     const std::wstring wideName = ToWide(name);
     const HRESULT result = object_->Get(wideName.c_str(), 0, value.Receive(), nullptr, nullptr);
-    if (FAILED(result)) {
-        return {static_cast<Status>(result), {}};
+    return FAILED(result) ? static_cast<Status>(result) : Status::noError;
+}
+
+platform::PropertyRead WmiRow::Get(std::string_view name) const {
+    Variant value;
+    const Status status = Read(name, value);
+    if (!Succeeded(status)) {
+        return {status, {}};
     }
     return {Status::noError, ToValue(value.Get())};
+}
+
+Status WmiRow::GetWideText(std::string_view name, std::wstring& text) const {
+    Variant value;
+    const Status status = Read(name, value);
+    if (!Succeeded(status)) {
+        return status;
+    }
+    if (V_VT(&value.Get()) != VT_BSTR) {
+        return Status::failed;
+    }
+    text = Bstr::ViewOf(V_BSTR(&value.Get()));
+    return Status::noError;
 }
 
 }  // namespace qv::windows

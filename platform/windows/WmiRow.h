@@ -5,6 +5,7 @@
 
 #include "platform/Row.h"
 #include "platform/windows/ComObject.h"
+#include "platform/windows/Variant.h"
 
 namespace qv::windows {
 
@@ -18,8 +19,11 @@ public:
     explicit WmiRow(ComPtr<IWbemClassObject> object) : object_(std::move(object)) {}
 
     platform::PropertyRead Get(std::string_view name) const override;
+    Status GetWideText(std::string_view name, std::wstring& text) const override;
 
 private:
+    Status Read(std::string_view name, Variant& value) const;
+
     ComPtr<IWbemClassObject> object_;
 };
 

@@ -13,8 +13,9 @@ namespace qv::service {
 struct Qualifier {
     std::string name;
     CimValue value;
-    bool toSubclass = false;  ///< subclasses have it too, unless they state their own
-    bool toInstance = false;  ///< instances show it
+    bool toSubclass = false;      ///< subclasses have it too, unless they state their own
+    bool toInstance = false;      ///< instances show it
+    bool mayBeOverridden = true;  ///< subclasses may state another value of it
 };
 
 /// A property as a class declares it, or as ClassRepository::Properties resolves it.
@@ -35,6 +36,7 @@ struct ClassDefinition {
     std::string superclass;  ///< empty for a root class
     std::vector<Qualifier> qualifiers;
     std::vector<PropertyDefinition> properties;
+    bool hasMethods = false;  ///< methods themselves are not kept
 };
 
 /// An instance that is written in a MOF file, only with the properties it states. A value has the

@@ -85,6 +85,10 @@ void ClassRepository::Add(ClassDefinition definition) {
     classes_.push_back(std::move(definition));
 }
 
+void ClassRepository::Replace(ClassDefinition definition) {
+    classes_[index_.at(FoldCase(definition.name))] = std::move(definition);
+}
+
 void ClassRepository::Add(InstanceDefinition instance) {
     const std::string path = RelativePath(instance);
     if (!path.empty()) {
@@ -116,6 +120,12 @@ bool ClassRepository::RemoveClass(std::string_view className) {
         index_.emplace(FoldCase(classes_[position].name), position);
     }
     return true;
+}
+
+bool ClassRepository::HasInstance(std::string_view relativePath) const {
+    return std::ranges::any_of(instances_, [&](const InstanceDefinition& instance) {
+        return EqualsIgnoringCase(RelativePath(instance), relativePath);
+    });
 }
 
 bool ClassRepository::RemoveInstance(std::string_view relativePath) {

@@ -25,12 +25,19 @@ public:
     /// @throws std::invalid_argument when a class of that name is there or its superclass is not.
     void Add(ClassDefinition definition);
 
+    /// Puts a class in the place of the one of that name, which is there and not the management
+    /// service's own. What uses the class is not looked at.
+    void Replace(ClassDefinition definition);
+
     /// Adds an instance, in place of one of the same class and keys.
     void Add(InstanceDefinition instance);
 
     /// Removes a class with its subclasses and the instances of all of them; false when it is not
     /// there. The management service's own classes cannot be removed.
     bool RemoveClass(std::string_view className);
+
+    /// Whether there is an instance with that relative path.
+    bool HasInstance(std::string_view relativePath) const;
 
     /// Removes the instance with that relative path; false when it is not there.
     bool RemoveInstance(std::string_view relativePath);

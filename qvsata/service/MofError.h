@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "qvsata/service/MofStatus.h"
+
 namespace qv::service {
 
 /// A place in a MOF text, line and column (of bytes) counted from 1.
@@ -13,12 +15,18 @@ struct MofPosition {
     std::size_t column = 1;
 };
 
-/// What is wrong with a MOF file. what() is one line, `file:line:column: what is wrong`.
+/// What is wrong with a MOF file. what() is one line, `file:line:column: what is wrong`, followed
+/// by ` (name code)` where the documentation names the status that the real service or compiler
+/// ends with.
 class MofError : public std::runtime_error {
 public:
     MofError(std::string_view fileName, MofPosition position, const std::string& what)
         : std::runtime_error(std::string(fileName) + ':' + std::to_string(position.line) + ':' +
                              std::to_string(position.column) + ": " + what) {}
+
+    MofError(std::string_view fileName, MofPosition position, const std::string& what,
+             const MofStatus& status)
+        : MofError(fileName, position, what + " (" + ToText(status) + ')') {}
 };
 
 }  // namespace qv::service

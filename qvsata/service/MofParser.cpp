@@ -9,9 +9,22 @@
 namespace qv::service {
 namespace {
 
-constexpr std::array<std::string_view, 9> flavors{
-    "ToSubclass", "ToInstance",      "NotToSubclass", "NotToInstance", "EnableOverride",
-    "Restricted", "DisableOverride", "Amended",       "Translatable"};
+struct Flavor {
+    std::string_view name;
+    bool MofQualifier::*mark;  ///< null for a flavor that changes nothing
+};
+
+constexpr std::array flavors{
+    Flavor{"ToSubclass", &MofQualifier::toSubclass},
+    Flavor{"ToInstance", &MofQualifier::toInstance},
+    Flavor{"NotToSubclass", nullptr},
+    Flavor{"NotToInstance", nullptr},
+    Flavor{"EnableOverride", &MofQualifier::enableOverride},
+    Flavor{"DisableOverride", &MofQualifier::disableOverride},
+    Flavor{"Restricted", &MofQualifier::restricted},
+    Flavor{"Amended", nullptr},
+    Flavor{"Translatable", nullptr},
+};
 
 std::string InQuotes(std::string_view text) {
     std::string quoted(1, '\'');
@@ -57,7 +70,7 @@ public:
             if (TakeKeyword("class")) {
                 declarations.emplace_back(ParseClass(std::move(qualifiers)));
             } else if (TakeKeyword("instance")) {
-                declarations.emplace_back(ParseInstance());
+                declarations.emplace_back(ParseInstance(std::move(qualifiers)));
             } else {
                 Fail("declaration");
             }
@@ -184,13 +197,14 @@ private:
     }
 
     void ParseFlavor(MofQualifier& qualifier) {
-        const bool known = std::ranges::any_of(
-            flavors, [this](std::string_view flavor) { return IsKeyword(flavor); });
-        if (!known) {
+        const auto* const flavor = std::ranges::find_if(
+            flavors, [this](const Flavor& one) { return IsKeyword(one.name); });
+        if (flavor == flavors.end()) {
             Fail("flavor of a qualifier");
         }
-        qualifier.toSubclass = qualifier.toSubclass || IsKeyword("ToSubclass");
-        qualifier.toInstance = qualifier.toInstance || IsKeyword("ToInstance");
+        if (flavor->mark != nullptr) {
+            qualifier.*flavor->mark = true;
+        }
         Take();
     }
 
@@ -224,6 +238,7 @@ private:
         property.name = ExpectName("name of a property");
         if (TakeSymbol("(")) {
             SkipParameters();
+            declared.hasMethods = true;
             return;
         }
         if (TakeSymbol("[")) {
@@ -292,8 +307,9 @@ private:
         return literal;
     }
 
-    MofInstance ParseInstance() {
+    MofInstance ParseInstance(std::vector<MofQualifier> qualifiers) {
         MofInstance instance;
+        instance.qualifiers = std::move(qualifiers);
         if (!TakeKeyword("of")) {
             Fail("'of'");
         }

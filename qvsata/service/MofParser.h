@@ -37,6 +37,9 @@ struct MofQualifier {
     std::optional<MofInitializer> value;
     bool toSubclass = false;
     bool toInstance = false;
+    bool enableOverride = false;
+    bool disableOverride = false;
+    bool restricted = false;
 };
 
 struct MofProperty {
@@ -57,6 +60,7 @@ struct MofClass {
     std::string superclass;
     std::vector<MofQualifier> qualifiers;
     std::vector<MofProperty> properties;
+    bool hasMethods = false;
 };
 
 struct MofInstanceValue {
@@ -69,6 +73,7 @@ struct MofInstance {
     MofPosition position;  ///< of the class name
     std::string className;
     std::string alias;
+    std::vector<MofQualifier> qualifiers;
     std::vector<MofInstanceValue> values;
 };
 
@@ -81,7 +86,7 @@ struct MofPragma {
 using MofDeclaration = std::variant<MofPragma, MofClass, MofInstance>;
 
 /// The declarations of a MOF text as they are written; what they mean is the reader's matter.
-/// Methods, qualifier declarations and the qualifiers of instances are accepted and left out.
+/// Qualifier declarations, and the methods themselves, are accepted and left out.
 /// @throws MofError on the first error of syntax.
 std::vector<MofDeclaration> ParseMof(std::string_view text, std::string_view fileName);
 

@@ -172,6 +172,27 @@ std::optional<CimValue> ToCimValue(const MofInitializer& written, CimType type, 
     return isArray ? Array(written.elements, type) : Scalar(written.elements.front(), type);
 }
 
+const MofStatus& ValueStatus(const MofInitializer& written, CimType type, bool isArray) {
+    const auto holds = [&written](auto accepts) {
+        return std::ranges::any_of(written.elements, [accepts](const MofLiteral& literal) {
+            return accepts(literal.value);
+        });
+    };
+    if (written.isAlias) {
+        return mof_status::unexpectedAlias;
+    }
+    if (written.isArray && !isArray) {
+        return mof_status::unexpectedArray;
+    }
+    if (holds([](const auto& value) { return std::holds_alternative<std::monostate>(value); })) {
+        return mof_status::nullArrayElement;
+    }
+    const bool isNumber =
+        holds([](const auto& value) { return std::holds_alternative<MofInteger>(value); });
+    return written.isArray == isArray && isNumber && RangeOf(type) ? mof_status::outOfRange
+                                                                   : mof_status::typeMismatch;
+}
+
 std::optional<CimValue> QualifierValue(const std::optional<MofInitializer>& written) {
     if (!written) {
         return CimValue(true);

@@ -12,6 +12,9 @@ namespace qv::service {
 /// null within an array. `null` itself is a value of every type. An alias is no value here.
 std::optional<CimValue> ToCimValue(const MofInitializer& written, CimType type, bool isArray);
 
+/// The status that the compiler ends with when ToCimValue is empty.
+const MofStatus& ValueStatus(const MofInitializer& written, CimType type, bool isArray);
+
 /// The value of a qualifier, whose type is what it is written as; TRUE when nothing is written.
 /// Empty for an array of different types, or a whole number outside std::int64_t.
 std::optional<CimValue> QualifierValue(const std::optional<MofInitializer>& written);

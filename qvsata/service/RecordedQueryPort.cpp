@@ -5,6 +5,8 @@
 #include <type_traits>
 #include <utility>
 
+#include "qvsata/service/Utf8.h"
+
 namespace qv::service {
 namespace {
 
@@ -22,22 +24,33 @@ public:
         return {Status::noError, ToPlatformValue(*value)};
     }
 
+    Status GetWideText(std::string_view name, std::wstring& text) const override {
+        const auto value = object_.Get(name);
+        if (!value) {
+            return Status::notFound;
+        }
+        const auto* held = std::get_if<std::string>(&*value);
+        if (held == nullptr) {
+            return Status::failed;
+        }
+        text = ToWide(*held);
+        return Status::noError;
+    }
+
 private:
     RecordedObject object_;
 };
 
 }  // namespace
 
-platform::QueryResult RecordedQueryPort::RunWqlQuery(std::string_view nameSpace,
-                                                     std::string_view query,
-                                                     platform::Rows& rows) const {
+Status RecordedQueryPort::RunWqlQuery(std::string_view nameSpace, std::string_view query,
+                                      platform::Rows& rows) const {
     rows.clear();
     QueryAnswer answer = host_.RunQuery(nameSpace, query);
     for (RecordedObject& object : answer.objects) {
         rows.push_back(std::make_shared<RecordedPortRow>(std::move(object)));
     }
-    return answer.status == QueryStatus::ok ? platform::QueryResult::submitted
-                                            : platform::QueryResult::failed;
+    return static_cast<Status>(answer.status);
 }
 
 platform::ComputerName RecordedQueryPort::NameInFormat(platform::NameFormat format) const {
@@ -47,7 +60,11 @@ platform::ComputerName RecordedQueryPort::NameInFormat(platform::NameFormat form
                               : format == platform::NameFormat::dnsHostname ? names.dnsHostname
                                                                             : names.netbios;
     return name.empty() ? platform::ComputerName{invalidComputerName, {}}
-                        : platform::ComputerName{0, name};
+                        : platform::ComputerName{0, ToWide(name)};
+}
+
+std::string RecordedQueryPort::ToNarrow(std::wstring_view text) const {
+    return ToUtf8(text);
 }
 
 platform::Value ToPlatformValue(const CimValue& value) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 #include <utility>
 
@@ -15,11 +16,12 @@ class RecordedQueryPort : public platform::QueryPort, public platform::HostFacts
 public:
     explicit RecordedQueryPort(RecordedHost host) : host_(std::move(host)) {}
 
-    platform::QueryResult RunWqlQuery(std::string_view nameSpace, std::string_view query,
-                                      platform::Rows& rows) const override;
+    Status RunWqlQuery(std::string_view nameSpace, std::string_view query,
+                       platform::Rows& rows) const override;
 
     /// The recorded names; a name that was not recorded is error 1210 (invalid computer name).
     platform::ComputerName NameInFormat(platform::NameFormat format) const override;
+    std::string ToNarrow(std::wstring_view text) const override;
 
 private:
     RecordedHost host_;

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "events/AlertIndication.h"
+#include "qvsata/service/Utf8.h"
 #include "tests/core/EventHost.h"
 
 namespace qv::test {
@@ -34,7 +35,7 @@ private:
     mutable int guids_ = 0;
 };
 
-/// An indication that keeps what is put on it, and refuses one property.
+/// An indication that keeps what is put on it, wide texts in UTF-8, and refuses one property.
 class IndicationStandIn : public PropertyTarget {
 public:
     Status Put(const PropertyEntry& property) override {
@@ -43,6 +44,9 @@ public:
         }
         puts.push_back(property);
         return Status::noError;
+    }
+    Status PutWideText(std::string_view name, std::wstring_view text) override {
+        return Put({std::string(name), service::ToUtf8(text), PropertyType::string, false});
     }
 
     std::vector<std::string> Names() const {

@@ -77,6 +77,12 @@ TEST_F(AlertIndicationTest, FailsOnAHostWithoutAName) {
     EXPECT_EQ(indication.Names().back(), "SystemCreationClassName");
 }
 
+TEST_F(AlertIndicationTest, NamesAHostWhoseNameTheCodePageLacks) {
+    host.names[platform::NameFormat::dnsFullyQualified] = {0, L"сервер"};
+    EXPECT_EQ(Fill(), Status::noError);
+    EXPECT_EQ(indication.Value("SystemName"), "сервер");
+}
+
 TEST_F(AlertIndicationTest, SaysOfAHostWithoutAddressesThatItHasNone) {
     system.addresses.clear();
     EXPECT_EQ(Fill(), Status::noError);

@@ -100,6 +100,20 @@ TEST_F(AlertVendorFactsTest, LeaveUnsetWhatThePackageDoesNotSay) {
     EXPECT_THAT(Copied(PutSystemIdentity(indication, host)), ElementsAre("SystemModel=M1"));
 }
 
+TEST_F(AlertVendorFactsTest, FindAPackageThroughAReferenceWithoutANamespace) {
+    Link(test::packageLinks, {{R"(QV_Package.Tag="urn:1")", systemPath}});
+    host.Answer("SELECT * FROM QV_Package",
+                {{{"__RELPATH", std::string(R"(QV_Package.Tag="urn:1")")}, {"Model", "M1"}}});
+    EXPECT_THAT(Copied(PutSystemIdentity(indication, host)), ElementsAre("SystemModel=M1"));
+}
+
+TEST_F(AlertVendorFactsTest, FindAPackageWhoseKeyHasAColonBehindItsNamespace) {
+    Link(test::packageLinks, {{R"(\\SRV\root\QVQ:QV_Package.Tag="urn:1")", systemPath}});
+    host.Answer("SELECT * FROM QV_Package",
+                {{{"__RELPATH", std::string(R"(QV_Package.Tag="urn:1")")}, {"Model", "M1"}}});
+    EXPECT_THAT(Copied(PutSystemIdentity(indication, host)), ElementsAre("SystemModel=M1"));
+}
+
 TEST_F(AlertVendorFactsTest, PassOverALinkToNothing) {
     Link(test::packageLinks, {{packagePath, ""}});
     EXPECT_THAT(Copied(PutSystemIdentity(indication, host)), IsEmpty());

@@ -172,8 +172,8 @@ TEST_F(AssociationPairs, BuildTheSecondClassThoughTheFirstHasNoInstances) {
 // The first query of the text raises.
 class RaisingHost : public ScriptedHost {
 public:
-    platform::QueryResult RunWqlQuery(std::string_view nameSpace, std::string_view query,
-                                      platform::Rows& rows) const override {
+    Status RunWqlQuery(std::string_view nameSpace, std::string_view query,
+                       platform::Rows& rows) const override {
         if (query == raisingQuery) {
             throw std::bad_alloc();
         }

@@ -166,6 +166,56 @@ TEST_F(EventsTest, AreRaisedWithoutALineFromLevelFourOn) {
     EXPECT_THAT(host.log, IsEmpty());
 }
 
+/// Tells no time once: when it is asked first.
+class StumblingClock : public test::ClockStandIn {
+public:
+    platform::LocalTime Local() const override {
+        return std::exchange(stumbles_, false) ? throw std::bad_alloc() : ClockStandIn::Local();
+    }
+
+private:
+    mutable bool stumbles_ = true;
+};
+
+/// Has no memory for its first line.
+class StumblingLog : public platform::LogPort {
+public:
+    int Level() const override { return 3; }
+    void Write(int, std::string_view text) override {
+        if (std::exchange(stumbles_, false)) {
+            throw std::bad_alloc();
+        }
+        lines.emplace_back(text);
+    }
+
+    std::vector<std::string> lines;
+
+private:
+    bool stumbles_ = true;
+};
+
+TEST_F(EventsTest, AreRaisedBehindOneThatCouldNotBeBuilt) {
+    StumblingClock stumblingClock;
+    CSATAHBA_EVENTS stumbling(inventory, stumblingClock, host);
+    stumbling.RegisterReceiver(receiver);
+    host.SetDisks({{"A", "OK"}, {"B", "OK"}, {"C", "OK"}});
+    stumbling.RunCycle();
+    EXPECT_THAT(receiver.Take(), ElementsAre("600 B", "600 C"));
+    stumbling.RunCycle();
+    EXPECT_THAT(receiver.Take(), IsEmpty());
+}
+
+TEST_F(EventsTest, AreRaisedThoughOneCouldNotBeLogged) {
+    StumblingLog log;
+    CSATAHBA_EVENTS stumbling(inventory, clock, log);
+    stumbling.RegisterReceiver(receiver);
+    host.SetDisks({{"A", "OK"}, {"B", "OK"}});
+    stumbling.RunCycle();
+    EXPECT_THAT(receiver.Take(), ElementsAre("600 A", "600 B"));
+    EXPECT_THAT(log.lines, ElementsAre("CSATAHBA_EVENTS::EventThreadCheckforEvents| "
+                                       "SendIndication for EventID = 600"));
+}
+
 TEST_F(EventsTest, WithoutAReceiverAreLost) {
     CSATAHBA_EVENTS deaf(inventory, clock, host);
     host.SetDisks({{"A", "OK"}});
@@ -237,6 +287,12 @@ TEST_F(EventsTest, EndWithALineBelowLevelFour) {
     host.level = 4;
     monitor.LogThreadExit();
     EXPECT_THAT(host.log, SizeIs(1));
+}
+
+TEST_F(EventsTest, EndThoughTheLineOfTheirEndIsLost) {
+    StumblingLog log;
+    EXPECT_NO_THROW(CSATAHBA_EVENTS(inventory, clock, log).LogThreadExit());
+    EXPECT_THAT(log.lines, IsEmpty());
 }
 
 }  // namespace

@@ -41,19 +41,18 @@ TEST(DeviceIndication, HoldsWhatAnEventSaysInItsOrder) {
             PropertyEntry{"EventID", "605", PropertyType::string, false}));
 }
 
-TEST(DeviceIndication, RefersToTheDriveBehindTheNamespacePrefix) {
+TEST(DeviceIndication, RefersToTheDrive) {
     const InstanceRecord event = BuildDeviceIndication(SomeDisk(), "600", someTime);
     TypedValue value;
-    ASSERT_TRUE(ToTypedValue(GetPropertyEntry(event, "AlertingManagedElement"),
-                             R"(\\SRV\root\QVQ:)", value));
-    EXPECT_THAT(std::get<std::string>(value),
-                testing::StartsWith(R"(\\SRV\root\QVQ:QV_SATADiskDrive.CreationClassName=)"));
+    ASSERT_TRUE(ToTypedValue(GetPropertyEntry(event, "AlertingManagedElement"), value));
+    EXPECT_THAT(std::get<Reference>(value).path,
+                testing::StartsWith("QV_SATADiskDrive.CreationClassName="));
 }
 
 TEST(DeviceIndication, SaysTheFormatOfTheReferenceAsANumber) {
     const InstanceRecord event = BuildDeviceIndication(SomeDisk(), "600", someTime);
     TypedValue value;
-    ASSERT_TRUE(ToTypedValue(GetPropertyEntry(event, "AlertingElementFormat"), "", value));
+    ASSERT_TRUE(ToTypedValue(GetPropertyEntry(event, "AlertingElementFormat"), value));
     EXPECT_EQ(std::get<std::int32_t>(value), 2);
 }
 

@@ -190,13 +190,12 @@ class LockWatch : public platform::QueryPort {
 public:
     explicit LockWatch(const test::LockStandIn& lock) : lock_(lock) {}
 
-    platform::QueryResult RunWqlQuery(std::string_view, std::string_view,
-                                      platform::Rows&) const override {
+    Status RunWqlQuery(std::string_view, std::string_view, platform::Rows&) const override {
         if (fails) {
             throw std::bad_alloc();
         }
         heldDuringQuery.push_back(lock_.held);
-        return platform::QueryResult::submitted;
+        return Status::noError;
     }
 
     mutable std::vector<bool> heldDuringQuery;

@@ -32,8 +32,8 @@ private:
 /// go.
 class RestlessHost : public platform::QueryPort, public platform::HostFacts {
 public:
-    platform::QueryResult RunWqlQuery(std::string_view nameSpace, std::string_view,
-                                      platform::Rows& rows) const override {
+    Status RunWqlQuery(std::string_view nameSpace, std::string_view,
+                       platform::Rows& rows) const override {
         const int look = ++looks_;
         rows.clear();
         for (int disk = look % 3; disk < 50; ++disk) {
@@ -43,10 +43,13 @@ public:
                     ? test::Prediction(id)
                     : test::IdeDisk(id, (disk + look) % 4 == 0 ? "Error" : "OK")));
         }
-        return platform::QueryResult::submitted;
+        return Status::noError;
     }
 
-    platform::ComputerName NameInFormat(platform::NameFormat) const override { return {0, "host"}; }
+    platform::ComputerName NameInFormat(platform::NameFormat) const override {
+        return {0, L"host"};
+    }
+    std::string ToNarrow(std::wstring_view) const override { return "host"; }
 
 private:
     mutable std::atomic<int> looks_ = 0;

@@ -20,13 +20,13 @@ public:
     NthQueryFails(const platform::QueryPort& answers, std::size_t failing)
         : answers_(answers), failing_(failing) {}
 
-    platform::QueryResult RunWqlQuery(std::string_view nameSpace, std::string_view query,
-                                      platform::Rows& rows) const override {
+    Status RunWqlQuery(std::string_view nameSpace, std::string_view query,
+                       platform::Rows& rows) const override {
         if (++run_ != failing_) {
             return answers_.RunWqlQuery(nameSpace, query, rows);
         }
         rows.clear();
-        return platform::QueryResult::failed;
+        return Status::failed;
     }
 
 private:

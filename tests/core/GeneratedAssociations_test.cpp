@@ -14,13 +14,12 @@ class ChangingDisks : public ScriptedHost {
 public:
     explicit ChangingDisks(std::vector<Keys> lists) : lists_(std::move(lists)) {}
 
-    platform::QueryResult RunWqlQuery(std::string_view, std::string_view,
-                                      platform::Rows& rows) const override {
+    Status RunWqlQuery(std::string_view, std::string_view, platform::Rows& rows) const override {
         rows.clear();
         for (const std::string& key : lists_.at(next_++)) {
             rows.push_back(std::make_shared<ScriptedRow>(Disk(key)));
         }
-        return platform::QueryResult::submitted;
+        return Status::noError;
     }
 
 private:

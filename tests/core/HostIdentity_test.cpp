@@ -18,23 +18,23 @@ const test::Properties definition{{"__SERVER", "SRV"},
 class HostIdentity : public testing::Test {
 protected:
     HostIdentity() {
-        host.names = {{NameFormat::dnsFullyQualified, {0, "srv.example.org"}},
-                      {NameFormat::dnsHostname, {0, "srv"}},
-                      {NameFormat::netBios, {0, "SRV"}}};
+        host.names = {{NameFormat::dnsFullyQualified, {0, L"srv.example.org"}},
+                      {NameFormat::dnsHostname, {0, L"srv"}},
+                      {NameFormat::netBios, {0, L"SRV"}}};
         host.Answer(classQuery, {definition});
     }
 
-    std::string HostName() {
-        std::string name;
+    std::wstring NameOfHost() {
+        std::wstring name;
         EXPECT_EQ(GetHostName(host, name), 0U);
         return name;
     }
 
-    // BuildComputerSystemPath must fail and leave its output.
-    void ExpectNoPath() {
-        std::string path = "before";
-        EXPECT_EQ(BuildComputerSystemPath(host, host, path), Status::failed);
-        EXPECT_EQ(path, "before");
+    // BuildComputerSystemPath must fail with the status and leave its output.
+    void ExpectNoPath(Status status = Status::failed) {
+        std::wstring path = L"before";
+        EXPECT_EQ(BuildComputerSystemPath(host, host, path), status);
+        EXPECT_EQ(path, L"before");
     }
 
     ScriptedHost host;
@@ -45,77 +45,109 @@ TEST_F(HostIdentity, ComputerSystemClassIsTheWindowsOne) {
 }
 
 TEST_F(HostIdentity, NameInADomainIsTheFullyQualifiedOne) {
-    EXPECT_EQ(HostName(), "srv.example.org");
+    EXPECT_EQ(NameOfHost(), L"srv.example.org");
 }
 
 TEST_F(HostIdentity, NameIsTheDnsHostNameWithoutAFullyQualifiedOne) {
-    host.names[NameFormat::dnsFullyQualified] = {87, "unused"};
-    EXPECT_EQ(HostName(), "srv");
+    host.names[NameFormat::dnsFullyQualified] = {87, L"unused"};
+    EXPECT_EQ(NameOfHost(), L"srv");
 }
 
 TEST_F(HostIdentity, NameIsTheNetBiosNameWithoutDnsNames) {
-    host.names[NameFormat::dnsFullyQualified] = {87, ""};
-    host.names[NameFormat::dnsHostname] = {8, ""};
-    EXPECT_EQ(HostName(), "SRV");
+    host.names[NameFormat::dnsFullyQualified] = {87, L""};
+    host.names[NameFormat::dnsHostname] = {8, L""};
+    EXPECT_EQ(NameOfHost(), L"SRV");
 }
 
 TEST_F(HostIdentity, NameThatTheSystemGivesEmptyIsTaken) {
-    host.names[NameFormat::dnsFullyQualified] = {0, ""};
-    EXPECT_EQ(HostName(), "");
+    host.names[NameFormat::dnsFullyQualified] = {0, L""};
+    EXPECT_EQ(NameOfHost(), L"");
 }
 
 TEST_F(HostIdentity, WithoutANameTheErrorIsThatOfTheLastAttempt) {
-    host.names = {{NameFormat::dnsFullyQualified, {5, ""}},
-                  {NameFormat::dnsHostname, {6, ""}},
-                  {NameFormat::netBios, {8, ""}}};
-    std::string name = "before";
+    host.names = {{NameFormat::dnsFullyQualified, {5, L""}},
+                  {NameFormat::dnsHostname, {6, L""}},
+                  {NameFormat::netBios, {8, L""}}};
+    std::wstring name = L"before";
     EXPECT_EQ(GetHostName(host, name), 8U);
-    EXPECT_EQ(name, "before");
+    EXPECT_EQ(name, L"before");
+}
+
+TEST_F(HostIdentity, NameIsWide) {
+    host.names = {{NameFormat::netBios, {0, L"сервер"}}};
+    EXPECT_EQ(NameOfHost(), L"сервер");
+}
+
+TEST_F(HostIdentity, NameInARecordIsInTheCodePage) {
+    EXPECT_EQ(HostName(host), "srv.example.org");
+    host.names = {{NameFormat::netBios, {0, L"сервер"}}};
+    EXPECT_EQ(HostName(host), "??????");
+}
+
+TEST_F(HostIdentity, NameInARecordIsNothingWhenTheSystemGivesNone) {
+    host.names.clear();
+    EXPECT_EQ(HostName(host), std::nullopt);
 }
 
 TEST_F(HostIdentity, NamespacePrefixNamesTheServerOfTheClassDefinition) {
-    EXPECT_EQ(BuildNamespacePrefix(host, R"(root\QVQ)", ""), R"(\\SRV\root\QVQ:)");
+    EXPECT_EQ(BuildNamespacePrefix(host, LR"(root\QVQ)", L""), LR"(\\SRV\root\QVQ:)");
     EXPECT_EQ(host.asked, std::vector{classQueryAsked});
 }
 
+TEST_F(HostIdentity, NamespacePrefixKeepsNamesThatTheCodePageLacks) {
+    host.Answer(classQuery, {{{"__SERVER", "СЕРВЕР"}}});
+    EXPECT_EQ(BuildNamespacePrefix(host, LR"(root\ДИСКИ)", L""), LR"(\\СЕРВЕР\root\ДИСКИ:)");
+}
+
 TEST_F(HostIdentity, NamespacePrefixEndsWithTheClassName) {
-    EXPECT_EQ(BuildNamespacePrefix(host, R"(root\cimv2)", "QV_X"), R"(\\SRV\root\cimv2:QV_X)");
+    EXPECT_EQ(BuildNamespacePrefix(host, LR"(root\cimv2)", L"QV_X"), LR"(\\SRV\root\cimv2:QV_X)");
 }
 
 TEST_F(HostIdentity, NamespacePrefixTakesTheFirstOfSeveralDefinitions) {
     host.Answer(classQuery, {definition, test::Properties{{"__SERVER", "OTHER"}}});
-    EXPECT_EQ(BuildNamespacePrefix(host, R"(root\QVQ)", ""), R"(\\SRV\root\QVQ:)");
+    EXPECT_EQ(BuildNamespacePrefix(host, LR"(root\QVQ)", L""), LR"(\\SRV\root\QVQ:)");
 }
 
 TEST_F(HostIdentity, NamespacePrefixBeginsWithThreeBackslashesWithoutTheClassDefinition) {
     host.Answer(classQuery, {});
-    EXPECT_EQ(BuildNamespacePrefix(host, R"(root\QVQ)", ""), R"(\\\root\QVQ:)");
+    EXPECT_EQ(BuildNamespacePrefix(host, LR"(root\QVQ)", L""), LR"(\\\root\QVQ:)");
 }
 
 TEST_F(HostIdentity, NamespacePrefixBeginsWithThreeBackslashesWhenTheQueryFails) {
     host.Fail(classQuery);
-    EXPECT_EQ(BuildNamespacePrefix(host, R"(root\QVQ)", ""), R"(\\\root\QVQ:)");
+    EXPECT_EQ(BuildNamespacePrefix(host, LR"(root\QVQ)", L""), LR"(\\\root\QVQ:)");
 }
 
 TEST_F(HostIdentity, NamespacePrefixBeginsWithThreeBackslashesWithoutAServer) {
     host.Answer(classQuery, {{{"__SERVER", std::monostate{}}}});
-    EXPECT_EQ(BuildNamespacePrefix(host, R"(root\QVQ)", ""), R"(\\\root\QVQ:)");
+    EXPECT_EQ(BuildNamespacePrefix(host, LR"(root\QVQ)", L""), LR"(\\\root\QVQ:)");
 }
 
 TEST_F(HostIdentity, ComputerSystemPathIsTheClassPathWithBothKeys) {
-    host.names = {{NameFormat::netBios, {0, "SRV"}}};
-    std::string path;
+    host.names = {{NameFormat::netBios, {0, L"SRV"}}};
+    std::wstring path;
     EXPECT_EQ(BuildComputerSystemPath(host, host, path), Status::noError);
-    EXPECT_EQ(path, R"(\\SRV\root\QVQ:QV_WinComputerSystem)"
-                    R"(.CreationClassName="QV_WinComputerSystem",Name="SRV")");
+    EXPECT_EQ(path,
+              LR"(\\SRV\root\QVQ:QV_WinComputerSystem)"
+              LR"(.CreationClassName="QV_WinComputerSystem",Name="SRV")");
     EXPECT_EQ(host.asked, std::vector{classQueryAsked});
+}
+
+TEST_F(HostIdentity, ComputerSystemPathKeepsNamesThatTheCodePageLacks) {
+    host.names = {{NameFormat::netBios, {0, L"сервер"}}};
+    host.Answer(classQuery, {{{"__PATH", R"(\\СЕРВЕР\root\QVQ:QV_WinComputerSystem)"}}});
+    std::wstring path;
+    EXPECT_EQ(BuildComputerSystemPath(host, host, path), Status::noError);
+    EXPECT_EQ(path,
+              LR"(\\СЕРВЕР\root\QVQ:QV_WinComputerSystem)"
+              LR"(.CreationClassName="QV_WinComputerSystem",Name="сервер")");
 }
 
 TEST_F(HostIdentity, ComputerSystemPathHasNoClassPathWhereTheDefinitionHasNone) {
     host.Answer(classQuery, {test::Properties{{"__SERVER", "SRV"}}});
-    std::string path;
+    std::wstring path;
     EXPECT_EQ(BuildComputerSystemPath(host, host, path), Status::noError);
-    EXPECT_EQ(path, R"(.CreationClassName="QV_WinComputerSystem",Name="srv.example.org")");
+    EXPECT_EQ(path, LR"(.CreationClassName="QV_WinComputerSystem",Name="srv.example.org")");
 }
 
 TEST_F(HostIdentity, ComputerSystemPathFailsWithoutTheClassDefinition) {
@@ -123,9 +155,10 @@ TEST_F(HostIdentity, ComputerSystemPathFailsWithoutTheClassDefinition) {
     ExpectNoPath();
 }
 
-TEST_F(HostIdentity, ComputerSystemPathFailsWhenTheQueryFails) {
-    host.Fail(classQuery);
-    ExpectNoPath();
+TEST_F(HostIdentity, ComputerSystemPathFailsAsTheQueryFails) {
+    constexpr auto invalidNamespace = static_cast<Status>(0x8004100E);
+    host.Fail(classQuery, invalidNamespace);
+    ExpectNoPath(invalidNamespace);
 }
 
 TEST_F(HostIdentity, ComputerSystemPathFailsWithTwoClassDefinitions) {
@@ -139,9 +172,9 @@ TEST_F(HostIdentity, ComputerSystemPathFailsWithoutAHostName) {
 }
 
 TEST_F(HostIdentity, NothingIsKeptBetweenCalls) {
-    BuildNamespacePrefix(host, R"(root\QVQ)", "");
+    BuildNamespacePrefix(host, LR"(root\QVQ)", L"");
     host.Answer(classQuery, {test::Properties{{"__SERVER", "RENAMED"}}});
-    EXPECT_EQ(BuildNamespacePrefix(host, R"(root\QVQ)", ""), R"(\\RENAMED\root\QVQ:)");
+    EXPECT_EQ(BuildNamespacePrefix(host, LR"(root\QVQ)", L""), LR"(\\RENAMED\root\QVQ:)");
     EXPECT_EQ(host.asked.size(), 2U);
 }
 

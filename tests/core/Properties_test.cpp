@@ -17,13 +17,6 @@ using test::ScriptedRow;
 using test::Text;
 using test::Texts;
 
-TEST(HostName, IsNothingWhenTheSystemGivesNone) {
-    test::ScriptedHost host;
-    EXPECT_EQ(HostName(host), "host.example.org");
-    host.names.clear();
-    EXPECT_EQ(HostName(host), std::nullopt);
-}
-
 TEST(PutSystemName, PutsAKeyUnlessThereIsNoHostName) {
     InstanceRecord record("C");
     PutSystemName(record, std::nullopt);

@@ -136,6 +136,7 @@ public:
     platform::PropertyRead Get(std::string_view) const override {
         return status_ ? platform::PropertyRead{*status_, {}} : throw std::bad_alloc();
     }
+    Status GetWideText(std::string_view, std::wstring&) const override { return Status::failed; }
 
 private:
     std::optional<Status> status_;  ///< of the reads; nothing: they find no memory

@@ -30,11 +30,11 @@ class PublishingHost : public service::RecordedQueryPort {
 public:
     using RecordedQueryPort::RecordedQueryPort;
 
-    platform::QueryResult RunWqlQuery(std::string_view nameSpace, std::string_view query,
-                                      platform::Rows& rows) const override {
+    Status RunWqlQuery(std::string_view nameSpace, std::string_view query,
+                       platform::Rows& rows) const override {
         if (query == "SELECT * FROM QV_SATADiskDrive") {
             rows.clear();
-            return platform::QueryResult::submitted;
+            return Status::noError;
         }
         return RecordedQueryPort::RunWqlQuery(nameSpace, query, rows);
     }

@@ -13,7 +13,7 @@ using Integers = std::vector<std::int32_t>;
 // The value published for a text under a type, or nothing when the property is skipped.
 std::optional<TypedValue> Convert(PropertyType type, std::string text) {
     TypedValue value;
-    if (!ToTypedValue({"Name", std::move(text), type, false}, R"(\\SRV\root\QVQ:)", value)) {
+    if (!ToTypedValue({"Name", std::move(text), type, false}, value)) {
         return std::nullopt;
     }
     return value;
@@ -65,9 +65,8 @@ TEST(ToTypedValue, Type11IsTrueExactlyForTrueInAnyCase) {
     }
 }
 
-TEST(ToTypedValue, Type14IsTheNamespacePrefixAndTheText) {
-    EXPECT_EQ(Convert(PropertyType::reference, R"(C.K="v")"),
-              TypedValue{R"(\\SRV\root\QVQ:C.K="v")"});
+TEST(ToTypedValue, Type14IsAReference) {
+    EXPECT_EQ(Convert(PropertyType::reference, R"(C.K="v")"), TypedValue{Reference{R"(C.K="v")"}});
 }
 
 TEST(ToTypedValue, Types17And21AreTheTextsBetweenTheSeparators) {

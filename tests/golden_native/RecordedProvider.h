@@ -20,8 +20,8 @@ public:
     explicit RecordedProvider(const service::RecordedHost& host)
         : RecordedQueryPort(host), prefix_(NamespacePrefix(host.Computer().server)) {}
 
-    platform::QueryResult RunWqlQuery(std::string_view nameSpace, std::string_view query,
-                                      platform::Rows& rows) const override {
+    Status RunWqlQuery(std::string_view nameSpace, std::string_view query,
+                       platform::Rows& rows) const override {
         if (nameSpace != R"(root\QVQ)" || query != "SELECT * FROM QV_SATADiskDrive") {
             return RecordedQueryPort::RunWqlQuery(nameSpace, query, rows);
         }
@@ -29,7 +29,7 @@ public:
         for (const InstanceRecord& disk : All("QV_SATADiskDrive")) {
             rows.push_back(std::make_shared<ScriptedRow>(ReadBack(disk)));
         }
-        return platform::QueryResult::submitted;
+        return Status::noError;
     }
 
     const std::string& Prefix() const { return prefix_; }
@@ -43,7 +43,7 @@ public:
         PublishedInstance instance{record.className, {}};
         for (const PropertyEntry& entry : record.properties) {
             TypedValue value;
-            if (ToTypedValue(entry, prefix_, value)) {
+            if (ToTypedValue(entry, value)) {
                 instance.properties.push_back(
                     {entry.name, VariantType(value), AsPublished(value), entry.key});
             }
@@ -61,15 +61,20 @@ private:
 
     static std::uint16_t VariantType(const TypedValue& value) {
         constexpr std::uint16_t array = 0x2000;
-        constexpr std::uint16_t types[] = {1, 8, 17, 3, 11, array | 8, array | 3};
+        constexpr std::uint16_t types[] = {1, 8, 8, 17, 3, 11, array | 8, array | 3};
         return types[value.index()];
     }
 
-    static service::CimValue AsPublished(const TypedValue& value) {
+    service::CimValue AsPublished(const TypedValue& value) const {
         using service::CimValue;
         struct Converter {
+            const std::string& prefix;
+
             CimValue operator()(std::monostate) const { return {}; }
             CimValue operator()(const std::string& text) const { return text; }
+            CimValue operator()(const Reference& reference) const {
+                return prefix + reference.path;
+            }
             CimValue operator()(std::uint8_t number) const { return std::int64_t{number}; }
             CimValue operator()(std::int32_t number) const { return std::int64_t{number}; }
             CimValue operator()(bool flag) const { return std::int64_t{flag ? 1 : 0}; }
@@ -78,13 +83,13 @@ private:
                 return std::vector<std::int64_t>(numbers.begin(), numbers.end());
             }
         };
-        return std::visit(Converter(), value);
+        return std::visit(Converter{prefix_}, value);
     }
 
     /// The disk's status as a client of the management service reads it.
     static Properties ReadBack(const InstanceRecord& disk) {
         TypedValue status;
-        ToTypedValue(GetPropertyEntry(disk, "OperationalStatus"), {}, status);
+        ToTypedValue(GetPropertyEntry(disk, "OperationalStatus"), status);
         const auto* codes = std::get_if<std::vector<std::int32_t>>(&status);
         return {{"OperationalStatus", codes == nullptr ? platform::Value() : *codes}};
     }

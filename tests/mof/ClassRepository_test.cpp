@@ -21,7 +21,7 @@ ClassRepository Read(std::string_view text) {
 ClassRepository Family() {
     return Read(
         "[Abstract, Association: ToInstance ToSubclass, Note(\"old\"): ToSubclass] class Top {"
-        " string First; [key] Top ref Other; uint16 Code = 7; };"
+        " string First; [key] Top ref Other; uint16 Code = 7; Top ref Second; };"
         "[Note(\"new\")] class Middle : Top { string Own; };"
         "class Bottom : Middle { [Override(\"Other\")] Bottom ref Other;"
         " [Override(\"Code\"), Description(\"d\")] uint16 Code; string Last; };");
@@ -52,7 +52,7 @@ TEST(ClassRepository, ListsClassesInTheOrderOfTheirDefinition) {
 
 TEST(ClassRepository, PutsInheritedPropertiesFirstAndOverridesInTheirPlace) {
     EXPECT_THAT(Names(Family().Properties("bottom")),
-                ElementsAre("First", "Other", "Code", "Own", "Last"));
+                ElementsAre("First", "Other", "Code", "Second", "Own", "Last"));
     EXPECT_THAT(Family().Properties("Nothing"), IsEmpty());
 }
 
@@ -134,7 +134,24 @@ TEST(ClassRepository, ReplacesAnInstanceOfTheSameKeys) {
 }
 
 TEST(ClassRepository, KeepsEveryInstanceOfAClassWithoutKeys) {
-    EXPECT_EQ(Read("class A {}; instance of A {}; instance of A {};").Instances().size(), 2U);
+    ClassRepository repository = Read("class A {};");
+    repository.Add(InstanceDefinition{"A", {}});
+    repository.Add(InstanceDefinition{"A", {}});
+    EXPECT_EQ(repository.Instances().size(), 2U);
+}
+
+TEST(ClassRepository, FindsInstancesByTheirRelativePath) {
+    const ClassRepository repository =
+        Read("class A { [key] string N; }; instance of A { N = \"x\"; };");
+    EXPECT_TRUE(repository.HasInstance("a.n=\"X\""));
+    EXPECT_FALSE(repository.HasInstance("A.N=\"y\""));
+}
+
+TEST(ClassRepository, PutsAClassInThePlaceOfAnother) {
+    ClassRepository repository = Read("class A {}; class B : A {};");
+    repository.Replace(*Read("class A { string X; };").Find("A"));
+    EXPECT_THAT(Names(repository.Properties("B")), ElementsAre("X"));
+    EXPECT_EQ(repository.Classes().size(), 2U);
 }
 
 TEST(RelativePath, ListsKeysInAlphabeticalOrderWithNumbersUnquoted) {

@@ -104,16 +104,30 @@ TEST(ShippedClasses, AreDescribedWhereTheyAreOurs) {
     }
 }
 
-TEST(ShippedClasses, AreAbstractWhereOnlySubclassesHaveInstances) {
-    for (const char* const name :
-         {"CIM_ManagedElement", "CIM_LogicalDevice", "CIM_Controller", "CIM_ServiceAccessPoint",
-          "CIM_System", "CIM_PhysicalElement", "CIM_Collection", "CIM_Indication",
-          "CIM_ProcessIndication", "CIM_Component", "CIM_Dependency", "QV_ComputerSystem",
-          "QV_GroupSystemSpecificCollection"}) {
-        EXPECT_TRUE(HasQualifier(ShippedRepository().Find(name)->qualifiers, "Abstract")) << name;
+bool IsAbstract(const ClassDefinition& definition) {
+    return HasQualifier(definition.qualifiers, "Abstract");
+}
+
+TEST(ShippedClasses, AreAbstractUnlessTheyHaveInstancesOrAreIndications) {
+    for (const ClassDefinition& definition : ShippedRepository().Classes()) {
+        const bool mayBeConcrete = HasQualifier(definition.qualifiers, "dynamic") ||
+                                   ShippedRepository().IsA(definition.name, "__Event");
+        EXPECT_EQ(IsAbstract(definition), !mayBeConcrete) << definition.name;
     }
+}
+
+TEST(ShippedClasses, AreConcreteBelowTheEventClass) {
+    for (const char* const name : {"CIM_Indication", "CIM_ProcessIndication", "CIM_AlertIndication",
+                                   "QV_SATADeviceIndication"}) {
+        EXPECT_TRUE(ShippedRepository().IsA(name, "__ExtrinsicEvent")) << name;
+        EXPECT_FALSE(IsAbstract(*ShippedRepository().Find(name))) << name;
+    }
+}
+
+TEST(ShippedClasses, HaveAbstractParentsWhereAProviderMakesTheirInstances) {
     for (const PublishedClass& published : PublishedClasses()) {
-        EXPECT_EQ(ShippedRepository().ClassQualifier(published.name, "Abstract"), nullptr);
+        const std::string& parent = ShippedRepository().Find(published.name)->superclass;
+        EXPECT_TRUE(IsAbstract(*ShippedRepository().Find(parent))) << published.name;
     }
 }
 

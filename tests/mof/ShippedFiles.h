@@ -1,23 +1,28 @@
 #pragma once
 
-#include <array>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "SourceTree.h"
 #include "qvsata/service/MofReader.h"
+#include "qvsata/service/ShippedMof.h"
 
 namespace qv::service {
 
-inline std::string ShippedFile(const std::string& name) {
-    return QV_SOURCE_DIR "/mof/" + name;
+inline std::string ShippedFile(std::string_view name) {
+    return QV_SOURCE_DIR "/mof/" + std::string(name);
 }
 
 /// What the shipped files define, read once in the order of installation.
 inline const Namespaces& Shipped() {
     static const Namespaces read = [] {
         Namespaces namespaces;
-        const std::array files{ShippedFile("cim_schema.mof"), ShippedFile("qvwmisata.mof"),
-                               ShippedFile("qvwmisata_provider.mof")};
+        std::vector<std::string> files;
+        for (const std::string_view name : shippedClassFiles) {
+            files.push_back(ShippedFile(name));
+        }
+        files.push_back(ShippedFile(shippedRegistrationFile));
         ReadMofFiles(files, namespaces);
         return namespaces;
     }();

@@ -1,5 +1,7 @@
 #include <gmock/gmock.h>
 
+#include <array>
+
 #include "catalogue/Classes.h"
 #include "tests/mof/ShippedFiles.h"
 
@@ -42,12 +44,27 @@ TEST(ShippedRegistration, NamesTheClassIdsOfTheLibrary) {
                 "{9C4E7B21-0D3A-4F6B-8E15-2A9C6D3F7B40}");
 }
 
-TEST(ShippedRegistration, HostsBothProvidersWithLowPrivileges) {
-    for (const char* const path : {"__Win32Provider.Name=\"QVWMISATA_InstProv\"",
-                                   "__Win32Provider.Name=\"QVWMISATA_EventProv\""}) {
-        ExpectValue(Registered(path), "HostingModel", "NetworkServiceHost");
-        ExpectValue(Registered(path), "PerUserInitialization", false);
-        ExpectValue(Registered(path), "Pure", true);
+TEST(ShippedRegistration, RegistersTheInstanceProviderAsOneThatImpersonates) {
+    const auto provider = Registered("__Win32Provider.Name=\"QVWMISATA_InstProv\"");
+    ExpectValue(provider, "HostingModel", "NetworkServiceHost:QVWMISATA");
+    ExpectValue(provider, "ImpersonationLevel", std::int64_t{1});
+    ExpectValue(provider, "PerUserInitialization", true);
+    ExpectValue(provider, "Pure", true);
+}
+
+TEST(ShippedRegistration, HostsTheEventProviderWhereItsSourceAnswers) {
+    const auto provider = Registered("__Win32Provider.Name=\"QVWMISATA_EventProv\"");
+    ExpectValue(provider, "HostingModel", "LocalSystemHost:QVWMISATA");
+    ExpectValue(provider, "ImpersonationLevel", std::int64_t{0});
+    ExpectValue(provider, "PerUserInitialization", false);
+    ExpectValue(provider, "Pure", true);
+}
+
+TEST(ShippedRegistration, NamesTheProviderOfTheDynamicClasses) {
+    for (const PublishedClass& published : PublishedClasses()) {
+        EXPECT_EQ(ShippedRepository().ClassQualifier(published.name, "provider")->value,
+                  *Registered("__Win32Provider.Name=\"QVWMISATA_InstProv\"").Find("Name"))
+            << published.name;
     }
 }
 
@@ -80,10 +97,11 @@ TEST(ShippedRemoval, LeavesOnlyWhatOthersMayStandOn) {
     EXPECT_EQ(left.Find("QV_SATADeviceIndication"), nullptr);
     EXPECT_NE(left.Find("QV_ComputerSystem"), nullptr);
     EXPECT_NE(left.Find("QV_SoftwareIdentity"), nullptr);
+    EXPECT_NE(left.Find("QV_GroupSystemSpecificCollection"), nullptr);
     EXPECT_NE(left.Find("CIM_ManagedElement"), nullptr);
 }
 
-TEST(ShippedRemoval, PassesOverWhatIsAbsent) {
+TEST(ShippedRemoval, SkipsWhatIsMissing) {
     Namespaces namespaces;
     const std::array files{ShippedFile("qvwmisata_remove.mof")};
     EXPECT_NO_THROW(ReadMofFiles(files, namespaces));

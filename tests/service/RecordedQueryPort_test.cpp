@@ -8,7 +8,6 @@ namespace qv::service {
 namespace {
 
 using platform::NameFormat;
-using platform::QueryResult;
 using platform::Value;
 
 TEST(RecordedQueryPort, GivesTheRowsOfAQuery) {
@@ -17,7 +16,7 @@ TEST(RecordedQueryPort, GivesTheRowsOfAQuery) {
     platform::Rows rows;
     ASSERT_EQ(RecordedQueryPort(host.Build())
                   .RunWqlQuery(R"(root\CIMv2)", "SELECT * FROM Win32_DiskDrive", rows),
-              QueryResult::submitted);
+              Status::noError);
     ASSERT_EQ(rows.size(), 1U);
     EXPECT_EQ(rows[0]->Get("deviceid").status, Status::noError);
     EXPECT_EQ(rows[0]->Get("DeviceID").value.index(), Value(std::string()).index());
@@ -34,19 +33,35 @@ TEST(RecordedQueryPort, DropsEarlierRowsWhenAQueryFails) {
     platform::Rows rows;
     port.RunWqlQuery(R"(root\CIMv2)", "SELECT * FROM Win32_DiskDrive", rows);
     EXPECT_EQ(port.RunWqlQuery(R"(root\CIMv2)", "SELECT * FROM Win32_PhysicalMedia", rows),
-              QueryResult::failed);
+              Status::failed);
     EXPECT_TRUE(rows.empty());
+    // WBEM_E_INVALID_NAMESPACE and WBEM_E_INVALID_QUERY.
     EXPECT_EQ(port.RunWqlQuery("root/other", "SELECT * FROM Win32_DiskDrive", rows),
-              QueryResult::failed);
-    EXPECT_EQ(port.RunWqlQuery(R"(root\CIMv2)", "no query", rows), QueryResult::failed);
+              Status{0x8004100E});
+    EXPECT_EQ(port.RunWqlQuery(R"(root\CIMv2)", "no query", rows), Status{0x80041017});
 }
 
 TEST(RecordedQueryPort, GivesTheRecordedNames) {
     const RecordedQueryPort port(RecordedHost({"S", "s.example.org", "s", "SNB"}));
-    EXPECT_EQ(port.NameInFormat(NameFormat::dnsFullyQualified).name, "s.example.org");
-    EXPECT_EQ(port.NameInFormat(NameFormat::dnsHostname).name, "s");
-    EXPECT_EQ(port.NameInFormat(NameFormat::netBios).name, "SNB");
+    EXPECT_EQ(port.NameInFormat(NameFormat::dnsFullyQualified).name, L"s.example.org");
+    EXPECT_EQ(port.NameInFormat(NameFormat::dnsHostname).name, L"s");
+    EXPECT_EQ(port.NameInFormat(NameFormat::netBios).name, L"SNB");
     EXPECT_EQ(port.NameInFormat(NameFormat::netBios).error, 0U);
+}
+
+TEST(RecordedQueryPort, GivesTextsOfAnyLanguageWideAndInUtf8) {
+    test::HostBuilder host;
+    host.Disk(0, R"(IDE\DISKX\5&1)", {{"Caption", CimValue{"磁盘"}}, {"Index", CimValue{1}}});
+    const RecordedQueryPort port(host.Build());
+    platform::Rows rows;
+    port.RunWqlQuery(R"(root\CIMv2)", "SELECT * FROM Win32_DiskDrive", rows);
+    std::wstring text = L"before";
+    EXPECT_EQ(rows.at(0)->GetWideText("Missing", text), Status::notFound);
+    EXPECT_EQ(rows.at(0)->GetWideText("Index", text), Status::failed);
+    EXPECT_EQ(text, L"before");
+    EXPECT_EQ(rows.at(0)->GetWideText("Caption", text), Status::noError);
+    EXPECT_EQ(text, L"磁盘");
+    EXPECT_EQ(port.ToNarrow(text), "磁盘");
 }
 
 TEST(RecordedQueryPort, RefusesANameThatWasNotRecorded) {

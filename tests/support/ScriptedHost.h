@@ -10,12 +10,13 @@
 #include "platform/HostFacts.h"
 #include "platform/LogPort.h"
 #include "platform/QueryPort.h"
+#include "qvsata/service/Utf8.h"
 
 namespace qv::test {
 
 using Properties = std::map<std::string, platform::Value, std::less<>>;
 
-/// A row that holds exactly the properties it was given.
+/// A row that holds exactly the properties it was given, texts in UTF-8.
 class ScriptedRow : public platform::Row {
 public:
     explicit ScriptedRow(Properties properties) : properties_(std::move(properties)) {}
@@ -28,20 +29,32 @@ public:
         return {Status::noError, found->second};
     }
 
+    Status GetWideText(std::string_view name, std::wstring& text) const override {
+        const platform::PropertyRead read = Get(name);
+        const auto* found = std::get_if<std::string>(&read.value);
+        if (found == nullptr) {
+            return Succeeded(read.status) ? Status::failed : read.status;
+        }
+        text = service::ToWide(*found);
+        return Status::noError;
+    }
+
 private:
     Properties properties_;
 };
 
 /// A host that answers query texts exactly as a test scripted them and remembers what was asked.
-/// A text that was not scripted fails. The host's name is "host.example.org", its log's level 3.
+/// A text that was not scripted fails. The host's name is "host.example.org", its log's level 3,
+/// and its code page has no characters but those of ASCII.
 class ScriptedHost : public platform::QueryPort,
                      public platform::HostFacts,
                      public platform::LogPort {
 public:
-    ScriptedHost() { names[platform::NameFormat::dnsFullyQualified] = {0, "host.example.org"}; }
+    ScriptedHost() { names[platform::NameFormat::dnsFullyQualified] = {0, L"host.example.org"}; }
 
     ScriptedHost& Answer(std::string query, std::vector<Properties> rows) {
-        platform::Rows& scripted = answers_[std::move(query)];
+        auto& [status, scripted] = answers_[std::move(query)];
+        status = Status::noError;
         scripted.clear();
         for (Properties& row : rows) {
             scripted.push_back(std::make_shared<ScriptedRow>(std::move(row)));
@@ -49,26 +62,34 @@ public:
         return *this;
     }
 
-    ScriptedHost& Fail(std::string_view query) {
-        answers_.erase(answers_.find(query));
+    ScriptedHost& Fail(std::string query, Status status = Status::failed) {
+        answers_[std::move(query)] = {status, {}};
         return *this;
     }
 
-    platform::QueryResult RunWqlQuery(std::string_view nameSpace, std::string_view query,
-                                      platform::Rows& rows) const override {
+    Status RunWqlQuery(std::string_view nameSpace, std::string_view query,
+                       platform::Rows& rows) const override {
         asked.push_back(std::string(nameSpace) + ": " + std::string(query));
         rows.clear();
         const auto found = answers_.find(query);
         if (found == answers_.end()) {
-            return platform::QueryResult::failed;
+            return Status::failed;
         }
-        rows = found->second;
-        return platform::QueryResult::submitted;
+        rows = found->second.rows;
+        return found->second.status;
     }
 
     platform::ComputerName NameInFormat(platform::NameFormat format) const override {
         const auto found = names.find(format);
         return found == names.end() ? platform::ComputerName{1, {}} : found->second;
+    }
+
+    std::string ToNarrow(std::wstring_view text) const override {
+        std::string narrow;
+        for (const wchar_t character : text) {
+            narrow += character < 0x80 ? static_cast<char>(character) : '?';
+        }
+        return narrow;
     }
 
     int Level() const override { return level; }
@@ -85,7 +106,12 @@ public:
     std::vector<std::pair<int, std::string>> log;
 
 private:
-    std::map<std::string, platform::Rows, std::less<>> answers_;
+    struct Answered {
+        Status status = Status::noError;
+        platform::Rows rows;
+    };
+
+    std::map<std::string, Answered, std::less<>> answers_;
 };
 
 }  // namespace qv::test

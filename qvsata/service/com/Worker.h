@@ -17,6 +17,9 @@ inline void RunAsServedCall(SECURITY_IMPERSONATION_LEVEL level, const std::funct
     std::exception_ptr raised;
     std::thread([&] {
         try {
+            // A new thread has the user's locale; under Wine its code page is the process's only
+            // once it was set.
+            SetThreadLocale(LOCALE_USER_DEFAULT);
             const ComApartment apartment;
             const ServedCall call(level);
             body();

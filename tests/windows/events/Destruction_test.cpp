@@ -1,7 +1,9 @@
 // The end of a provider whose threads stand anywhere.
 #include <random>
+#include <thread>
 
 #include "tests/windows/events/EventTest.h"
+#include "tests/windows/support/ReplacedImport.h"
 
 namespace qv::test {
 namespace {
@@ -103,6 +105,112 @@ TEST_F(DestructionTest, EndsAThreadThatDelivers) {
         ASSERT_TRUE(sink->gate.SomebodyCame());
         End();
     }
+    ExpectThatTheNextOneWorks();
+}
+
+TEST_F(DestructionTest, GivesBackWhatAThreadWasDeliveringWith) {
+    const ShortPauses pauses(library.Module());
+    sink->gate.Close();
+    Begin(1);
+    source.SetLooks({{{L"A"}}});
+    ASSERT_TRUE(sink->gate.SomebodyCame());
+    End();
+    EXPECT_EQ(ReferencesTo(*sink.Get()), 1U);
+    EXPECT_EQ(ReferencesTo(*nameSpace.Get()), 1U);
+    EXPECT_EQ(ReferencesTo(*nameSpace->definition.Get()), 1U);
+    const auto indications = sink->indications.All();
+    EXPECT_EQ(ReferencesTo(*indications.front().Get()), 2U);  // here and at the sink
+}
+
+/// Another thread that needs the locks of the process when a monitor's thread is being ended.
+class LockUser {
+public:
+    LockUser() { wanted = got = 0; }
+    LockUser(const LockUser&) = delete;
+    LockUser& operator=(const LockUser&) = delete;
+    ~LockUser() { SetEvent(begin.Get()); }
+
+    /// In place of TerminateThread.
+    static BOOL WINAPI UseLocksAndTerminate(HANDLE thread, DWORD exitCode) {
+        ++wanted;
+        SetEvent(begin.Get());
+        got += WaitForSingleObject(done.Get(), 5000) == WAIT_OBJECT_0 ? 1 : 0;
+        return TerminateThread(thread, exitCode);
+    }
+
+    inline static int wanted = 0;
+    inline static int got = 0;
+
+private:
+    static void UseLocks() {
+        WaitForSingleObject(begin.Get(), INFINITE);
+        HeapLock(GetProcessHeap());
+        HeapUnlock(GetProcessHeap());
+        FreeLibrary(LoadLibraryW(L"kernel32.dll"));
+        SetEvent(done.Get());
+    }
+
+    inline static const windows::KernelHandle begin{CreateEventW(nullptr, FALSE, FALSE, nullptr)};
+    inline static const windows::KernelHandle done{CreateEventW(nullptr, FALSE, FALSE, nullptr)};
+    std::jthread thread{UseLocks};
+};
+
+TEST_F(DestructionTest, HoldsNoLockOfTheProcessWhenItEndsAThread) {
+    Begin(1);
+    {
+        LockUser user;
+        const ReplacedImport terminate(library.Module(), "TerminateThread",
+                                       &LockUser::UseLocksAndTerminate);
+        init.Reset();
+    }
+    EXPECT_EQ(LockUser::wanted, 1);
+    EXPECT_EQ(LockUser::got, 1);
+    EXPECT_EQ(ThreadCount(), threadsBefore);
+}
+
+/// Keeps the threads that the library ends from ending, until it goes.
+class ThreadsThatDoNotEnd {
+public:
+    explicit ThreadsThatDoNotEnd(HMODULE library)
+        : terminate_(library, "TerminateThread", &LetLive) {}
+    ThreadsThatDoNotEnd(const ThreadsThatDoNotEnd&) = delete;
+    ThreadsThatDoNotEnd& operator=(const ThreadsThatDoNotEnd&) = delete;
+    ~ThreadsThatDoNotEnd() {
+        TerminateThread(kept.Get(), 0);
+        WaitForSingleObject(kept.Get(), INFINITE);
+        kept.Reset();
+    }
+
+private:
+    static BOOL WINAPI LetLive(HANDLE thread, DWORD) {
+        return DuplicateHandle(GetCurrentProcess(), thread, GetCurrentProcess(), kept.Receive(), 0,
+                               FALSE, DUPLICATE_SAME_ACCESS);
+    }
+
+    inline static windows::KernelHandle kept;
+    ReplacedImport<BOOL WINAPI(HANDLE, DWORD)> terminate_;
+};
+
+TEST_F(DestructionTest, GoesOnWithoutAThreadThatDoesNotEnd) {
+    // A library of its own, which stays loaded.
+    const FreshLibrary stuck;
+    ComPtr<IWbemProviderInit> provider;
+    stuck.MakeProvider().As(&provider);
+    ASSERT_EQ(Initialize(provider, nameSpace.Get(), initSink.Get()), S_OK);
+    ASSERT_EQ(ProvideEvents(provider, sink.Get()), S_OK);
+    {
+        const ThreadsThatDoNotEnd threads(stuck.Module());
+        const windows::KernelHandle released(CreateEventW(nullptr, TRUE, FALSE, nullptr));
+        const std::jthread releasing([&provider, &released] {
+            provider.Reset();
+            SetEvent(released.Get());
+        });
+        Demand(WaitForSingleObject(released.Get(), 30000) == WAIT_OBJECT_0,
+               "the provider waits for ever for a thread that does not end\n");
+    }
+    EXPECT_EQ(stuck.CanUnloadNow(), S_FALSE);
+    // What is kept for the thread: nothing runs in the library any more, and its file is to go.
+    FreeLibrary(stuck.Module());
     ExpectThatTheNextOneWorks();
 }
 

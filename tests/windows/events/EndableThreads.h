@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <cstring>
 #include <utility>
 #include <vector>
 
@@ -12,6 +13,17 @@
 // at which a test knows a thread to stand.
 
 namespace qv::test {
+
+/// Ends the process at once unless `holds`, with `otherwise` on standard error: where a lock of the
+/// process is held for ever no test can report, nor the process exit.
+inline void Demand(bool holds, const char* otherwise) {
+    if (!holds) {
+        DWORD written = 0;
+        WriteFile(GetStdHandle(STD_ERROR_HANDLE), otherwise,
+                  static_cast<DWORD>(std::strlen(otherwise)), &written, nullptr);
+        TerminateProcess(GetCurrentProcess(), 1);
+    }
+}
 
 /// A gate that lets threads through while it is open, and knows that one came.
 class Gate {

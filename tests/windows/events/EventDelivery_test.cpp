@@ -32,7 +32,7 @@ protected:
     }
 
     HRESULT Send(InstanceRecord event) {
-        return provider::EventDelivery{nameSpace, sink, "\\\\SRV\\root\\QVQ:"}.SendIndication(
+        return provider::EventDelivery{nameSpace, sink, L"\\\\SRV\\root\\QVQ:"}.SendIndication(
             std::move(event));
     }
     HRESULT SendWith(const std::string& eventId) {

@@ -62,6 +62,12 @@ inline int ThreadCount() {
     return count;
 }
 
+/// How many references there are to an object that no other thread uses.
+inline ULONG ReferencesTo(IUnknown& object) {
+    object.AddRef();
+    return object.Release();
+}
+
 /// A fresh library between stand-ins for the management service, with log files and settings of its
 /// own. Whatever a test did, at its end no thread of the library is left, the thread of the test is
 /// its own, and the library could be unloaded.
@@ -97,9 +103,8 @@ protected:
     HRESULT Initialize(const ComPtr<IWbemProviderInit>& provider, IWbemServices* services,
                        IWbemProviderInitSink* toldTo) {
         const CallContext call(*caller.Get());
-        std::wstring name = L"root\\QVQ";
-        return provider->Initialize(nullptr, 0, name.data(), nullptr, services, context.Get(),
-                                    toldTo);
+        return provider->Initialize(nullptr, 0, nameSpaceName.data(), nullptr, services,
+                                    context.Get(), toldTo);
     }
 
     HRESULT ProvideEvents(IWbemObjectSink* to) { return ProvideEvents(init, to); }
@@ -144,6 +149,7 @@ protected:
     FreshLibrary library;
     EventSource source;
     ComPtr<CallerStandIn> caller = windows::MakeObject<CallerStandIn>();
+    std::wstring nameSpaceName = L"root\\QVQ";
     ComPtr<EventNamespace> nameSpace = windows::MakeObject<EventNamespace>();
     ComPtr<ContextStandIn> context = windows::MakeObject<ContextStandIn>();
     ComPtr<InitSinkStandIn> initSink = windows::MakeObject<InitSinkStandIn>();

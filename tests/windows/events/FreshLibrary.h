@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <string>
+#include <utility>
 
 #include "platform/windows/ComObject.h"
 #include "tests/windows/log/ScratchFolder.h"
@@ -25,9 +26,16 @@ public:
     }
     FreshLibrary(const FreshLibrary&) = delete;
     FreshLibrary& operator=(const FreshLibrary&) = delete;
-    ~FreshLibrary() { FreeLibrary(module_); }
+    ~FreshLibrary() { Free(); }
 
     HMODULE Module() const { return module_; }
+
+    /// Lets the library go before the end. Nothing else is called then.
+    void Free() {
+        if (const HMODULE module = std::exchange(module_, nullptr)) {
+            FreeLibrary(module);
+        }
+    }
 
     /// A new event provider.
     windows::ComPtr<IUnknown> MakeProvider() const {

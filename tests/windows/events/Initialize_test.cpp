@@ -82,6 +82,18 @@ TEST_F(EventInitializeTest, FailsAsTheFetchingOfTheIndicationFails) {
     EXPECT_THAT(nameSpace->fetches.All(), SizeIs(1));
 }
 
+TEST_F(EventInitializeTest, LeavesTheProviderAsItWasWhenItFails) {
+    BeInitialised();
+    const auto later = windows::MakeObject<EventNamespace>();
+    later->results[L"QV_SATADeviceIndication"] = windows::Hr(WBEM_E_NOT_FOUND);
+    ASSERT_EQ(Initialize(init, later.Get(), initSink.Get()), windows::Hr(WBEM_E_NOT_FOUND));
+    EXPECT_EQ(ReferencesTo(*later.Get()), 1U);
+    source.SetLooks({{}, {{L"A"}}});
+    ASSERT_EQ(ProvideEvents(sink.Get()), S_OK);
+    ASSERT_TRUE(sink->HasReceived(1));
+    EXPECT_THAT(later->fetches.All(), SizeIs(1));
+}
+
 TEST_F(EventInitializeTest, WorksWithoutTheExtendedStatus) {
     nameSpace->results[L"__ExtendedStatus"] = windows::Hr(WBEM_E_NOT_FOUND);
     EXPECT_EQ(Initialize(), S_OK);

@@ -154,6 +154,17 @@ TEST_F(ProvideEventsTest, PausesThirtySecondsWhateverTheRefreshTimeout) {
     EXPECT_EQ(ShortPauses::asked, 30000U);
 }
 
+TEST_F(ProvideEventsTest, DeliversNothingWithoutAnInitialisation) {
+    const ShortPauses pauses(library.Module());
+    nameSpace->results[L"QV_SATADeviceIndication"] = windows::Hr(WBEM_E_FAILED);
+    ASSERT_EQ(Initialize(), windows::Hr(WBEM_E_FAILED));
+    source.SetLooks({{}, {{L"A"}}});
+    ASSERT_EQ(ProvideEvents(sink.Get()), S_OK);
+    // The cycle in which the disk appeared is over.
+    ASSERT_TRUE(HasLooked(5));
+    EXPECT_THAT(sink->Events(), IsEmpty());
+}
+
 TEST_F(ProvideEventsTest, DeliversNothingWhenTheClassCannotBeFetched) {
     source.SetLooks({{}, {{L"A"}}});
     BeInitialised();

@@ -20,6 +20,8 @@ public:
         : path_(std::filesystem::temp_directory_path() /
                 (L"QVLogTests." + std::to_wstring(GetCurrentProcessId()) + L"." +
                  std::to_wstring(++count_))) {
+        // What a process of this ID left when it was killed.
+        std::filesystem::remove_all(path_);
         std::filesystem::create_directories(path_);
     }
     ScratchFolder(const ScratchFolder&) = delete;

@@ -17,7 +17,7 @@ using qv::test::PutCall;
 using qv::test::VariantText;
 using ::testing::ElementsAre;
 
-constexpr std::string_view prefix = R"(\\SRV\root\QVQ:)";
+constexpr std::wstring_view prefix = LR"(\\SRV\root\QVQ:)";
 
 struct Conversion {
     const char* name;
@@ -91,6 +91,14 @@ TEST_P(UnpublishedType, HasNoValue) {
 INSTANTIATE_TEST_SUITE_P(Codes, UnpublishedType,
                          ::testing::Values(1, 2, 3, 4, 5, 6, 12, 13, 15, 18, 20, 22, 101, 8200),
                          [](const auto& code) { return "Type" + std::to_string(code.param); });
+
+TEST(ToVariant, PutsAPrefixThatTheCodePageLacksBeforeAReferenceInTheCodePage) {
+    ASSERT_EQ(GetACP(), 1252U);
+    Variant value;
+    ToVariant({"P", "C.K=\"b\xFCro\"", PropertyType::reference, false}, LR"(\\СЕРВЕР\root:)",
+              value);
+    EXPECT_EQ(VariantText(value.Get()), LR"(\\СЕРВЕР\root:C.K="büro")");
+}
 
 TEST(ToVariant, GivesArraysOfOneDimensionFromZero) {
     Variant value;

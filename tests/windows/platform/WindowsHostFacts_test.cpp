@@ -16,11 +16,11 @@ using qv::test::ReplacedImport;
 
 const WindowsHostFacts facts;
 
-/// What the system says, for names of ASCII.
-std::string SystemName(COMPUTER_NAME_FORMAT format) {
-    char name[256] = "";
-    DWORD length = sizeof name;
-    GetComputerNameExA(format, name, &length);
+/// What the system says.
+std::wstring SystemName(COMPUTER_NAME_FORMAT format) {
+    wchar_t name[256] = L"";
+    DWORD length = 256;
+    GetComputerNameExW(format, name, &length);
     return name;
 }
 
@@ -55,9 +55,28 @@ TEST(WindowsHostFacts, AsksOnceMoreForALongName) {
                                             &GiveLongName);
     attempts = 0;
     const ComputerName name = facts.NameInFormat(NameFormat::dnsHostname);
-    EXPECT_EQ(name.name, std::string(300, 'n'));
+    EXPECT_EQ(name.name, longName);
     EXPECT_EQ(name.error, 0U);
     EXPECT_EQ(attempts, 2);
+}
+
+BOOL WINAPI GiveCyrillicName(COMPUTER_NAME_FORMAT, LPWSTR buffer, LPDWORD length) {
+    constexpr std::wstring_view name = L"сервер";
+    name.copy(buffer, name.size());
+    *length = static_cast<DWORD>(name.size());
+    return TRUE;
+}
+
+TEST(WindowsHostFacts, GivesANameThatTheCodePageLacks) {
+    ASSERT_EQ(GetACP(), 1252U);
+    const ReplacedImport<NameReader> reader(GetModuleHandleW(nullptr), "GetComputerNameExW",
+                                            &GiveCyrillicName);
+    EXPECT_EQ(facts.NameInFormat(NameFormat::dnsHostname).name, L"сервер");
+}
+
+TEST(WindowsHostFacts, NarrowsTextToTheCodePage) {
+    ASSERT_EQ(GetACP(), 1252U);
+    EXPECT_EQ(facts.ToNarrow(L"büro сервер"), "b\xFCro ??????");
 }
 
 BOOL WINAPI AlwaysWantMore(COMPUTER_NAME_FORMAT, LPWSTR, LPDWORD length) {

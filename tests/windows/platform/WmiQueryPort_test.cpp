@@ -5,15 +5,16 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "source/PropertyReaders.h"
+#include "tests/windows/support/ReplacedImport.h"
 #include "tests/windows/support/SourceStandIn.h"
 
 namespace qv::windows {
 namespace {
 
-using platform::QueryResult;
 using qv::test::Batch;
 using qv::test::ConnectCall;
 using qv::test::NextCall;
@@ -37,7 +38,9 @@ protected:
         source.queries[L"SELECT * FROM C"] = {S_OK, std::move(batches)};
     }
 
-    QueryResult Run() { return port.RunWqlQuery("root\\wmi", "SELECT * FROM C", rows); }
+    static Status StatusOf(HRESULT result) { return static_cast<Status>(result); }
+
+    Status Run() { return port.RunWqlQuery("root\\wmi", "SELECT * FROM C", rows); }
 
     std::vector<std::string> Names() const {
         std::vector<std::string> names;
@@ -74,21 +77,70 @@ TEST_F(WmiQueryPortTest, ConnectsAnewForEachQuery) {
     EXPECT_EQ(source.connects.All().size(), 2U);
 }
 
+/// A system function itself, whatever this program's calls of it are replaced by.
+template <typename Function>
+Function* SystemFunction(const wchar_t* module, const char* name) {
+    return reinterpret_cast<Function*>(
+        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(module), name)));
+}
+
+/// The calls of SysAllocStringLen that are still to succeed; the one behind them fails.
+int allocationsLeft = 0;
+
+BSTR WINAPI AllocateWhileAnyAreLeft(const OLECHAR* text, UINT length) {
+    static auto* const allocate =
+        SystemFunction<BSTR WINAPI(const OLECHAR*, UINT)>(L"oleaut32.dll", "SysAllocStringLen");
+    return allocationsLeft-- == 0 ? nullptr : allocate(text, length);
+}
+
+/// How many system strings of a query can be allocated: of its namespace, language and text.
+class ScarceSystemStrings : public WmiQueryPortTest, public ::testing::WithParamInterface<int> {};
+
+TEST_P(ScarceSystemStrings, FailAQueryWithoutRaisingAnything) {
+    Script({{WBEM_S_FALSE, Named({L"a"})}});
+    Run();
+    const qv::test::ReplacedImport allocation(GetModuleHandleW(nullptr), "SysAllocStringLen",
+                                              &AllocateWhileAnyAreLeft);
+    allocationsLeft = GetParam();
+    EXPECT_EQ(Run(), Status::outOfMemory);
+    EXPECT_THAT(rows, IsEmpty());
+    EXPECT_EQ(source.asked.All().size(), 1U);
+}
+
+INSTANTIATE_TEST_SUITE_P(EachString, ScarceSystemStrings, ::testing::Values(0, 1, 2));
+
+/// Set: the next allocation fails.
+bool memoryIsShort = false;
+
+void* AllocateUnlessShort(std::size_t size) {
+    static auto* const allocate = SystemFunction<void*(std::size_t)>(L"msvcrt.dll", "malloc");
+    return std::exchange(memoryIsShort, false) ? nullptr : allocate(size);
+}
+
+TEST_F(WmiQueryPortTest, FailsWithoutMemoryForTheRowsAndKeepsNone) {
+    Script({{WBEM_S_NO_ERROR, Named({L"a", L"b"})}, {WBEM_S_FALSE, Named({L"c"})}});
+    source.afterNext = [this] { memoryIsShort = source.nexts.All().size() == 2; };
+    const qv::test::ReplacedImport allocation(GetModuleHandleW(nullptr), "malloc",
+                                              &AllocateUnlessShort);
+    EXPECT_EQ(Run(), Status::outOfMemory);
+    EXPECT_THAT(rows, IsEmpty());
+}
+
 TEST_F(WmiQueryPortTest, FailsWithoutALocator) {
     source.created = REGDB_E_CLASSNOTREG;
-    EXPECT_EQ(Run(), QueryResult::failed);
+    EXPECT_EQ(Run(), StatusOf(REGDB_E_CLASSNOTREG));
     EXPECT_THAT(source.connects.All(), IsEmpty());
 }
 
 TEST_F(WmiQueryPortTest, FailsWithoutAConnection) {
     source.connected = E_ACCESSDENIED;
-    EXPECT_EQ(Run(), QueryResult::failed);
+    EXPECT_EQ(Run(), StatusOf(E_ACCESSDENIED));
     EXPECT_THAT(source.asked.All(), IsEmpty());
 }
 
 TEST_F(WmiQueryPortTest, FailsWhenTheQueryIsRefused) {
     source.queries[L"SELECT * FROM C"].submitted = Hr(WBEM_E_INVALID_QUERY);
-    EXPECT_EQ(Run(), QueryResult::failed);
+    EXPECT_EQ(Run(), StatusOf(Hr(WBEM_E_INVALID_QUERY)));
     EXPECT_THAT(source.nexts.All(), IsEmpty());
 }
 
@@ -108,7 +160,7 @@ TEST_F(WmiQueryPortTest, ReplacesFormerRows) {
 }
 
 TEST_F(WmiQueryPortTest, SucceedsWithoutRows) {
-    EXPECT_EQ(Run(), QueryResult::submitted);
+    EXPECT_EQ(Run(), Status::noError);
     EXPECT_THAT(rows, IsEmpty());
 }
 
@@ -116,7 +168,7 @@ TEST_F(WmiQueryPortTest, CollectsBatchesInOrder) {
     Script({{WBEM_S_NO_ERROR, Named({L"1", L"2", L"3", L"4", L"5", L"6", L"7", L"8", L"9", L"10"})},
             {WBEM_S_FALSE, Named({L"11", L"12"})},
             {WBEM_S_NO_ERROR, Named({L"too late"})}});
-    EXPECT_EQ(Run(), QueryResult::submitted);
+    EXPECT_EQ(Run(), Status::noError);
     EXPECT_THAT(Names(),
                 ElementsAre("1", "2", "3", "4", "5", "6", "7", "8", "9", "10", "11", "12"));
     EXPECT_EQ(source.nexts.All().size(), 2U);
@@ -127,14 +179,14 @@ TEST_F(WmiQueryPortTest, WaitsForASlowSourceAndTakesWhatItGave) {
             {WBEM_S_TIMEDOUT, Named({L"early"})},
             {WBEM_S_TIMEDOUT, {}},
             {WBEM_S_FALSE, Named({L"late"})}});
-    EXPECT_EQ(Run(), QueryResult::submitted);
+    EXPECT_EQ(Run(), Status::noError);
     EXPECT_THAT(Names(), ElementsAre("early", "late"));
     EXPECT_EQ(source.nexts.All().size(), 4U);
 }
 
 TEST_F(WmiQueryPortTest, LeavesOutTheObjectsOfAnotherSuccessAndGoesOn) {
     Script({{Hr(WBEM_S_PARTIAL_RESULTS), Named({L"dropped"})}, {WBEM_S_FALSE, Named({L"kept"})}});
-    EXPECT_EQ(Run(), QueryResult::submitted);
+    EXPECT_EQ(Run(), Status::noError);
     EXPECT_THAT(Names(), ElementsAre("kept"));
 }
 
@@ -142,7 +194,7 @@ TEST_F(WmiQueryPortTest, KeepsTheRowsInFrontOfAFailure) {
     Script({{WBEM_S_NO_ERROR, Named({L"a", L"b"})},
             {Hr(WBEM_E_TRANSPORT_FAILURE), {}},
             {WBEM_S_FALSE, Named({L"c"})}});
-    EXPECT_EQ(Run(), QueryResult::submitted);
+    EXPECT_EQ(Run(), Status::noError);
     EXPECT_THAT(Names(), ElementsAre("a", "b"));
     EXPECT_EQ(source.nexts.All().size(), 2U);
 }

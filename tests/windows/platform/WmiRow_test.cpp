@@ -132,12 +132,34 @@ TEST(WmiRow, ReadsTextOnlyAsText) {
     EXPECT_EQ(read, "some text");
 }
 
+TEST(WmiRow, ReadsWideTextThatTheCodePageLacks) {
+    ASSERT_EQ(GetACP(), 1252U);
+    Variant text;
+    V_BSTR(text.Receive()) = Bstr(L"磁盘 büro").Detach();
+    V_VT(text.Pass()) = VT_BSTR;
+    std::wstring wide;
+    EXPECT_EQ(RowOf(text.Get()).GetWideText("P", wide), Status::noError);
+    EXPECT_EQ(wide, L"磁盘 büro");
+    EXPECT_EQ(TextOrEmpty(RowOf(text.Get()), "P"), "?? b\xFCro");
+}
+
+TEST(WmiRow, ReadsTextOnlyAsWideText) {
+    std::wstring wide = L"before";
+    EXPECT_EQ(RowOf(Bits(VT_I4, 1)).GetWideText("P", wide), Status::failed);
+    EXPECT_EQ(RowOf(Bits(VT_NULL, 0)).GetWideText("P", wide), Status::failed);
+    EXPECT_EQ(RowOf(Bits(VT_I4, 1)).GetWideText("Q", wide), Status::notFound);
+    EXPECT_EQ(wide, L"before");
+}
+
 TEST(WmiRow, TakesANullTextForAnEmptyOne) {
     std::string read = "before";
+    std::wstring wide = L"before";
     VARIANT value{};
     V_VT(&value) = VT_BSTR;
     EXPECT_EQ(GetStringProperty(RowOf(value), "P", read), Status::noError);
+    EXPECT_EQ(RowOf(value).GetWideText("P", wide), Status::noError);
     EXPECT_EQ(read, "");
+    EXPECT_EQ(wide, L"");
 }
 
 TEST(WmiRow, GivesTheStatusOfAReadThatFails) {

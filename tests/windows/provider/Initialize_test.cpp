@@ -76,15 +76,27 @@ TEST_F(InitializeTest, TakesTheLastNamespaceThatItWasGiven) {
     EXPECT_EQ(later->gets.All().size(), 1U);
 }
 
+HRESULT WINAPI GetNoFactory(REFCLSID, DWORD, void*, REFIID, void** object) {
+    *object = nullptr;
+    return REGDB_E_CLASSNOTREG;
+}
+
 TEST_F(InitializeTest, FailsWithoutAFactoryOfPathParsers) {
-    const auto refuse = [](REFCLSID, DWORD, void*, REFIID, void** object) -> HRESULT {
-        *object = nullptr;
-        return REGDB_E_CLASSNOTREG;
-    };
-    const ReplacedImport<HRESULT WINAPI(REFCLSID, DWORD, void*, REFIID, void**)> none(
-        library.Module(), "CoGetClassObject", +refuse);
+    const ReplacedImport none(library.Module(), "CoGetClassObject", &GetNoFactory);
     EXPECT_EQ(Initialize(), windows::Hr(WBEM_E_FAILED));
     EXPECT_THAT(initSink->statuses, IsEmpty());
+}
+
+TEST_F(InitializeTest, LeavesTheProviderAsItWasWhenItFails) {
+    BeReady();
+    const auto later = windows::MakeObject<NamespaceStandIn>();
+    {
+        const ReplacedImport none(library.Module(), "CoGetClassObject", &GetNoFactory);
+        ASSERT_EQ(Initialize(later.Get(), initSink.Get()), windows::Hr(WBEM_E_FAILED));
+    }
+    EXPECT_EQ(Get(L"QV_SATAControllerLocation.Name=\"none\""), windows::Hr(WBEM_E_NOT_FOUND));
+    EXPECT_THAT(later->gets.All(), IsEmpty());
+    EXPECT_THAT(nameSpace->gets.All(), ::testing::SizeIs(1));
 }
 
 // The next allocation of the library after it got the factory of path parsers fails.

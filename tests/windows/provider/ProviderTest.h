@@ -69,8 +69,8 @@ protected:
     HRESULT Initialize() { return Initialize(nameSpace.Get(), initSink.Get()); }
     HRESULT Initialize(IWbemServices* services, IWbemProviderInitSink* toldTo) {
         const CallContext call(*caller.Get());
-        std::wstring name = L"root\\QVQ";
-        return init->Initialize(nullptr, 0, name.data(), nullptr, services, context.Get(), toldTo);
+        return init->Initialize(nullptr, 0, nameSpaceName.data(), nullptr, services, context.Get(),
+                                toldTo);
     }
     /// Initialised, and the stand-ins know nothing of it.
     void BeReady() {
@@ -106,6 +106,7 @@ protected:
     SourceStandIn source;
     PathParserStandIn parsers;
     ComPtr<CallerStandIn> caller = windows::MakeObject<CallerStandIn>();
+    std::wstring nameSpaceName = L"root\\QVQ";
     ComPtr<NamespaceStandIn> nameSpace = windows::MakeObject<NamespaceStandIn>();
     ComPtr<ContextStandIn> context = windows::MakeObject<ContextStandIn>();
     ComPtr<InitSinkStandIn> initSink = windows::MakeObject<InitSinkStandIn>();

@@ -1,5 +1,6 @@
 // References to other instances: what stands before them as published and as asked for.
 #include "tests/windows/provider/ProviderTest.h"
+#include "tests/windows/support/ReplacedImport.h"
 
 namespace qv::test {
 namespace {
@@ -51,6 +52,55 @@ TEST_F(References, AreFoundUnderAnotherServersName) {
                   L"\",PhysicalLocation=\"" + other + Location(L"\\\"") + L"\""),
               S_OK);
     ExpectReferencesBehind(L"\\\\SRV\\root\\QVQ:");
+}
+
+/// A process whose code page has no Cyrillic letter.
+class WideReferences : public References {
+protected:
+    void SetUp() override {
+        ASSERT_EQ(GetACP(), 1252U);
+        source.Answer(definitionQuery, {{{L"__SERVER", L"СЕРВЕР"}}});
+    }
+};
+
+TEST_F(WideReferences, KeepAServersNameThatTheCodePageLacks) {
+    BeReady();
+    EXPECT_EQ(Enumerate(association), S_OK);
+    ExpectReferencesBehind(L"\\\\СЕРВЕР\\root\\QVQ:");
+}
+
+TEST_F(WideReferences, KeepItInAnInstanceThatIsFetchedByItsPath) {
+    BeReady();
+    const std::wstring here = LR"(\\\\СЕРВЕР\\root\\QVQ:)";
+    EXPECT_EQ(Get(association + L".Element=\"" + here + Package(L"\\\"") +
+                  L"\",PhysicalLocation=\"" + here + Location(L"\\\"") + L"\""),
+              S_OK);
+    ExpectReferencesBehind(L"\\\\СЕРВЕР\\root\\QVQ:");
+}
+
+TEST_F(WideReferences, KeepANamespaceThatTheCodePageLacks) {
+    nameSpaceName = L"root\\ДИСКИ";
+    BeReady();
+    EXPECT_EQ(Enumerate(association), S_OK);
+    ExpectReferencesBehind(L"\\\\СЕРВЕР\\root\\ДИСКИ:");
+}
+
+BOOL WINAPI GiveCyrillicName(COMPUTER_NAME_FORMAT, LPWSTR buffer, LPDWORD length) {
+    constexpr std::wstring_view name = L"сервер";
+    name.copy(buffer, name.size());
+    *length = static_cast<DWORD>(name.size());
+    return TRUE;
+}
+
+TEST_F(WideReferences, HoldTheNameOfTheHostInTheCodePage) {
+    const ReplacedImport reader(library.Module(), "GetComputerNameExW", &GiveCyrillicName);
+    source.Answer(disksQuery, {{{L"InterfaceType", L"IDE"}, {L"PNPDeviceID", L"IDE\\X"}}});
+    BeReady();
+    EXPECT_EQ(Enumerate(L"QV_WinComputerSystemSATADiskDrive"), S_OK);
+    ASSERT_EQ(sink->objects.size(), 1U);
+    EXPECT_EQ(sink->Instance(0).Value(L"GroupComponent"),
+              L"\\\\СЕРВЕР\\root\\QVQ:QV_WinComputerSystem."
+              L"CreationClassName=\"QV_WinComputerSystem\",Name=\"??????\"");
 }
 
 }  // namespace

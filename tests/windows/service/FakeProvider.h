@@ -87,7 +87,7 @@ private:
 /// The classes of the namespace that the tests are about.
 inline constexpr const char* testMof = R"(
 #pragma namespace("\\\\.\\root\\QVQ")
-class T_Base { [key] string Key; uint32 Number = 7; };
+[Abstract] class T_Base { [key] string Key; uint32 Number = 7; };
 [dynamic, provider("P")] class T_Disk : T_Base { string Note; };
 [dynamic, provider("P")] class T_Port : T_Base { };
 [dynamic, provider("P"), Association] class T_Link { [key] T_Disk ref Disk; [key] T_Port ref Port; };

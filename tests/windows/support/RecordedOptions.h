@@ -2,9 +2,11 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "SourceTree.h"
+#include "qvsata/service/ShippedMof.h"
 #include "qvsata/service/com/ManagementHost.h"
 
 namespace qv::test {
@@ -20,7 +22,9 @@ inline service::HostOptions RecordedOptions(std::shared_ptr<const service::Recor
                                             const char* library) {
     service::HostOptions options;
     options.recorded = std::move(recorded);
-    options.mofFiles = {QV_SOURCE_DIR "/mof/cim_schema.mof", QV_SOURCE_DIR "/mof/qvwmisata.mof"};
+    for (const std::string_view name : service::shippedClassFiles) {
+        options.mofFiles.emplace_back(QV_SOURCE_DIR "/mof/" + std::string(name));
+    }
     options.library = library;
     return options;
 }

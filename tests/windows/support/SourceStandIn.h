@@ -2,6 +2,7 @@
 
 #include <wbemprov.h>
 
+#include <functional>
 #include <map>
 #include <string>
 #include <utility>
@@ -59,6 +60,9 @@ struct SourceScript {
     HRESULT connected = S_OK;                     ///< connecting to a namespace
     std::map<std::wstring, QueryScript> queries;  ///< by text; another query gives no rows
 
+    /// Called as each Next returns its objects.
+    std::function<void()> afterNext = [] {};
+
     CallList<ConnectCall> connects;
     CallList<QueryCall> asked;
     CallList<NextCall> nexts;
@@ -98,6 +102,7 @@ public:
         for (const auto& row : batch.rows) {
             row.CopyTo(&objects[(*returned)++]);
         }
+        source_.afterNext();
         return batch.status;
     }
     STDMETHODIMP NextAsync(ULONG, IWbemObjectSink*) override { return refused; }

@@ -49,9 +49,25 @@ TEST(BadMof, IsNamedWithLineAndColumn) {
     const auto folder = std::filesystem::temp_directory_path() / "qvsata-bad-mof";
     std::filesystem::create_directories(folder);
     WriteFile("qvsata-bad-mof/cim_schema.mof", "class A {\n  uint16 = 3;\n};\n");
+    WriteFile("qvsata-bad-mof/cim_schema_later.mof", "");
+    WriteFile("qvsata-bad-mof/qv_computer_system.mof", "");
+    WriteFile("qvsata-bad-mof/qv_group_collection.mof", "");
+    WriteFile("qvsata-bad-mof/qv_software_identity.mof", "");
     WriteFile("qvsata-bad-mof/qvwmisata.mof", "");
     EXPECT_THAT(Failure({"classes", "--host", Desktop(), "--mof", folder.string()}, 1),
                 HasSubstr("cim_schema.mof:2:10: "));
+}
+
+TEST(InstalledClasses, ThatLackOursAreNamed) {
+    const std::string file = WriteFile("qvsata-older.mof", R"(
+#pragma namespace("\\\\.\\root\\QVQ")
+[Abstract] class CIM_ManagedElement { string Caption; string Description; string ElementName; };
+)");
+    const std::string failure = Failure({"classes", "--host", Desktop(), "--installed", file}, 1);
+    EXPECT_THAT(failure,
+                HasSubstr(": class CIM_ManagedElement is in the namespace already, which "
+                          "lacks CIM_ManagedElement.InstanceID, CIM_ManagedSystemElement, "));
+    EXPECT_THAT(failure, HasSubstr("(WBEM_E_ALREADY_EXISTS 0x80041019)\n"));
 }
 
 TEST(BadMof, ThatIsMissingIsNamed) {
@@ -76,6 +92,10 @@ TEST(BadMof, WithoutTheClassOfANeighbourEndsTheWalk) {
     const auto folder = std::filesystem::temp_directory_path() / "qvsata-lost-class";
     std::filesystem::create_directories(folder);
     WriteFile("qvsata-lost-class/cim_schema.mof", "");
+    WriteFile("qvsata-lost-class/cim_schema_later.mof", "");
+    WriteFile("qvsata-lost-class/qv_computer_system.mof", "");
+    WriteFile("qvsata-lost-class/qv_group_collection.mof", "");
+    WriteFile("qvsata-lost-class/qv_software_identity.mof", "");
     WriteFile("qvsata-lost-class/qvwmisata.mof", R"(
 #pragma namespace("\\\\.\\root\\QVQ")
 class CIM_Any { };

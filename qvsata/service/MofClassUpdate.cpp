@@ -1,0 +1,68 @@
+#include "qvsata/service/MofClassUpdate.h"
+
+#include <algorithm>
+
+#include "source/Text.h"
+
+namespace qv::service {
+namespace {
+
+/// Qualifiers that count as a change of the class; others are texts.
+constexpr const char* weighty[] = {"abstract", "dynamic", "singleton", "provider", "association"};
+
+bool AreAlike(const PropertyDefinition& left, const PropertyDefinition& right) {
+    return EqualsIgnoringCase(left.name, right.name) && left.type == right.type &&
+           left.isArray == right.isArray && left.isKey == right.isKey &&
+           EqualsIgnoringCase(left.referenceClass, right.referenceClass) &&
+           left.defaultValue == right.defaultValue;
+}
+
+bool AreAlike(const ClassDefinition& left, const ClassDefinition& right) {
+    return EqualsIgnoringCase(left.superclass, right.superclass) &&
+           std::ranges::equal(
+               left.properties, right.properties,
+               [](const auto& one, const auto& other) { return AreAlike(one, other); }) &&
+           std::ranges::all_of(weighty, [&](const char* name) {
+               const Qualifier* const one = FindQualifier(left.qualifiers, name);
+               const Qualifier* const other = FindQualifier(right.qualifiers, name);
+               return (one == nullptr) == (other == nullptr) &&
+                      (one == nullptr || one->value == other->value);
+           });
+}
+
+}  // namespace
+
+std::optional<ClassBreach> FindUpdateBreach(const ClassDefinition& changed,
+                                            const ClassRepository& classes,
+                                            const ClassFlags& flags) {
+    if (AreAlike(*classes.Find(changed.name), changed)) {
+        return {};
+    }
+    const std::string change = "class " + changed.name + " is changed and ";
+    const bool hasInstances =
+        std::ranges::any_of(classes.Instances(), [&](const InstanceDefinition& instance) {
+            return classes.IsA(instance.className, changed.name);
+        });
+    if (hasInstances) {
+        return ClassBreach{change + "has instances", &mof_status::classHasInstances};
+    }
+    ClassRepository after = classes;
+    after.Replace(changed);
+    for (const ClassDefinition& other : classes.Classes()) {
+        if (EqualsIgnoringCase(other.name, changed.name) ||
+            !classes.IsA(other.name, changed.name)) {
+            continue;
+        }
+        if (!flags.withSubclasses) {
+            return ClassBreach{change + "has the subclass " + other.name,
+                               &mof_status::classHasChildren};
+        }
+        if (const auto breach = FindBreach(other, after)) {
+            return ClassBreach{change + "contradicts its subclass: " + breach->what,
+                               &mof_status::classHasChildren};
+        }
+    }
+    return {};
+}
+
+}  // namespace qv::service

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace qv::service {
+
+// Conversions between UTF-8, which recordings are in, and the platform's wide characters: UTF-16 on
+// Windows, UTF-32 elsewhere. Both take well-formed text.
+
+std::wstring ToWide(std::string_view utf8);
+std::string ToUtf8(std::wstring_view wide);
+
+}  // namespace qv::service
