@@ -66,7 +66,7 @@ LPPROC_THREAD_ATTRIBUTE_LIST PseudoConsole::Attributes() const {
 
 void PseudoConsole::PressCtrlC() const {
     DWORD written = 0;
-    WriteFile(keyboard_.Get(), "\x03", 1, &written, nullptr);
+    ::WriteFile(keyboard_.Get(), "\x03", 1, &written, nullptr);
 }
 
 }  // namespace qv::test
