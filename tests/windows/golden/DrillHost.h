@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "qvsata/cim/Instance.h"
@@ -46,15 +47,18 @@ public:
         settings_.reset();
     }
 
-    /// The indications of the cycle on the present recording. Behind it the next one is present.
+    /// The indications of the cycle on the present recording. Behind it the next one is present,
+    /// and the monitor is held until the next cycle is asked for.
     std::vector<PublishedInstance> RunCycle() {
+        if (std::exchange(held_, true)) {
+            pauses_->LetGo();
+        }
         EXPECT_EQ(WaitForSingleObject(pauses_->CycleOver(), 60000), WAIT_OBJECT_0);
         std::vector<PublishedInstance> indications;
         for (const auto& indication : subscription_->Take()) {
             indications.push_back(Read(dynamic_cast<const service::Instance&>(*indication)));
         }
         host_->Recordings()->Step();
-        pauses_->LetGo();
         return indications;
     }
 
@@ -93,6 +97,7 @@ private:
     std::optional<service::ManagementHost> host_;
     std::optional<service::MonitorPauses> pauses_;
     std::optional<service::EventSubscription> subscription_;
+    bool held_ = false;
 };
 
 /// The event's ID and the disk's device ID, joined by a blank.
