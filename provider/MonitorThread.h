@@ -36,7 +36,8 @@ public:
     /// - a moment passes first when a thread is in a cycle, which is usually short;
     /// - the threads are stopped while the locks are held that can be: those of the inventory and
     ///   the event providers, the loader's, and those of the process's and the C runtime's heap.
-    ///   These are waited for as long as others hold them;
+    ///   These are waited for as long as others hold them, and so is the stop itself: a thread that
+    ///   is stuck inside the system holds up the caller;
     /// - the locks are free again when the stopped threads are ended. A lock that is given back
     ///   wakes a thread that waits for it, and so forgets it, while that thread still exists.
     ///
@@ -54,8 +55,8 @@ public:
     void EndAll() noexcept;
 
     /// What the calling thread, one of the monitor's, is delivering with. When the thread is ended
-    /// meanwhile it is given back by whoever ends it, and therefore set and emptied under
-    /// EventGuard() only.
+    /// meanwhile it is given back by whoever ends it, and therefore begun and emptied under
+    /// EventGuard(). In between only the thread itself adds to it.
     static EventDelivery& InFlight();
 
 private:
