@@ -22,7 +22,7 @@ namespace {
 
 using windows::ComPtr;
 
-/// Gives back what the calling thread was delivering with, when the guard is free again: that is
+/// Returns what the calling thread was delivering with to its owners, when the guard is free again: that is
 /// code of somebody else.
 class DeliveryEnd {
 public:

@@ -33,7 +33,7 @@ public:
 
     /// Sets a value that is in the form of its type; a property that the class lacks is left out.
     void Set(std::string_view name, CimValue value);
-    /// Gives a property its default value back; false for one that the class lacks.
+    /// Resets a property to its default value; false for one that the class lacks.
     bool Reset(std::string_view name);
 
     /// Keeps what a provider put; the value itself is Set by the caller.

@@ -17,7 +17,7 @@ public:
     /// WBEM_E_NOT_FOUND for a property that the class does not define, WBEM_E_READ_ONLY for a
     /// system property; neither code is documented. `type` must be 0, as documented for instances.
     STDMETHODIMP Put(LPCWSTR name, LONG flags, VARIANT* value, CIMTYPE type) override;
-    /// Gives the property its default value back.
+    /// Resets the property to its default value.
     STDMETHODIMP Delete(LPCWSTR name) override;
     STDMETHODIMP Clone(IWbemClassObject** copy) override;
 

@@ -12,7 +12,7 @@ class LastReference {
 public:
     void Hold(ComPtr<IWbemProviderInit>& provider) { provider_ = provider.Detach(); }
 
-    /// Gives the reference back, unless another thread did.
+    /// Releases the reference, unless another thread did.
     void GiveBack() {
         if (IWbemProviderInit* const provider = provider_.exchange(nullptr)) {
             DuplicateHandle(GetCurrentProcess(), GetCurrentThread(), GetCurrentProcess(),
@@ -38,7 +38,7 @@ private:
     windows::KernelHandle given_{CreateEventW(nullptr, TRUE, FALSE, nullptr)};
 };
 
-/// Gives the reference back inside each delivery, between two gates.
+/// Releases the reference inside each delivery, between two gates.
 class DroppingSink : public EventSink {
 public:
     explicit DroppingSink(LastReference& provider) : provider_(provider) {}
@@ -56,7 +56,7 @@ private:
     LastReference& provider_;
 };
 
-/// Gives the reference back at its own end.
+/// Releases the reference at its own end.
 class OwningSink : public EventSink {
 public:
     explicit OwningSink(LastReference& provider) : provider_(provider) {}
