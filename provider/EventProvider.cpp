@@ -22,8 +22,8 @@ namespace {
 
 using windows::ComPtr;
 
-/// Returns what the calling thread was delivering with to its owners, when the guard is free again: that is
-/// code of somebody else.
+/// Releases what the calling thread was delivering with, once the guard is free again: the release
+/// is code of somebody else.
 class DeliveryEnd {
 public:
     DeliveryEnd() = default;
