@@ -1,4 +1,4 @@
-#include "qvsata/Program.h"
+#include "qvsata/commands/Program.h"
 
 int main(int count, char** arguments) {
     return qv::tool::RunProgram(count, arguments);

@@ -21,8 +21,8 @@ struct ClassLine {
 std::vector<ClassLine> CountInstances(const service::Namespace& nameSpace) {
     std::vector<ClassLine> lines;
     for (const PublishedClass& published : PublishedClasses()) {
-        const bool isAssociation = lines.size() >= instanceClassCount;
-        lines.push_back({std::string(published.name), isAssociation ? "association" : "instance",
+        lines.push_back({std::string(published.name),
+                         published.association != nullptr ? "association" : "instance",
                          Take(nameSpace.Enumerate(published.name)).size()});
     }
     return lines;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+
 #include "CLI/CLI.hpp"
 
 namespace qv::tool {
@@ -14,5 +16,9 @@ void AddQuery(CLI::App& program);
 void AddReferences(CLI::App& program);
 void AddTopology(CLI::App& program);
 void AddWatch(CLI::App& program);
+
+/// All of them, in the order in which --help lists them.
+inline constexpr std::array commands{AddTopology, AddClasses,     AddEnumerate,  AddGet,
+                                     AddQuery,    AddAssociators, AddReferences, AddWatch};
 
 }  // namespace qv::tool

@@ -1,7 +1,6 @@
 #include "qvsata/commands/Options.h"
 
 #include <algorithm>
-#include <array>
 
 namespace qv::tool {
 namespace {
@@ -17,7 +16,7 @@ std::string Alternatives(const std::vector<std::string>& names, const std::strin
 
 }  // namespace
 
-void AddFormatOption(CLI::App& command, const std::vector<std::string>& names,
+void AddNamedFormats(CLI::App& command, const std::vector<std::string>& names,
                      std::function<void(std::size_t)> choose) {
     const auto read = [names, choose = std::move(choose)](const std::string& name) {
         const auto found = std::ranges::find(names, name);
@@ -33,9 +32,9 @@ void AddFormatOption(CLI::App& command, const std::vector<std::string>& names,
 
 void AddOptions(CLI::App& command, Options& options) {
     AddSourceOptions(command, options);
-    AddFormatOption(command, {"text", "json", "mof"}, [&options](std::size_t position) {
-        options.format = std::array{Format::text, Format::json, Format::mof}[position];
-    });
+    AddFormatOption<Format>(command,
+                            {{"text", Format::text}, {"json", Format::json}, {"mof", Format::mof}},
+                            options.format);
 }
 
 void AddSourceOptions(CLI::App& command, Options& options) {

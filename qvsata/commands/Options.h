@@ -1,7 +1,10 @@
 #pragma once
 
+#include <algorithm>
 #include <functional>
+#include <iterator>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "CLI/CLI.hpp"
@@ -29,9 +32,24 @@ void AddOptions(CLI::App& command, Options& options);
 /// The same without --format, for a command with formats of its own.
 void AddSourceOptions(CLI::App& command, Options& options);
 
-/// Adds --format. `choose` is called with the position of the given one of the names, of which the
-/// first is the default.
-void AddFormatOption(CLI::App& command, const std::vector<std::string>& names,
+/// Adds --format, which takes one of the names; the first one is the default. Calls `choose` with
+/// the index of the name given.
+void AddNamedFormats(CLI::App& command, const std::vector<std::string>& names,
                      std::function<void(std::size_t)> choose);
+
+/// A name that --format takes, and the value it stands for.
+template <typename Value>
+using NamedFormat = std::pair<std::string, Value>;
+
+/// Adds --format, which takes one of the names and sets `chosen` to its value. The first name is
+/// the default; `chosen` has its value already.
+template <typename Value>
+void AddFormatOption(CLI::App& command, std::vector<NamedFormat<Value>> formats, Value& chosen) {
+    std::vector<std::string> names;
+    std::ranges::transform(formats, std::back_inserter(names), &NamedFormat<Value>::first);
+    AddNamedFormats(command, names, [formats = std::move(formats), &chosen](std::size_t index) {
+        chosen = formats[index].second;
+    });
+}
 
 }  // namespace qv::tool

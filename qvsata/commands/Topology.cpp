@@ -1,7 +1,6 @@
 #include "qvsata/view/Topology.h"
 
 #include <algorithm>
-#include <array>
 #include <memory>
 
 #include "catalogue/Classes.h"
@@ -47,9 +46,9 @@ void AddTopology(CLI::App& program) {
     CLI::App* command = program.add_subcommand(
         "topology", "the host as a tree: controllers, channels, disks (dot: the associations)");
     AddSourceOptions(*command, arguments->options);
-    AddFormatOption(*command, {"text", "json", "dot"}, [arguments](std::size_t position) {
-        arguments->view = std::array{View::tree, View::json, View::graph}[position];
-    });
+    AddFormatOption<View>(*command,
+                          {{"text", View::tree}, {"json", View::json}, {"dot", View::graph}},
+                          arguments->view);
     command->footer("Example: qvsata topology --host hosts/ahci-desktop.json");
     command->callback([arguments] {
         const auto session = StartSession(arguments->options);

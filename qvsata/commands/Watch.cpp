@@ -1,4 +1,3 @@
-#include <array>
 #include <charconv>
 #include <chrono>
 #include <memory>
@@ -53,9 +52,8 @@ void AddWatch(CLI::App& program) {
     CheckLimit(command->add_option("--count", arguments->count, "ends after so many events"), "N");
     CheckLimit(command->add_option("--for", arguments->seconds, "ends after so many seconds"),
                "SECONDS");
-    AddFormatOption(*command, {"text", "json"}, [arguments](std::size_t position) {
-        arguments->format = std::array{EventFormat::text, EventFormat::json}[position];
-    });
+    AddFormatOption<EventFormat>(
+        *command, {{"text", EventFormat::text}, {"json", EventFormat::json}}, arguments->format);
     command->footer(
         "The provider looks at the disks every 30 seconds.\n"
         "Example: qvsata watch --host hosts/drill/0-healthy.json --then hosts/drill/1-degraded.json"

@@ -3,13 +3,13 @@
 namespace qv::view {
 namespace {
 
-bool IsFine(const Status& status) {
+bool IsFine(const Health& status) {
     return status.code == 2;
 }
 
 }  // namespace
 
-Style StyleOf(const Status& status) {
+Style StyleOf(const Health& status) {
     constexpr std::int64_t error = 6;
     if (IsFine(status)) {
         return Style::good;
@@ -17,7 +17,7 @@ Style StyleOf(const Status& status) {
     return status.code == error ? Style::bad : Style::caution;
 }
 
-Span StatusSpan(const Status& status) {
+Span StatusSpan(const Health& status) {
     return {(IsFine(status) ? "" : "! ") + status.word, StyleOf(status)};
 }
 

@@ -14,8 +14,8 @@ namespace {
 constexpr std::array<std::pair<std::int64_t, std::string_view>, 5> codeWords{
     {{0, "Unknown"}, {2, "OK"}, {3, "Degraded"}, {5, "Pred Fail"}, {6, "Error"}}};
 
-Status StatusOf(const PublishedObject& object, std::string_view codes, std::string_view texts) {
-    Status status{object.Number(codes), std::string(Trimmed(object.Text(texts)))};
+Health StatusOf(const PublishedObject& object, std::string_view codes, std::string_view texts) {
+    Health status{object.Number(codes), std::string(Trimmed(object.Text(texts)))};
     if (status.word.empty() && status.code) {
         const auto* known = std::ranges::find(codeWords, *status.code,
                                               &std::pair<std::int64_t, std::string_view>::first);
@@ -28,7 +28,7 @@ Status StatusOf(const PublishedObject& object, std::string_view codes, std::stri
     return status;
 }
 
-Status StatusOf(const PublishedObject& object) {
+Health StatusOf(const PublishedObject& object) {
     return StatusOf(object, "OperationalStatus", "StatusDescriptions");
 }
 

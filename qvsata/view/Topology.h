@@ -12,7 +12,7 @@
 namespace qv::view {
 
 /// What an instance says of its health.
-struct Status {
+struct Health {
     std::optional<std::int64_t> code;  ///< the first code, if there is one
     std::string word;                  ///< never empty: "no status" when nothing is said
 };
@@ -22,7 +22,7 @@ struct Disk {
     std::string deviceId;
     std::string serialNumber;  ///< without blanks at its ends
     std::string firmware;
-    Status status;
+    Health status;
     std::optional<std::uint64_t> size;  ///< bytes
     /// Of the partition that the disk's storage extent shows; nothing when it shows none.
     std::optional<bool> bootable;
@@ -33,7 +33,7 @@ struct Disk {
 struct Channel {
     std::string name;
     std::string deviceId;
-    Status status;
+    Health status;
     std::vector<Disk> disks;
 };
 
@@ -46,7 +46,7 @@ struct Software {
 struct Controller {
     std::string name;
     std::string deviceId;
-    Status status;
+    Health status;
     std::optional<Software> driver;
     std::optional<Software> firmware;
     std::optional<Software> bios;
@@ -60,7 +60,7 @@ struct Topology {
     std::vector<Controller> controllers;
     std::vector<Channel> looseChannels;  ///< of no published controller
     std::vector<Disk> looseDisks;        ///< attached to nothing that is published
-    std::optional<Status> collection;    ///< the consolidated status of the disks
+    std::optional<Health> collection;    ///< the consolidated status of the disks
 };
 
 /// The classes whose instances BuildTopology looks at.

@@ -14,7 +14,7 @@ ordered_json OrNull(const std::string& text) {
     return text.empty() ? ordered_json(nullptr) : ordered_json(text);
 }
 
-void AddStatus(const Status& status, ordered_json& members) {
+void AddStatus(const Health& status, ordered_json& members) {
     members["status"] = status.word;
     members["statusCode"] = OrNull(status.code);
 }

@@ -163,7 +163,7 @@ StyledText Summary(const Topology& topology) {
     if (disks.empty()) {
         return {{"no disks"}};
     }
-    std::vector<std::pair<const Status*, std::size_t>> counts;
+    std::vector<std::pair<const Health*, std::size_t>> counts;
     for (const Disk* disk : disks) {
         const auto known = std::ranges::find_if(
             counts, [disk](const auto& one) { return one.first->word == disk->status.word; });

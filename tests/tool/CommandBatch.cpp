@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "qvsata/Program.h"
+#include "qvsata/commands/Program.h"
 #include "qvsata/system/Console.h"
 
 namespace {

@@ -12,9 +12,9 @@ using view::Span;
 using view::Style;
 using view::Topology;
 
-const view::Status ok{2, "OK"};
+const view::Health ok{2, "OK"};
 
-Disk MakeDisk(const std::string& model, const view::Status& status) {
+Disk MakeDisk(const std::string& model, const view::Health& status) {
     Disk disk;
     disk.model = model;
     disk.status = status;

@@ -62,7 +62,7 @@ ImportPatch::ImportPatch(HMODULE module, const char* function, Function replacem
         auto* slot = static_cast<Function*>(found);
         entries_.push_back({slot, *slot});
         if (!Write(slot, replacement)) {
-            throw RequestError(static_cast<Status>(HRESULT_FROM_WIN32(GetLastError())));
+            windows::ThrowIfFailed(HRESULT_FROM_WIN32(GetLastError()));
         }
     }
 }

@@ -2,7 +2,7 @@
 // a console.
 #include <windows.h>
 
-#include "qvsata/Program.h"
+#include "qvsata/commands/Program.h"
 #include "tests/windows/support/ShortSleeps.h"
 
 namespace {

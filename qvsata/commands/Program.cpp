@@ -1,4 +1,4 @@
-#include "qvsata/Program.h"
+#include "qvsata/commands/Program.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -29,14 +29,9 @@ int Run(std::vector<std::string> arguments) {
     program.allow_windows_style_options(false);
     program.set_version_flag("--version", "qvsata " QV_VERSION);
     program.require_subcommand(1);
-    AddTopology(program);
-    AddClasses(program);
-    AddEnumerate(program);
-    AddGet(program);
-    AddQuery(program);
-    AddAssociators(program);
-    AddReferences(program);
-    AddWatch(program);
+    for (const auto& add : commands) {
+        add(program);
+    }
     try {
         std::ranges::reverse(arguments);  // CLI11 takes the last one first
         program.parse(std::move(arguments));
