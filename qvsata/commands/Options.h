@@ -9,28 +9,28 @@
 
 namespace qv::tool {
 
-/// What every command that asks the provider is told: where the machine's facts come from, which
-/// provider, how to write the answer.
+/// The options of every command that uses the provider: the source of the machine's facts, the
+/// provider and the output format.
 struct Options {
     std::string host;                     ///< file of a recorded host; empty without --host
-    std::vector<std::string> laterHosts;  ///< files of what the recorded host becomes, in order
+    std::vector<std::string> laterHosts;  ///< files of later recordings of the host, in order
     bool live = false;
     std::string library;                    ///< empty: beside this program
     std::string mofFolder;                  ///< empty: beside this program
-    std::vector<std::string> installedMof;  ///< files of classes that the namespace has already
+    std::vector<std::string> installedMof;  ///< files of classes that already exist
     bool registered = false;
     Format format = Format::text;
 };
 
-/// Adds the options to a command; they are kept in `options` when the command line is read. Exactly
-/// one of --host and --live has to be given.
+/// Adds the options to a command; parsing the command line fills `options`. Exactly one of --host
+/// and --live is required.
 void AddOptions(CLI::App& command, Options& options);
 
-/// The same without --format, for a command with formats of its own.
+/// Adds the same options without --format, for a command with its own formats.
 void AddSourceOptions(CLI::App& command, Options& options);
 
-/// Adds --format. `choose` is called with the position of the given one of the names, of which the
-/// first is the default.
+/// Adds --format. Parsing calls `choose` with the position in `names` of the given name. The first
+/// name is the default.
 void AddFormatOption(CLI::App& command, const std::vector<std::string>& names,
                      std::function<void(std::size_t)> choose);
 
