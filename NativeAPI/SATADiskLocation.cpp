@@ -1,5 +1,5 @@
-// QV_SATADiskLocation: where each Win32_DiskDrive row of interface type "IDE" sits: the controller
-// or channel that its Win32_IDEControllerDevice link names.
+// QV_SATADiskLocation: the location of each Win32_DiskDrive row of interface type "IDE", which is
+// the controller or channel that its Win32_IDEControllerDevice link names.
 #include "NativeAPI/Attachment.h"
 #include "NativeAPI/NativeAPI.h"
 #include "NativeAPI/Properties.h"

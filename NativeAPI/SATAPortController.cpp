@@ -1,5 +1,5 @@
-// QV_SATAPortController: one instance per Win32_IDEController row with a PCI revision in its
-// device ID. The encoded device ID is the key by which everything of the controller refers to it.
+// QV_SATAPortController: one instance per Win32_IDEController row with a PCI revision in its device
+// ID. The encoded device ID is the key, by which all instances of the controller refer to it.
 #include "NativeAPI/KeptRows.h"
 #include "NativeAPI/NativeAPI.h"
 #include "NativeAPI/Properties.h"

@@ -1,6 +1,6 @@
 // QV_SATAPortControllerBIOS, QV_SATAPortControllerFW and QV_SATAPortControllerDriver: at most one
-// instance of each class per family of controllers, for the first Win32_IDEController row, channels
-// included, that a driver of the family serves. The drivers are found over the row's plug-and-play
+// instance of each class per family of controllers, for the first Win32_IDEController row (channels
+// included) that a driver of the family serves. The driver is found through the row's plug-and-play
 // device.
 #include <array>
 #include <set>

@@ -1,7 +1,7 @@
 // The two ends of a link. QV_ISATAProtocolEndpoint: one instance per channel row of
 // Win32_IDEController, keyed by its encoded device ID. QV_TSATAProtocolEndpoint: one instance per
-// Win32_DiskDrive row of interface type "IDE", keyed by the disk together with the controller or
-// channel that it is attached to.
+// Win32_DiskDrive row of interface type "IDE", keyed by the disk together with its controller or
+// channel.
 #include "NativeAPI/Attachment.h"
 #include "NativeAPI/KeptRows.h"
 #include "NativeAPI/NativeAPI.h"
