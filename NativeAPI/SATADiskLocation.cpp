@@ -10,7 +10,8 @@
 namespace qv {
 namespace {
 
-// What stands behind the last ampersand; the whole ID without one (the position after npos is 0).
+// Returns the text after the last ampersand; the whole ID if it has none (the position after npos
+// is 0).
 std::string LocationTag(const std::string& pnpDeviceId) {
     return "SCSI ID: " + pnpDeviceId.substr(pnpDeviceId.rfind('&') + 1);
 }

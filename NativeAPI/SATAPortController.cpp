@@ -11,7 +11,7 @@
 namespace qv {
 namespace {
 
-// Read as 16 bits; 0 when the source has no number.
+// Read as 16 bits; 0 if the source has no number.
 std::string ProtocolSupported(const platform::Row& row) {
     std::uint16_t protocol = 0;
     GetUInt16Property(row, "ProtocolSupported", protocol);

@@ -59,7 +59,7 @@ RecordList NativeAPI::getQV_TSATAProtocolEndpoint(const Request& request) const 
         if (const auto* controller = attached.links.ControllerOfDisk(diskId)) {
             SetKeyProperty(record, "Name", ConnectedId(diskId, controller));
         }
-        // Put without a host name too, on purpose: unlike the other classes.
+        // Put even without a host name, on purpose, unlike the other classes.
         SetKeyProperty(record, "SystemName", hostName.value_or(""));
         PutClassNames(record);
         if (!request.Accepts(record)) {
