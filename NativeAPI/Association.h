@@ -11,10 +11,10 @@ namespace qv {
 struct AssociationEnd {
     std::string_view role;       ///< the property that refers to the endpoint
     std::string_view className;  ///< the endpoint's class
-    std::string_view key;        ///< the endpoint's property that is compared; missing, it is empty
+    std::string_view key;        ///< the endpoint's property that is compared; empty if missing
 };
 
-/// A condition on further properties of two endpoints; none unless it is given a rule.
+/// A condition on one more property of each endpoint. The default holds for all.
 struct FurtherCondition {
     std::string_view firstKey;
     std::string_view secondKey;
@@ -23,13 +23,13 @@ struct FurtherCondition {
 
 /// A property with the same value in every instance of an association.
 struct FixedProperty {
-    std::string_view name;  ///< empty: there is none
+    std::string_view name;  ///< empty: none
     std::string_view value;
     PropertyType type = PropertyType::string;
 };
 
-/// An association class and what its instances are made of. An association of three has a third
-/// end, which goes with the second.
+/// An association class and the rules for its instances. A three-way association has a third end,
+/// which is paired with the second.
 struct Association {
     std::string_view name;
     AssociationEnd first;

@@ -11,8 +11,8 @@
 namespace qv {
 namespace {
 
-// Whether the endpoint that the filter names can be one of these ends and the one that it asks for
-// another of them.
+// Returns whether the endpoint of the filter can be one of these ends, and the result class of the
+// filter another one.
 bool MayRelate(const EndpointFilter& filter, std::initializer_list<AssociationEnd> ends) {
     const auto mayBeNamed = [&filter](const AssociationEnd& end) {
         return (!filter.NamesEndpoint() ||
@@ -30,8 +30,8 @@ bool MayRelate(const EndpointFilter& filter, std::initializer_list<AssociationEn
     });
 }
 
-// What the pairing asks of the instances of one end, read once of each. The instances themselves,
-// which are large, are not kept.
+// What pairing needs of the instances of one end, read once per instance. The instances themselves
+// are large and are not kept.
 struct Endpoints {
     Endpoints(const RecordList& records, const AssociationEnd& end, const EndpointFilter& filter,
               std::string_view furtherKey = {})
@@ -49,7 +49,7 @@ struct Endpoints {
     std::vector<std::string> keys;
     std::vector<std::string> furtherKeys;
     std::vector<std::string> paths;
-    std::vector<bool> asked;  // by the filter, or there is none
+    std::vector<bool> asked;  // named by the filter, or the filter names none
 };
 
 struct Endpoint {
@@ -84,7 +84,7 @@ void Restrict(Partners& partners, const Endpoints& first, const Endpoints& secon
     }
 }
 
-// The partners of those first keys that are wanted; the others have none.
+// Returns the partners of the first keys that are wanted; all others have none.
 Partners PairWanted(const std::vector<bool>& wanted, const Endpoints& first,
                     const Endpoints& second, MatchRule rule) {
     std::vector<std::size_t> places;

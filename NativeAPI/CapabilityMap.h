@@ -5,7 +5,8 @@
 
 namespace qv {
 
-/// What a capability code (Win32_DiskDrive.Capabilities) means; "Unknown" outside the table.
+/// Returns the meaning of a capability code (Win32_DiskDrive.Capabilities); "Unknown" for a code
+/// outside the table.
 std::string_view GetCapabilityDescription(std::int32_t code);
 
 }  // namespace qv

@@ -8,8 +8,8 @@ constexpr GroupStatus degraded{3, "Degraded"};
 constexpr GroupStatus error{6, "Error"};
 constexpr std::int32_t unknownCode = 0;
 
-// Not the worst of both, on purpose: a disk that is well, or degraded, after a failed one sets the
-// group back to OK.
+// Not the worse of both, on purpose: an OK or degraded disk after a failed one resets the group to
+// OK.
 GroupStatus Next(const GroupStatus& group, std::int32_t diskCode) {
     if (diskCode == unknownCode) {
         return group;

@@ -15,8 +15,8 @@ struct GroupStatus {
     bool operator==(const GroupStatus&) const = default;
 };
 
-/// The status of a group from the OperationalStatus codes of its disks, in their order. A disk
-/// without a code repeats the one before it; a group without any is OK.
+/// Returns the status of a group from the OperationalStatus codes of its disks, in their order. A
+/// disk without a code counts as the disk before it. A group without codes is OK.
 GroupStatus RollUp(std::span<const std::optional<std::int32_t>> diskCodes);
 
 }  // namespace qv

@@ -9,12 +9,12 @@
 
 namespace qv {
 
-/// Asks for the disks and gives the Win32_DiskDrive rows that are published (IsIdeDisk), in their
-/// order; none when the query fails.
+/// Queries the disks and returns the published Win32_DiskDrive rows (IsIdeDisk) in order; none if
+/// the query fails.
 platform::Rows QueryIdeDisks(const platform::QueryPort& queries);
 
-/// Asks for the controllers and gives every Win32_IDEController row, channels among them; whether
-/// the query could be run, otherwise there are none.
+/// Queries the controllers: sets `controllers` to all Win32_IDEController rows, including channels.
+/// Returns the status of the query; there are no rows if it failed.
 Status QueryControllerRows(const platform::QueryPort& queries, platform::Rows& controllers);
 
 /// A Win32_IDEController row and its DeviceID.
@@ -23,8 +23,8 @@ struct ControllerRow {
     std::shared_ptr<const platform::Row> row;
 };
 
-/// Asks for the controllers and gives the rows with a DeviceID that is kept (IsPortController,
-/// IsInitiator), in their order; none when the query fails.
+/// Queries the controllers and returns the rows with a DeviceID for which `isKept`
+/// (IsPortController, IsInitiator) holds, in order; none if the query fails.
 std::vector<ControllerRow> QueryControllers(const platform::QueryPort& queries,
                                             bool (*isKept)(std::string_view deviceId));
 

@@ -5,9 +5,9 @@
 
 namespace qv {
 
-/// When two endpoints of an association belong together, by a key of each: A the first one's, B the
-/// second one's. Beginnings, ends and whole texts are compared without regard to case; contained
-/// texts are sought letter case included.
+/// How the keys of two endpoints are matched: A is the first one's key, B the second one's.
+/// Beginnings, ends and whole texts are compared ignoring case; contained texts are found with
+/// their exact case.
 enum class MatchRule : std::uint32_t {
     always = 0,
     equal = 1,              ///< A equals B
@@ -22,7 +22,7 @@ enum class MatchRule : std::uint32_t {
     firstContainsToo = 10,  ///< the same as firstContains
 };
 
-/// Whether the rule holds for the keys; never for a rule that has no name above.
+/// Returns whether the rule holds for the keys; false for a rule without a name above.
 bool MatchKeyValues(std::string_view first, std::string_view second, MatchRule rule);
 
 }  // namespace qv

@@ -12,10 +12,10 @@ namespace {
 
 using Keys = std::span<const std::string>;
 
-// What one key of a pair is of the other.
+// How one key of a pair relates to the other.
 enum class Part { whole, beginning, end, inside, element };
 
-// The key in the form that makes the comparison one of bytes from the beginning on.
+// Returns the key in the form that reduces the comparison to bytes from the beginning on.
 std::string Comparable(const std::string& key, Part part) {
     if (part == Part::inside) {
         return key;
@@ -42,7 +42,7 @@ KeyTable::Places PartsOf(const std::string& text, const KeyTable& parts, Part pa
     return {};
 }
 
-// For each text the places of those keys that are a part of it.
+// Returns for each text the positions of the keys that are part of it.
 Partners FindParts(Keys texts, Keys keys, Part part) {
     std::vector<std::string> comparable;
     comparable.reserve(keys.size());
@@ -58,7 +58,7 @@ Partners FindParts(Keys texts, Keys keys, Part part) {
     return found;
 }
 
-// The same pairs seen from the other side, which has `count` keys.
+// Returns the same pairs by the keys of the other side, of which there are `count`.
 Partners Reversed(const Partners& partners, std::size_t count) {
     Partners reversed(count);
     for (std::size_t first = 0; first < partners.size(); ++first) {

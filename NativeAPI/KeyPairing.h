@@ -9,11 +9,11 @@
 
 namespace qv {
 
-/// For each first key the places of its partners among the second keys, in ascending order.
+/// For each first key, the positions of its partners among the second keys, in ascending order.
 using Partners = std::vector<std::vector<std::size_t>>;
 
-/// Finds the pairs of keys for which MatchKeyValues(first, second, rule) holds. Looks each key up
-/// among those of the other side instead of testing every pair.
+/// Finds the pairs of keys for which MatchKeyValues(first, second, rule) holds. It looks up each
+/// key in a table of the other side's keys instead of testing every pair.
 Partners PairKeys(std::span<const std::string> firstKeys, std::span<const std::string> secondKeys,
                   MatchRule rule);
 

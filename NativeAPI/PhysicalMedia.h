@@ -7,14 +7,14 @@
 
 namespace qv {
 
-/// What a Win32_PhysicalMedia row says of the disk that it belongs to.
+/// The facts of a Win32_PhysicalMedia row about its disk.
 struct PhysicalMedia {
     std::string serialNumber;
     std::string tag;  ///< the disk's device path
 };
 
-/// Asks for the media rows and gives the one of the Win32_DiskDrive row (FindMediaOfDisk); nothing
-/// when the query fails or none is the disk's.
+/// Queries the media rows and returns the one of the Win32_DiskDrive row (FindMediaOfDisk); nothing
+/// if the query fails or the disk has none.
 std::optional<PhysicalMedia> QueryMediaOfDisk(const platform::QueryPort& queries,
                                               const platform::Row& disk);
 

@@ -7,7 +7,7 @@
 
 namespace qv {
 
-/// What a request wants of each instance: bits of the mode word.
+/// The properties that a request wants: bits of the mode word.
 namespace mode {
 inline constexpr std::uint32_t allProperties = 2;
 inline constexpr std::uint32_t keysOnly = 4;
@@ -15,13 +15,12 @@ inline constexpr std::uint32_t keysOnly = 4;
 inline constexpr std::uint32_t foundByKey = 8 + allProperties;
 }  // namespace mode
 
-/// Which associations are asked for: those of one endpoint. Empty texts leave open what they would
-/// say; builders of instance classes pass over them. The texts belong to the caller and outlive the
-/// call.
+/// Restricts associations to those of one endpoint. An empty text does not restrict. Builders of
+/// instance classes ignore the filter. The texts belong to the caller and outlive the call.
 struct EndpointFilter {
     std::string_view path;  ///< relative object path of the endpoint; without a "." it names none
     std::string_view role;  ///< the role that the endpoint plays
-    std::string_view resultClass;  ///< the class of another endpoint, or an ancestor of it
+    std::string_view resultClass;  ///< the class of another endpoint, or an ancestor of that class
 
     bool NamesEndpoint() const { return path.find('.') != std::string_view::npos; }
     std::string_view ClassOfPath() const { return path.substr(0, path.find('.')); }
@@ -31,12 +30,12 @@ struct EndpointFilter {
 struct Request {
     std::string_view className;  ///< the published class, as the caller spelled it
     std::uint32_t mode = mode::allProperties;
-    std::string_view path;  ///< relative object path of the one wanted instance; empty: all
+    std::string_view path;  ///< relative object path of the requested instance; empty: all
     EndpointFilter endpoint{};
 
     bool WantsAllProperties() const { return (mode & mode::allProperties) != 0; }
 
-    /// Whether the record, whose keys are complete, is one of those asked for.
+    /// Returns whether the record, whose keys are complete, matches the path.
     bool Accepts(const InstanceRecord& record) const;
 };
 

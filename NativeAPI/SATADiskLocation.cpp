@@ -1,5 +1,5 @@
-// QV_SATADiskLocation: where each Win32_DiskDrive row of interface type "IDE" sits: the controller
-// or channel that its Win32_IDEControllerDevice link names.
+// QV_SATADiskLocation: the location of each Win32_DiskDrive row of interface type "IDE", which is
+// the controller or channel that its Win32_IDEControllerDevice link names.
 #include "NativeAPI/Attachment.h"
 #include "NativeAPI/NativeAPI.h"
 #include "NativeAPI/Properties.h"
@@ -10,7 +10,8 @@
 namespace qv {
 namespace {
 
-// What stands behind the last ampersand; the whole ID without one (the position after npos is 0).
+// Returns the text after the last ampersand; the whole ID if it has none (the position after npos
+// is 0).
 std::string LocationTag(const std::string& pnpDeviceId) {
     return "SCSI ID: " + pnpDeviceId.substr(pnpDeviceId.rfind('&') + 1);
 }

@@ -1,6 +1,6 @@
 // QV_SATALogicalPort: one instance per channel, a Win32_IDEController row with "IDECHANNEL" in its
-// PNPDeviceID. The key names the channel and the controller that a Win32_IDEControllerDevice row
-// says it hangs on.
+// PNPDeviceID. The key names the channel and the controller to which a Win32_IDEControllerDevice
+// row links it.
 #include "NativeAPI/Attachment.h"
 #include "NativeAPI/KeptRows.h"
 #include "NativeAPI/NativeAPI.h"

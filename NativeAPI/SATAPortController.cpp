@@ -1,5 +1,5 @@
-// QV_SATAPortController: one instance per Win32_IDEController row with a PCI revision in its
-// device ID. The encoded device ID is the key by which everything of the controller refers to it.
+// QV_SATAPortController: one instance per Win32_IDEController row with a PCI revision in its device
+// ID. The encoded device ID is the key, by which all instances of the controller refer to it.
 #include "NativeAPI/KeptRows.h"
 #include "NativeAPI/NativeAPI.h"
 #include "NativeAPI/Properties.h"
@@ -11,7 +11,7 @@
 namespace qv {
 namespace {
 
-// Read as 16 bits; 0 when the source has no number.
+// Read as 16 bits; 0 if the source has no number.
 std::string ProtocolSupported(const platform::Row& row) {
     std::uint16_t protocol = 0;
     GetUInt16Property(row, "ProtocolSupported", protocol);

@@ -1,6 +1,6 @@
 // QV_SATAPortControllerBIOS, QV_SATAPortControllerFW and QV_SATAPortControllerDriver: at most one
-// instance of each class per family of controllers, for the first Win32_IDEController row, channels
-// included, that a driver of the family serves. The drivers are found over the row's plug-and-play
+// instance of each class per family of controllers, for the first Win32_IDEController row (channels
+// included) that a driver of the family serves. The driver is found through the row's plug-and-play
 // device.
 #include <array>
 #include <set>
@@ -14,7 +14,7 @@
 namespace qv {
 namespace {
 
-/// What a class says of one family. An empty name stands for the driver's own.
+/// The texts of a class for one family. An empty name means the driver's own name.
 struct FamilyTexts {
     std::string_view name;
     std::string_view caption;
@@ -23,7 +23,7 @@ struct FamilyTexts {
     bool hasVersion;
 };
 
-/// What a class says: the classification code, and a row of texts for each ControllerFamily.
+/// The constants of a class: the classification code, and a row of texts per ControllerFamily.
 struct SoftwareClass {
     std::string_view classification;
     std::array<FamilyTexts, 3> families;
@@ -53,7 +53,8 @@ constexpr SoftwareClass driver{"2",
                                  {"", "PCI IDE Driver", ideDriver, ideDriver, false},
                                  {"", "ATAPI Driver", ideDriver, ideDriver, false}}}};
 
-// The path without server and namespace; the whole path when the namespace is spelled otherwise.
+// Returns the path without server and namespace; the whole path if the namespace is spelled
+// otherwise.
 std::string RelativePathOf(const platform::Row& row) {
     constexpr std::string_view nameSpace = "CIMv2:";
     const std::string path = TextOrEmpty(row, "__PATH");
@@ -61,7 +62,7 @@ std::string RelativePathOf(const platform::Row& row) {
     return mark == std::string::npos ? path : path.substr(mark + nameSpace.size());
 }
 
-// The objects of exactly `resultClass` that `associationClass` relates to the row's object.
+// Returns the objects of exactly `resultClass` that `associationClass` relates to the row's object.
 platform::Rows Associated(const platform::QueryPort& queries, const platform::Row& row,
                           const std::string& associationClass, std::string_view resultClass) {
     platform::Rows objects;
@@ -109,8 +110,8 @@ RecordList BuildSoftware(const platform::QueryPort& queries, const Request& requ
                                                   "Win32_SystemDriver")) {
                 const std::string driverName = TextOrEmpty(*serving, "Name");
                 const auto family = FamilyOfDriver(driverName);
-                // Before the path is looked at, on purpose: a path that names a later controller
-                // of the family finds nothing.
+                // Before the path check, on purpose: a path that names a later controller of the
+                // family finds nothing.
                 if (!family || !done.insert(*family).second) {
                     continue;
                 }

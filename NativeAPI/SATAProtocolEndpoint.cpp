@@ -1,7 +1,7 @@
 // The two ends of a link. QV_ISATAProtocolEndpoint: one instance per channel row of
 // Win32_IDEController, keyed by its encoded device ID. QV_TSATAProtocolEndpoint: one instance per
-// Win32_DiskDrive row of interface type "IDE", keyed by the disk together with the controller or
-// channel that it is attached to.
+// Win32_DiskDrive row of interface type "IDE", keyed by the disk together with its controller or
+// channel.
 #include "NativeAPI/Attachment.h"
 #include "NativeAPI/KeptRows.h"
 #include "NativeAPI/NativeAPI.h"
@@ -59,7 +59,7 @@ RecordList NativeAPI::getQV_TSATAProtocolEndpoint(const Request& request) const 
         if (const auto* controller = attached.links.ControllerOfDisk(diskId)) {
             SetKeyProperty(record, "Name", ConnectedId(diskId, controller));
         }
-        // Put without a host name too, on purpose: unlike the other classes.
+        // Put even without a host name, on purpose, unlike the other classes.
         SetKeyProperty(record, "SystemName", hostName.value_or(""));
         PutClassNames(record);
         if (!request.Accepts(record)) {

@@ -1,5 +1,5 @@
 // QV_SATAStorageExtent: one instance per Win32_DiskDrive row of interface type "IDE", keyed like
-// the disk, with the figures of its partitions: Win32_DiskPartition rows found over
+// the disk, with the figures of its partitions: Win32_DiskPartition rows found through
 // Win32_DiskDriveToDiskPartition.
 #include "NativeAPI/KeptRows.h"
 #include "NativeAPI/NativeAPI.h"

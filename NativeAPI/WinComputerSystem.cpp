@@ -1,4 +1,4 @@
-// QV_WinComputerSystem: the host itself, one record from the host's name.
+// QV_WinComputerSystem: the host itself; one record, built from the host's name.
 #include "NativeAPI/NativeAPI.h"
 #include "source/HostIdentity.h"
 

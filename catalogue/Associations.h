@@ -6,14 +6,14 @@
 
 namespace qv {
 
-/// The software of a device is the current one and installed.
+/// The device's software is the current one and is installed.
 inline constexpr FixedProperty softwareStatus{"ElementSoftwareStatus", "2*-*6",
                                               PropertyType::int32Array};
 
 /// The path to a logical unit is active.
 inline constexpr FixedProperty activePath{"State", "2", PropertyType::int32};
 
-/// The association classes, in the order in which a requested name is compared with theirs.
+/// The association classes. A requested name is compared in this order.
 inline constexpr std::array associations{
     Association{"QV_WinComputerSystemSATAPortController",
                 {"GroupComponent", "QV_WinComputerSystem", "Name"},

@@ -7,8 +7,8 @@
 
 namespace qv {
 
-/// A published class and what builds its instances: one of NativeAPI's operations or, for an
-/// association class, NativeAPI::getAssociation with the association's parameters.
+/// A published class and the operation that builds its instances: one of NativeAPI's builders or,
+/// for an association class, NativeAPI::getAssociation with the association.
 struct PublishedClass {
     using Builder = RecordList (NativeAPI::*)(const Request&) const;
 
@@ -17,11 +17,10 @@ struct PublishedClass {
     const Association* association;  ///< null for an instance class
 };
 
-/// How many of the published classes, the first ones, are instance classes; the others are
-/// associations.
+/// The number of instance classes. They come first in the list; the others are associations.
 inline constexpr std::size_t instanceClassCount = 17;
 
-/// The published classes in the order in which a requested name is compared with theirs.
+/// Returns the published classes. A requested name is compared in this order.
 std::span<const PublishedClass> PublishedClasses();
 
 }  // namespace qv

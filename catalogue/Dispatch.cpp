@@ -1,4 +1,4 @@
-// The catalogue's operations of NativeAPI: from a class name to its builder.
+// NativeAPI's catalogue operations: they find the builder of a class by name.
 #include <algorithm>
 
 #include "NativeAPI/NativeAPI.h"

@@ -13,7 +13,7 @@ struct Derivation {
     std::string_view parent;
 };
 
-// The three software classes of a controller hang directly under CIM_SoftwareIdentity, not under
+// The three software classes of a controller derive directly from CIM_SoftwareIdentity, not from
 // QV_SoftwareIdentity, on purpose: IsClassOrAncestor depends on it.
 constexpr std::array derivations{
     Derivation{"CIM_ManagedElement", ""},

@@ -11,14 +11,14 @@ struct ClassNode {
     const ClassNode* parent;  ///< null for the root
 };
 
-/// All nodes, each below its superclass.
+/// Returns all nodes, each after its superclass.
 std::span<const ClassNode> ClassHierarchy();
 
-/// The node of a class, its name taken without regard to case; null when there is none.
+/// Returns the node of a class, by name ignoring case; null if there is none.
 const ClassNode* FindClassNode(std::string_view name);
 
-/// Whether `name` is, without regard to case, the name of the node or of one of its ancestors;
-/// false for a null node.
+/// Returns whether `name` is the name of the node or of one of its ancestors, ignoring case; false
+/// for a null node.
 bool IsClassOrAncestor(const ClassNode* node, std::string_view name);
 
 }  // namespace qv

@@ -13,8 +13,8 @@
 namespace qv {
 namespace {
 
-/// A property of a source row and the indication's property that repeats it. `textType` is what a
-/// text of the source is put as.
+/// A property of a source row and the indication's property that copies it. A source text is put as
+/// `textType`.
 struct Copy {
     std::string_view source;
     std::string_view target;
@@ -66,7 +66,7 @@ platform::Rows Query(const platform::QueryPort& queries, std::string_view query)
     return rows;
 }
 
-/// Puts the property unless the source has none: texts, numbers, booleans and lists of texts.
+/// Puts the property if the source has it: a text, number, boolean or list of texts.
 Status PutCopy(PropertyTarget& indication, const platform::Row& row, const Copy& copy) {
     const platform::PropertyRead read = row.Get(copy.source);
     return std::visit(
@@ -105,15 +105,15 @@ Status PutCopiesOfFirst(PropertyTarget& indication, const platform::Rows& rows,
     return rows.empty() ? Status::noError : PutCopies(indication, *rows.front(), copies);
 }
 
-/// What stands behind the server and the namespace of an object path. The colon that ends them is
-/// the one in front of any key value.
+/// Returns an object path without server and namespace. The colon that ends these precedes any key
+/// value.
 std::string_view RelativePath(std::string_view path) {
     const std::string_view unquoted = path.substr(0, path.find('"'));
     return path.substr(unquoted.find(':') + 1);
 }
 
-/// The object of root\QVQ that an object path names, or null. The server and the namespace in the
-/// path do not count.
+/// Returns the object of root\QVQ that an object path names; null if there is none. Ignores the
+/// server and the namespace in the path.
 std::shared_ptr<const platform::Row> FindReferenced(const platform::QueryPort& queries,
                                                     std::string_view path) {
     const std::string_view relative = RelativePath(path);
@@ -128,7 +128,8 @@ std::shared_ptr<const platform::Row> FindReferenced(const platform::QueryPort& q
     return found == rows.end() ? nullptr : *found;
 }
 
-/// Puts the copies of one end of an association: of the first row's end that has any of them.
+/// Puts the copies from one end of the association's first row: the first end that has any of the
+/// properties.
 Status PutCopiesOfEnd(PropertyTarget& indication, const platform::QueryPort& queries,
                       std::string_view associationQuery, std::span<const Copy> copies) {
     const platform::Rows links = Query(queries, associationQuery);

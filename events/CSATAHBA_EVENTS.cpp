@@ -27,7 +27,7 @@ int CSATAHBA_EVENTS::EventThreadCheckforEvents() {
         try {
             Raise(change);
         } catch (const std::exception&) {
-            // No later pass finds the other changes again: only this one is lost.
+            // No later cycle finds the other changes again: only this one is lost.
         }
     }
     return 0;

@@ -11,51 +11,51 @@
 
 namespace qv {
 
-/// Who is told of an event.
+/// The receiver of events.
 class EventReceiver {
 public:
     virtual ~EventReceiver() = default;
 
-    /// Takes an event of QV_SATADeviceIndication (BuildDeviceIndication). What becomes of it is no
-    /// matter for the one who raised it. Called on the monitor's threads, several at once.
+    /// Takes an event of QV_SATADeviceIndication (BuildDeviceIndication). The monitor ignores
+    /// whether it is delivered. Called on the monitor's threads, concurrently.
     virtual void Receive(const InstanceRecord& event) = 0;
 };
 
-/// The monitor of disk events: compares the disks of the inventory with those of the previous cycle
-/// and raises an event for each change. One object serves the whole process. It owns no thread:
-/// whoever does runs RunCycle over and over with a pause of `interval` between. Several threads may
-/// do so at once; they work on the same two lists, so that a cycle of one may find, or miss, what
-/// happened in a cycle of another.
+/// The monitor of disk events. It compares the disks of the inventory with those of the previous
+/// cycle and raises an event for each change. One object serves the whole process. It has no thread
+/// of its own: a caller's thread runs RunCycle repeatedly with a pause of `interval`. Several
+/// threads may do so at once; they share the two lists of disks, so a cycle of one thread may
+/// report or miss a change that happened in a cycle of another.
 ///
-/// While an event is handed over nothing is locked. What the disk inventory raises passes through.
-/// An exception while an event is built or handed over costs that event, one while a line is
-/// written costs the line.
+/// No lock is held while an event is delivered. Exceptions of the disk inventory reach the caller.
+/// An exception while an event is built or delivered loses that event; one while a log line is
+/// written loses the line.
 class CSATAHBA_EVENTS {
 public:
-    /// The pause between cycles, whatever refresh time-out is configured.
+    /// The pause between cycles, whatever refresh timeout is configured.
     static constexpr std::chrono::milliseconds interval{30000};
 
-    /// All of them outlive the object. Lines are written while the log's level is below 4.
+    /// All arguments must outlive the object. Lines are written while the log's level is below 4.
     CSATAHBA_EVENTS(DiskInventory& inventory, const platform::Clock& clock, platform::LogPort& log)
         : inventory_(inventory), clock_(clock), log_(log) {}
 
-    /// From now on `receiver`, which outlives the object, is told of the events; until the first
-    /// call nobody is.
+    /// Sets the receiver of events, which must outlive the object. Until the first call events are
+    /// dropped.
     void RegisterReceiver(EventReceiver& receiver) { receiver_ = &receiver; }
 
-    /// Whether a cycle was ever begun.
+    /// Returns whether a cycle was ever started.
     bool Running() const { return running_; }
 
-    /// One cycle: makes the disks the previous ones, finds them anew and checks for events. Where
-    /// a source query fails the disks stay what they were, and what happened to them meanwhile is
-    /// found in the next cycle in which it does not.
+    /// Runs one cycle: keeps the disks as the previous ones, rebuilds the inventory and checks for
+    /// events. If a source query fails, the disks stay as they were, and the next cycle whose
+    /// queries succeed finds the changes.
     void RunCycle();
 
-    /// Finds the disks anew once more, so that as little as possible lies between that and the
-    /// comparison, and raises an event for each change. Always 0.
+    /// Rebuilds the inventory once more, so that the comparison uses disks that are as recent as
+    /// possible, and raises an event for each change. Returns 0.
     int EventThreadCheckforEvents();
 
-    /// Logs that a thread which runs cycles is being ended.
+    /// Logs that a thread that runs cycles is being ended.
     void LogThreadExit() const noexcept;
 
 private:

@@ -44,7 +44,7 @@ std::string_view EventOfStatusChange(std::uint32_t oldStatus, std::uint32_t newS
 
 std::vector<DiskChange> FindDiskChanges(const DiskList& current, DiskList& previous) {
     std::vector<DiskChange> changes;
-    // The first disk of each ID, by its place: the list grows.
+    // The first disk of each ID, by position, because the list grows.
     std::unordered_map<std::string, std::size_t> previousPlaces;
     for (std::size_t place = 0; place < previous.size(); ++place) {
         previousPlaces.emplace(previous[place].deviceId, place);

@@ -19,21 +19,21 @@ inline constexpr std::string_view failurePredicted = "605";
 inline constexpr std::string_view diskDisappeared = "613";
 }  // namespace event_id
 
-/// The event of a disk whose status code changes; empty when it raises none. Each of the codes that
-/// have an event of their own raises it; any other raises "601" unless the old code says nothing
-/// of the disk (0 and 1).
+/// Returns the event ID for a change of a disk's status code; empty if it raises none. A code with
+/// an event of its own raises that event. Any other code raises "601", unless the old code was
+/// unknown (0 or 1).
 std::string_view EventOfStatusChange(std::uint32_t oldStatus, std::uint32_t newStatus);
 
-/// A disk that something happened to, as it is now, or as it was when it disappeared.
+/// A changed disk as it is now, or as it was when it disappeared.
 struct DiskChange {
     std::string_view eventId;  ///< one of event_id
     DiskRecord disk;
 };
 
-/// What happened between two looks at the disks, which are told apart by their device IDs: first to
-/// the disks of `current`, in its order, then those of `previous` that are gone. A disk that
-/// appeared is appended to `previous`; one whose status was 1 there and is now one without an event
-/// of its own gets status 0 there.
+/// Returns the changes between two polls. Disks are identified by device ID. The changes of the
+/// disks of `current` come first, in its order, then the disks of `previous` that are gone. Updates
+/// `previous`: appends a disk that appeared, and sets a status of 1 to 0 if the disk's new status
+/// has no event of its own.
 std::vector<DiskChange> FindDiskChanges(const DiskList& current, DiskList& previous);
 
 }  // namespace qv

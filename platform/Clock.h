@@ -15,20 +15,20 @@ struct LocalTime {
     unsigned millisecond = 0;
 };
 
-/// The host's time zone, in minutes: UTC is the local time plus the bias plus that of the season.
+/// The host's time zone, in minutes. UTC is the local time plus `bias` plus the bias of the season.
 struct TimeZone {
     std::int32_t bias = 0;
     std::int32_t standardBias = 0;
     std::int32_t daylightBias = 0;
-    bool daylightTime = false;  ///< the zone's daylight saving is in force now
+    bool daylightTime = false;  ///< daylight saving time is in force now
 };
 
-/// The host's time. Several threads may ask at once.
+/// The host's clock. Several threads may call it at once.
 class Clock {
 public:
     virtual ~Clock() = default;
 
-    /// Seconds since the beginning of 1970, UTC.
+    /// Returns the seconds since the beginning of 1970, UTC.
     virtual std::int64_t SecondsSince1970() const = 0;
 
     virtual LocalTime Local() const = 0;

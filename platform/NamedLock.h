@@ -4,16 +4,16 @@
 
 namespace qv::platform {
 
-/// A lock that every user of its name shares. It belongs to the thread that acquired it; one that
-/// the end of a thread left behind counts as free.
+/// A lock shared by all users of its name. It belongs to the thread that acquired it. A lock whose
+/// thread ended without releasing it counts as free.
 class NamedLock {
 public:
     virtual ~NamedLock() = default;
 
-    /// Waits for the lock for a limited time. True when the calling thread has it.
+    /// Waits for the lock, at most for `limit`. Returns whether the calling thread has acquired it.
     virtual bool TryAcquireFor(std::chrono::milliseconds limit) = 0;
 
-    /// Gives up what TryAcquireFor acquired, on the same thread.
+    /// Releases the lock on the thread that acquired it.
     virtual void Release() = 0;
 };
 

@@ -11,37 +11,36 @@
 
 namespace qv::platform {
 
-/// A value of a kind that nothing here reads: real numbers, embedded objects, dates.
+/// A value of a kind that the core does not read: real numbers, embedded objects, dates.
 struct UnreadValue {};
 
-/// A property's value as the management service delivered it, its width and sign kept: the typed
-/// readers accept by them. Text is in the system's ANSI code page (UTF-8 on a native build). No
-/// value at all is std::monostate.
+/// A property's value as the management service delivered it. It keeps width and sign, which decide
+/// what the typed readers accept. Text is in the system's ANSI code page (UTF-8 on a native build).
+/// std::monostate means no value (null).
 using Value =
     std::variant<std::monostate, std::string, bool, std::int8_t, std::uint8_t, std::int16_t,
                  std::uint16_t, std::int32_t, std::uint32_t, std::vector<std::int16_t>,
                  std::vector<std::uint16_t>, std::vector<std::int32_t>, std::vector<std::uint32_t>,
                  std::vector<std::string>, UnreadValue>;
 
-/// What reading one property gave: a success and the value, or the failure of the read.
+/// The result of reading a property: a success and the value, or the failure.
 struct PropertyRead {
     Status status = Status::notFound;
     Value value;
 };
 
-/// One object that a query returned. Reading is free of side effects and may be done from several
+/// One object that a query returned. Reading has no side effects and may be done from several
 /// threads at once.
 class Row {
 public:
     virtual ~Row() = default;
 
-    /// Reads the property called `name`, in any letter case; system properties such as "__PATH"
-    /// included.
+    /// Reads the property `name`, ignoring case; also system properties such as "__PATH".
     virtual PropertyRead Get(std::string_view name) const = 0;
 
-    /// Reads a text as the management service holds it, through no code page. Accepts text only:
-    /// another kind of value, null included, is Status::failed. A property that cannot be read is
-    /// the status of the read. On failure `text` stays as it was.
+    /// Reads a text as the management service holds it, without a code page. Returns Status::failed
+    /// for any other kind of value, including null, and the status of the read if the property
+    /// cannot be read. On failure `text` is unchanged.
     virtual Status GetWideText(std::string_view name, std::wstring& text) const = 0;
 };
 

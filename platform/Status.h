@@ -6,7 +6,7 @@
 namespace qv {
 
 /// Status codes of the management service (wbemcli.h) and of COM (winerror.h) that the portable
-/// core gives or passes on. The values are the platform's HRESULTs.
+/// core returns or passes on. The values are the platform's HRESULTs.
 enum class Status : std::uint32_t {
     noError = 0,                      ///< WBEM_S_NO_ERROR
     failed = 0x80041001,              ///< WBEM_E_FAILED
@@ -16,13 +16,13 @@ enum class Status : std::uint32_t {
     outOfMemory = 0x8007000E,         ///< E_OUTOFMEMORY
 };
 
-/// Success and failure as COM has them: the topmost bit marks a failure.
+/// Returns whether a status is a success, as COM defines it: the topmost bit marks a failure.
 constexpr bool Succeeded(Status status) {
     return (static_cast<std::uint32_t>(status) & 0x80000000U) == 0;
 }
 
-/// Ends the request that is being served. Builders raise it; nothing between them and the caller of
-/// the provider catches it.
+/// Ends the current request. Builders throw it; nothing between them and the caller of the provider
+/// catches it.
 class RequestError : public std::exception {
 public:
     explicit RequestError(Status status) : status_(status) {}

@@ -8,25 +8,26 @@
 
 namespace qv::platform {
 
-/// The version of the operating system that runs, not of the one that it passes itself off for.
+/// The actual version of the operating system, not one that it reports for compatibility.
 struct OsVersion {
     std::uint32_t majorNumber = 0;
     std::uint32_t minorNumber = 0;
     std::uint32_t build = 0;
 };
 
-/// What an alert says of the system that it comes from. Several threads may ask at once.
+/// Facts of the system that an alert repeats. Several threads may call it at once.
 class SystemFacts {
 public:
     virtual ~SystemFacts() = default;
 
     virtual OsVersion Version() const = 0;
 
-    /// Replaces `addresses` with the unicast addresses of all network adapters, as text; a host
-    /// without any has none. Fails with Status::failed when the adapters cannot be enumerated.
+    /// Replaces `addresses` with the unicast addresses of all network adapters, as text; the list
+    /// may be empty. Returns Status::failed if the adapters cannot be enumerated.
     virtual Status NetworkAddresses(std::vector<std::string>& addresses) const = 0;
 
-    /// A new identifier in its text form, "{...}", or the system's failure to make one.
+    /// Sets `guid` to a new identifier in text form, "{...}"; returns the system's failure if it
+    /// cannot create one.
     virtual Status NewGuid(std::string& guid) const = 0;
 };
 

@@ -15,7 +15,7 @@ namespace {
 constexpr std::int64_t staleAfter = 30;  // seconds
 constexpr std::chrono::milliseconds lockSlice{100};
 
-/// Holds a named lock, for which it waits without limit.
+/// Holds a named lock; waits for it without a timeout.
 class HeldLock {
 public:
     explicit HeldLock(platform::NamedLock& lock) : lock_(lock) {
@@ -128,7 +128,7 @@ void DiskInventory::RefreshDiskInventoryIfStale(bool monitorRuns) {
     refreshCounter_ = 2;
 }
 
-/// Whether it is time to refresh; from now on the last refresh was now.
+/// Returns whether a refresh is due; if so, records it as done now.
 bool DiskInventory::ClaimRefresh() {
     const std::lock_guard guard(members_);
     const std::int64_t now = clock_.SecondsSince1970();

@@ -13,8 +13,8 @@
 
 namespace qv {
 
-/// A disk of interface type IDE that has a failure-prediction row, as the events describe it. What
-/// the source cannot read as text is empty.
+/// A disk of interface type IDE that has a failure-prediction row, as the events describe it. A
+/// text that the source cannot read is empty.
 struct DiskRecord {
     std::string systemCreationClassName;  ///< "QV_WinComputerSystem"
     std::string creationClassName;        ///< "QV_SATADiskDrive"
@@ -42,54 +42,56 @@ struct FailurePredictRecord {
 using DiskList = std::vector<DiskRecord>;
 using FailurePredictList = std::vector<FailurePredictRecord>;
 
-/// The one cached view of the host's disks, for the monitor of disk events: the disks as they were
-/// found last, and as they were in the monitor's previous cycle. One object serves the whole
-/// process; any thread may call any operation at any time.
+/// The only cache of the host's disks, for the monitor of disk events: the disks of the last
+/// rebuild and those of the monitor's previous cycle. One object serves the whole process; any
+/// thread may call any operation at any time.
 ///
-/// The named lock serialises the rebuilding, source queries included, among all users of its name.
-/// A short lock of the object's own guards its members; it is never held during a query or while
-/// code of somebody else runs.
+/// The named lock serialises rebuilds, including their source queries, among all users of its name.
+/// A separate lock guards the members; it is never held during a query or during a call into other
+/// code.
 class DiskInventory {
 public:
-    /// All of them outlive the object. The clock is read: the inventory is as old as the object.
+    /// All arguments must outlive the object. Reads the clock: the inventory's age counts from
+    /// here.
     DiskInventory(const platform::QueryPort& queries, const platform::HostFacts& host,
                   const platform::Clock& clock, platform::NamedLock& lock);
 
-    /// Finds the disks anew, with their failure-prediction rows in the same order. False when a
-    /// source query failed, and all is as it was. The calling thread holds the named lock.
+    /// Rebuilds the lists of disks and of their failure-prediction rows, in the same order. Returns
+    /// false, and changes nothing, if a source query failed. The calling thread must hold the named
+    /// lock.
     bool RebuildDiskInventory();
 
-    /// Rebuilds under the named lock, for which it waits without limit. Always 0: that a source
-    /// failed is no matter for the caller.
+    /// Rebuilds under the named lock, for which it waits without a timeout. Returns 0 even if a
+    /// source failed.
     int RefreshDiskInventoryNow();
 
-    /// Rebuilds at the first call, later when the last one that did was more than 30 seconds ago,
-    /// but leaves the rebuilding to the monitor where `monitorRuns`.
+    /// Rebuilds at the first call, and later if more than 30 seconds have passed since the last
+    /// call that did. If `monitorRuns`, leaves the rebuild to the monitor.
     void RefreshDiskInventoryIfStale(bool monitorRuns);
 
-    /// What the last rebuild found.
+    /// Return the result of the last rebuild.
     DiskList Disks() const;
     FailurePredictList FailurePredictions() const;
     std::int32_t MatchedDisks() const;
 
-    /// Makes the disks found last those of the previous cycle.
+    /// Keeps the disks of the last rebuild as those of the previous cycle.
     void KeepDisksAsPrevious();
 
-    /// Gives compare(disks found last, disks of the previous cycle), which may change the latter.
-    /// It runs under the object's lock.
+    /// Returns compare(disks of the last rebuild, disks of the previous cycle), which may change
+    /// the latter. It runs under the member lock.
     template <typename Comparison>
     auto CompareWithPrevious(Comparison compare) {
         const std::lock_guard guard(members_);
         return compare(std::as_const(disks_), previousDisks_);
     }
 
-    /// The configured refresh time-out, 0 while none is. Nothing here depends on it.
+    /// The configured refresh timeout; 0 if none is set. Nothing here uses it.
     void SetRefreshTimeout(std::uint32_t timeout);
     std::uint32_t RefreshTimeout() const;
 
-    /// Holds the members as they are while the result lives. Who ends a thread by force holds them
-    /// while it stops the thread: that then neither has the object's lock nor leaves a list half
-    /// changed.
+    /// Locks the members while the result lives. A thread that terminates another holds this lock
+    /// while it suspends that thread, so that the suspended thread neither owns the lock nor leaves
+    /// a list half changed.
     std::unique_lock<std::mutex> HoldMembers() const { return std::unique_lock(members_); }
 
 private:

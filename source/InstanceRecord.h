@@ -7,8 +7,8 @@
 
 namespace qv {
 
-/// How a property's text becomes a typed value of the management service. Any other code is
-/// allowed in a record and is skipped when the instance is filled.
+/// How a property's text is converted to a typed value of the management service. A record may hold
+/// any other code; it is skipped when the instance is filled.
 enum class PropertyType : std::uint32_t {
     untyped = 0,       ///< string
     uint8 = 7,         ///< 8-bit unsigned number
@@ -23,10 +23,10 @@ enum class PropertyType : std::uint32_t {
     textArray = 21,    ///< the same as stringArray
 };
 
-/// What stands between the elements of an array value's text.
+/// The separator between the elements in the text of an array value.
 inline constexpr std::string_view listSeparator = "*-*";
 
-/// One property as it was put: its value is text whatever its type, numbers in decimal.
+/// One property as it was put. The value is text for every type, numbers in decimal.
 struct PropertyEntry {
     std::string name;
     std::string value;
@@ -36,13 +36,13 @@ struct PropertyEntry {
     bool operator==(const PropertyEntry&) const = default;
 };
 
-/// What every builder produces: one published instance as text. Entries are appended, never
-/// replaced; of two with one name the later wins in the published instance, the earlier in
+/// One published instance as text, the result of a builder. Entries are appended, never replaced.
+/// If two entries have one name, the later one counts in the published instance, the earlier one in
 /// GetPropertyEntry.
 struct InstanceRecord {
     explicit InstanceRecord(std::string_view requestedClass) : className(requestedClass) {}
 
-    std::string className;  ///< as the caller of the request spelled it
+    std::string className;  ///< as the requesting caller spelled it
     std::vector<PropertyEntry> properties;
 
     bool operator==(const InstanceRecord&) const = default;
@@ -50,7 +50,7 @@ struct InstanceRecord {
 
 using RecordList = std::vector<InstanceRecord>;
 
-/// Appends a property that is no key.
+/// Appends a property that is not a key.
 void SetProperty(InstanceRecord& record, std::string_view name, std::string value,
                  PropertyType type = PropertyType::string);
 
@@ -63,11 +63,11 @@ void SetKeyReference(InstanceRecord& record, std::string_view name, std::string 
 /// Appends the record to the end of the list.
 void AppendRecord(RecordList& list, InstanceRecord record);
 
-/// A copy of the first entry called exactly `name`, or an empty entry.
+/// Returns a copy of the first entry with exactly this name, or an empty entry.
 PropertyEntry GetPropertyEntry(const InstanceRecord& record, std::string_view name);
 
-/// The relative object path: Class.Key="value",Key2="value" with the keys in the order in which
-/// they were put and double quotes inside a value escaped by a backslash. Backslashes are not
+/// Returns the relative object path Class.Key="value",Key2="value". Keys are in the order in which
+/// they were put; double quotes inside a value are escaped by a backslash. Backslashes are not
 /// escaped: paths are compared in this form.
 std::string BuildObjectPath(const InstanceRecord& record);
 

@@ -63,7 +63,7 @@ KeyTable::Places KeyTable::Contained(std::string_view text) const {
     return PlacesOf(std::move(found));
 }
 
-// The number of the longest entry that the text begins with.
+// Returns the index of the longest entry with which the text begins.
 std::size_t KeyTable::LongestBeginning(std::string_view text) const {
     const auto behind = std::ranges::upper_bound(
         entries_, text, {}, [](const Entry& entry) -> std::string_view { return entry.text; });
@@ -92,7 +92,7 @@ void KeyTable::CollectEqual(std::string_view text, Numbers& found) const {
 }
 
 KeyTable::Places KeyTable::PlacesOf(Numbers found) const {
-    // An entry that was found several times counts once.
+    // An entry found several times counts once.
     std::ranges::sort(found);
     found.erase(std::unique(found.begin(), found.end()), found.end());
     Places places;

@@ -8,23 +8,24 @@
 
 namespace qv {
 
-/// A list of texts, arranged to be sought in other texts: sorted, each different one with the
-/// longest other one that it begins with. Every text that a given text begins with is then on one
-/// chain, which starts at the last one not sorted behind it. Bytes are compared as they stand.
+/// A list of texts, indexed for finding them in other texts. The distinct texts are sorted, and
+/// each is linked to the longest other one with which it begins. So all texts with which a given
+/// text begins are on one chain, which starts at the last text that sorts not after it. Bytes are
+/// compared exactly.
 class KeyTable {
 public:
-    /// The places of texts in the list that a table was made from, in ascending order.
+    /// Positions in the list from which the table was made, in ascending order.
     using Places = std::vector<std::size_t>;
 
     explicit KeyTable(std::vector<std::string> texts);
 
-    /// The texts that equal the given one.
+    /// Returns the texts equal to the given one.
     Places Equal(std::string_view text) const;
-    /// The texts that equal one of those given.
+    /// Returns the texts equal to one of the given ones.
     Places EqualToAny(const std::vector<std::string>& texts) const;
-    /// The texts that the given one begins with. Every text begins with the empty one.
+    /// Returns the texts with which the given one begins; the empty text is always one of them.
     Places Beginnings(std::string_view text) const;
-    /// The texts that occur anywhere in the given one. The empty one occurs in every text.
+    /// Returns the texts that occur anywhere in the given one; the empty text always does.
     Places Contained(std::string_view text) const;
 
 private:
@@ -33,7 +34,7 @@ private:
     struct Entry {
         std::string text;
         Places places;
-        std::size_t beginning;  ///< number of the longest other entry that the text begins with
+        std::size_t beginning;  ///< index of the longest other entry with which the text begins
     };
 
     std::size_t LongestBeginning(std::string_view text) const;
@@ -42,7 +43,7 @@ private:
     Places PlacesOf(Numbers found) const;
 
     std::vector<Entry> entries_;          ///< sorted by text
-    std::array<bool, 256> firstBytes_{};  ///< whether a text begins with the byte
+    std::array<bool, 256> firstBytes_{};  ///< whether any text begins with the byte
 };
 
 }  // namespace qv

@@ -23,7 +23,7 @@ void LoggedQueryPort::LogFailure(std::string_view nameSpace, std::string_view qu
         log_.Write(lineLevel, line);
     }
 } catch (const std::bad_alloc&) {
-    // The query's own status says more than a line that could not be made.
+    // The query's own status matters more than a line that could not be built.
 }
 
 }  // namespace qv

@@ -5,14 +5,14 @@
 
 namespace qv {
 
-/// A query port that leaves a line about each query that did not reach the management service: what
-/// depends on it is published as empty, and nothing else tells an empty machine from a broken one.
+/// A query port that logs each query that failed to be submitted. Such a query is published as an
+/// empty result, so only the log tells a broken machine from an empty one.
 ///
-/// The line is "LoggedQueryPort::RunWqlQuery| failed in <namespace>: <query>", at level 2, while
-/// the log's level is 3 or lower. A line that there is no memory for is lost.
+/// The line is "LoggedQueryPort::RunWqlQuery| failed in <namespace>: <query>", at level 2, written
+/// while the log's level is 3 or lower. If memory runs out for the line, it is lost.
 class LoggedQueryPort : public platform::QueryPort {
 public:
-    /// Both outlive this object.
+    /// Both arguments must outlive the object.
     LoggedQueryPort(const platform::QueryPort& queries, platform::LogPort& log)
         : queries_(queries), log_(log) {}
 

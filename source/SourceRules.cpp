@@ -21,12 +21,13 @@ constexpr std::array driverFamilies{
     std::pair<std::string_view, ControllerFamily>{"atapi", ControllerFamily::atapi},
 };
 
-// What follows the first `mark`; the whole text without one (the position after npos is 0).
+// Returns the text after the first `mark`; the whole text without one (the position after npos is
+// 0).
 std::string_view AfterFirst(std::string_view text, char mark) {
     return text.substr(text.find(mark) + 1);
 }
 
-// The text from ".DeviceID=" on; nothing without it.
+// Returns the text from ".DeviceID=" on; nothing without it.
 std::optional<std::string_view> PathTail(std::string_view path) {
     const auto mark = path.find(keyMark);
     return mark == std::string_view::npos ? std::nullopt : std::optional(path.substr(mark));
@@ -37,7 +38,7 @@ std::string ComparedDeviceId(std::string_view deviceId) {
     return FoldCase(StripBackslashes(deviceId));
 }
 
-// The key value in a path tail, without its quotes.
+// Returns the key value in a path tail, without its quotes.
 std::string_view KeyValue(std::string_view pathTail) {
     constexpr auto opening = keyMark.size() + 1;
     return pathTail.size() > opening ? pathTail.substr(opening, pathTail.size() - opening - 1)
@@ -53,7 +54,7 @@ std::vector<std::string> DeviceIds(const platform::Rows& rows) {
     return ids;
 }
 
-// The form in which the DeviceIDs of disks are sought in paths.
+// The form in which the DeviceIDs of disks are searched for in paths.
 std::vector<std::string> SoughtDeviceIds(const platform::Rows& disks) {
     std::vector<std::string> ids = DeviceIds(disks);
     std::ranges::transform(ids, ids.begin(), StripBackslashes);

@@ -11,68 +11,68 @@
 
 namespace qv {
 
-// The rules that decide what is published of the source rows, and which row belongs to which.
+// The rules that decide which source rows are published, and which row belongs to which.
 
-/// Whether a Win32_DiskDrive row is published: its InterfaceType is exactly "IDE". The operating
-/// system reports SATA disks with this type.
+/// Returns whether a Win32_DiskDrive row is published: its InterfaceType is exactly "IDE". The
+/// operating system reports SATA disks with this type.
 bool IsIdeDisk(const platform::Row& disk);
 
-/// Whether the DeviceID of a Win32_IDEController row is that of a port controller: a PCI device
-/// with a revision.
+/// Returns whether the DeviceID of a Win32_IDEController row is that of a port controller: a PCI
+/// device with a revision.
 bool IsPortController(std::string_view deviceId);
 
-/// Whether the PNPDeviceID of a Win32_IDEController row is that of a channel, published as a
-/// logical port.
+/// Returns whether the PNPDeviceID of a Win32_IDEController row is that of a channel, which is
+/// published as a logical port.
 bool IsChannel(std::string_view pnpDeviceId);
 
-/// Whether a Win32_IDEController row with this DeviceID is published as an initiator endpoint: a
-/// channel that is no port controller.
+/// Returns whether a Win32_IDEController row with this DeviceID is published as an initiator
+/// endpoint: a channel that is not a port controller.
 bool IsInitiator(std::string_view deviceId);
 
 /// The kinds of controllers that have software identities.
 enum class ControllerFamily { nativeSata, pciIde, atapi };
 
-/// The family of a controller by the Name of the Win32_SystemDriver that serves it, letter case
-/// included; nothing for any other driver.
+/// Returns the family of a controller by the Name of the Win32_SystemDriver that serves it,
+/// case-sensitively; nothing for any other driver.
 std::optional<ControllerFamily> FamilyOfDriver(std::string_view driverName);
 
-/// The revision in a PCI device ID: what follows "REV_" up to the next backslash or the end (02 of
-/// PCI\VEN_8086&DEV_2922&REV_02\3&1AB2); empty without "&REV_".
+/// Returns the revision in a PCI device ID: the text after "REV_" up to the next backslash or the
+/// end (02 of PCI\VEN_8086&DEV_2922&REV_02\3&1AB2); empty without "&REV_".
 std::string_view RevisionOf(std::string_view deviceId);
 
-/// What stands between the first ampersand of a device ID and the next, or the end (DEV_2922 of
-/// PCI\VEN_8086&DEV_2922&REV_02\3&1AB2); the whole ID without an ampersand.
+/// Returns the text between the first ampersand of a device ID and the next, or the end (DEV_2922
+/// of PCI\VEN_8086&DEV_2922&REV_02\3&1AB2); the whole ID if it has no ampersand.
 std::string_view FirstSegmentOf(std::string_view deviceId);
 
-/// The device number in a PCI device ID: what follows the first underscore of FirstSegmentOf (2922
-/// of PCI\VEN_8086&DEV_2922&REV_02\3&1AB2), whatever that segment says.
+/// Returns the device number in a PCI device ID: the text after the first underscore of
+/// FirstSegmentOf (2922 of PCI\VEN_8086&DEV_2922&REV_02\3&1AB2), whatever the segment is.
 std::string_view DeviceNumberOf(std::string_view deviceId);
 
-/// How a channel is called: its ID from "IDECHANNEL" on, " with ID: " for the first backslash
-/// (IDECHANNEL with ID: 4&2E6E9E8&0&0 of PCIIDE\IDECHANNEL\4&2E6E9E8&0&0). The ID is one for which
-/// IsChannel holds.
+/// Returns the label of a channel: its ID from "IDECHANNEL" on, with " with ID: " for the first
+/// backslash (IDECHANNEL with ID: 4&2E6E9E8&0&0 of PCIIDE\IDECHANNEL\4&2E6E9E8&0&0). IsChannel must
+/// hold for the ID.
 std::string ChannelLabel(std::string_view channelId);
 
-/// The first Win32_PhysicalMedia row whose Tag is exactly the DeviceID of the Win32_DiskDrive row,
-/// or null. A disk without a text DeviceID that is compared with a media row ends the request with
-/// Status::unspecifiedFailure.
+/// Returns the first Win32_PhysicalMedia row whose Tag is exactly the DeviceID of the
+/// Win32_DiskDrive row; null if there is none. Throws RequestError with Status::unspecifiedFailure
+/// if a media row is compared with a disk whose DeviceID is not a text.
 const platform::Row* FindMediaOfDisk(const platform::Row& disk, const platform::Rows& media);
 
-/// Which Win32_IDEController row a device is attached to, by the Win32_IDEControllerDevice rows
-/// that name the device as Dependent. The Antecedent names the controller: the first row whose
-/// __PATH equals it without regard to case. Of several links of a device the last that names a
-/// controller counts.
+/// Finds the Win32_IDEController row to which a device is attached, by the
+/// Win32_IDEControllerDevice rows that name the device as Dependent. The Antecedent names the
+/// controller: the first row whose __PATH equals it, ignoring case. Of several links of a device
+/// the last one that names a controller counts.
 class ControllerLinks {
 public:
-    /// The controller rows outlive the object.
+    /// The controller rows must outlive the object.
     ControllerLinks(const platform::Rows& links, const platform::Rows& controllers);
 
-    /// The controller or channel of a disk, or null. The key value in the Dependent and the disk's
-    /// PNPDeviceID are compared without backslashes and without regard to case.
+    /// Returns the controller or channel of a disk; null if there is none. The key value in the
+    /// Dependent and the disk's PNPDeviceID are compared without backslashes and ignoring case.
     const platform::Row* ControllerOfDisk(std::string_view pnpDeviceId) const;
 
-    /// The controller of a channel with this __PATH, or null. The Dependent and the path are
-    /// compared exactly, from ".DeviceID=" on: the class that either names does not count.
+    /// Returns the controller of the channel with this __PATH; null if there is none. The Dependent
+    /// and the path are compared exactly, from ".DeviceID=" on, so their classes do not matter.
     const platform::Row* ControllerOfChannel(std::string_view path) const;
 
 private:
@@ -82,18 +82,18 @@ private:
     ControllerByKey byPathTail_;
 };
 
-/// Which Win32_DiskPartition rows belong to a disk, by the Win32_DiskDriveToDiskPartition rows.
+/// Finds the Win32_DiskPartition rows of a disk by the Win32_DiskDriveToDiskPartition rows.
 class PartitionLinks {
 public:
-    /// `disks` are the Win32_DiskDrive rows whose partitions may be asked for. The partition rows
+    /// `disks` are the Win32_DiskDrive rows that PartitionsOfDisk knows. The partition rows must
     /// outlive the object.
     PartitionLinks(const platform::Rows& disks, const platform::Rows& links,
                    const platform::Rows& partitions);
 
-    /// The partitions of that of the disks which has this DeviceID, in the order of the links: for
-    /// each link whose Antecedent contains the DeviceID, both without backslashes, the first
-    /// partition whose DeviceID its Dependent contains. That an ID also matches where it is the
-    /// beginning of another (drive 1 and drive 10) is on purpose. None for any other DeviceID.
+    /// Returns the partitions of the disk with this DeviceID, in the order of the links; none for
+    /// an unknown DeviceID. Each link whose Antecedent contains the DeviceID (both without
+    /// backslashes) adds the first partition whose DeviceID its Dependent contains. An ID also
+    /// matches if it is the beginning of another (drive 1 and drive 10), on purpose.
     std::vector<const platform::Row*> PartitionsOfDisk(std::string_view deviceId) const;
 
 private:

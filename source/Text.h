@@ -7,24 +7,25 @@
 
 namespace qv {
 
-/// Equality without regard to the case of ASCII letters.
+/// Returns whether two texts are equal, ignoring the case of ASCII letters.
 bool EqualsIgnoringCase(std::string_view left, std::string_view right);
 
-/// The text with ASCII letters in lower case: the same for exactly those texts that
-/// EqualsIgnoringCase takes for equal.
+/// Returns the text with ASCII letters in lower case. Two texts have the same result exactly if
+/// EqualsIgnoringCase holds for them.
 std::string FoldCase(std::string_view text);
 
-/// The text with every backslash replaced by an ampersand: the key text of a plug-and-play device.
+/// Returns the text with every backslash replaced by an ampersand: the key text of a plug-and-play
+/// device.
 std::string EncodeDeviceId(std::string_view text);
 
-/// The text with every backslash removed.
+/// Returns the text without backslashes.
 std::string StripBackslashes(std::string_view text);
 
-/// The pieces between the list separators, as they stand: consecutive separators give empty
-/// pieces, an empty text gives no piece at all.
+/// Returns the pieces between the list separators, unchanged. Consecutive separators enclose an
+/// empty piece; an empty text has no pieces.
 std::vector<std::string> SplitList(std::string_view text);
 
-/// The pieces with the list separator between them; SplitList's inverse.
+/// Returns the pieces joined by the list separator; the inverse of SplitList.
 std::string JoinList(std::span<const std::string> pieces);
 
 }  // namespace qv

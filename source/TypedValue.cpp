@@ -9,7 +9,7 @@
 namespace qv {
 namespace {
 
-// As atoi reads it; beyond 32 bits, where atoi promises nothing, the nearest number there is.
+// Reads as atoi does; beyond 32 bits, where atoi is undefined, returns the nearest number.
 std::int32_t ToInt32(const std::string& text) {
     using Limits = std::numeric_limits<std::int32_t>;
     const long long number = std::strtoll(text.c_str(), nullptr, 10);

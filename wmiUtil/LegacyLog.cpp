@@ -33,12 +33,12 @@ void LegacyLog::CommonLogEntry(std::string_view message, std::uint32_t severity)
         const windows::FileHandle file = OpenLogFile(fileName_, FILE_FLAG_RANDOM_ACCESS);
         SYSTEMTIME now{};
         GetLocalTime(&now);
-        // The leading blank is on purpose: what reads these files counts on it.
+        // The leading blank is on purpose: programs that read these files depend on it.
         std::string line = " [" + FormatTime(now, ':') + "] [";
         line.append(prefix_).append("] - ").append(message).append("\r\n");
         AppendToFile(file, std::as_bytes(std::span(line)));
     } catch (const std::exception&) {
-        // Without memory the line is lost, as it is when the file cannot be written.
+        // If memory runs out, the line is lost, as when the file cannot be written.
     }
 }
 

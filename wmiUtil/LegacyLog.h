@@ -7,24 +7,24 @@
 namespace qv {
 
 /// The log file that providers of several libraries share, by default qvwbems.log. Its lines are
-/// narrow text in the system's ANSI code page, and name the prefix that the log was opened with.
+/// narrow text in the system's ANSI code page and contain the prefix with which the log was opened.
 ///
 /// Settings are read once, from HKLM\Software\Corvane\WBEM\ServerLOGGING: LOGFILENAME (text), LEVEL
-/// and TYPE (numbers). What is missing or of the wrong type keeps its default.
+/// and TYPE (numbers). A setting that is missing or of the wrong type keeps its default.
 class LegacyLog {
 public:
     static constexpr std::uint32_t defaultLevel = 3;
     static constexpr std::uint32_t defaultType = 0;
 
-    /// Reads the settings; the file is opened for each line. Not to be called under the loader
+    /// Reads the settings. The file is opened for each line. Must not be called under the loader
     /// lock.
     explicit LegacyLog(std::string_view prefix);
 
-    /// Appends a line when `severity` is not below LEVEL. A line that cannot be written is lost
-    /// without notice. Any thread may call it at any time.
+    /// Appends a line if `severity` is not below LEVEL. A line that cannot be written is silently
+    /// lost. Any thread may call it at any time.
     void CommonLogEntry(std::string_view message, std::uint32_t severity) const noexcept;
 
-    /// Kept for the library's users; lines do not depend on it.
+    /// Returns the setting TYPE, kept for the library's users; lines do not depend on it.
     std::uint32_t Type() const { return type_; }
 
 private:

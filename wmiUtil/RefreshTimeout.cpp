@@ -21,7 +21,7 @@ std::uint32_t ReadRefreshTimeout() {
         return 0;
     }
     std::uint32_t timeout = 0;
-    // More digits than a number holds give the largest one.
+    // A number with too many digits becomes the largest one.
     if (std::from_chars(stored.data(), stored.data() + size, timeout).ec ==
         std::errc::result_out_of_range) {
         timeout = std::numeric_limits<std::uint32_t>::max();

@@ -7,8 +7,8 @@
 
 namespace qv::service {
 
-/// CIM types by their numbers in the management service (CIMTYPE_ENUMERATION of wbemcli.h). An
-/// array is a type and a flag beside it.
+/// CIM types with their numbers in the management service (CIMTYPE_ENUMERATION of wbemcli.h). An
+/// array is an element type plus a separate flag.
 enum class CimType : std::uint16_t {
     sint16 = 2,
     sint32 = 3,
@@ -28,9 +28,9 @@ enum class CimType : std::uint16_t {
     char16 = 103,
 };
 
-/// A value of a property, UTF-8 throughout. Whole numbers of up to 32 bits are std::int64_t;
-/// 64-bit numbers, dates and references are text, as the management service delivers them.
-/// std::monostate is a property without a value.
+/// A value of a property. Text is UTF-8. Whole numbers of up to 32 bits are std::int64_t; 64-bit
+/// numbers, dates and references are text, as the management service delivers them. std::monostate
+/// means no value (null).
 using CimValue =
     std::variant<std::monostate, bool, std::int64_t, double, std::string, std::vector<bool>,
                  std::vector<std::int64_t>, std::vector<double>, std::vector<std::string>>;

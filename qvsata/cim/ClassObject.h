@@ -5,7 +5,7 @@
 
 namespace qv::service {
 
-/// A class definition as an object: its properties have their default values.
+/// A class definition as an object; its properties have their default values.
 class ClassObject final : public Object {
 public:
     explicit ClassObject(ResolvedClassPtr definition) : definition_(std::move(definition)) {}
@@ -15,17 +15,17 @@ public:
     std::optional<ObjectProperty> Find(std::string_view name) const override;
     std::vector<std::string> Names() const override;
     std::string ClassName() const override { return definition_->name; }
-    /// None: the references of a definition name classes.
+    /// Empty: the references of a definition name classes, not objects.
     std::span<const Reference> References() const override { return {}; }
 
 private:
     ResolvedClassPtr definition_;
 };
 
-/// Returns a property as a class defines it, with its default value.
+/// Returns a property with its default value, as the class defines it.
 ObjectProperty AsDefined(const PropertyDefinition& definition, const ResolvedClass& type);
 
-/// Returns the names of a class's properties in their order.
+/// Returns the names of a class's properties, in order.
 std::vector<std::string> PropertyNames(const ResolvedClass& type);
 
 }  // namespace qv::service

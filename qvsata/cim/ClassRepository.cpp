@@ -10,7 +10,7 @@
 namespace qv::service {
 namespace {
 
-/// Returns what is the same for all spellings of a namespace.
+/// Returns a key that is equal for all spellings of a namespace.
 std::string NamespaceKey(std::string_view path) {
     std::string key = FoldCase(NormalNamespace(path));
     key.erase(key.find_last_not_of('\\') + 1);
@@ -38,7 +38,7 @@ std::string Quoted(std::string_view text) {
     return quoted += '"';
 }
 
-/// A key's value as a path writes it; empty without a value.
+/// Returns a key's value as a path writes it; empty if it has no value.
 std::string KeyText(const PropertyDefinition& key, const CimValue* value) {
     if (value == nullptr) {
         return {};

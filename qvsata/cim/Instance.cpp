@@ -8,7 +8,7 @@
 namespace qv::service {
 namespace {
 
-/// Returns the value of a key as it is written in a path; nothing for a value that no key can have.
+/// Returns the value of a key as a path writes it; nothing for a value that no key can have.
 std::optional<PathKey> AsKey(const ObjectProperty& property) {
     if (const auto* text = std::get_if<std::string>(&property.value)) {
         const bool isNumber = property.type == CimType::sint64 || property.type == CimType::uint64;
@@ -34,8 +34,8 @@ std::string WithQuotesEscaped(std::string_view text) {
     return escaped;
 }
 
-/// A reference as a key: the backslashes of server and namespace are escaped, which marks them as
-/// such; the path behind them is the provider's own text.
+/// Returns a reference as a key: the backslashes of server and namespace are escaped, which marks
+/// them as such; the path after them is the provider's own text.
 std::string ReferenceAsPut(std::string_view text) {
     const std::size_t pathStart = text.starts_with(R"(\\)") ? text.find(':') : std::string::npos;
     if (pathStart == std::string::npos) {

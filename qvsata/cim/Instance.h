@@ -13,16 +13,16 @@
 
 namespace qv::service {
 
-/// One put of a provider on an instance: what it handed over, and what became of it.
+/// One Put of a provider on an instance: the value it passed and the result.
 struct PutCall {
     std::string name;               ///< as the provider spelled it
     std::uint16_t variantType = 0;  ///< VARENUM of wtypes.h; VT_NULL also for a null pointer
-    CimValue value;  ///< as it was handed over; a boolean as its number (true may be 1 or -1)
+    CimValue value;                 ///< as passed; a boolean as its number (true may be 1 or -1)
     Status result = Status::noError;
 };
 
-/// An instance of a class with a definition: empty when it is made, its class's default values
-/// showing through. One thread may fill it; when that is done several may read.
+/// An instance of a defined class. A new instance is empty; properties without a value read as the
+/// class's default value. One thread may fill it; afterwards several threads may read it.
 class Instance final : public Object {
 public:
     explicit Instance(ResolvedClassPtr type);
@@ -31,22 +31,23 @@ public:
 
     const ResolvedClassPtr& Class() const { return type_; }
 
-    /// Sets a value that is in the form of its type; a property that the class lacks is left out.
+    /// Sets a value, which must have the form of the property's type. A property that the class
+    /// lacks is ignored.
     void Set(std::string_view name, CimValue value);
-    /// Resets a property to its default value; false for one that the class lacks.
+    /// Resets a property to its default value; returns false if the class lacks it.
     bool Reset(std::string_view name);
 
-    /// Keeps what a provider put; the value itself is Set by the caller.
+    /// Records a Put of a provider. The caller stores the value with Set.
     void Record(PutCall call) { puts_.push_back(std::move(call)); }
-    /// The puts so far, in order, those that were refused included.
+    /// Returns the Puts so far in order, including refused ones.
     std::span<const PutCall> Puts() const { return puts_; }
 
-    /// Returns `Class.Key="value",Key2=5` with the keys in alphabetical order; nothing when the
-    /// class has no keys or one has no value.
+    /// Returns `Class.Key="value",Key2=5` with the keys in alphabetical order; nothing if the class
+    /// has no keys or a key has no value.
     std::optional<std::string> RelativePath() const;
 
-    /// Returns the same with the keys in the order in which they were put, as a provider that
-    /// compares paths as text has it: backslashes of texts are not escaped, those of references
+    /// Returns the path with the keys in the order in which they were put, as a provider that
+    /// compares paths as text needs it. Backslashes of texts are not escaped, those of references
     /// are.
     std::string PathAsPut() const;
 

@@ -29,14 +29,14 @@ struct Reference {
     ObjectPath path;
 };
 
-/// An instance or a class definition of a namespace, whatever it comes from. Reading is free of
-/// side effects and may be done from several threads at once.
+/// An instance or a class definition of a namespace, from any source. Reading has no side effects
+/// and may be done from several threads at once.
 class Object {
 public:
     virtual ~Object() = default;
 
-    /// Returns a property by name in any letter case, system properties ("__CLASS") included;
-    /// nothing for a property that the object lacks.
+    /// Returns a property by name, ignoring case, or a system property ("__CLASS"); nothing if the
+    /// object lacks it.
     virtual std::optional<ObjectProperty> Find(std::string_view name) const = 0;
 
     /// Returns the names of the properties, in order, without the system properties.
@@ -52,21 +52,21 @@ public:
 using ObjectPtr = std::shared_ptr<const Object>;
 using ObjectList = std::vector<ObjectPtr>;
 
-/// The names of the system properties, in the order in which an enumeration lists them.
+/// The names of the system properties, in the order of an enumeration.
 inline constexpr std::array<std::string_view, 10> systemPropertyNames{
     "__GENUS",          "__CLASS",      "__SUPERCLASS", "__DYNASTY",   "__RELPATH",
     "__PROPERTY_COUNT", "__DERIVATION", "__SERVER",     "__NAMESPACE", "__PATH"};
 
-/// Whether the name is one of the management service's own: "__CLASS" and the like.
+/// Returns whether the name is a system name such as "__CLASS".
 bool IsSystemName(std::string_view name);
 
 /// Returns the properties of an object in its order, without the system properties.
 std::vector<ObjectProperty> PropertiesOf(const Object& object);
 
-/// Returns the text of a property; empty when it has none.
+/// Returns the text of a property; empty if it has none.
 std::string TextOf(const Object& object, std::string_view name);
 
-/// Returns the references among properties: those whose text is the path of an object.
+/// Returns the references among properties: those whose text is an object path.
 std::vector<Reference> ReferencesAmong(std::span<const ObjectProperty> properties);
 
 }  // namespace qv::service

@@ -18,7 +18,7 @@ bool IsDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
-// Names may hold letters of any script: bytes above ASCII are taken as letters.
+// Names may contain letters of any script: bytes above ASCII count as letters.
 bool IsNameByte(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || IsDigit(c) || c == '_' ||
            static_cast<unsigned char>(c) >= 0x80;
@@ -55,7 +55,7 @@ public:
     }
 
 private:
-    // Server and namespace end with the first colon that stands before any key.
+    // Server and namespace end with the first colon before any key.
     void ParsePrefix() {
         const std::size_t end = text_.find_first_of(":=\"'");
         if (end == std::string_view::npos || text_[end] != ':') {

@@ -9,16 +9,16 @@
 
 namespace qv::service {
 
-/// Why a text is no object path.
+/// Why a text is not an object path.
 struct PathError {
     std::string reason;        ///< a phrase without a full stop
     std::size_t position = 0;  ///< bytes from the beginning of the text
 };
 
-/// Takes an object path apart. Slashes of server and namespace may be of either kind, values
-/// quoted with " or '; inside quotes \\ and \" (or \') are escapes, and a backslash before anything
-/// else stands for itself. Blanks are allowed inside quotes only. A text that is no object path
-/// gives nothing, and the reason in `error` when there is one.
+/// Parses an object path. Server and namespace may use slashes of either kind; values are quoted
+/// with " or '. Inside quotes \\ and \" (or \') are escapes, and a backslash before any other
+/// character stands for itself. Blanks are allowed inside quotes only. Returns nothing for a text
+/// that is not an object path, and then sets `error` if it is not null.
 std::optional<ObjectPath> ParseObjectPath(std::string_view text, PathError* error = nullptr);
 
 }  // namespace qv::service

@@ -13,7 +13,7 @@ bool IsEitherSlash(char character) {
     return eitherSlash.find(character) != std::string_view::npos;
 }
 
-/// Takes `\\server\` off the front; false when the eitherSlash are not of one kind.
+/// Removes `\\server\` from the front; returns false if its slashes are not all of one kind.
 bool TakeServer(std::string_view& text, std::string& server) {
     if (text.size() < 2 || !IsEitherSlash(text[0]) || !IsEitherSlash(text[1])) {
         return true;
@@ -27,8 +27,8 @@ bool TakeServer(std::string_view& text, std::string& server) {
     return true;
 }
 
-/// Takes the namespace off the front: what stands before a colon that is not within a key, or all
-/// of a text that names no class.
+/// Removes the namespace from the front: the text before a colon outside the keys, or all of a text
+/// that names no class.
 void TakeNamespace(std::string_view& text, std::string& nameSpace) {
     const std::size_t mark = text.find_first_of(":=\"'");
     if (mark != std::string_view::npos && text[mark] == ':') {

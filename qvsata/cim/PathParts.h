@@ -6,15 +6,16 @@
 
 namespace qv::service {
 
-/// An object path cut into its parts, each in the text's own spelling.
+/// The parts of an object path, each in the text's own spelling.
 struct PathParts {
-    std::string server;     ///< empty when the text names none
-    std::string nameSpace;  ///< with backslashes; empty when the text names none
-    std::string relative;   ///< from the class on; letter case, key order, quotes and escapes kept
-    std::string className;  ///< empty when the text names no class
+    std::string server;     ///< empty if the text has none
+    std::string nameSpace;  ///< with backslashes; empty if the text has none
+    std::string relative;   ///< class and keys; letter case, key order, quotes and escapes are kept
+    std::string className;  ///< empty if the text names no class
 };
 
-/// Cuts a path as the management service's path parser does; nothing for a text that is no path.
+/// Splits a path as the management service's path parser does; returns nothing for a text that is
+/// not a path.
 std::optional<PathParts> CutPath(std::string_view text);
 
 }  // namespace qv::service

@@ -7,7 +7,7 @@
 
 namespace qv::service {
 
-/// The properties of an object, system properties among them, as they were when they were read.
+/// A copy of an object's properties, including system properties.
 class Snapshot final : public Object {
 public:
     explicit Snapshot(std::vector<ObjectProperty> properties);
@@ -21,8 +21,8 @@ private:
     std::vector<Reference> references_;
 };
 
-/// Returns what a query selected of an object: the properties named that the object has, in the
-/// order of the object, and the system properties.
+/// Returns an object with the selected properties that `object` has, in the object's order, and the
+/// system properties.
 ObjectPtr Select(const Object& object, const std::vector<std::string>& selected);
 
 }  // namespace qv::service

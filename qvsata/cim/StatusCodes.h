@@ -6,8 +6,8 @@
 
 namespace qv::service {
 
-/// Status codes of the management service (wbemcli.h) that its clients meet, besides those that the
-/// provider itself knows (platform/Status.h).
+/// Status codes of the management service (wbemcli.h) that clients meet, beyond those that the
+/// provider uses (platform/Status.h).
 namespace status {
 inline constexpr Status accessDenied{0x80041003};
 inline constexpr Status providerFailure{0x80041004};
@@ -24,8 +24,8 @@ inline constexpr Status invalidObjectPath{0x8004103A};
 inline constexpr Status bufferTooSmall{0x8004103C};
 }  // namespace status
 
-/// Returns what a status means and its number, "access denied (0x80041003)", or the number alone
-/// for a code without a text of its own.
+/// Returns the meaning of a status and its number, "access denied (0x80041003)", or only the number
+/// if the code has no text here.
 std::string StatusText(Status code);
 
 }  // namespace qv::service

@@ -6,8 +6,8 @@
 
 namespace qv::service {
 
-/// The management service's own classes that a provider or its registration meets, as the service
-/// documents them, each below its superclass.
+/// Returns the management service's own classes that a provider or its registration meets, as
+/// documented. Each superclass comes before its subclasses.
 std::vector<ClassDefinition> SystemClasses();
 
 }  // namespace qv::service

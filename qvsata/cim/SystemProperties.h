@@ -9,11 +9,11 @@
 
 namespace qv::service {
 
-/// What kind of object a system property is asked of: the values of __GENUS.
+/// The kind of object that has a system property: the values of __GENUS.
 enum class Genus : std::int64_t { classDefinition = 1, instance = 2 };
 
-/// A system property of an object of a class, by name in any letter case; nothing when there is no
-/// such property. Without a relative path the paths are null.
+/// Returns a system property of an object of the class `type`, by name ignoring case; nothing if no
+/// such property exists. Without a relative path the path properties are null.
 std::optional<ObjectProperty> SystemProperty(std::string_view name, const ResolvedClass& type,
                                              Genus genus,
                                              const std::optional<std::string>& relativePath);

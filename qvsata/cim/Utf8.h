@@ -5,8 +5,8 @@
 
 namespace qv::service {
 
-// Conversions between UTF-8, which recordings are in, and the platform's wide characters: UTF-16 on
-// Windows, UTF-32 elsewhere. Both take well-formed text.
+// Conversions between UTF-8, the encoding of recordings, and the platform's wide characters (UTF-16
+// on Windows, UTF-32 elsewhere). Both require well-formed text.
 
 std::wstring ToWide(std::string_view utf8);
 std::string ToUtf8(std::wstring_view wide);

@@ -15,8 +15,8 @@ bool IsDecimal(std::string_view text) {
     return error == std::errc{} && end == text.data() + text.size();
 }
 
-/// yyyymmddHHMMSS.mmmmmmsUUU, or an interval ddddddddHHMMSS.mmmmmm:000; an asterisk stands for a
-/// digit that is not known.
+/// yyyymmddHHMMSS.mmmmmmsUUU, or an interval ddddddddHHMMSS.mmmmmm:000; an asterisk is an unknown
+/// digit.
 bool IsDate(std::string_view text) {
     constexpr std::string_view shape = "dddddddddddddd.ddddddsddd";
     return std::ranges::equal(text, shape, [](char character, char kind) {

@@ -4,8 +4,8 @@
 
 namespace qv::service {
 
-/// Whether a value that has the form of a type is one of its values: a number within its range, a
-/// 64-bit number in decimal, a well-formed date. An array is when each of its elements is.
+/// Returns whether a value in the form of a type is a valid value of it: a number in range, a
+/// 64-bit number in decimal, a well-formed date. An array is valid if each element is.
 bool IsValueOf(const CimValue& value, CimType type);
 
 }  // namespace qv::service

@@ -6,8 +6,8 @@
 
 namespace qv::tool {
 
-// Each adds one command to the program; it runs when the command line names it, and raises what
-// Session.h raises.
+// Each function adds one command to the program. The command runs when the command line names it,
+// and throws what Session.h throws.
 void AddAssociators(CLI::App& program);
 void AddClasses(CLI::App& program);
 void AddEnumerate(CLI::App& program);

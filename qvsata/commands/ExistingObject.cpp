@@ -6,7 +6,7 @@
 namespace qv::tool {
 
 service::ObjectPath ExistingObject(const service::Namespace& nameSpace, const std::string& path) {
-    // What is no path or names nothing is refused here.
+    // Throws for a text that is not a path or names nothing.
     Take(nameSpace.GetInAnyOrder(path));
     service::ObjectPath parsed = service::ParseObjectPath(path).value();
     if (parsed.keys.empty() && !parsed.singleton) {

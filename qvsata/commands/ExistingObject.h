@@ -6,11 +6,11 @@
 
 namespace qv::tool {
 
-/// An object path taken apart, once its object is found to exist; keys in any order and letter
-/// case. Raises CommandError when the text is no path of an object or there is no such object.
+/// Parses an object path and checks that its object exists; keys in any order and letter case.
+/// Throws CommandError if the text is not the path of an instance or the object does not exist.
 service::ObjectPath ExistingObject(const service::Namespace& nameSpace, const std::string& path);
 
-/// Raises CommandError when the namespace has no such class; an empty name asks for none.
+/// Throws CommandError if the namespace lacks the class; an empty name passes.
 void RequireClass(const service::Namespace& nameSpace, const std::string& className);
 
 }  // namespace qv::tool

@@ -12,37 +12,37 @@
 
 namespace qv::tool {
 
-/// What every command that asks the provider is told: where the machine's facts come from, which
-/// provider, how to write the answer.
+/// The options of every command that uses the provider: the source of the machine's facts, the
+/// provider and the output format.
 struct Options {
     std::string host;                     ///< file of a recorded host; empty without --host
-    std::vector<std::string> laterHosts;  ///< files of what the recorded host becomes, in order
+    std::vector<std::string> laterHosts;  ///< files of later recordings of the host, in order
     bool live = false;
     std::string library;                    ///< empty: beside this program
     std::string mofFolder;                  ///< empty: beside this program
-    std::vector<std::string> installedMof;  ///< files of classes that the namespace has already
+    std::vector<std::string> installedMof;  ///< files of classes that already exist
     bool registered = false;
     Format format = Format::text;
 };
 
-/// Adds the options to a command; they are kept in `options` when the command line is read. Exactly
-/// one of --host and --live has to be given.
+/// Adds the options to a command; parsing the command line fills `options`. Exactly one of --host
+/// and --live is required.
 void AddOptions(CLI::App& command, Options& options);
 
-/// The same without --format, for a command with formats of its own.
+/// Adds the same options without --format, for a command with its own formats.
 void AddSourceOptions(CLI::App& command, Options& options);
 
-/// Adds --format, which takes one of the names; the first one is the default. Calls `choose` with
-/// the index of the name given.
+/// Adds --format. Parsing calls `choose` with the position in `names` of the given name. The first
+/// name is the default.
 void AddNamedFormats(CLI::App& command, const std::vector<std::string>& names,
                      std::function<void(std::size_t)> choose);
 
-/// A name that --format takes, and the value it stands for.
+/// A name that --format accepts, and its value.
 template <typename Value>
 using NamedFormat = std::pair<std::string, Value>;
 
-/// Adds --format, which takes one of the names and sets `chosen` to its value. The first name is
-/// the default; `chosen` has its value already.
+/// Adds --format. Parsing sets `chosen` to the value of the given name. The first name is the
+/// default, whose value `chosen` already has.
 template <typename Value>
 void AddFormatOption(CLI::App& command, std::vector<NamedFormat<Value>> formats, Value& chosen) {
     std::vector<std::string> names;

@@ -25,7 +25,7 @@ int Report(const std::string& message, int exitCode) {
 /// Runs the command; returns the exit code.
 int Run(std::vector<std::string> arguments) {
     CLI::App program("Plays the management service for the SATA storage provider.", "qvsata");
-    // A leading slash is the beginning of a path.
+    // A leading slash begins a path, not an option.
     program.allow_windows_style_options(false);
     program.set_version_flag("--version", "qvsata " QV_VERSION);
     program.require_subcommand(1);

@@ -8,10 +8,10 @@
 
 namespace qv::tool {
 
-/// What an object publishes.
+/// Reads an object into the form that the views use.
 view::PublishedObject ReadObject(const service::Object& object);
 
-/// The instances of some classes of a namespace. Raises CommandError when one cannot be enumerated.
+/// Returns the instances of the given classes. Throws CommandError if one cannot be enumerated.
 view::PublishedHost ReadInstances(const service::Namespace& nameSpace,
                                   std::span<const std::string_view> classes);
 

@@ -9,17 +9,17 @@
 
 namespace qv::tool {
 
-/// What ends a command: the message is one line, without the program's name.
+/// An error that ends a command. The message is one line, without the program's name.
 class CommandError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
 };
 
-/// Starts the embedded management service as the options say. Raises CommandError and the errors
-/// of HostFileError, MofError and std::system_error, whose messages name the file.
+/// Starts the provider on the machine that the options name. Throws CommandError, HostFileError,
+/// MofError or std::system_error; the messages of the last three name the file.
 std::unique_ptr<service::ProviderHost> StartSession(const Options& options);
 
-/// The answer's objects; raises CommandError when it is a failure.
+/// Returns the answer's objects; throws CommandError if the answer is a failure.
 service::ObjectList Take(service::Answer answer);
 
 }  // namespace qv::tool

@@ -10,7 +10,7 @@
 namespace qv::tool {
 namespace {
 
-/// A text that is a whole number from 1 up.
+/// Accepts a whole number of at least 1.
 CLI::Validator Counted() {
     return {[](const std::string& text) -> std::string {
                 constexpr unsigned most = 1000000000;

@@ -24,7 +24,7 @@ view::DiskStatuses ReadStatuses(const service::Namespace& nameSpace) {
     return view::StatusesOf(view::InstancesOf(ReadInstances(nameSpace, std::array{disks}), disks));
 }
 
-/// Prints events until there were as many as there may be.
+/// Prints events up to the maximum number.
 class EventPrinter {
 public:
     EventPrinter(const service::Namespace& nameSpace, std::optional<std::size_t> most,

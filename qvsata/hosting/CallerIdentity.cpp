@@ -37,7 +37,8 @@ ServedCall::~ServedCall() {
     if (caller_->IsImpersonating()) {
         caller_->RevertToSelf();
     }
-    // Switching counts no references: neither is the outer context kept nor this one let go.
+    // CoSwitchCallContext counts no references: it neither keeps the outer context nor releases
+    // this one.
     IUnknown* own = nullptr;
     CoSwitchCallContext(outer_, &own);
 }

@@ -8,17 +8,17 @@
 
 namespace qv::service {
 
-/// Who calls the provider: this process's own user at an impersonation level. COM asks it when
-/// the provider impersonates its client, as it asks the identity of a remote caller.
+/// The provider's caller: this process's own user at an impersonation level. COM calls it when the
+/// provider impersonates its client, as for a remote caller.
 class CallerIdentity final : public windows::ComObject<IServerSecurity> {
 public:
     explicit CallerIdentity(SECURITY_IMPERSONATION_LEVEL level) : level_(level) {}
 
-    /// WBEM_E_NOT_SUPPORTED: there is no authentication to tell of.
+    /// Returns WBEM_E_NOT_SUPPORTED: the call has no authentication.
     STDMETHODIMP QueryBlanket(DWORD* authentication, DWORD* authorization, OLECHAR** principal,
                               DWORD* authenticationLevel, DWORD* impersonationLevel,
                               void** privileges, DWORD* capabilities) override;
-    /// Gives the thread a token of the level.
+    /// Sets a token of the level on the thread.
     STDMETHODIMP ImpersonateClient() override;
     STDMETHODIMP RevertToSelf() override;
     STDMETHODIMP_(BOOL) IsImpersonating() override { return impersonating_; }
@@ -28,11 +28,11 @@ private:
     BOOL impersonating_ = FALSE;
 };
 
-/// Makes what runs on this thread the serving of a call, from construction to destruction; the
-/// thread is its own again afterwards, whatever the served call left. Calls may be nested.
+/// Makes the code on this thread part of a served call, from construction to destruction.
+/// Destruction restores the thread, whatever the served call left behind. Calls may be nested.
 class ServedCall {
 public:
-    /// Raises RequestError when COM refuses.
+    /// Throws RequestError if COM fails.
     explicit ServedCall(SECURITY_IMPERSONATION_LEVEL level);
     ServedCall(const ServedCall&) = delete;
     ServedCall& operator=(const ServedCall&) = delete;

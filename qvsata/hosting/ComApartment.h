@@ -11,7 +11,7 @@ namespace qv::service {
 /// Keeps the thread in the process's multithreaded apartment.
 class ComApartment {
 public:
-    /// Raises RequestError when the thread is in an apartment of its own.
+    /// Throws RequestError if the thread is in a single-threaded apartment.
     ComApartment() {
         const HRESULT result = CoInitializeEx(nullptr, COINIT_MULTITHREADED);
         if (FAILED(result)) {

@@ -7,20 +7,21 @@
 namespace qv::service {
 
 /// A subscription to the events of the provider's library, as the management service makes one for
-/// a consumer: an event provider, initialised for the provider's namespace, that was asked for
-/// events. It ends with the object, which the host and its MonitorPauses outlive.
+/// a consumer: it creates an event provider, initialises it for the provider's namespace and calls
+/// ProvideEvents. It ends with the object. The host and its MonitorPauses must outlive it.
 class EventSubscription {
 public:
-    /// Raises RequestError with the status of what failed.
+    /// Throws RequestError with the status of the failed step.
     explicit EventSubscription(const ManagementHost& host);
     EventSubscription(const EventSubscription&) = delete;
     EventSubscription& operator=(const EventSubscription&) = delete;
     ~EventSubscription();
 
-    /// The indications that were delivered since it was asked last.
+    /// Returns the indications delivered since the last call.
     ObjectList Take() { return sink_->Take(); }
 
-    /// Lets go of the provider: from now on nothing is delivered. What was can still be taken.
+    /// Releases the provider: nothing is delivered afterwards. Indications delivered before can
+    /// still be taken.
     void End();
 
 private:

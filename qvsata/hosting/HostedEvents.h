@@ -5,10 +5,10 @@
 
 namespace qv::service {
 
-/// The events of the provider's library: a subscription, and its monitor held after each cycle.
+/// The events of the provider's library: a subscription whose monitor is held after each cycle.
 class HostedEvents final : public EventFeed {
 public:
-    /// Raises RequestError with the status of what failed.
+    /// Throws RequestError with the status of the failed step.
     explicit HostedEvents(const ManagementHost& host);
 
     News Await(std::chrono::milliseconds longest) override;

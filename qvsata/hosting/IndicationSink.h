@@ -10,20 +10,20 @@
 
 namespace qv::service {
 
-/// Keeps what an event provider delivers until somebody takes it. Any thread may deliver. Those
-/// that do may be ended by force wherever they stand: the lock here is one that passes on when its
-/// owner dies, and once the sink is closed they leave the objects alone.
+/// Collects what an event provider delivers. Any thread may deliver. A delivering thread may be
+/// terminated at any point: the lock is a mutex that passes on when its owner dies, and after Close
+/// such threads do not touch the objects.
 class IndicationSink final : public windows::ComObject<IWbemObjectSink> {
 public:
     STDMETHODIMP Indicate(LONG count, IWbemClassObject** objects) override;
-    /// What a provider reports of its subscription as such is not kept.
+    /// Ignores the status that a provider reports for its subscription.
     STDMETHODIMP SetStatus(LONG flags, HRESULT status, BSTR text,
                            IWbemClassObject* object) override;
 
-    /// What was delivered since it was asked last, in the order of the deliveries.
+    /// Returns what was delivered since the last call, in order.
     ObjectList Take();
 
-    /// From now on deliveries are refused with WBEM_E_CALL_CANCELLED.
+    /// Refuses further deliveries with WBEM_E_CALL_CANCELLED.
     void Close();
 
 private:

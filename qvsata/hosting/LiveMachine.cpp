@@ -30,7 +30,7 @@ Bstr Wide(std::string_view text) {
     return Bstr(windows::ToWide(text, CP_UTF8));
 }
 
-/// Reads an enumeration of the machine to its end. What failed it is the answer's status.
+/// Reads an enumeration of the machine to its end. A failure becomes the answer's status.
 Answer ReadAll(IEnumWbemClassObject& live) {
     Answer answer;
     for (;;) {
@@ -47,7 +47,7 @@ Answer ReadAll(IEnumWbemClassObject& live) {
     }
 }
 
-/// Runs one call of the machine's management service that opens an enumeration.
+/// Runs one call to the machine's management service that opens an enumeration.
 template <typename Call>
 Answer ReadEnumeration(Call call) {
     const std::lock_guard lock(liveMutex);
@@ -113,7 +113,8 @@ Connector ConnectLive() {
             result = CoSetProxyBlanket(machine.Get(), RPC_C_AUTHN_WINNT, RPC_C_AUTHZ_NONE, nullptr,
                                        RPC_C_AUTHN_LEVEL_CALL, RPC_C_IMP_LEVEL_IMPERSONATE, nullptr,
                                        EOAC_NONE);
-            // Wine's management service runs in this process and has no proxy to set.
+            // Wine's management service runs in this process and has no proxy whose blanket could
+            // be set.
             result = result == E_NOINTERFACE ? S_OK : result;
         }
         return SUCCEEDED(result)

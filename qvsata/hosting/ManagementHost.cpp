@@ -36,7 +36,7 @@ windows::ComPtr<IUnknown> CreateRegistered(REFCLSID classId) {
     return object;
 }
 
-/// The module that an object's code is in.
+/// Returns the module that contains an object's code.
 HMODULE ModuleOf(IUnknown& object) {
     HMODULE module = nullptr;
     const void* const* functions = *reinterpret_cast<void***>(&object);

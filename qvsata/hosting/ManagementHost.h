@@ -14,15 +14,15 @@
 
 namespace qv::service {
 
-/// The embedded management service: plays the management service for the provider, whose library it
-/// loads, on a recorded host or on this machine. One at a time in a process: what it puts in place
-/// of the system's locator, path parser and host names holds for the whole process. The thread that
-/// makes it joins the multithreaded apartment; any thread of that apartment may use it.
+/// The embedded management service. It loads the provider's library and serves it a recorded host
+/// or this machine. At most one object per process: its replacements of the system's locator, path
+/// parser and host names apply to the whole process. The creating thread joins the multithreaded
+/// apartment; any thread of that apartment may use the object.
 class ManagementHost final : public ProviderHost {
 public:
     /// Reads the MOF, loads the library and initialises the provider.
-    /// @throws MofError; std::system_error when the library cannot be loaded; RequestError with the
-    /// status of what failed otherwise.
+    /// @throws MofError; std::system_error if the library cannot be loaded; otherwise RequestError
+    /// with the status of the failed step.
     explicit ManagementHost(const HostOptions& options);
     ManagementHost(const ManagementHost&) = delete;
     ManagementHost& operator=(const ManagementHost&) = delete;
@@ -30,26 +30,26 @@ public:
 
     const Namespace& Published() const override { return *namespace_; }
 
-    /// The provider itself, for requests without a client's conveniences.
+    /// Returns the provider itself, for raw requests.
     ProviderObject& Provider() const { return *provider_; }
 
-    /// Lets go of the provider: requests find no instances from now on.
+    /// Releases the provider: requests find no instances afterwards.
     void ReleaseProvider();
 
     RecordingSequence* Recordings() const override { return recordings_.get(); }
     std::unique_ptr<EventFeed> Subscribe() const override;
 
-    /// Another object of the provider's library, or of the registered provider. Raises
+    /// Creates another object of the provider's library, or of the registered provider. Throws
     /// RequestError.
     windows::ComPtr<IUnknown> Create(REFCLSID classId) const;
 
-    /// The library's module, whichever way it was loaded.
+    /// Returns the library's module, however it was loaded.
     HMODULE ProviderModule() const { return module_; }
 
-    /// A new connection to the provider's namespace, as the locator gives it.
+    /// Returns a new connection to the provider's namespace, as the locator returns it.
     windows::ComPtr<IWbemServices> Connect() const;
 
-    /// Whether nothing of the provider's library is in use; true for a registered provider.
+    /// Returns whether the provider's library is no longer in use; true for a registered provider.
     bool CanUnloadLibrary() const;
 
 private:

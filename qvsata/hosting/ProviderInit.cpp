@@ -11,7 +11,7 @@
 namespace qv::service {
 namespace {
 
-/// Takes the status that a provider reports when it is initialised.
+/// Receives the status that a provider reports when it is initialised.
 class InitSink final : public windows::ComObject<IWbemProviderInitSink> {
 public:
     STDMETHODIMP SetStatus(LONG status, LONG) override {

@@ -8,9 +8,10 @@
 
 namespace qv::service {
 
-/// Initialises a provider of either kind for a namespace, through which it calls back. Gives the
-/// status that the provider reported, that with which it refused, or WBEM_E_PROVIDER_FAILURE when
-/// it reported none. The calling thread serves a call (ServedThread.h).
+/// Initialises an instance or event provider for a namespace, to which `services` connects it.
+/// Returns the failure of Initialize, otherwise the status that the provider reported to its sink,
+/// or WBEM_E_PROVIDER_FAILURE if it reported none. The calling thread must serve a call
+/// (ServedThread.h).
 HRESULT InitializeProvider(IUnknown& provider, std::wstring_view nameSpace,
                            IWbemServices& services);
 

@@ -10,11 +10,11 @@
 
 namespace qv::service {
 
-/// A COM in-process server loaded from a file, without its being registered. Unloaded on
-/// destruction, unless it says that it is in use.
+/// A COM in-process server loaded from a file, without registration. The destructor unloads it
+/// unless it reports that it is in use.
 class ProviderLibrary {
 public:
-    /// Raises std::system_error when the file cannot be loaded, or is no COM server.
+    /// Throws std::system_error if the file cannot be loaded or is not a COM server.
     explicit ProviderLibrary(const std::filesystem::path& file);
     ProviderLibrary(const ProviderLibrary&) = delete;
     ProviderLibrary& operator=(const ProviderLibrary&) = delete;
@@ -22,10 +22,10 @@ public:
 
     HMODULE Module() const { return module_; }
 
-    /// A new object of a class. Raises RequestError with the library's status.
+    /// Creates an object of a class. Throws RequestError with the library's status.
     windows::ComPtr<IUnknown> Create(REFCLSID classId) const;
 
-    /// Whether nothing of the library is in use any more.
+    /// Returns whether the library is no longer in use.
     bool CanUnload() const;
 
 private:

@@ -7,7 +7,7 @@
 
 namespace qv::service {
 
-/// The instances that a provider makes: those of the dynamic classes.
+/// The instances that a provider supplies: those of the dynamic classes.
 class ProviderSource final : public InstanceSource {
 public:
     explicit ProviderSource(std::shared_ptr<const ProviderObject> provider)
@@ -16,7 +16,7 @@ public:
     bool Serves(const ResolvedClassPtr& type) const override { return type->isDynamic; }
     Answer Enumerate(const ResolvedClassPtr& type) const override;
     std::optional<Answer> Get(const ResolvedClassPtr& type, std::string_view path) const override;
-    /// Nothing where the provider refuses queries.
+    /// Returns nothing if the provider refuses queries.
     std::optional<Answer> Query(const ResolvedClassPtr& type, std::string_view wql) const override;
 
 private:

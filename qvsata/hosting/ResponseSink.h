@@ -10,15 +10,15 @@
 
 namespace qv::service {
 
-/// Collects what a provider delivers to a request. Any thread may deliver.
+/// Collects what a provider delivers for a request. Any thread may deliver.
 class ResponseSink final : public windows::ComObject<IWbemObjectSink> {
 public:
     STDMETHODIMP Indicate(LONG count, IWbemClassObject** objects) override;
-    /// Reports of progress (WBEM_STATUS_PROGRESS) are not kept.
+    /// Ignores progress reports (WBEM_STATUS_PROGRESS).
     STDMETHODIMP SetStatus(LONG flags, HRESULT status, BSTR text,
                            IWbemClassObject* object) override;
 
-    /// Moves what was delivered so far to an answer.
+    /// Moves everything delivered so far to an answer.
     void Deliver(ProviderAnswer& answer);
 
 private:

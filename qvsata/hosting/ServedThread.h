@@ -11,8 +11,8 @@
 
 namespace qv::service {
 
-/// Runs `body` on a new thread of the multithreaded apartment as the serving of a call, and waits
-/// for it. What it raises is raised here.
+/// Runs `body` as a served call on a new thread of the multithreaded apartment, and waits for it.
+/// Rethrows what it throws.
 inline void RunAsServedCall(SECURITY_IMPERSONATION_LEVEL level, const std::function<void()>& body) {
     std::exception_ptr raised;
     std::thread([&] {

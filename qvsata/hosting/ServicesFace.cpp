@@ -17,7 +17,7 @@ std::string Utf8(const BSTR text) {
     return windows::ToNarrow(windows::Bstr::ViewOf(text), CP_UTF8);
 }
 
-/// Hands over the objects that `ask` answers with.
+/// Returns an enumerator over the objects of the answer that `ask` returns.
 template <typename Ask>
 HRESULT HandOverObjects(const BSTR text, IEnumWbemClassObject** objects, Ask ask) {
     if (text == nullptr || objects == nullptr) {

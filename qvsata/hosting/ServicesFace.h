@@ -8,8 +8,8 @@
 
 namespace qv::service {
 
-/// A connection to a namespace as COM sees it: reading operations only. Any number of threads may
-/// use it.
+/// A connection to a namespace as COM sees it: read operations only. Any number of threads may use
+/// it.
 class ServicesFace final : public windows::UnsupportedServices<windows::ComObject<IWbemServices>> {
 public:
     explicit ServicesFace(std::shared_ptr<const service::Services> services)
@@ -19,7 +19,7 @@ public:
                            IWbemClassObject** object, IWbemCallResult** result) override;
     STDMETHODIMP CreateInstanceEnum(const BSTR className, long flags, IWbemContext* context,
                                     IEnumWbemClassObject** objects) override;
-    /// WBEM_E_INVALID_QUERY_TYPE for another language than WQL.
+    /// Returns WBEM_E_INVALID_QUERY_TYPE for a language other than WQL.
     STDMETHODIMP ExecQuery(const BSTR language, const BSTR query, long flags, IWbemContext* context,
                            IEnumWbemClassObject** objects) override;
 

@@ -10,10 +10,11 @@
 
 namespace qv::service {
 
-/// The events of the provider's core: runs the monitor's cycles on the thread that waits for them.
+/// The events of the provider's core. The monitor's cycles run on the thread that waits for them.
 class LinkedEvents final : public EventFeed, private EventReceiver {
 public:
-    /// `nameSpace` is the provider's own, reached through `machine` too; it outlives the object.
+    /// `nameSpace` is the provider's namespace, which `machine` also reaches; it must outlive the
+    /// object.
     LinkedEvents(const Namespace& nameSpace, Connector machine, ComputerNames names);
 
     News Await(std::chrono::milliseconds longest) override;
@@ -37,7 +38,7 @@ private:
     DiskInventory inventory_{queries_, host_, clock_, lock_};
     CSATAHBA_EVENTS monitor_{inventory_, clock_, log_};
     std::string namespacePrefix_;
-    SteadyClock::time_point due_ = SteadyClock::now();  ///< when the next cycle begins
+    SteadyClock::time_point due_ = SteadyClock::now();  ///< start of the next cycle
     ObjectList delivered_;
 };
 

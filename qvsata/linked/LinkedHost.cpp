@@ -12,7 +12,7 @@
 namespace qv::service {
 namespace {
 
-/// The provider's core on recordings of a computer.
+/// Runs the provider's core on recordings of a computer.
 class LinkedHost final : public ProviderHost {
 public:
     explicit LinkedHost(const HostOptions& options)

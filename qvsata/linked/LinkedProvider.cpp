@@ -17,7 +17,7 @@
 namespace qv::service {
 namespace {
 
-/// The length of a text in the units of the platform's wide text.
+/// Returns the length of a text in the units of the platform's wide text.
 std::size_t WideLength(std::string_view utf8) {
     std::size_t length = 0;
     for (const char character : utf8) {
@@ -28,7 +28,7 @@ std::size_t WideLength(std::string_view utf8) {
     return length;
 }
 
-/// Runs a request to the provider; what it raises is the request's failure.
+/// Runs a request to the provider; an exception becomes the request's failure.
 template <typename Body>
 Answer RunRequest(std::string_view request, Body body) {
     try {

@@ -9,17 +9,17 @@
 
 namespace qv::service {
 
-/// A log that nothing is written to.
+/// A log that writes nothing.
 class SilentLog final : public platform::LogPort {
 public:
     int Level() const override { return 1024; }
     void Write(int, std::string_view) override {}
 };
 
-/// The provider's core in the place of its library: answers as CQVWMISATA_InstProv does.
+/// The provider's core in place of its library; answers as CQVWMISATA_InstProv does.
 class LinkedProvider final : public InstanceSource {
 public:
-    /// The provider asks `machine` its queries, its own namespace among them.
+    /// The provider sends its queries to `machine`, including those of its own namespace.
     LinkedProvider(Connector machine, ComputerNames names);
 
     bool Serves(const ResolvedClassPtr& type) const override { return type->isDynamic; }

@@ -16,7 +16,7 @@
 namespace qv::service {
 namespace {
 
-// The types that a put hands over, by their numbers in wtypes.h.
+// The VARIANT types of a Put, by their numbers in wtypes.h.
 constexpr std::uint16_t variantArray = 0x2000;
 constexpr std::uint16_t variantTypes[] = {1, 8, 8, 17, 3, 11, variantArray | 8, variantArray | 3};
 
@@ -38,18 +38,18 @@ bool IsText(CimType type) {
            type == CimType::sint64 || type == CimType::uint64;
 }
 
-/// Whether the type travels as a 32-bit number.
+/// Returns whether the type is passed as a 32-bit number.
 bool IsInt32(CimType type) {
     return type == CimType::uint16 || type == CimType::sint32 || type == CimType::uint32;
 }
 
-/// A 32-bit number as a value of the type: a uint32 is unsigned again.
+/// Returns a 32-bit number as a value of the type: a uint32 becomes unsigned again.
 CimValue NumberOf(std::int32_t number, CimType type) {
     return type == CimType::uint32 ? std::int64_t{static_cast<std::uint32_t>(number)}
                                    : std::int64_t{number};
 }
 
-/// The number that a text holds, blanks around it apart; nothing for another text.
+/// Returns the number in a text, with blanks around it ignored; nothing for another text.
 std::optional<std::int32_t> ParseInt32(std::string_view text) {
     const auto first = text.find_first_not_of(' ');
     if (first == std::string_view::npos) {
@@ -62,8 +62,8 @@ std::optional<std::int32_t> ParseInt32(std::string_view text) {
                                                                     : std::nullopt;
 }
 
-/// Converts a scalar by the rules of hosting/PutRules.h, as far as records need them; nothing for a
-/// value that the type does not take.
+/// Converts a scalar by the rules of hosting/PutRules.h, as far as records need them; returns
+/// nothing for a value that the type does not take.
 struct ConvertScalar {
     CimType type;
 
@@ -113,7 +113,7 @@ struct ConvertScalar {
     }
 };
 
-/// The same for an array, whose elements are not converted.
+/// Converts an array in the same way; its elements are not converted.
 struct ConvertArray {
     CimType type;
 

@@ -31,7 +31,7 @@ platform::LocalTime LocalClock::Local() const {
 }
 
 platform::TimeZone LocalClock::Zone() const {
-    // The offset that is in force now, daylight saving included, as a zone without seasons.
+    // The current offset, including daylight saving, as a zone without seasons.
     const std::time_t seconds = std::time(nullptr);
     std::tm local{};
     localtime_r(&seconds, &local);

@@ -6,7 +6,7 @@
 
 namespace qv::service {
 
-/// The time of this computer.
+/// The clock of this computer.
 class LocalClock final : public platform::Clock {
 public:
     std::int64_t SecondsSince1970() const override;
@@ -14,8 +14,8 @@ public:
     platform::TimeZone Zone() const override;
 };
 
-/// What a recorded computer says of itself beside its names: nothing was recorded. New identifiers
-/// are random ones.
+/// The facts of a recorded computer besides its names. None were recorded; new identifiers are
+/// random.
 class RecordedFacts final : public platform::SystemFacts {
 public:
     platform::OsVersion Version() const override { return {}; }
@@ -23,7 +23,7 @@ public:
     Status NewGuid(std::string& guid) const override;
 };
 
-/// A lock that nobody else asks for.
+/// A lock that only this process uses; it is always free.
 class OwnLock final : public platform::NamedLock {
 public:
     bool TryAcquireFor(std::chrono::milliseconds) override { return true; }

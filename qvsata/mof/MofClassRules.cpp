@@ -35,7 +35,7 @@ public:
         return own != nullptr && own->value == CimValue(false);
     }
 
-    /// Whether the class has the qualifier, its own or one that its ancestors hand on.
+    /// Returns whether the class has the qualifier, its own or one that its ancestors pass on.
     bool Has(std::string_view qualifier) const {
         if (const Qualifier* const own = FindQualifier(definition_.qualifiers, qualifier)) {
             return own->value != CimValue(false);
@@ -43,7 +43,7 @@ public:
         return HandedOn(qualifier) != nullptr;
     }
 
-    /// The qualifier that the ancestors hand on; null when there is none.
+    /// Returns the qualifier that the ancestors pass on; null if there is none.
     const Qualifier* HandedOn(std::string_view qualifier) const {
         const Qualifier* const found =
             parent_ == nullptr ? nullptr : classes_.ClassQualifier(parent_->name, qualifier);
@@ -71,7 +71,7 @@ public:
         return found;
     }
 
-    /// How many of the class's properties, inherited ones included, are as `accepts` says.
+    /// Returns how many of the class's properties, including inherited ones, `accepts` holds for.
     template <typename Accepts>
     std::size_t Count(Accepts accepts) const {
         const std::vector<PropertyDefinition> inherited =
@@ -243,7 +243,7 @@ Breach Properties(const Subject& subject) {
                               subject.Classes().Properties(subject.Own().superclass));
 }
 
-// In the order in which the rules are looked at.
+// In checking order.
 constexpr std::array rules{
     Name,       KeyOnAClass, Terminal,  AssociationOrIndication, AbstractBelow, OnlyTrue, Dynamic,
     Overridden, Properties,  Singleton, NumberOfProperties,      References,

@@ -7,7 +7,7 @@
 namespace qv::service {
 namespace {
 
-/// Qualifiers that count as a change of the class; others are texts.
+/// Qualifiers whose change counts as a change of the class; the others are descriptive.
 constexpr const char* weighty[] = {"abstract", "dynamic", "singleton", "provider", "association"};
 
 bool AreAlike(const PropertyDefinition& left, const PropertyDefinition& right) {

@@ -6,19 +6,18 @@
 
 namespace qv::service {
 
-/// How classes are written that may be in the namespace already: `#pragma classflags`. Without a
-/// flag a class is created, or changed when neither subclasses nor instances use it.
+/// How classes that may already exist are written: `#pragma classflags`. Without a flag a class is
+/// created, or changed if neither subclasses nor instances use it.
 struct ClassFlags {
     bool createOnly = false;
     bool updateOnly = false;
-    /// Subclasses may use a class that is changed, as long as they still keep the rules:
-    /// safeupdate. forceupdate is taken for the same: a conflict with a subclass is refused, not
-    /// resolved.
+    /// safeupdate: a class with subclasses may be changed if they still keep the rules. forceupdate
+    /// is treated the same: a conflict with a subclass is refused, not resolved.
     bool withSubclasses = false;
 };
 
-/// Why the class of that name may not become what `changed` says; nothing when it may. A class may
-/// always be stated once more, with other texts.
+/// Returns why the existing class of that name must not become `changed`; nothing if it may. A
+/// declaration that differs only in descriptive qualifiers is always allowed.
 std::optional<ClassBreach> FindUpdateBreach(const ClassDefinition& changed,
                                             const ClassRepository& classes,
                                             const ClassFlags& flags);

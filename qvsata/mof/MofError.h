@@ -9,15 +9,14 @@
 
 namespace qv::service {
 
-/// A place in a MOF text, line and column (of bytes) counted from 1.
+/// A place in a MOF text: line and column (in bytes), counted from 1.
 struct MofPosition {
     std::size_t line = 1;
     std::size_t column = 1;
 };
 
-/// What is wrong with a MOF file. what() is one line, `file:line:column: what is wrong`, followed
-/// by ` (name code)` where the documentation names the status that the real service or compiler
-/// ends with.
+/// An error in a MOF file. what() is one line, `file:line:column: reason`, followed by ` (name
+/// code)` if the documentation names the status with which the real service or compiler ends.
 class MofError : public std::runtime_error {
 public:
     MofError(std::string_view fileName, MofPosition position, const std::string& what)

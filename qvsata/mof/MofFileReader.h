@@ -8,9 +8,9 @@
 
 namespace qv::service {
 
-/// Applies the declarations of one file, in order, to the namespaces; adds the references that it
-/// declares to `references`, to be checked when every file is read.
-/// @throws MofError on the first error; what came before it has been applied.
+/// Applies the declarations of one file, in order, to the namespaces. Appends the references that
+/// it declares to `references`; they are checked when every file is read.
+/// @throws MofError on the first error; the declarations before it have been applied.
 void ApplyMof(const std::vector<MofDeclaration>& declarations, std::string_view fileName,
               Namespaces& namespaces, std::vector<PendingReference>& references);
 

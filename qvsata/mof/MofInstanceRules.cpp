@@ -42,7 +42,7 @@ Refusal Keys(const InstanceDefinition& instance, const ClassRepository& classes)
     return {};
 }
 
-/// The hosting model without the name of a host process behind it.
+/// Returns the hosting model without the name of a host process after it.
 std::string_view WithoutHostName(std::string_view model) {
     return model.starts_with("Decoupled:") ? model : model.substr(0, model.find(':'));
 }

@@ -36,7 +36,7 @@ void AppendUtf8(std::string& text, std::uint32_t codeUnit) {
     }
 }
 
-/// A whole text as one number; empty when it is none or is too large.
+/// Returns the whole text as one number; nothing if it is not one or is too large.
 std::optional<std::uint64_t> WholeNumber(std::string_view digits, int base) {
     std::uint64_t value = 0;
     const char* const end = digits.data() + digits.size();

@@ -30,8 +30,20 @@ struct MofToken {
     MofPosition position;
 };
 
-/// The tokens of a MOF text in UTF-8, comments left out, with one token of kind end behind the
-/// last. Numbers may be decimal, hexadecimal (0x1F), octal (017) or binary (101b).
+/// Returns the tokens of a MOF text in UTF-8, with or without a byte order mark; the last token is
+/// of kind end. Blanks, line ends and comments (// and /* */) separate tokens and are dropped.
+///
+///     name      = ( letter | "_" ) { letter | digit | "_" } ;
+///     alias     = "$" name ;
+///     text      = '"' { character of the line | escape } '"' ;
+///     character = "'" ( ASCII character | escape ) "'" ;
+///     escape    = "\" ( "b" | "t" | "n" | "f" | "r" | '"' | "'" | "\" )
+///               | "\" ( "x" | "X" ) one to four hexadecimal digits ;
+///     integer   = [ "+" | "-" ] ( decimal digits | "0" octal digits
+///               | ( "0x" | "0X" ) hexadecimal digits | binary digits ( "b" | "B" ) ) ;
+///     real      = [ "+" | "-" ] a number with "." that strtod reads ;
+///
+/// An integer has a magnitude of at most 64 bits.
 /// @throws MofError at the first character that belongs to no token.
 std::vector<MofToken> TokenizeMof(std::string_view text, std::string_view fileName);
 

@@ -33,7 +33,7 @@ std::string InQuotes(std::string_view text) {
     return quoted;
 }
 
-/// A token as a message names it.
+/// Returns the text for a token in messages.
 std::string Description(const MofToken& token) {
     switch (token.kind) {
         case MofTokenKind::end:

@@ -11,19 +11,19 @@
 
 namespace qv::service {
 
-/// A whole number as it is written: up to 64 bits and a sign.
+/// A whole number as written: up to 64 bits and a sign.
 struct MofInteger {
     std::uint64_t magnitude = 0;
     bool negative = false;
 };
 
-/// A literal; std::monostate is `null`. Adjacent texts are one literal.
+/// A literal; std::monostate is `null`. Adjacent texts form one literal.
 struct MofLiteral {
     MofPosition position;
     std::variant<std::monostate, bool, MofInteger, double, std::string> value;
 };
 
-/// What stands behind an equals sign: a literal, an alias, or several of either in braces.
+/// A value: a literal, an alias, or a list of literals in braces.
 struct MofInitializer {
     MofPosition position;
     bool isArray = false;
@@ -85,9 +85,33 @@ struct MofPragma {
 
 using MofDeclaration = std::variant<MofPragma, MofClass, MofInstance>;
 
-/// The declarations of a MOF text as they are written; what they mean is the reader's matter.
-/// Qualifier declarations, and the methods themselves, are accepted and left out.
-/// @throws MofError on the first error of syntax.
+/// Parses a MOF text into its declarations, as written. Their meaning is left to the MOF reader.
+/// Qualifier declarations and methods are accepted and dropped.
+///
+///     file        = { pragma | declaration | class | instance } ;
+///     pragma      = "#pragma" name [ "(" argument { "," argument } ")" ] ;
+///     argument    = name | texts ;
+///     declaration = "qualifier" { any token but ";" } ";" ;
+///     class       = [ qualifiers ] "class" name [ "as" alias ] [ ":" name ]
+///                   "{" { property | method } "}" ";" ;
+///     property    = [ qualifiers ] name [ "ref" ] name [ "[" [ integer ] "]" ]
+///                   [ "=" initializer ] ";" ;
+///     method      = [ qualifiers ] name [ "ref" ] name
+///                   "(" { any token, parentheses in pairs } ")" ";" ;
+///     instance    = [ qualifiers ] "instance" "of" name [ "as" alias ]
+///                   "{" { [ qualifiers ] name "=" initializer ";" } "}" ";" ;
+///     qualifiers  = "[" qualifier { "," qualifier } "]" ;
+///     qualifier   = name [ "(" initializer ")" | list ] [ ":" flavor { flavor } ] ;
+///     flavor      = "ToSubclass" | "NotToSubclass" | "ToInstance" | "NotToInstance"
+///                 | "EnableOverride" | "DisableOverride" | "Restricted" | "Amended"
+///                 | "Translatable" ;
+///     initializer = alias | list | literal ;
+///     list        = "{" [ literal { "," literal } ] "}" ;
+///     literal     = texts | integer | real | character | "TRUE" | "FALSE" | "NULL" ;
+///     texts       = text { text } ;
+///
+/// Keywords and flavors ignore case, except "#pragma". MofLexer.h describes the tokens.
+/// @throws MofError on the first syntax error.
 std::vector<MofDeclaration> ParseMof(std::string_view text, std::string_view fileName);
 
 }  // namespace qv::service

@@ -27,7 +27,7 @@ void CheckAutorecover(const MofPragma& pragma, std::string_view fileName) {
     }
 }
 
-/// The server of `\\server\root\...`; empty for a path without one.
+/// Returns the server of `\\server\root\...`; empty for a path without one.
 std::string_view ServerOf(std::string_view path) {
     if (!path.starts_with("\\\\") && !path.starts_with("//")) {
         return {};

@@ -14,7 +14,7 @@ using Breach = std::optional<ClassBreach>;
 constexpr std::array<std::string_view, 9> mofKeywords{
     "as", "class", "false", "instance", "null", "of", "qualifier", "ref", "true"};
 
-/// A property of a class beside what the class inherits.
+/// A property of a class and what the class inherits.
 struct Subject {
     const PropertyDefinition& own;
     const std::vector<PropertyDefinition>& inherited;
@@ -65,7 +65,7 @@ Breach Key(const Subject& subject) {
     }
 }
 
-/// The name of the property that `Override("Class.Property")` or `Override("Property")` means.
+/// Returns the name of the property in `Override("Class.Property")` or `Override("Property")`.
 std::string_view OverriddenName(const Qualifier& override) {
     const auto* const text = std::get_if<std::string>(&override.value);
     if (text == nullptr) {
@@ -130,7 +130,7 @@ Breach OverriddenQualifier(const Subject& subject) {
     return {};
 }
 
-// In the order in which the rules are looked at.
+// In checking order.
 constexpr std::array rules{Name, Key, Override, Type, AddedKey, OverriddenQualifier};
 
 }  // namespace

@@ -8,15 +8,15 @@
 
 namespace qv::service {
 
-/// The property of that name, taken without regard to case; null when there is none.
+/// Returns the property of that name, ignoring case; null if there is none.
 const PropertyDefinition* FindDefinition(const std::vector<PropertyDefinition>& properties,
                                          std::string_view name);
 
-/// "uint16[]"
+/// Returns the property's type as MOF writes it, e.g. "uint16[]".
 std::string TypeText(const PropertyDefinition& property);
 
-/// The first rule that a property of a class breaks, by itself or against what the class inherits.
-/// What a reference points to is not looked at: it may be defined later.
+/// Returns the first rule that a property of a class breaks, by itself or against what the class
+/// inherits. The target class of a reference is not checked: it may be defined later.
 std::optional<ClassBreach> FindPropertyBreach(const ClassDefinition& definition,
                                               const std::vector<PropertyDefinition>& inherited);
 

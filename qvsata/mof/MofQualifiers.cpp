@@ -7,7 +7,7 @@
 namespace qv::service {
 namespace {
 
-/// Fails at one qualifier.
+/// Throws the error of one qualifier.
 class Check {
 public:
     Check(const MofQualifier& written, std::string_view fileName)

@@ -8,12 +8,12 @@
 
 namespace qv::service {
 
-/// What a list of qualifiers describes.
+/// The owner of a list of qualifiers.
 enum class QualifierOwner { classOrProperty, instance };
 
-/// The qualifiers of a class, a property or an instance as they are written. docs/MOF-RULES.md
-/// lists the rules that they have to keep.
-/// @throws MofError on the first that breaks one.
+/// Converts the qualifiers of a class, a property or an instance. docs/MOF-RULES.md lists the rules
+/// that they must keep.
+/// @throws MofError on the first qualifier that breaks one.
 std::vector<Qualifier> ReadQualifiers(const std::vector<MofQualifier>& written,
                                       QualifierOwner owner, std::string_view fileName);
 

@@ -7,7 +7,7 @@
 
 namespace qv::service {
 
-/// A reference, to be looked at when every class is known.
+/// A reference to be checked when every class is known.
 struct PendingReference {
     std::string fileName;
     MofPosition position;
@@ -15,12 +15,13 @@ struct PendingReference {
     std::string className;
     std::string property;
     std::string referenceClass;
-    std::string overriddenClass;  ///< what the overridden reference points to; empty without one
+    std::string
+        overriddenClass;  ///< the class of the overridden reference; empty if it overrides none
 };
 
-/// Checks that the class of a reference is defined and no wider than that of the reference it
-/// overrides. A reference of a class that was deleted meanwhile is left out.
-/// @throws MofError when it is not.
+/// Checks that the class of a reference is defined, and that it is the class of the overridden
+/// reference or a subclass of it. A reference of a class that was deleted since is skipped.
+/// @throws MofError if the check fails.
 void CheckReference(const PendingReference& reference, const ClassRepository& repository);
 
 }  // namespace qv::service

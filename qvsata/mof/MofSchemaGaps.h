@@ -8,9 +8,9 @@
 
 namespace qv::service {
 
-/// What a repository lacks of the classes that a file declares: classes, properties of classes, and
-/// Abstract on classes that are concrete in the repository. "CIM_A, CIM_B.Name, Abstract of CIM_C";
-/// empty when nothing is missing.
+/// Returns what a repository lacks of the classes that a file declares: classes, properties, and
+/// Abstract on classes that are concrete in the repository. Example: "CIM_A, CIM_B.Name, Abstract
+/// of CIM_C". Empty if nothing is missing.
 std::string SchemaGaps(std::span<const MofDeclaration> declarations,
                        const ClassRepository& classes);
 

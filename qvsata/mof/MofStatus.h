@@ -6,14 +6,13 @@
 
 namespace qv::service {
 
-/// A status of the MOF compiler or of the management service, by the name and the number that its
-/// documentation gives it.
+/// A status of the MOF compiler or of the management service, with its documented name and number.
 struct MofStatus {
     std::string_view name;
     std::uint32_t code;
 };
 
-/// "WBEM_E_CANNOT_BE_ABSTRACT 0x80041065"
+/// Returns name and number, e.g. "WBEM_E_CANNOT_BE_ABSTRACT 0x80041065".
 std::string ToText(const MofStatus& status);
 
 /// The statuses that messages name.

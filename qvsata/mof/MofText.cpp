@@ -34,7 +34,7 @@ std::string Quoted(std::string_view text) {
     return quoted + '"';
 }
 
-// The text of one value, or of one element of an array.
+// Returns the text of one value, or of one element of an array.
 std::string Text(std::monostate) {
     return "NULL";
 }
@@ -73,7 +73,7 @@ std::string Text(const std::vector<Element>& elements) {
     return List(elements, [](const Element& element) { return Text(element); });
 }
 
-/// A value of a property: 64-bit numbers are text in a CimValue, but no texts in MOF.
+/// Returns the value of a property. 64-bit numbers are text in a CimValue, but numbers in MOF.
 std::string PropertyText(const ObjectProperty& property) {
     if (property.type != CimType::sint64 && property.type != CimType::uint64) {
         return MofValueText(property.value);

@@ -8,14 +8,14 @@
 
 namespace qv::service {
 
-/// A value as MOF writes it: texts quoted, arrays in braces, NULL for no value.
+/// Returns a value in MOF notation: texts quoted, arrays in braces, NULL for no value.
 std::string MofValueText(const CimValue& value);
 
-/// Returns an instance as `instance of Class { ... };` with one line for each property that has a
-/// value, a class definition as ClassAsMof does.
+/// Returns an instance as `instance of Class { ... };` with one line per property that has a value;
+/// a class definition as ClassAsMof does.
 std::string ObjectAsMof(const Object& object);
 
-/// Returns the class with the properties that it declares itself, and the qualifiers of both.
+/// Returns a class in MOF, with the properties that it declares itself and the qualifiers of both.
 std::string ClassAsMof(const ResolvedClass& definition);
 
 }  // namespace qv::service

@@ -73,7 +73,7 @@ bool IsDatetime(std::string_view text) {
     });
 }
 
-/// One literal as a value of a type; empty when it is none, null included.
+/// Converts one literal to a type; returns nothing if it is not a value of it, including null.
 std::optional<CimValue> Scalar(const MofLiteral& literal, CimType type) {
     if (const auto* const number = std::get_if<MofInteger>(&literal.value)) {
         if (type == CimType::real32 || type == CimType::real64) {
@@ -135,7 +135,7 @@ std::optional<CimValue> Array(const std::vector<MofLiteral>& literals, CimType t
     }
 }
 
-/// The widest type of a qualifier's literal.
+/// Returns the widest type for a qualifier's literal.
 CimType LiteralType(const MofLiteral& literal) {
     if (std::holds_alternative<bool>(literal.value)) {
         return CimType::boolean;
@@ -146,7 +146,7 @@ CimType LiteralType(const MofLiteral& literal) {
     return std::holds_alternative<MofInteger>(literal.value) ? CimType::sint64 : CimType::string;
 }
 
-/// A qualifier's whole numbers are numbers, although they are checked as 64-bit ones.
+/// Converts whole numbers of a qualifier: checked as 64-bit numbers, but stored as numbers.
 std::optional<CimValue> WholeNumbers(const MofInitializer& written) {
     std::vector<std::int64_t> numbers;
     for (const MofLiteral& literal : written.elements) {

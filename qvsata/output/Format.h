@@ -2,7 +2,7 @@
 
 namespace qv::tool {
 
-/// How objects are written.
+/// The output format of objects.
 enum class Format { text, json, mof };
 
 }  // namespace qv::tool

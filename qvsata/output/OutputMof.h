@@ -6,7 +6,7 @@
 
 namespace qv::tool {
 
-/// Objects as MOF, see FormatObjects.
+/// Returns objects as MOF; see FormatObjects.
 std::string ObjectsAsMof(const service::ObjectList& objects);
 
 }  // namespace qv::tool

@@ -13,7 +13,7 @@ using service::ObjectProperty;
 using view::Padding;
 using view::WidthOf;
 
-/// A text stands for itself; other values are written as in MOF.
+/// Returns a text unchanged, and any other value as MOF writes it.
 std::string ValueText(const ObjectProperty& property) {
     const auto* text = std::get_if<std::string>(&property.value);
     return text != nullptr ? *text : service::MofValueText(property.value);

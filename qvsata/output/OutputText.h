@@ -7,10 +7,10 @@
 
 namespace qv::tool {
 
-/// Objects as text for a reader, see FormatObjects. "(none)" when there are no objects.
+/// Returns objects as readable text, see FormatObjects; "(none)" if there are no objects.
 std::string ObjectsAsText(const service::ObjectList& objects);
 
-/// A table with a heading, its columns aligned, numbers to the right.
+/// A table with a heading. Its columns are aligned, numbers to the right.
 struct Table {
     std::vector<std::string> heading;
     std::vector<std::vector<std::string>> rows;  ///< each as long as the heading

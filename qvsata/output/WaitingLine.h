@@ -7,8 +7,8 @@
 
 namespace qv::tool {
 
-/// Shows on standard error what is waited for and for how long: on a console a line that is
-/// rewritten and goes when the waiting is over, anywhere else one line for each wait.
+/// Shows on standard error what the watch waits for and for how long. On a console it is one line
+/// that is rewritten and blanked at the end, elsewhere one line per wait.
 class WaitingLine {
 public:
     using Clock = std::chrono::steady_clock;
@@ -18,23 +18,23 @@ public:
     WaitingLine& operator=(const WaitingLine&) = delete;
     ~WaitingLine() { End(); }
 
-    /// A wait of that length begins.
+    /// Begins a wait of that length.
     void Begin(const view::SeenRecording& seen, std::chrono::milliseconds length);
 
-    /// Rewrites the line with the time that is left.
+    /// Rewrites the line on a console with the remaining time.
     void Update();
 
-    /// The wait is over: a line on a console is blanked.
+    /// Ends the wait: blanks the line on a console.
     void End();
 
-    /// Whether the line has to be rewritten from time to time.
+    /// Returns whether Update must be called from time to time.
     bool IsRewritten() const { return onConsole_; }
 
 private:
     bool onConsole_;
     view::SeenRecording seen_;
     Clock::time_point end_;
-    std::size_t width_ = 0;  ///< of what stands on the console
+    std::size_t width_ = 0;  ///< of the text on the console
 };
 
 }  // namespace qv::tool

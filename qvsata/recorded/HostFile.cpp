@@ -17,7 +17,7 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-// Where a value stands: FILE: namespaces."root\\CIMv2".Win32_DiskDrive[3].Size
+// The place of a value: FILE: namespaces."root\\CIMv2".Win32_DiskDrive[3].Size
 class Place {
 public:
     explicit Place(std::string_view file) : text_(std::string(file) + ": ") {}
@@ -48,8 +48,8 @@ private:
     bool isTop_ = true;
 };
 
-// Names that differ in case only would hide each other, and the parser keeps the last of two equal
-// ones without a word.
+// Names that differ only in case would hide each other, and of two equal names the parser silently
+// keeps the last.
 class DuplicateCheck {
 public:
     explicit DuplicateCheck(const Place& top) : top_(top) {}
@@ -72,7 +72,7 @@ private:
     std::vector<std::set<std::string>> names_;
 };
 
-// The parser's text without its own error number and without a copy of what it read.
+// Returns the parser's message without its error number and without a copy of the input.
 std::string SyntaxReason(std::string_view what, std::string_view json, std::size_t byte) {
     const std::string_view before = json.substr(0, byte == 0 ? 0 : byte - 1);
     const auto line = 1 + std::ranges::count(before, '\n');
@@ -105,7 +105,8 @@ Json ParseJson(std::string_view text, const Place& top) {
 
 std::int64_t ToNumber(const Json& json, const Place& place) {
     using Limits = std::numeric_limits<std::int32_t>;
-    // Also whole numbers of any length: beyond 64 bits the parser holds them as real ones.
+    // Also matches whole numbers of any length: the parser stores those beyond 64 bits as real
+    // numbers.
     const auto number = json.get<double>();
     const bool fits = number >= Limits::min() && number <= Limits::max();
     if (fits && json.is_number_float()) {

@@ -8,17 +8,17 @@
 
 namespace qv::service {
 
-/// A recorded host that cannot be read. The message is one line: file, place, reason.
+/// The error of a recorded host that cannot be read. The message is one line: file, place, reason.
 class HostFileError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
 };
 
-/// Reads a recorded host from its JSON form (hosts/README.md). `name` stands for the file in
-/// messages. Throws HostFileError.
+/// Reads a recorded host from its JSON form (hosts/README.md). `name` names the file in messages.
+/// Throws HostFileError.
 RecordedHost ReadHostText(std::string_view json, std::string_view name);
 
-/// Reads the same from a file.
+/// Reads a recorded host from a file. Throws HostFileError.
 RecordedHost ReadHostFile(const std::filesystem::path& file);
 
 }  // namespace qv::service

@@ -6,7 +6,8 @@
 namespace qv::service {
 namespace {
 
-// Class="value" does not name the key, so that its identity is no other path's.
+// Returns whether the path names all its keys. Class="value" does not, so its identity differs from
+// that of every other path.
 bool HasIdentity(const ObjectPath& path) {
     return std::ranges::none_of(path.keys, &std::string::empty, &PathKey::name);
 }

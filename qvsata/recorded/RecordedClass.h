@@ -12,25 +12,25 @@ namespace qv::service {
 using RecordedRowPtr = std::shared_ptr<const RecordedRow>;
 using RecordedRows = std::vector<RecordedRowPtr>;
 
-/// A recorded class: its rows in the order of the recording, found by their paths and by what their
-/// references name.
+/// A recorded class. Its rows keep the order of the recording and are indexed by their paths and by
+/// the paths that their references name.
 class RecordedClass {
 public:
     explicit RecordedClass(std::string name) : name_(std::move(name)) {}
 
     const std::string& Name() const { return name_; }
     const RecordedRows& Rows() const { return rows_; }
-    /// Whether queries of the class fail; it has no rows then.
+    /// Returns whether queries of the class fail; it then has no rows.
     bool Fails() const { return fails_; }
 
     void Add(RowProperties properties);
     void Fail();
 
-    /// Returns the first row that the path names, or null.
+    /// Returns the first row that the path names; null if there is none.
     RecordedRowPtr Find(const ObjectPath& path) const;
 
-    /// Returns the rows of which a reference may name the path: each row whose reference does is
-    /// among them.
+    /// Returns the rows with a reference that may name the path. No row whose reference names it is
+    /// missing.
     RecordedRows Referencing(const ObjectPath& path) const;
 
 private:

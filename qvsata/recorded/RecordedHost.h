@@ -9,9 +9,9 @@
 
 namespace qv::service {
 
-/// The names of the recorded computer; a name that was not recorded is empty.
+/// The names of the recorded computer. A name that was not recorded is empty.
 struct ComputerNames {
-    std::string server;  ///< __SERVER; the NetBIOS name, or ".", where none was recorded
+    std::string server;  ///< __SERVER; defaults to the NetBIOS name, then to "."
     std::string dnsFullyQualified;
     std::string dnsHostname;
     std::string netbios;
@@ -19,13 +19,12 @@ struct ComputerNames {
     bool operator==(const ComputerNames&) const = default;
 };
 
-/// Everything that a host's management service answered, recorded. Built by HostFile.h or in code;
-/// RecordedMachine answers queries from it. Const methods may be called from several threads at
-/// once.
+/// A host's recorded answers to management queries. HostFile.h or code builds it; RecordedMachine
+/// answers queries from it. Const methods may be called from several threads at once.
 ///
-/// Namespaces, classes and properties are found without regard to case. A namespace may be written
-/// with slashes of either kind and with a server in front, which is not looked at. Classes have no
-/// parents here: a query finds the rows of exactly the class that it names.
+/// Names of namespaces, classes and properties ignore case. A namespace may have slashes of either
+/// kind and a leading server, which is ignored. Classes have no parents: a query returns the rows
+/// of exactly the class that it names.
 class RecordedHost {
 public:
     explicit RecordedHost(ComputerNames computer = {}, std::string description = {});
@@ -33,16 +32,16 @@ public:
     const std::string& Description() const { return description_; }
     const ComputerNames& Computer() const { return computer_; }
 
-    // Building. What is named is created when it is missing.
+    // Building. A missing namespace or class is created.
     void DefineNamespace(std::string_view nameSpace);
     void DefineClass(std::string_view nameSpace, std::string_view className);
     void AddRow(std::string_view nameSpace, std::string_view className, RowProperties properties);
-    /// Drops the rows of a class; its queries fail from now on.
+    /// Drops the rows of a class; its queries fail from then on.
     void FailClass(std::string_view nameSpace, std::string_view className);
 
     /// Returns the namespaces in the order of the recording.
     const std::deque<RecordedNamespace>& Namespaces() const { return namespaces_; }
-    /// Returns a namespace; null when it was not recorded.
+    /// Returns a namespace; null if it was not recorded.
     const RecordedNamespace* FindNamespace(std::string_view nameSpace) const;
 
 private:

@@ -9,18 +9,18 @@
 
 namespace qv::service {
 
-/// A recorded namespace with its classes in the order of the recording.
+/// A recorded namespace. Its classes keep the order of the recording.
 class RecordedNamespace {
 public:
     explicit RecordedNamespace(std::string name) : name_(std::move(name)) {}
 
-    /// The namespace with backslashes and without a server.
+    /// Returns the namespace's name, with backslashes and without a server.
     const std::string& Name() const { return name_; }
     const std::deque<RecordedClass>& Classes() const { return classes_; }
 
-    /// Returns a class by name in any letter case; null when it was not recorded.
+    /// Returns a class by name, ignoring case; null if it was not recorded.
     const RecordedClass* Find(std::string_view className) const;
-    /// Returns the class of that name, which is created when it is missing.
+    /// Returns the class of that name; creates it if it is missing.
     RecordedClass& Class(std::string_view className);
 
 private:

@@ -9,15 +9,15 @@
 
 namespace qv::service {
 
-/// Where recorded objects are published: what the objects of one connection have in common.
+/// What the objects of one connection have in common.
 struct RecordedScope {
     std::string server;
     std::string nameSpace;  ///< as the connection spelled it, with backslashes
 };
 
 /// A row as an object. __CLASS, __SERVER, __NAMESPACE, __RELPATH and __PATH are derived unless the
-/// row gives them; the paths are null where a key has no value. Other system properties are those
-/// that the row gives.
+/// row states them; the paths are null if a key has no value. Other system properties exist only if
+/// the row states them.
 class RecordedObject final : public Object {
 public:
     RecordedObject(std::shared_ptr<const RecordedRow> row,
@@ -36,8 +36,8 @@ private:
     std::shared_ptr<const RecordedScope> scope_;
 };
 
-/// Returns the CIM type that a recorded value has: a whole number is sint32, null is string; an
-/// array has the type of its elements.
+/// Returns the CIM type of a recorded value: sint32 for a whole number, string for null, the
+/// element type for an array.
 CimType TypeOf(const CimValue& value);
 
 }  // namespace qv::service

@@ -25,7 +25,7 @@ constexpr std::array<ClassKey, 7> classKeys = {{
     {"MSStorageDriver_FailurePredictStatus", "InstanceName"},
 }};
 
-// A text is a reference, and a key of its row, when it is the path of an instance.
+// A text that is the path of an instance is a reference, and a key of its row.
 void FindReferences(RecordedRow& row) {
     for (const auto& [name, value] : row.properties) {
         const auto* text = std::get_if<std::string>(&value);

@@ -8,15 +8,15 @@
 
 namespace qv::service {
 
-/// What a request to a namespace returned.
+/// The result of a request to a namespace.
 struct Answer {
     Status status = Status::noError;
-    std::string message;  ///< one line on what failed; empty on success
+    std::string message;  ///< one line that describes the failure; empty on success
     ObjectList objects;   ///< in order
 };
 
-/// Returns the answer to a request to a provider that failed: "request: what the status means", and
-/// what the provider raised, if it raised an exception.
+/// Returns the answer to a failed request to a provider. The message is "request: meaning of the
+/// status", followed by the text of the provider's exception, if any.
 Answer FailedRequest(Status status, std::string_view request, std::string_view exception = {});
 
 }  // namespace qv::service

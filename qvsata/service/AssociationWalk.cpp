@@ -15,7 +15,7 @@
 namespace qv::service {
 namespace {
 
-/// Whether a name that a query may leave out allows `name`.
+/// Returns whether an optional name of a query allows `name`.
 bool Allows(const std::string& asked, std::string_view name) {
     return asked.empty() || EqualsIgnoringCase(asked, name);
 }
@@ -24,14 +24,14 @@ Answer UnknownClass(Status status, const std::string& className) {
     return {status, "unknown class '" + className + "'", {}};
 }
 
-/// Whether classes of the namespace are known by name only: an object may be of a class that nobody
-/// recorded.
+/// Returns whether classes of the namespace are known by name only: an object may then be of a
+/// class that was not recorded.
 bool HasUndefinedClasses(const Namespace& nameSpace) {
     return std::ranges::any_of(nameSpace.Classes().Listed(),
                                [](const ResolvedClassPtr& type) { return type->isUndefined; });
 }
 
-/// One association instance in which a reference names the path that was asked for.
+/// One association instance with a reference that names the requested path.
 struct Link {
     ObjectPtr association;
     std::string role;  ///< the reference that names the path
@@ -41,8 +41,8 @@ class Walk {
 public:
     Walk(const Namespace& nameSpace, const ObjectPath& path) : nameSpace_(nameSpace), path_(path) {}
 
-    /// Returns the links of the path through classes that are, or derive from, `assocClass`; none
-    /// when the instances of one of them cannot be had.
+    /// Returns the links of the path through classes that are `assocClass` or derive from it; none
+    /// if the instances of one of them cannot be read.
     std::vector<Link> Links(const std::string& assocClass, const std::string& role) {
         const NamespaceClasses& classes = nameSpace_.Classes();
         if (!assocClass.empty() && !classes.Find(assocClass)) {
@@ -59,7 +59,7 @@ public:
                 AppendLinks(association, role, links);
             }
             if (failure_ && type->isUndefined && assocClass.empty()) {
-                // Nobody knows whether the class is an association at all.
+                // It is unknown whether the class is an association at all.
                 failure_.reset();
             }
             if (failure_) {
@@ -69,8 +69,8 @@ public:
         return links;
     }
 
-    /// Returns the object that a reference names, or null, also when the instances of its class
-    /// cannot be had. Each class is enumerated at most once.
+    /// Returns the object that a reference names; null if there is none or the instances of its
+    /// class cannot be read. Each class is enumerated at most once.
     ObjectPtr Find(const ObjectPath& path) {
         const ResolvedClassPtr type = nameSpace_.Classes().Find(path.className);
         if (!type) {
@@ -88,7 +88,7 @@ public:
         return nullptr;
     }
 
-    /// The failure that ends the walk, if there was one.
+    /// Returns the failure that ended the walk, if any.
     const std::optional<Answer>& Failure() const { return failure_; }
 
 private:
@@ -117,7 +117,7 @@ private:
         return candidates;
     }
 
-    /// Whether a reference of the class can name the path.
+    /// Returns whether a reference of the class can name the path.
     bool MayName(const ResolvedClassPtr& type, const std::string& role) const {
         const NamespaceClasses& classes = nameSpace_.Classes();
         return type->isUndefined ||
@@ -160,7 +160,7 @@ private:
 
     const Namespace& nameSpace_;
     const ObjectPath& path_;
-    /// Of each source and class that was enumerated: the instances by the identity of their paths.
+    /// The instances of each enumerated source and class, by the identity of their paths.
     std::map<std::pair<const InstanceSource*, std::string>, std::unordered_map<std::string, Named>>
         named_;
     std::optional<Answer> failure_;

@@ -6,29 +6,29 @@
 
 namespace qv::service {
 
-/// The events of a provider, cycle by cycle of its monitor. After a cycle the monitor is held until
-/// it is let go: what stands for the machine can be exchanged meanwhile, and no cycle sees two
-/// machines. One thread.
+/// The events of a provider, one cycle of its monitor at a time. After a cycle the monitor is held
+/// until LetGo. Meanwhile the machine can be exchanged for another recording, so no cycle sees two.
+/// For one thread.
 class EventFeed {
 public:
-    /// What ended a wait.
+    /// The reason why a wait ended.
     enum class News { cycleOver, stopRequested, timeOut };
 
     virtual ~EventFeed() = default;
 
-    /// Waits for the end of a cycle, at most so long.
+    /// Waits for the end of a cycle, for a StopRequest, or until the time `longest` is over.
     virtual News Await(std::chrono::milliseconds longest) = 0;
 
-    /// Returns the indications that were delivered since it was asked last.
+    /// Returns the indications delivered since the last call.
     virtual ObjectList Take() = 0;
 
     /// Returns how long the monitor pauses before its next cycle.
     virtual std::chrono::milliseconds Pause() const = 0;
 
-    /// Lets the monitor pause, and then go on to its next cycle.
+    /// Lets the monitor pause and then start its next cycle.
     virtual void LetGo() = 0;
 
-    /// Ends the subscription. What was delivered can still be taken.
+    /// Ends the subscription. Indications delivered before can still be taken.
     virtual void End() = 0;
 };
 

@@ -8,41 +8,42 @@
 
 namespace qv::service {
 
-/// Where the instances of some of a namespace's classes come from: recorded rows, a provider, the
-/// instances that a MOF file states. Any number of threads may ask at once.
+/// A source of the instances of some classes of a namespace: recorded rows, a provider, or the
+/// instances in MOF files. Any number of threads may call it at once.
 ///
-/// A source enumerates. What it can do besides is its own matter: where it returns nothing, the
-/// namespace enumerates and chooses.
+/// Every source enumerates. The other operations are optional: if one returns nothing, the
+/// namespace enumerates and filters.
 class InstanceSource {
 public:
     virtual ~InstanceSource() = default;
 
-    /// Whether the instances of the class come from here.
+    /// Returns whether the instances of the class come from this source.
     virtual bool Serves(const ResolvedClassPtr& type) const = 0;
 
     /// Returns the instances of exactly this class.
     virtual Answer Enumerate(const ResolvedClassPtr& type) const = 0;
 
-    /// Returns the instance that a path names, which reaches the source as it is written.
+    /// Returns the instance that a path names. The source receives the path as the client wrote it.
     virtual std::optional<Answer> Get(const ResolvedClassPtr& /*type*/,
                                       std::string_view /*path*/) const {
         return std::nullopt;
     }
 
-    /// Returns what a query on the class asks for, or more: the namespace applies the condition and
-    /// the selection.
+    /// Returns the instances that a query on the class selects, or more: the namespace applies the
+    /// condition and the selection.
     virtual std::optional<Answer> Query(const ResolvedClassPtr& /*type*/,
                                         std::string_view /*wql*/) const {
         return std::nullopt;
     }
 
-    /// Returns the instance that a path names, whatever the order of its keys, or null.
+    /// Returns the instance that a path names, with its keys in any order; a null pointer if there
+    /// is none.
     virtual std::optional<ObjectPtr> LookUp(const ResolvedClassPtr& /*type*/,
                                             const ObjectPath& /*path*/) const {
         return std::nullopt;
     }
 
-    /// Returns the instances of the class of which a reference may name the path.
+    /// Returns the instances of the class that may have a reference to the path.
     virtual std::optional<Answer> Referencing(const ResolvedClassPtr& /*type*/,
                                               const ObjectPath& /*path*/) const {
         return std::nullopt;

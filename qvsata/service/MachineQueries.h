@@ -7,7 +7,8 @@
 
 namespace qv::service {
 
-/// The portable core's way to ask a machine: each query connects anew. Texts stay UTF-8.
+/// Runs the portable core's queries on a machine. Each query makes its own connection. Texts stay
+/// UTF-8.
 class MachineQueries final : public platform::QueryPort {
 public:
     explicit MachineQueries(Connector machine) : machine_(std::move(machine)) {}
@@ -19,8 +20,8 @@ private:
     Connector machine_;
 };
 
-/// The names of a recorded computer; a name that was not recorded is error 1210 (invalid computer
-/// name).
+/// The names of a recorded computer. Reading a name that was not recorded fails with error 1210
+/// (invalid computer name).
 class RecordedNames final : public platform::HostFacts {
 public:
     explicit RecordedNames(ComputerNames names) : names_(std::move(names)) {}
@@ -32,8 +33,8 @@ private:
     ComputerNames names_;
 };
 
-/// Returns a property's value as the management service would hand it over: whole numbers as 32-bit
-/// ones; what the core does not read as platform::UnreadValue.
+/// Returns a property's value as the management service passes it to the core: whole numbers with
+/// 32 bits, and platform::UnreadValue for anything that the core does not read.
 platform::Value ToPlatformValue(const CimValue& value);
 
 }  // namespace qv::service

@@ -44,7 +44,7 @@ Namespace::Namespace(std::string name, NamespaceClasses classes, Sources sources
 
 void Namespace::Attach(std::shared_ptr<const InstanceSource> source) {
     const std::lock_guard lock(mutex_);
-    // What was attached is let go when the lock is free again.
+    // The previous provider is released after the lock.
     provider_.swap(source);
 }
 

@@ -14,35 +14,38 @@
 
 namespace qv::service {
 
-/// A namespace: classes, and sources of their instances. It answers as the management service does.
-/// A source may ask it while it is being asked itself, and any number of threads may ask.
+/// A namespace: classes and sources of their instances. It answers as the management service does.
+/// Any number of threads may call it, and a source may call it while it answers itself.
 class Namespace final : public Services {
 public:
     using Sources = std::vector<std::shared_ptr<const InstanceSource>>;
 
-    /// `name` is the spelling that __NAMESPACE and __PATH repeat. The sources are asked in order.
+    /// `name` is the spelling in __NAMESPACE and __PATH. The sources are asked in order.
     Namespace(std::string name, NamespaceClasses classes, Sources sources = {});
 
     const std::string& Name() const { return name_; }
     const NamespaceClasses& Classes() const { return classes_; }
 
-    /// Makes `source` the provider of the namespace, asked before all other sources; null for none.
+    /// Makes `source` the provider of the namespace, which is asked before all other sources; null
+    /// removes it.
     void Attach(std::shared_ptr<const InstanceSource> source);
 
-    /// Also `invalidObjectPath` for a text that is no path and `notFound` for an unknown class.
+    /// Fails with `invalidObjectPath` for a text that is not a path, `notFound` for an unknown
+    /// class.
     Answer Get(std::string_view text) const override;
 
-    /// `invalidClass` for an unknown class.
+    /// Fails with `invalidClass` for an unknown class.
     Answer Enumerate(std::string_view className) const override;
 
-    /// SELECT on instances or on meta_class, ASSOCIATORS OF, REFERENCES OF. A SELECT is offered to
-    /// the sources first. `invalidQuery` for a text that is no query.
+    /// Runs a SELECT on instances or on meta_class, ASSOCIATORS OF or REFERENCES OF. A SELECT on
+    /// instances is first offered to the sources. Fails with `invalidQuery` for a text that is not
+    /// a query.
     Answer Query(std::string_view wql) const override;
     Answer Query(const AssociatorsQuery& query) const;
     Answer Query(const ReferencesQuery& query) const;
 
-    /// Returns an instance whatever the order and spelling of the keys: looked up among the
-    /// instances of the class and then fetched with the path that its provider itself forms.
+    /// Returns an instance by path, with its keys in any order and spelling. It finds the instance
+    /// among those of its class and gets it with the path that the provider itself forms.
     Answer GetInAnyOrder(std::string_view text) const;
 
     /// Returns the sources of the instances of exactly this class.
@@ -52,8 +55,8 @@ private:
     Answer Select(std::string_view wql, const SelectQuery& query) const;
     Answer SelectClasses(const SelectQuery& query) const;
 
-    /// Asks the sources for the instances of a class and of its subclasses: ask(source, class)
-    /// returns an answer, of which the first that failed ends the asking.
+    /// Asks the sources for the instances of a class and its subclasses: ask(source, class) returns
+    /// an answer. The first failed answer ends the loop and is returned.
     template <typename Ask>
     Answer AskSources(std::string_view className, Ask ask) const;
 

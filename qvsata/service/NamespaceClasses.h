@@ -10,28 +10,28 @@
 
 namespace qv::service {
 
-/// The classes of a namespace, resolved. Names are taken without regard to case.
+/// The resolved classes of a namespace. Names are compared ignoring case.
 class NamespaceClasses {
 public:
-    /// The classes of a repository, published in a namespace of a server. The management service's
-    /// own are found, but not listed.
+    /// Resolves the classes of a repository for a namespace of a server. The management service's
+    /// own classes are found, but not listed.
     NamespaceClasses(const ClassRepository& repository, std::string_view server,
                      std::string_view nameSpace);
 
-    /// These classes, which have no superclasses.
+    /// Takes these classes, which have no superclasses.
     explicit NamespaceClasses(std::vector<ResolvedClassPtr> classes);
 
     /// Returns the classes in the order of their definition.
     const std::vector<ResolvedClassPtr>& Listed() const { return listed_; }
 
-    /// Returns the class of that name; null when there is none.
+    /// Returns the class of that name; null if there is none.
     ResolvedClassPtr Find(std::string_view className) const;
 
-    /// Returns the listed classes that are, or derive from, a class.
+    /// Returns the listed classes that are `className` or derive from it.
     const std::vector<ResolvedClassPtr>& WithSubclasses(std::string_view className) const;
 
-    /// Whether a class is, or derives from, another; for names without a class, whether they are
-    /// the same.
+    /// Returns whether a class is `ancestor` or derives from it. For names without a class, returns
+    /// whether they are equal.
     bool IsA(std::string_view className, std::string_view ancestor) const;
 
 private:

@@ -11,12 +11,13 @@ namespace qv::service {
 /// The namespace whose classes the provider serves.
 inline constexpr std::string_view providerNamespace = R"(root\QVQ)";
 
-/// Returns the provider's namespace on a server: the classes and the instances that its MOF files
-/// state. The provider is attached when it is there.
+/// Returns the provider's namespace on a server, with the classes and instances of its MOF files.
+/// The provider is attached later.
 std::shared_ptr<Namespace> OpenPublished(const ClassRepository& repository,
                                          const std::string& server);
 
-/// Connects to the provider's namespace as `own` and to all others as `machine` does.
+/// Returns a connector that connects to the provider's namespace as `own` and to all others through
+/// `machine`.
 Connector WithPublished(std::shared_ptr<const Namespace> own, Connector machine);
 
 }  // namespace qv::service

@@ -8,17 +8,18 @@
 
 namespace qv::service {
 
-/// Returns a namespace of a recorded host, its classes known by name and its instances the recorded
-/// rows; null when the namespace was not recorded. `spelling` is what __NAMESPACE and __PATH of the
-/// objects repeat. The query of a class that was recorded as failing fails with Status::failed.
+/// Returns a namespace of a recorded host; null if it was not recorded. Its classes are known by
+/// name only; its instances are the recorded rows. `spelling` is the name in __NAMESPACE and __PATH
+/// of the objects. A query of a class recorded as failing fails with Status::failed.
 std::shared_ptr<const Namespace> OpenRecorded(std::shared_ptr<const RecordedHost> host,
                                               std::string_view spelling);
 
-/// Connects to the namespaces of the recording that is the present one at that time;
-/// `invalidNamespace` for one that it lacks. A connection keeps its recording.
+/// Returns a connector to the namespaces of the recording that is selected at the time of the
+/// connection. Connecting fails with `invalidNamespace` if the recording lacks the namespace. A
+/// connection keeps its recording.
 Connector ConnectRecorded(std::shared_ptr<const RecordingSequence> recordings);
 
-/// Connects to the namespaces of one recording.
+/// Returns a connector to the namespaces of one recording.
 Connector ConnectRecorded(std::shared_ptr<const RecordedHost> host);
 
 }  // namespace qv::service

@@ -9,8 +9,8 @@
 
 namespace qv::service {
 
-/// A connection to one namespace of a management service: what a client asks of it. Any number of
-/// threads may ask at once.
+/// A connection to one namespace of a management service. Any number of threads may call it at
+/// once.
 class Services {
 public:
     virtual ~Services() = default;
@@ -21,18 +21,18 @@ public:
     /// Returns the instances of a class and of its subclasses.
     virtual Answer Enumerate(std::string_view className) const = 0;
 
-    /// Returns what a WQL query asks for.
+    /// Returns the result of a WQL query.
     virtual Answer Query(std::string_view wql) const = 0;
 };
 
-/// What connecting to a namespace gave: the connection, or the status of the failure.
+/// The result of connecting to a namespace: the connection, or the status of the failure.
 struct Connection {
     Status status = Status::noError;
     std::shared_ptr<const Services> services;  ///< null on failure
 };
 
-/// Connects to a namespace of a machine, recorded or live, in the spelling of the caller. Any
-/// number of threads may connect at once.
+/// Connects to a namespace of a machine, recorded or live. `nameSpace` is in the caller's spelling.
+/// Any number of threads may connect at once.
 using Connector = std::function<Connection(std::string_view nameSpace)>;
 
 }  // namespace qv::service

@@ -6,7 +6,7 @@
 
 namespace qv::service {
 
-/// The instances that the MOF files of a namespace state.
+/// The instances that the MOF files of a namespace declare.
 class StatedInstances final : public InstanceSource {
 public:
     StatedInstances(const ClassRepository& repository, const NamespaceClasses& classes);

@@ -6,20 +6,20 @@
 
 namespace qv::tool {
 
-/// The two streams that the program writes.
+/// The output streams of the program.
 enum class Stream { output, errors };
 
-/// Whether a stream leads to a terminal.
+/// Returns whether a stream is a terminal.
 bool IsTerminal(Stream stream);
 
-/// Writes to standard output: to a terminal as its text, coloured unless the environment variable
-/// NO_COLOR is set to something; to anything else in UTF-8, byte for byte.
+/// Writes to standard output: text to a terminal, coloured unless the environment variable NO_COLOR
+/// is set and not empty; UTF-8 bytes to anything else.
 void Print(const view::StyledText& text);
 
-/// Writes to standard error at once, in one piece.
+/// Writes to standard error immediately, in one piece.
 void WriteError(std::string_view text);
 
-/// Makes the standard streams take UTF-8 byte for byte while it lives.
+/// Switches the standard streams to unchanged UTF-8 bytes for its lifetime.
 class Utf8Streams {
 public:
     Utf8Streams();

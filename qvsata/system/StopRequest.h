@@ -4,8 +4,8 @@
 
 namespace qv::tool {
 
-/// While it lives, the first Ctrl+C (or Ctrl+Break) is a request to come to an end and not the end
-/// of the program; a second one ends it at once. One at a time.
+/// For its lifetime, the first Ctrl+C (or Ctrl+Break) is a request to stop instead of the end of
+/// the program; the second one ends the program at once. At most one object at a time.
 class StopRequest {
 public:
     StopRequest();
@@ -14,7 +14,7 @@ public:
     ~StopRequest();
 };
 
-/// Waits until a StopRequest is made, at most so long. True when it was made.
+/// Waits for a stop request, at most for the time `longest`. Returns whether it was made.
 bool WaitForStop(std::chrono::milliseconds longest);
 
 }  // namespace qv::tool

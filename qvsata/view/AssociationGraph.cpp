@@ -8,7 +8,7 @@
 namespace qv::view {
 namespace {
 
-/// The first of the properties that name an object for a reader; its path when it has none.
+/// Returns the first property that names an object for a reader; its path if it has none.
 std::string ShortName(const PublishedObject& object) {
     constexpr std::array<std::string_view, 4> naming{"Model", "ElementName", "Name", "InstanceID"};
     for (const std::string_view property : naming) {
@@ -50,7 +50,7 @@ private:
         return node->second;
     }
 
-    /// The node of a path; one that is no instance is made here.
+    /// Returns the node of a path; creates it for a path that is not an instance.
     const std::string& NodeOf(const std::string& path) { return AddNode(IdentityOf(path), path); }
 
     std::map<std::string, std::string> names_;  ///< nodes by identity

@@ -6,16 +6,16 @@
 
 namespace qv::view {
 
-/// Columns that a UTF-8 text takes up, one for each character.
+/// Returns the number of columns of a UTF-8 text: one per character.
 std::size_t WidthOf(std::string_view text);
 
-/// The blanks that make a text as wide as `width`; none when it is that wide already.
+/// Returns the blanks that pad a text to `width`; none if it is that wide already.
 std::string Padding(std::size_t width, std::string_view text);
 
-/// The text without blanks at its ends.
+/// Returns the text without blanks at its ends.
 std::string_view Trimmed(std::string_view text);
 
-/// The text, or a dash for an empty one.
+/// Returns the text, or a dash if it is empty.
 std::string OrDash(const std::string& text);
 
 }  // namespace qv::view

@@ -10,7 +10,7 @@
 namespace qv::view {
 namespace {
 
-/// Tenths of a unit, rounded to the nearest, with a point.
+/// Returns `bytes` in units of `unit`, rounded to the nearest tenth.
 std::string Tenths(std::uint64_t bytes, std::uint64_t unit) {
     const std::uint64_t tenths = bytes / unit * 10 + (bytes % unit * 10 + unit / 2) / unit;
     return std::to_string(tenths / 10) + '.' + std::to_string(tenths % 10);

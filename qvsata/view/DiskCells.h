@@ -7,14 +7,14 @@
 
 namespace qv::view {
 
-/// What stands in one column of a line.
+/// The content of one column of a line.
 struct Cell {
     Span span;
     bool toTheRight = false;
 };
 
-/// A disk as the columns of its line: status, model, size in GB and GiB, flags of the partition,
-/// serial number. The same number of them for every disk.
+/// Returns the columns of a disk's line: status, model, size in GB and GiB, partition flags, serial
+/// number. Every disk has the same number of columns.
 std::vector<Cell> DiskCells(const Disk& disk);
 
 }  // namespace qv::view

@@ -33,7 +33,7 @@ Meaning MeaningOf(std::string_view eventId) {
     return found == meanings.end() ? Meaning{eventId, "other event", Style::plain} : *found;
 }
 
-/// "2024-07-04 09:05:03" of "20240704090503.007000-000"; a text of another form as it is.
+/// Returns "2024-07-04 09:05:03" for "20240704090503.007000-000"; a text of another form unchanged.
 std::string ReadableTime(const std::string& time) {
     constexpr std::size_t digits = 14;
     if (time.size() < digits) {

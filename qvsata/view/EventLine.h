@@ -9,17 +9,17 @@
 
 namespace qv::view {
 
-/// The status of each disk as its source words it ("Pred Fail"), by device ID.
+/// The status of each disk in its source's words ("Pred Fail"), by device ID.
 using DiskStatuses = std::map<std::string, std::string, std::less<>>;
 
-/// The statuses of instances of QV_SATADiskDrive; "no status" where one says nothing of it.
+/// Returns the statuses of instances of QV_SATADiskDrive; "no status" for an instance without one.
 DiskStatuses StatusesOf(std::span<const PublishedObject> disks);
 
-/// What happened to a disk, as one line with its line feed: the time, the event's ID and what it
-/// means, the model, what changed, and the device ID.
+/// Returns an event as one line, with its line feed: time, event ID, meaning, model, change, device
+/// ID.
 /// @param indication an instance of QV_SATADeviceIndication
-/// @param before the statuses before it
-/// @param now the statuses since
+/// @param before the statuses before the event
+/// @param now the statuses after it
 StyledText EventLine(const PublishedObject& indication, const DiskStatuses& before,
                      const DiskStatuses& now);
 

@@ -8,18 +8,18 @@
 
 namespace qv::view {
 
-/// The identity of an object by that of another.
+/// Maps the identity of an object to that of another.
 using Identities = std::map<std::string, std::string>;
 
-/// For each object that the role `from` names in an association class, the one that the role `to`
-/// names with it; the longest of several.
+/// Maps each object in the role `from` of an association class to its partner in the role `to`; of
+/// several partners to the one with the longest identity.
 Identities Partners(const PublishedHost& host, std::string_view association, std::string_view from,
                     std::string_view to);
 
-/// The keys by their values.
+/// Returns the map from values to keys.
 Identities Inverted(const Identities& partners);
 
-/// The partner of an object; empty when it has none.
+/// Returns the partner of an object; empty if it has none.
 std::string Lookup(const Identities& partners, const std::string& identity);
 
 }  // namespace qv::view

@@ -8,7 +8,7 @@
 namespace qv::view {
 namespace {
 
-/// The value of a property as a `Value`, or the first of an array of them.
+/// Returns the value of a property as a `Value`, or the first element of an array of them.
 template <typename Value>
 std::optional<Value> First(const PublishedObject& object, std::string_view property) {
     const auto found = object.values.find(property);

@@ -19,24 +19,25 @@ struct PublishedObject {
     /// The references of an association, in the order of its class: role and path.
     std::vector<std::pair<std::string, std::string>> references;
 
-    /// A text, or the first of an array of texts; empty when there is none.
+    /// Returns a text, or the first of an array of texts; empty if there is none.
     std::string Text(std::string_view property) const;
-    /// A number, or the first of an array of numbers.
+    /// Returns a number, or the first of an array of numbers.
     std::optional<std::int64_t> Number(std::string_view property) const;
     std::optional<bool> Flag(std::string_view property) const;
-    /// The identity (see below) of what a reference names; empty when there is none.
+    /// Returns the identity (see IdentityOf) of the object that a reference names; empty if there
+    /// is none.
     std::string Referenced(std::string_view role) const;
     std::string Identity() const;
 };
 
-/// A text that is the same for all paths of one object, whatever the order of their keys, their
-/// letter case, their server and namespace. A text that is no path is its own identity.
+/// Returns a text that is equal for all paths of one object: it ignores key order, letter case,
+/// server and namespace. A text that is not a path is returned unchanged.
 std::string IdentityOf(std::string_view path);
 
-/// The instances of a host, by class.
+/// The instances of a host by class.
 using PublishedHost = std::map<std::string, std::vector<PublishedObject>, std::less<>>;
 
-/// The instances of a class; none for a class that the host does not have.
+/// Returns the instances of a class; empty if the host lacks the class.
 const std::vector<PublishedObject>& InstancesOf(const PublishedHost& host,
                                                 std::string_view className);
 

@@ -5,10 +5,10 @@
 
 namespace qv::view {
 
-/// How a status is shown: good when it is OK, bad for an error, a caution for all else.
+/// Returns the style of a status: good for OK, bad for an error, caution for anything else.
 Style StyleOf(const Health& status);
 
-/// The word of a status in its style, behind a "!" when it is not OK.
+/// Returns the word of a status in its style, prefixed with "!" if it is not OK.
 Span StatusSpan(const Health& status);
 
 }  // namespace qv::view

@@ -5,7 +5,7 @@
 
 namespace qv::view {
 
-/// What a piece of text means to its reader; a terminal shows it as a colour.
+/// The meaning of a piece of text; a terminal shows it as a colour.
 enum class Style { plain, good, caution, bad, faint };
 
 struct Span {
@@ -17,7 +17,7 @@ struct Span {
 
 using StyledText = std::vector<Span>;
 
-/// The text alone.
+/// Returns the text without its styles.
 std::string PlainText(const StyledText& text);
 
 }  // namespace qv::view

@@ -40,14 +40,14 @@ std::optional<std::uint64_t> Bytes(const std::string& text) {
                : std::nullopt;
 }
 
-/// The end of an endpoint's or a channel's key that names what it is connected to.
+/// Returns the end of an endpoint's or a channel's key, which names what it is connected to.
 std::string ConnectedTo(const std::string& key) {
     constexpr std::string_view link = " connected to ";
     const std::size_t found = key.rfind(link);
     return found == std::string::npos ? std::string() : key.substr(found + link.size());
 }
 
-/// A label in the published text takes a third of a line; its ID is what tells channels apart.
+/// A channel's published label takes a third of a line; its ID is enough to tell channels apart.
 std::string ChannelName(const PublishedObject& port) {
     constexpr std::string_view label = "IDECHANNEL with ID: ";
     const std::string name = port.Text("ElementName");
@@ -158,8 +158,7 @@ private:
         return names;
     }
 
-    /// The disks beside which a disk belongs that hangs off a channel, or off the device with an
-    /// ID.
+    /// Returns the list for a disk that is attached to a channel, or to the device with an ID.
     std::vector<Disk>& Place(Topology& topology, const std::string& port,
                              const std::string& deviceId) {
         if (const auto channel = channels_.find(port); channel != channels_.end()) {
@@ -206,7 +205,7 @@ private:
         return static_cast<std::size_t>(position - list.begin());
     }
 
-    /// Where a channel stands: its siblings may still move while channels are added.
+    /// The position of a channel: its siblings may still move while channels are added.
     using ChannelPlace = std::pair<std::vector<Channel>*, std::size_t>;
 
     const PublishedHost& host_;

@@ -11,10 +11,10 @@
 
 namespace qv::view {
 
-/// What an instance says of its health.
+/// The health that an instance reports.
 struct Health {
-    std::optional<std::int64_t> code;  ///< the first code, if there is one
-    std::string word;                  ///< never empty: "no status" when nothing is said
+    std::optional<std::int64_t> code;  ///< the first code, if any
+    std::string word;                  ///< never empty: "no status" if none is reported
 };
 
 struct Disk {
@@ -24,7 +24,7 @@ struct Disk {
     std::string firmware;
     Health status;
     std::optional<std::uint64_t> size;  ///< bytes
-    /// Of the partition that the disk's storage extent shows; nothing when it shows none.
+    /// Flags of the partition that the disk's storage extent shows; unset if it shows none.
     std::optional<bool> bootable;
     std::optional<bool> bootPartition;
     std::optional<bool> primaryPartition;
@@ -40,7 +40,7 @@ struct Channel {
 /// A driver, firmware or BIOS.
 struct Software {
     std::string name;
-    std::string version;  ///< empty when none is published
+    std::string version;  ///< empty if none is published
 };
 
 struct Controller {
@@ -54,16 +54,16 @@ struct Controller {
     std::vector<Disk> disks;  ///< attached without a channel
 };
 
-/// A host's storage as a tree; siblings stand in the order in which they are published.
+/// A host's storage as a tree. Siblings have the order in which they are published.
 struct Topology {
-    std::string computer;  ///< empty when the host has no name
+    std::string computer;  ///< empty if the host has no name
     std::vector<Controller> controllers;
     std::vector<Channel> looseChannels;  ///< of no published controller
-    std::vector<Disk> looseDisks;        ///< attached to nothing that is published
-    std::optional<Health> collection;    ///< the consolidated status of the disks
+    std::vector<Disk> looseDisks;        ///< not attached to a published object
+    std::optional<Status> collection;    ///< the consolidated status of the disks
 };
 
-/// The classes whose instances BuildTopology looks at.
+/// The classes whose instances BuildTopology reads.
 inline constexpr std::array<std::string_view, 18> topologyClasses{
     "QV_WinComputerSystem",
     "QV_SATAPortController",
@@ -85,13 +85,13 @@ inline constexpr std::array<std::string_view, 18> topologyClasses{
     "QV_SATADiskDriveStorageExtent",
 };
 
-/// Puts the published instances together by the associations between them. A disk hangs off the
-/// channel that the path from its target endpoint leads to, or else off the controller that the
-/// endpoint's name ends with. Where an association matches more partners than the one that is
-/// meant, because one device ID is the beginning of another, the longest counts.
+/// Builds the tree from the published instances and their associations. A disk belongs to the
+/// channel to which the path from its target endpoint leads, otherwise to the controller whose ID
+/// ends the endpoint's name. An association can match too many partners, because one device ID is
+/// the beginning of another; then the longest counts.
 Topology BuildTopology(const PublishedHost& host);
 
-/// All disks of a host, in the order of the tree.
+/// Returns all disks of a host, in the order of the tree.
 std::vector<const Disk*> DisksOf(const Topology& topology);
 
 }  // namespace qv::view

@@ -5,14 +5,14 @@
 
 namespace qv::view {
 
-/// A topology as a JSON document. Every member is always there: what is not published is null, a
-/// list of nothing is empty.
+/// Returns a topology as a JSON document. Every member is always present: a value that is not
+/// published is null, a list without elements is empty.
 ///
 ///     computer          name or null
 ///     controllers       [controller: name, deviceId, status, statusCode, driver, firmware, bios
 ///                       (each {name, version} or null), channels, disks]
 ///     looseChannels     channels of no published controller
-///     looseDisks        disks attached to nothing that is published
+///     looseDisks        disks that are not attached to a published object
 ///     collection        {status, statusCode} or null
 ///
 /// A channel has name, deviceId, status, statusCode, disks. A disk has model, serialNumber,

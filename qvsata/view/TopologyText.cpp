@@ -9,7 +9,7 @@
 namespace qv::view {
 namespace {
 
-/// A line of the tree and what hangs below it.
+/// A line of the tree and its child lines.
 struct Node {
     StyledText title;
     StyledText detail;  ///< a second line; none when it is empty
@@ -17,7 +17,7 @@ struct Node {
     const Disk* disk = nullptr;  ///< the disk that the line shows; it has no title of its own
 };
 
-/// The tree lines in front of a node at one level.
+/// The tree branches in front of a node at one level.
 constexpr std::size_t levelWidth = 3;
 
 class Writer {
@@ -52,7 +52,7 @@ private:
             std::string branch = prefix + (isLast ? "└─" : "├─");
             const std::string below = prefix + (isLast ? "   " : "│  ");
             if (node.disk != nullptr) {
-                // Disks at every level have their columns below each other.
+                // Disks at every level share the same columns.
                 for (std::size_t dash = levelWidth * level; dash < levelWidth * diskLevel_;
                      ++dash) {
                     branch += "─";
@@ -157,7 +157,7 @@ std::vector<Node> Nodes(const Topology& topology) {
     return nodes;
 }
 
-/// How many disks there are and how many have which status, the statuses in order of appearance.
+/// Counts the disks, in total and by status, the statuses in order of appearance.
 StyledText Summary(const Topology& topology) {
     const std::vector<const Disk*> disks = DisksOf(topology);
     if (disks.empty()) {

@@ -5,10 +5,10 @@
 
 namespace qv::view {
 
-/// A topology as a tree of lines for a reader: controllers, their channels, the disks below them in
-/// aligned columns (status, model, size, flags of the partition, serial number), and at the end how
-/// many disks have which status. What is not OK has a "!" before its status, so that it stands out
-/// without colours too.
+/// Returns a topology as a tree of lines: controllers, their channels, and the disks below them in
+/// aligned columns (status, model, size, partition flags, serial number). The last line counts the
+/// disks by status. A status that is not OK is prefixed with "!", so that it stands out without
+/// colours.
 StyledText TopologyAsText(const Topology& topology);
 
 }  // namespace qv::view

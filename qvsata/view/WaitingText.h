@@ -6,14 +6,14 @@
 
 namespace qv::view {
 
-/// Which of how many recordings a monitor saw last, counted from 1. There are none on the machine
-/// itself.
+/// The recording that a monitor read last, counted from 1, and the number of recordings. Both are 0
+/// on the machine itself.
 struct SeenRecording {
     std::size_t number = 0;
     std::size_t count = 0;
 };
 
-/// What a monitor is going to look at next, and when, in words.
+/// Describes what the monitor polls next, and when.
 std::string WaitingText(const SeenRecording& seen, std::chrono::milliseconds left);
 
 }  // namespace qv::view

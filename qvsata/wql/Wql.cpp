@@ -13,7 +13,7 @@
 namespace qv::service {
 namespace {
 
-// A query comes from anybody; what it nests is parsed and evaluated on the stack.
+// A query is untrusted input, and nested conditions are parsed and evaluated on the stack.
 constexpr int deepestNesting = 128;
 
 constexpr std::array<std::string_view, 12> reservedWords = {

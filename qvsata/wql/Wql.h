@@ -15,31 +15,31 @@
 
 namespace qv::service {
 
-/// A text that is not a query. The message is one line and names the column.
+/// The error of a text that is not a query. The message is one line and names the column.
 class WqlError : public std::runtime_error {
 public:
     WqlError(const std::string& reason, std::size_t column)
         : std::runtime_error("column " + std::to_string(column) + ": " + reason), column_(column) {}
 
-    /// Where the trouble is; the first byte of the text is column 1.
+    /// Returns the place of the error; the first byte of the text is column 1.
     std::size_t Column() const { return column_; }
 
 private:
     std::size_t column_;
 };
 
-/// Reads one property of an object by name; nothing when it cannot be read. Names are given in the
+/// Reads one property of an object by name; returns nothing if it cannot be read. The name has the
 /// query's spelling.
 using PropertyReader = std::function<std::optional<CimValue>(std::string_view)>;
 
-/// What follows WHERE in a SELECT. Immutable; may be used from several threads at once.
+/// The condition of a SELECT. Immutable; may be used from several threads at once.
 class WqlCondition {
 public:
     virtual ~WqlCondition() = default;
 
-    /// Whether an object meets the condition. Texts are compared without regard to (ASCII) case,
-    /// numbers by value also where the property is decimal text. A comparison with a property that
-    /// is null, an array or cannot be read, or with NULL itself, is false.
+    /// Returns whether an object meets the condition. Texts are compared ignoring (ASCII) case.
+    /// Numbers are compared by value, also if the property is decimal text. A comparison is false
+    /// if the property is null, is an array or cannot be read, or if the constant is NULL.
     virtual bool HoldsFor(const PropertyReader& object) const = 0;
 };
 
@@ -47,16 +47,16 @@ public:
 struct SelectQuery {
     std::vector<std::string> properties;  ///< empty for *
     std::string className;
-    std::shared_ptr<const WqlCondition> where;  ///< null without WHERE
+    std::shared_ptr<const WqlCondition> where;  ///< null if the query has no WHERE
 
     bool Accepts(const PropertyReader& object) const {
         return where == nullptr || where->HoldsFor(object);
     }
-    /// Whether class definitions are asked for: FROM meta_class.
+    /// Returns whether the query selects class definitions: FROM meta_class.
     bool AsksForClasses() const;
 };
 
-/// ASSOCIATORS OF {path} WHERE ...; names that were not given are empty.
+/// ASSOCIATORS OF {path} WHERE ...; a name that the query does not give is empty.
 struct AssociatorsQuery {
     ObjectPath path;
     std::string assocClass;
@@ -66,7 +66,7 @@ struct AssociatorsQuery {
     bool classDefsOnly = false;
 };
 
-/// REFERENCES OF {path} WHERE ...; names that were not given are empty.
+/// REFERENCES OF {path} WHERE ...; a name that the query does not give is empty.
 struct ReferencesQuery {
     ObjectPath path;
     std::string resultClass;
@@ -76,8 +76,26 @@ struct ReferencesQuery {
 
 using WqlQuery = std::variant<SelectQuery, AssociatorsQuery, ReferencesQuery>;
 
-/// Reads a query. Keywords are accepted in any letter case; texts stand in ' or " with a backslash
-/// before a quote or a backslash that belongs to them. Throws WqlError.
+/// Parses a query; throws WqlError. The accepted grammar, whose keywords ignore case:
+///
+///     query       = select | associators | references ;
+///     select      = "SELECT" ( "*" | name { "," name } ) "FROM" name [ "WHERE" condition ] ;
+///     associators = "ASSOCIATORS" "OF" path [ "WHERE" link { link } ] ;
+///     references  = "REFERENCES" "OF" path [ "WHERE" link { link } ] ;
+///     link        = "ClassDefsOnly"
+///                 | ( "AssocClass" | "ResultClass" | "Role" | "ResultRole" ) "=" name ;
+///     condition   = conjunction { "OR" conjunction } ;
+///     conjunction = negation { "AND" negation } ;
+///     negation    = "NOT" negation | "(" condition ")" | comparison ;
+///     comparison  = name sign constant | constant sign name | name "LIKE" text
+///                 | name "IS" [ "NOT" ] "NULL" | ( "__CLASS" | "__THIS" ) "ISA" text ;
+///     sign        = "=" | "<>" | "!=" | "<" | ">" | "<=" | ">=" ;
+///     constant    = text | number | "TRUE" | "FALSE" | "NULL" ;
+///
+/// A name is a word that is not SELECT, FROM, WHERE, AND, OR, NOT, LIKE, IS, ISA, NULL, TRUE or
+/// FALSE. A link with a name appears once; REFERENCES OF accepts ClassDefsOnly, ResultClass and
+/// Role. NOT and parentheses nest at most 127 deep. WqlLexer.h describes the tokens, WqlLike.h the
+/// patterns of LIKE.
 WqlQuery ParseWql(std::string_view text);
 
 }  // namespace qv::service

@@ -63,7 +63,7 @@ std::optional<long double> NumberOf(const T& value) {
     }
 }
 
-// Two texts are compared as texts, everything else as numbers where both sides are numbers.
+// Two texts are compared as texts, anything else as numbers if both sides are numbers.
 struct Compare {
     std::partial_ordering operator()(const std::string& left, const std::string& right) const {
         return FoldCase(left) <=> FoldCase(right);
@@ -143,14 +143,14 @@ ConditionPtr Not(ConditionPtr condition) {
 }
 
 std::optional<long double> ParseNumber(std::string_view text) {
-    // No blanks, no "inf", no hexadecimal digits; a plus sign is not from_chars' business.
+    // Blanks, "inf" and hexadecimal digits are refused; from_chars does not read a plus sign.
     if (text.find_first_not_of("0123456789+-.eE") != std::string_view::npos) {
         return std::nullopt;
     }
     const bool isPlus = text.starts_with('+') && !text.starts_with("+-");
     const char* begin = text.data() + (isPlus ? 1 : 0);
     const char* end = text.data() + text.size();
-    // Whole numbers by themselves: not every C runtime reads a real number with 64 exact bits.
+    // Whole numbers separately: not every C runtime reads a real number with 64 exact bits.
     const bool isMinus = begin != end && *begin == '-';
     std::uint64_t whole = 0;
     const auto wholeRead = std::from_chars(begin + (isMinus ? 1 : 0), end, whole);

@@ -11,25 +11,26 @@
 
 namespace qv::service {
 
-/// The constants of a condition: NULL, TRUE or FALSE, a number, a text.
+/// A constant of a condition: NULL, TRUE or FALSE, a number, a text.
 using WqlConstant = std::variant<std::monostate, bool, long double, std::string>;
 
 using ConditionPtr = std::shared_ptr<const WqlCondition>;
 
 enum class Comparison { equal, notEqual, less, greater, lessOrEqual, greaterOrEqual };
 
-// One function for each kind of condition that a query can hold.
+// Each function makes one kind of condition.
 ConditionPtr CompareProperty(std::string name, Comparison comparison, WqlConstant constant);
-/// LIKE, see LikePattern.
+/// LIKE; see LikePattern.
 ConditionPtr MatchProperty(std::string name, const std::string& pattern);
 ConditionPtr PropertyIsNull(std::string name);
-/// Whether the object, by __CLASS and __DERIVATION, is of a class or of one that derives from it.
+/// ISA: holds if the object's __CLASS or one of its __DERIVATION is the class.
 ConditionPtr IsOfClass(std::string className);
 ConditionPtr AllOf(std::vector<ConditionPtr> conditions);
 ConditionPtr AnyOf(std::vector<ConditionPtr> conditions);
 ConditionPtr Not(ConditionPtr condition);
 
-/// A whole or decimal number that takes up all of the text, exact for 64-bit whole numbers.
+/// Parses a text that is a whole or decimal number and nothing else; exact for whole numbers of 64
+/// bits. Returns nothing for any other text.
 std::optional<long double> ParseNumber(std::string_view text);
 
 }  // namespace qv::service

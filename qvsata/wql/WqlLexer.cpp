@@ -20,7 +20,7 @@ bool IsWordByte(char c) {
            static_cast<unsigned char>(c) >= 0x80;
 }
 
-// Two-character signs come first: the longest one that fits is taken.
+// Two-character signs come first, so that the longest match is taken.
 constexpr std::array<std::string_view, 11> symbols = {"<>", "!=", "<=", ">=", "=", "<",
                                                       ">",  "(",  ")",  ",",  "*"};
 

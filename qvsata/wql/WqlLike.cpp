@@ -75,7 +75,7 @@ bool LikePattern::Matches(std::string_view text) const {
     const std::u32string characters = Characters(text);
     std::size_t element = 0;
     std::size_t position = 0;
-    // Where to go on when what follows the last % does not fit: % then takes one more character.
+    // Where to resume if the rest after the last % does not match: % then takes one more character.
     std::size_t resumeElement = elements_.size() + 1;
     std::size_t resumePosition = 0;
     while (position < characters.size()) {

@@ -7,22 +7,23 @@
 
 namespace qv::service {
 
-/// A pattern of WQL's LIKE, matched without regard to the case of ASCII letters: % any text,
-/// _ one character, [abc] [a-c] one of a set, [^abc] one that is not in it. Immutable; may be used
-/// from several threads at once. Time grows with the product of the lengths at worst.
+/// A pattern of WQL's LIKE, matched ignoring the case of ASCII letters: % matches any text, _ one
+/// character, [abc] or [a-c] one character of a set, [^abc] one character not in it. Immutable; may
+/// be used from several threads at once. Matching takes time proportional to the product of the
+/// lengths at worst.
 class LikePattern {
 public:
-    /// A set that is not closed stands for its characters; see IsClosed.
+    /// In a set without its closing bracket each character stands for itself; see IsClosed.
     explicit LikePattern(std::string_view pattern);
 
     bool Matches(std::string_view text) const;
 
-    /// Whether every set of a pattern is closed.
+    /// Returns whether every set of a pattern is closed.
     static bool IsClosed(std::string_view pattern);
 
 private:
-    // What one character of the text has to be: within a range (or, negated, in none), or
-    // anything of any length.
+    // What one character of the text must be: within one of the ranges (negated: within none).
+    // `anyText` stands for any text of any length.
     struct Element {
         bool anyText = false;
         bool negated = false;

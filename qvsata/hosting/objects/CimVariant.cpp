@@ -45,14 +45,14 @@ BSTR NewText(const std::string& text) {
     return Bstr(windows::ToWide(text, CP_UTF8)).Detach();
 }
 
-/// A new array in `out` whose elements `convert` makes of `values`, one by one.
+/// Creates an array in `out`; `convert` makes each element from one of `values`.
 template <typename Element, typename Values, typename Convert>
 void WriteArray(VARTYPE elementType, const Values& values, VARIANT& out, Convert convert) {
     SAFEARRAY* array = SafeArrayCreateVector(elementType, 0, static_cast<ULONG>(values.size()));
     if (array == nullptr) {
         throw RequestError(Status::outOfMemory);
     }
-    // The variant owns the array from here on, elements that are still empty included.
+    // From here on the variant owns the array, including elements that are still empty.
     V_VT(&out) = static_cast<VARTYPE>(VT_ARRAY | elementType);
     V_ARRAY(&out) = array;
     auto* element = static_cast<Element*>(array->pvData);
@@ -77,7 +77,7 @@ void WriteNumbers(const std::vector<std::int64_t>& numbers, VARTYPE elementType,
     }
 }
 
-// Writes each kind of value where the type has it; what is left stays VT_NULL.
+// Writes each kind of value if the type takes it; anything else stays VT_NULL.
 struct Writer {
     VARTYPE type;
     VARIANT& out;

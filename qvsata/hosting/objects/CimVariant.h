@@ -8,15 +8,15 @@
 
 namespace qv::service {
 
-/// The VARIANT type in which the management service delivers a CIM type: uint16 and uint32 come as
-/// VT_I4, sint8 as VT_I2, 64-bit numbers as decimal text.
+/// Returns the VARIANT type in which the management service delivers a CIM type: VT_I4 for uint16
+/// and uint32, VT_I2 for sint8, decimal text for 64-bit numbers.
 VARTYPE VariantTypeOf(CimType type, bool isArray);
 
-/// The number of a type with the mark of an array, as IWbemClassObject gives it.
+/// Returns the number of a type, with the array flag, as IWbemClassObject reports it.
 long CimTypeNumber(CimType type, bool isArray);
 
-/// Writes a value as the management service delivers it; `out` is empty before. A value that is no
-/// value of the type becomes VT_NULL. Raises RequestError when there is no room.
+/// Writes a value as the management service delivers it; `out` must be empty. A value that does not
+/// belong to the type becomes VT_NULL. Throws RequestError if memory runs out.
 void WriteVariant(const CimValue& value, CimType type, VARIANT& out);
 
 }  // namespace qv::service

@@ -7,16 +7,16 @@
 
 namespace qv::service {
 
-/// A class definition as COM sees it. It can be read and spawned from.
+/// A class definition as COM sees it. It can be read, and instances can be spawned from it.
 class ClassFace final : public ObjectFace {
 public:
     explicit ClassFace(std::shared_ptr<const ClassObject> definition)
         : ObjectFace(definition), definition_(definition->Definition()) {}
 
-    /// An empty instance of the class.
+    /// Returns an empty instance of the class.
     STDMETHODIMP SpawnInstance(LONG flags, IWbemClassObject** instance) override;
     STDMETHODIMP Clone(IWbemClassObject** copy) override;
-    /// The class that declares the property first.
+    /// Returns the topmost class that declares the property.
     STDMETHODIMP GetPropertyOrigin(LPCWSTR name, BSTR* className) override;
 
 private:

@@ -12,9 +12,9 @@
 
 namespace qv::service {
 
-/// The body of IWbemObjectSink::Indicate: gives the objects to `take`, which answers with a status.
-/// Refused with WBEM_E_INVALID_PARAMETER, without a call of `take`: a negative count, a missing
-/// array, a null among the objects.
+/// Implements IWbemObjectSink::Indicate: passes the objects to `take`, which returns a status.
+/// Returns WBEM_E_INVALID_PARAMETER without calling `take` for a negative count, a missing array,
+/// or a null among the objects.
 template <typename Take>
 HRESULT TakeDelivery(LONG count, IWbemClassObject** objects, Take take) noexcept {
     if (count < 0 || (count > 0 && objects == nullptr)) {

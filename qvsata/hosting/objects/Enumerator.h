@@ -11,7 +11,7 @@
 
 namespace qv::service {
 
-/// The objects of an answer that is complete: Next and Skip never wait. One thread at a time.
+/// Enumerates the objects of a complete answer: Next and Skip never wait. For one thread at a time.
 class Enumerator final : public windows::ComObject<IEnumWbemClassObject> {
 public:
     explicit Enumerator(ObjectList objects)
@@ -22,9 +22,9 @@ public:
     STDMETHODIMP Reset() override;
     STDMETHODIMP Next(LONG timeout, ULONG count, IWbemClassObject** objects,
                       ULONG* returned) override;
-    /// Refused with WBEM_E_NOT_SUPPORTED.
+    /// Returns WBEM_E_NOT_SUPPORTED.
     STDMETHODIMP NextAsync(ULONG count, IWbemObjectSink* sink) override;
-    /// The copy goes on where this enumerator stands.
+    /// The copy starts at the current position.
     STDMETHODIMP Clone(IEnumWbemClassObject** copy) override;
     STDMETHODIMP Skip(LONG timeout, ULONG count) override;
 

@@ -12,8 +12,8 @@
 
 namespace qv::service {
 
-/// Runs the body of an interface operation, from which no exception may leave, and gives its
-/// status or that of the exception which ended it.
+/// Runs the body of an interface method, which must not throw to its caller. Returns the body's
+/// status, or the status of the exception that ended it.
 template <typename Body>
 HRESULT Guarded(Body body) noexcept try {
     return body();

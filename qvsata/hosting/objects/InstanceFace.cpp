@@ -11,7 +11,7 @@
 namespace qv::service {
 namespace {
 
-/// What was handed to Put, for the log: the raw number of a boolean tells 1 from -1.
+/// Returns the value passed to Put as it is recorded: the raw number of a boolean tells 1 from -1.
 CimValue AsHandedOver(const VARIANT& value) {
     if (V_VT(&value) == VT_BOOL) {
         return static_cast<std::int64_t>(V_BOOL(&value));

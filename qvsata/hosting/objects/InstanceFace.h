@@ -7,15 +7,16 @@
 
 namespace qv::service {
 
-/// An instance as COM sees it while a provider fills it. Values are put by the rules of PutRules.h
-/// and every put is recorded. One thread may put; when that is done several may read.
+/// An instance as COM sees it while a provider fills it. Values are put by the rules of PutRules.h,
+/// and every Put is recorded. One thread may put; afterwards several may read.
 class InstanceFace final : public ObjectFace {
 public:
     explicit InstanceFace(std::shared_ptr<Instance> instance)
         : ObjectFace(instance), instance_(std::move(instance)) {}
 
-    /// WBEM_E_NOT_FOUND for a property that the class does not define, WBEM_E_READ_ONLY for a
-    /// system property; neither code is documented. `type` must be 0, as documented for instances.
+    /// Returns WBEM_E_NOT_FOUND for a property that the class does not define, and WBEM_E_READ_ONLY
+    /// for a system property; neither code is documented. `type` must be 0, as documented for
+    /// instances.
     STDMETHODIMP Put(LPCWSTR name, LONG flags, VARIANT* value, CIMTYPE type) override;
     /// Resets the property to its default value.
     STDMETHODIMP Delete(LPCWSTR name) override;

@@ -16,7 +16,8 @@ namespace {
 
 using windows::Bstr;
 
-// Asked of an object to learn whether it is an ObjectFace; the answer is the face itself.
+// The interface ID by which an object tells that it is an ObjectFace; QueryInterface returns the
+// face itself.
 // {5C0B9E52-6E0F-4B7B-9D0E-2F1B7C5C3A61}
 constexpr IID faceId{0x5C0B9E52, 0x6E0F, 0x4B7B, {0x9D, 0x0E, 0x2F, 0x1B, 0x7C, 0x5C, 0x3A, 0x61}};
 
@@ -48,7 +49,7 @@ bool IsChosen(const ObjectProperty& property, LONG flags) {
            ((flags & WBEM_FLAG_REFS_ONLY) == 0 || property.type == CimType::reference);
 }
 
-/// Hands a property over to the out parameters of Get and Next, each of which may be null.
+/// Writes a property to the out parameters of Get and Next, each of which may be null.
 void HandOver(const ObjectProperty& property, VARIANT* value, CIMTYPE* type, LONG* flavor) {
     if (value != nullptr) {
         WriteVariant(property.value, property.type, *value);

@@ -8,8 +8,8 @@
 
 namespace qv::service {
 
-/// Returns what a management object holds: the service's own object itself (ObjectFace), of any
-/// other a copy of its properties. An embedded object is read as null.
+/// Returns the service's own object behind a management object (ObjectFace), or a copy of the
+/// properties of any other. An embedded object is read as null.
 ObjectPtr ReadObject(IWbemClassObject& object);
 
 }  // namespace qv::service

@@ -11,7 +11,7 @@
 namespace qv::service {
 namespace {
 
-/// Bytes of a whole number's VARIANT type; 0 for other types.
+/// Returns the size in bytes of a whole number's VARIANT type; 0 for other types.
 int WidthOf(VARTYPE type) {
     switch (type) {
         case VT_I1:

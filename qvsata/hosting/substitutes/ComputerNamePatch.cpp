@@ -9,7 +9,8 @@
 namespace qv::service {
 namespace {
 
-// What the replaced system function answers: it is given nothing that could lead to an object.
+// The names that the replaced system function returns. They are global because the system passes it
+// nothing that could lead to an object.
 std::array<std::wstring, ComputerNameMax> recorded;
 
 BOOL FailWith(DWORD error) {

@@ -7,9 +7,9 @@
 
 namespace qv::service {
 
-/// Makes a loaded module see the recorded names of a computer when it asks GetComputerNameExW, from
+/// Makes GetComputerNameExW return a recorded computer's names to a loaded module, from
 /// construction to destruction. A name that was not recorded fails with ERROR_INVALID_COMPUTERNAME.
-/// One at a time in a process.
+/// At most one object per process.
 class ComputerNamePatch {
 public:
     ComputerNamePatch(HMODULE module, const ComputerNames& names);

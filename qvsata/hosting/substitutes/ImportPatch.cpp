@@ -8,7 +8,7 @@
 namespace qv::service {
 namespace {
 
-/// A structure of a loaded module, by its address relative to the module's base.
+/// Returns a structure of a loaded module by its address relative to the module's base.
 template <typename T>
 T* At(HMODULE module, DWORD address) {
     auto* base = reinterpret_cast<std::byte*>(module);
@@ -21,7 +21,7 @@ const IMAGE_DATA_DIRECTORY& ImportDirectory(HMODULE module) {
     return headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
 }
 
-/// The entries of the address table through which the module calls a function.
+/// Returns the entries of the address table through which the module calls a function.
 std::vector<void*> SlotsOf(HMODULE module, std::string_view function) {
     std::vector<void*> slots;
     const IMAGE_DATA_DIRECTORY& directory = ImportDirectory(module);

@@ -9,12 +9,12 @@
 
 namespace qv::service {
 
-/// The locator that the provider finds in place of the system's. Any number of threads may use it.
+/// The locator that replaces the system's for the provider. Any number of threads may use it.
 class Locator final : public windows::ComObject<IWbemLocator> {
 public:
     explicit Locator(Connector machine) : machine_(std::move(machine)) {}
 
-    /// User, password, locale, authority and context are not looked at.
+    /// Ignores user, password, locale, authority and context.
     STDMETHODIMP ConnectServer(const BSTR nameSpace, const BSTR user, const BSTR password,
                                const BSTR locale, LONG flags, const BSTR authority,
                                IWbemContext* context, IWbemServices** services) override;

@@ -7,7 +7,8 @@ namespace {
 
 constexpr DWORD shortestPause = 1000;
 
-// What the replaced system function works with: it is given nothing that could lead to an object.
+// The state of the replaced system function. It is global because the system passes it nothing that
+// could lead to an object.
 struct Held {
     windows::KernelHandle begun{CreateEventW(nullptr, FALSE, FALSE, nullptr)};
     windows::KernelHandle letGo{CreateEventW(nullptr, FALSE, FALSE, nullptr)};

@@ -9,26 +9,26 @@
 
 namespace qv::service {
 
-/// Tells when a monitor thread of the provider's library has done a cycle, and holds it there until
-/// it is let go: what stands for the machine can be exchanged meanwhile and no cycle sees two
-/// machines. A cycle is over when the thread begins to sleep for a second or more, which it does
-/// in full once it is let go.
+/// Signals the end of each cycle of the library's monitor thread and holds the thread there until
+/// LetGo. Meanwhile the machine can be exchanged for another recording, so no cycle sees two. A
+/// cycle is over when the thread calls Sleep for a second or more; after LetGo it sleeps for the
+/// full time.
 ///
-/// For one thread of the library that does so, and one object at a time in a process. The library's
-/// threads have ended when the object goes.
+/// For one monitor thread and at most one object per process. The library's threads must have ended
+/// before the object is destroyed.
 class MonitorPauses {
 public:
     explicit MonitorPauses(HMODULE library);
     MonitorPauses(const MonitorPauses&) = delete;
     MonitorPauses& operator=(const MonitorPauses&) = delete;
 
-    /// A kernel object that is signalled once for each cycle that is over.
+    /// Returns an event that is signalled once for each finished cycle.
     HANDLE CycleOver() const;
 
-    /// How long the thread is going to sleep.
+    /// Returns the length of the thread's sleep.
     std::chrono::milliseconds Length() const;
 
-    /// Lets the thread sleep, and then go on to its next cycle.
+    /// Lets the thread sleep and then start its next cycle.
     void LetGo();
 
 private:

@@ -12,7 +12,7 @@
 namespace qv::service {
 namespace {
 
-/// Hands a text over by the rules of the parser's out parameters.
+/// Writes a text to the parser's out parameters, by their rules.
 HRESULT HandOver(std::wstring_view text, ULONG* length, LPWSTR buffer) {
     if (length == nullptr || (buffer == nullptr && *length != 0)) {
         return windows::Hr(WBEM_E_INVALID_PARAMETER);

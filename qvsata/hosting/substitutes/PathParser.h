@@ -6,21 +6,22 @@
 
 namespace qv::service {
 
-/// The object path parser of the embedded management service: SetText, GetText and GetClassName
-/// of IWbemPath; everything else is refused with WBEM_E_NOT_SUPPORTED. The text from the class on
-/// is given back as it was set: letter case, key order, quotes and escapes kept. One thread.
+/// The object path parser of the embedded management service. It implements SetText, GetText and
+/// GetClassName of IWbemPath and refuses all other methods with WBEM_E_NOT_SUPPORTED. It returns
+/// the relative path as it was set: letter case, key order, quotes and escapes are kept. For one
+/// thread.
 class PathParser final : public windows::UnsupportedPath {
 public:
-    /// WBEM_E_INVALID_PARAMETER for mode 0, a null text and a text that is no path; what was set
-    /// before is lost then. An empty text clears the parser.
+    /// Returns WBEM_E_INVALID_PARAMETER for mode 0, a null text, or a text that is not a path. A
+    /// text that is not a path clears the parser, as an empty text does.
     STDMETHODIMP SetText(ULONG mode, LPCWSTR path) override;
-    /// `length` counts characters, the terminating null among them, in and out. A buffer that is
-    /// too small gives WBEM_E_BUFFER_TOO_SMALL and the length needed (that code is a choice).
+    /// `length` counts characters including the terminating null, in and out. If the buffer is too
+    /// small, returns WBEM_E_BUFFER_TOO_SMALL and the required length (the code is a choice).
     STDMETHODIMP GetText(LONG flags, ULONG* length, LPWSTR text) override;
     STDMETHODIMP GetClassName(ULONG* length, LPWSTR name) override;
 
 private:
-    /// The path taken apart; each part is empty when the text has none.
+    /// The parts of the path; a part that the text lacks is empty.
     struct Parts {
         std::wstring original;
         std::wstring server;

@@ -10,14 +10,14 @@
 
 namespace qv::service {
 
-/// Makes an object of one class: the body of IClassFactory::CreateInstance.
+/// Makes an object of one class; implements IClassFactory::CreateInstance.
 using ObjectMaker = std::function<HRESULT(REFIID iid, void** object)>;
 
-/// Puts a class of this process in front of the system's of the same class ID, for every thread
-/// of the multithreaded apartment, from construction to destruction.
+/// Replaces the system's class of a class ID by a class of this process, for every thread of the
+/// multithreaded apartment, from construction to destruction.
 class ServedClass {
 public:
-    /// Raises RequestError when COM refuses.
+    /// Throws RequestError if COM fails.
     ServedClass(REFCLSID classId, ObjectMaker maker);
     ServedClass(const ServedClass&) = delete;
     ServedClass& operator=(const ServedClass&) = delete;

@@ -10,7 +10,7 @@
 namespace qv::tool {
 namespace {
 
-// What the signal handler may touch: it makes the request by writing a byte.
+// The signal handler may use only this: it makes the request by writing a byte.
 std::array<int, 2> requests{-1, -1};
 
 struct sigaction usualAction {};

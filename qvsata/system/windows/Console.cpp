@@ -16,7 +16,7 @@
 namespace qv::tool {
 namespace {
 
-/// A console's colours, put back when this object goes.
+/// Restores a console's colours on destruction.
 class ConsoleWriter {
 public:
     ConsoleWriter(HANDLE console, bool coloured) : console_(console), coloured_(coloured) {
@@ -33,7 +33,7 @@ public:
         SetColour(span.style);
         std::wstring text = windows::ToWide(span.text, CP_UTF8);
         std::wstring_view rest = text;
-        // A console refuses too much at once.
+        // A console refuses a write that is too large.
         constexpr std::size_t most = 8192;
         while (!rest.empty()) {
             DWORD written = 0;
@@ -47,7 +47,8 @@ public:
     }
 
 private:
-    // Attributes and not escape sequences: consoles before Windows 10 and Wine's know only these.
+    // Attributes instead of escape sequences, because consoles before Windows 10 and Wine's know
+    // only these.
     void SetColour(view::Style style) {
         if (!coloured_) {
             return;
@@ -85,7 +86,7 @@ HANDLE HandleOf(Stream stream) {
     return GetStdHandle(stream == Stream::output ? STD_OUTPUT_HANDLE : STD_ERROR_HANDLE);
 }
 
-/// The console that a stream leads to; null when it leads elsewhere.
+/// Returns the console of a stream; null if it is not a console.
 HANDLE ConsoleOf(Stream stream) {
     HANDLE handle = HandleOf(stream);
     DWORD mode = 0;

@@ -4,7 +4,7 @@
 
 namespace qv::tool {
 
-/// The kernel object that is signalled once a StopRequest was made, to be waited for with others.
+/// Returns the event that is signalled once a stop request was made, for waits on several objects.
 HANDLE StopEvent();
 
 }  // namespace qv::tool

@@ -17,7 +17,8 @@ BOOL WINAPI TakeRequest(DWORD control) {
 
 }  // namespace
 
-// The system calls the handler on a thread of its own and hands it nothing.
+// The event is static: the system calls the handler on a thread of its own and passes it no
+// context.
 HANDLE StopEvent() {
     static const windows::KernelHandle made(CreateEventW(nullptr, TRUE, FALSE, nullptr));
     return made.Get();
