@@ -60,7 +60,7 @@ struct Topology {
     std::vector<Controller> controllers;
     std::vector<Channel> looseChannels;  ///< of no published controller
     std::vector<Disk> looseDisks;        ///< not attached to a published object
-    std::optional<Status> collection;    ///< the consolidated status of the disks
+    std::optional<Health> collection;    ///< the consolidated status of the disks
 };
 
 /// The classes whose instances BuildTopology reads.

@@ -1,17 +1,14 @@
 #pragma once
 
 #include <cstddef>
-#include <functional>
-#include <memory>
-#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 #include <variant>
 #include <vector>
 
-#include "qvsata/cim/CimValue.h"
 #include "qvsata/cim/ObjectPath.h"
+#include "qvsata/wql/WqlConditions.h"
 
 namespace qv::service {
 
@@ -28,26 +25,11 @@ private:
     std::size_t column_;
 };
 
-/// Reads one property of an object by name; returns nothing if it cannot be read. The name has the
-/// query's spelling.
-using PropertyReader = std::function<std::optional<CimValue>(std::string_view)>;
-
-/// The condition of a SELECT. Immutable; may be used from several threads at once.
-class WqlCondition {
-public:
-    virtual ~WqlCondition() = default;
-
-    /// Returns whether an object meets the condition. Texts are compared ignoring (ASCII) case.
-    /// Numbers are compared by value, also if the property is decimal text. A comparison is false
-    /// if the property is null, is an array or cannot be read, or if the constant is NULL.
-    virtual bool HoldsFor(const PropertyReader& object) const = 0;
-};
-
 /// SELECT properties FROM class WHERE condition
 struct SelectQuery {
     std::vector<std::string> properties;  ///< empty for *
     std::string className;
-    std::shared_ptr<const WqlCondition> where;  ///< null if the query has no WHERE
+    ConditionPtr where;  ///< null if the query has no WHERE
 
     bool Accepts(const PropertyReader& object) const {
         return where == nullptr || where->HoldsFor(object);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -7,9 +8,24 @@
 #include <variant>
 #include <vector>
 
-#include "qvsata/wql/Wql.h"
+#include "qvsata/cim/CimValue.h"
 
 namespace qv::service {
+
+/// Reads one property of an object by name; returns nothing if it cannot be read. The name has the
+/// query's spelling.
+using PropertyReader = std::function<std::optional<CimValue>(std::string_view)>;
+
+/// The condition of a SELECT. Immutable; may be used from several threads at once.
+class WqlCondition {
+public:
+    virtual ~WqlCondition() = default;
+
+    /// Returns whether an object meets the condition. Texts are compared ignoring (ASCII) case.
+    /// Numbers are compared by value, also if the property is decimal text. A comparison is false
+    /// if the property is null, is an array or cannot be read, or if the constant is NULL.
+    virtual bool HoldsFor(const PropertyReader& object) const = 0;
+};
 
 /// A constant of a condition: NULL, TRUE or FALSE, a number, a text.
 using WqlConstant = std::variant<std::monostate, bool, long double, std::string>;
