@@ -21,8 +21,8 @@ struct PutCall {
     Status result = Status::noError;
 };
 
-/// An instance of a defined class. A new instance is empty; properties without a value read as the
-/// class's default value. One thread may fill it; afterwards several threads may read it.
+/// An instance of a defined class. A property that was never set reads as the class's default
+/// value. One thread may fill the instance; afterwards several threads may read it.
 class Instance final : public Object {
 public:
     explicit Instance(ResolvedClassPtr type);

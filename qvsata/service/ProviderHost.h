@@ -21,8 +21,8 @@ struct HostOptions {
     std::vector<std::filesystem::path> mofFiles;
     /// The provider's library.
     std::filesystem::path library;
-    /// Creates the provider by its class ID, as registered on this machine, instead of from
-    /// `library`.
+    /// True: the provider is created by its class ID, as registered on this machine, instead of
+    /// from `library`.
     bool registered = false;
 };
 

@@ -31,7 +31,7 @@ struct PublishedObject {
 };
 
 /// Returns a text that is equal for all paths of one object: it ignores key order, letter case,
-/// server and namespace. A text that is not a path is returned unchanged.
+/// server and namespace. For a text that is not a path, returns the text in lower case.
 std::string IdentityOf(std::string_view path);
 
 /// The instances of a host by class.

@@ -28,7 +28,7 @@ struct WqlToken {
 ///     path   = "{" object path "}" ;
 ///
 /// A backslash that begins no escape stands for itself. Inside the quotes of a path a brace is part
-/// of the value. The parser checks the form of a number.
+/// of the value. The parser checks the form of a number and that it is in the range of double.
 std::vector<WqlToken> SplitWql(std::string_view text);
 
 }  // namespace qv::service
