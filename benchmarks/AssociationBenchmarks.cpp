@@ -17,6 +17,7 @@
 #include "benchmarks/RunBenchmarks.h"
 #include "catalogue/Associations.h"
 #include "tests/support/PlainPairing.h"
+#include "tests/support/SilentLog.h"
 
 namespace qv::benchmarks {
 namespace {
@@ -36,7 +37,7 @@ struct EndpointKeys {
 
     static Keys KeysOf(int disks, std::string_view className, std::string_view key) {
         const AttachedHost host(disks);
-        SilentLog log;
+        test::SilentLog log;
         Keys keys;
         for (const auto& record :
              NativeAPI(host, host, log).BuildAllInstances(className, mode::keysOnly)) {
@@ -130,7 +131,7 @@ void PlainTriple(benchmark::State& state) {
 
 void WholeClass(benchmark::State& state, std::string_view className) {
     const AttachedHost host(static_cast<int>(state.range(0)));
-    SilentLog log;
+    test::SilentLog log;
     const NativeAPI api(host, host, log);
     for (auto _ : state) {
         benchmark::DoNotOptimize(api.BuildAllInstances(className, mode::allProperties));

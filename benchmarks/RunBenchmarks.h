@@ -2,18 +2,7 @@
 
 #include <benchmark/benchmark.h>
 
-#include <string_view>
-
-#include "platform/LogPort.h"
-
 namespace qv::benchmarks {
-
-/// A log that takes nothing.
-class SilentLog : public platform::LogPort {
-public:
-    int Level() const override { return 5; }
-    void Write(int, std::string_view) override {}
-};
 
 /// Runs what was registered, as the command line asks. Gives the exit code of the program.
 inline int RunBenchmarks(int argc, char** argv) {

@@ -1,0 +1,52 @@
+#include "NativeAPI/KeptRows.h"
+
+#include <gtest/gtest.h>
+
+#include "source/PropertyReaders.h"
+#include "source/SourceRules.h"
+#include "tests/support/SourceRows.h"
+
+namespace qv::test {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+TEST(KeptRows, QueryIdeDisksKeepsThePublishedDisksInTheirOrder) {
+    ScriptedHost host;
+    host.Answer(disksQuery, {Disk("B"), With(Disk("S"), "InterfaceType", "SCSI"), Disk("A")});
+    Texts ids;
+    for (const auto& disk : QueryIdeDisks(host)) {
+        ids.push_back(TextOrEmpty(*disk, "PNPDeviceID"));
+    }
+    EXPECT_EQ(ids, (Texts{"B", "A"}));
+    EXPECT_EQ(host.asked, InCimv2({disksQuery}));
+}
+
+TEST(KeptRows, QueryIdeDisksGivesNoneWhenTheQueryFails) {
+    EXPECT_TRUE(QueryIdeDisks(ScriptedHost()).empty());
+}
+
+Texts KeptIds(const ScriptedHost& host, bool (*isKept)(std::string_view)) {
+    Texts ids;
+    for (const auto& [deviceId, row] : QueryControllers(host, isKept)) {
+        EXPECT_EQ(TextOrEmpty(*row, "DeviceID"), deviceId);
+        ids.push_back(deviceId);
+    }
+    return ids;
+}
+
+TEST(KeptRows, QueryControllersKeepsTheRowsOfTheRuleInTheirOrder) {
+    ScriptedHost host;
+    host.Answer(controllersQuery, {Controller(R"(PCI\B&REV_1)"), Controller(channelId),
+                                   Without(Controller("x"), "DeviceID"), Controller(ahciId)});
+    EXPECT_EQ(KeptIds(host, IsPortController), (Texts{R"(PCI\B&REV_1)", ahciId}));
+    EXPECT_EQ(KeptIds(host, IsInitiator), Texts{channelId});
+    EXPECT_EQ(host.asked, InCimv2({controllersQuery, controllersQuery}));
+}
+
+TEST(KeptRows, QueryControllersGivesNoneWhenTheQueryFails) {
+    EXPECT_TRUE(KeptIds(ScriptedHost(), IsPortController).empty());
+}
+
+}  // namespace
+}  // namespace qv::test

@@ -1,0 +1,45 @@
+#include "NativeAPI/Request.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/Records.h"
+
+namespace qv::test {
+namespace {
+
+TEST(Request, ModeBitsAreThoseOfTheRequests) {
+    EXPECT_EQ(mode::allProperties, 2U);
+    EXPECT_EQ(mode::keysOnly, 4U);
+    EXPECT_EQ(mode::foundByKey, 10U);
+}
+
+TEST(Request, WantsAllPropertiesExactlyWithTheBitOfValueTwo) {
+    for (const std::uint32_t word : {2U, 3U, 6U, 10U, 0xFFFFFFFFU}) {
+        EXPECT_TRUE((Request{"C", word, ""}).WantsAllProperties()) << word;
+    }
+    for (const std::uint32_t word : {0U, 1U, 4U, 8U, 0xFFFFFFFDU}) {
+        EXPECT_FALSE((Request{"C", word, ""}).WantsAllProperties()) << word;
+    }
+}
+
+TEST(Request, WithoutAPathAcceptsEveryRecord) {
+    EXPECT_TRUE((Request{"C", 2, ""}).Accepts(Record("C", {Key("K", "v")})));
+    EXPECT_TRUE((Request{"C", 2, ""}).Accepts(Record("D", {})));
+}
+
+TEST(Request, AcceptsTheRecordOfItsPathInAnyLetterCase) {
+    const InstanceRecord record = Record("QV_C", {Key("K", "Value&1"), Key("L", "w")});
+    EXPECT_TRUE((Request{"QV_C", 2, R"(QV_C.K="Value&1",L="w")"}).Accepts(record));
+    EXPECT_TRUE((Request{"QV_C", 2, R"(qv_c.k="vALUE&1",l="W")"}).Accepts(record));
+}
+
+TEST(Request, RefusesARecordOfAnotherPath) {
+    const InstanceRecord record = Record("QV_C", {Key("K", "v"), Key("L", "w")});
+    for (const char* path : {R"(QV_C.K="x",L="w")", R"(QV_C.L="w",K="v")", R"(QV_C.K="v")",
+                             R"(QV_C.K="v",L="w",)", "QV_C", " "}) {
+        EXPECT_FALSE((Request{"QV_C", 2, path}).Accepts(record)) << path;
+    }
+}
+
+}  // namespace
+}  // namespace qv::test

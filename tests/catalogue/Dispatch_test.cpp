@@ -1,0 +1,142 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+
+#include "catalogue/Classes.h"
+#include "catalogue/Hierarchy.h"
+#include "tests/support/Builders.h"
+#include "tests/support/Records.h"
+
+namespace qv::test {
+namespace {
+
+using Values = std::vector<std::string>;
+
+Properties DiskOf(const char* id, const char* model) {
+    return {{"InterfaceType", "IDE"},
+            {"PNPDeviceID", id},
+            {"DeviceID", R"(\\.\PHYSICALDRIVE0)"},
+            {"Model", model}};
+}
+
+class DispatchTest : public testing::Test, public Builders {
+protected:
+    DispatchTest() {
+        host.Answer(disksQuery, {DiskOf(R"(IDE\A)", "first"), DiskOf(R"(IDE\B)", "second")});
+        host.Answer(mediaQuery, {});
+    }
+};
+
+TEST_F(DispatchTest, TakesTheClassNameInAnyCaseAndRecordsCarryItAsSpelled) {
+    const RecordList records = api.BuildInstances("qv_sataDISKdrive", mode::allProperties, {});
+    ASSERT_EQ(records.size(), 2U);
+    EXPECT_EQ(records[0].className, "qv_sataDISKdrive");
+    EXPECT_EQ(ValuesOf(records, "CreationClassName"),
+              (Values{"qv_sataDISKdrive", "qv_sataDISKdrive"}));
+}
+
+TEST_F(DispatchTest, SuperclassesAndUnknownNamesGiveEmptyLists) {
+    for (const char* name : {"CIM_DiskDrive", "QV_SoftwareIdentity", "CIM_LogicalDevice",
+                             "QV_ComputerSystem", "QV_SATADiskDriveX", "QV_SATADisk", ""}) {
+        EXPECT_EQ(api.BuildInstances(name, mode::allProperties, {}), RecordList{}) << name;
+    }
+    EXPECT_TRUE(host.asked.empty());
+}
+
+TEST_F(DispatchTest, ServesNoNodeOfTheHierarchyThatIsNotPublished) {
+    for (const ClassNode& node : ClassHierarchy()) {
+        const bool published = std::ranges::any_of(
+            PublishedClasses(), [&](const PublishedClass& one) { return one.name == node.name; });
+        if (!published) {
+            EXPECT_EQ(api.BuildAllInstances(node.name, mode::allProperties), RecordList{})
+                << node.name;
+        }
+    }
+    EXPECT_TRUE(host.asked.empty());
+}
+
+TEST_F(DispatchTest, EachClassIsBuiltFromItsOwnSource) {
+    api.BuildAllInstances("QV_SATAPortController", mode::keysOnly);
+    api.BuildAllInstances("QV_SATADiskDrive", mode::keysOnly);
+    api.BuildAllInstances("QV_WinComputerSystem", mode::keysOnly);
+    EXPECT_EQ(host.asked, InCimv2({controllersQuery, disksQuery}));
+}
+
+TEST_F(DispatchTest, HandsModeAndPathToTheBuilder) {
+    const RecordList all = api.BuildInstances("QV_SATADiskDrive", mode::keysOnly, {});
+    ASSERT_EQ(all.size(), 2U);
+    EXPECT_EQ(NamesOf(all[0]).size(), 4U);
+    const RecordList one =
+        api.BuildInstances("QV_SATADiskDrive", mode::foundByKey, BuildObjectPath(all[1]));
+    EXPECT_EQ(ValuesOf(one, "Model"), Values{"second"});
+}
+
+TEST_F(DispatchTest, BuildAllInstancesTakesNoPath) {
+    EXPECT_EQ(api.BuildAllInstances("QV_SATADiskDrive", mode::allProperties),
+              api.BuildInstances("QV_SATADiskDrive", mode::allProperties, {}));
+}
+
+TEST_F(DispatchTest, NothingIsKeptBetweenRequests) {
+    api.BuildAllInstances("QV_SATADiskDrive", mode::keysOnly);
+    host.Answer(disksQuery, {});
+    EXPECT_EQ(api.BuildAllInstances("QV_SATADiskDrive", mode::keysOnly), RecordList{});
+}
+
+TEST_F(DispatchTest, LetsAnErrorOfABuilderThrough) {
+    host.Answer(disksQuery, {With(DiskOf("A", "x"), "DeviceID", std::monostate{})});
+    host.Answer(mediaQuery, {Properties{{"Tag", "T"}}});
+    EXPECT_THROW(api.BuildAllInstances("QV_SATADiskDrive", mode::allProperties), RequestError);
+    EXPECT_THROW(api.FindRecordByKey("QV_SATADiskDrive", "DeviceID", "A"), RequestError);
+}
+
+TEST_F(DispatchTest, FindRecordByKeyReturnsTheFullRecordOfTheMatch) {
+    const RecordList found = api.FindRecordByKey("QV_SATADiskDrive", "DeviceID", "IDE&B");
+    ASSERT_EQ(found.size(), 1U);
+    EXPECT_EQ(ValuesOf(found, "DeviceID"), Values{"IDE&B"});
+    EXPECT_EQ(ValuesOf(found, "Model"), Values{"second"});
+}
+
+TEST_F(DispatchTest, FindRecordByKeyReadsKeysOfAllAndThenTheFullRecordOfOne) {
+    api.FindRecordByKey("QV_SATADiskDrive", "DeviceID", "IDE&A");
+    EXPECT_EQ(host.asked, InCimv2({disksQuery, disksQuery, mediaQuery}));
+}
+
+TEST_F(DispatchTest, FindRecordByKeyFindsNothingForAValueThatDiffersInLetterCase) {
+    EXPECT_EQ(api.FindRecordByKey("QV_SATADiskDrive", "DeviceID", "ide&a"), RecordList{});
+    EXPECT_EQ(host.asked, InCimv2({disksQuery}));
+}
+
+TEST_F(DispatchTest, FindRecordByKeyFindsNothingForAnotherValueNameOrClass) {
+    EXPECT_EQ(api.FindRecordByKey("QV_SATADiskDrive", "DeviceID", "IDE&C"), RecordList{});
+    EXPECT_EQ(api.FindRecordByKey("QV_SATADiskDrive", "deviceid", "IDE&A"), RecordList{});
+    EXPECT_EQ(api.FindRecordByKey("CIM_DiskDrive", "DeviceID", "IDE&A"), RecordList{});
+}
+
+TEST_F(DispatchTest, FindRecordByKeySearchesKeysOnly) {
+    EXPECT_EQ(api.FindRecordByKey("QV_SATADiskDrive", "Model", "first"), RecordList{});
+}
+
+TEST_F(DispatchTest, FindRecordByKeyReturnsTheFirstOfTwoRecordsThatShareTheValue) {
+    const RecordList found =
+        api.FindRecordByKey("QV_SATADiskDrive", "SystemName", "host.example.org");
+    EXPECT_EQ(ValuesOf(found, "Model"), Values{"first"});
+}
+
+TEST_F(DispatchTest, FindRecordByKeyFindsNothingWhenTheObjectPathIsNotUnique) {
+    host.Answer(disksQuery, {DiskOf("A", "first"), DiskOf("A", "second")});
+    EXPECT_EQ(api.FindRecordByKey("QV_SATADiskDrive", "DeviceID", "A"), RecordList{});
+}
+
+TEST_F(DispatchTest, FindRecordByKeyFindsNothingWhenObjectPathsDifferInLetterCaseOnly) {
+    host.Answer(disksQuery, {DiskOf("A", "first"), DiskOf("a", "second")});
+    EXPECT_EQ(api.FindRecordByKey("QV_SATADiskDrive", "DeviceID", "A"), RecordList{});
+}
+
+TEST_F(DispatchTest, FindRecordByKeyFindsNothingWhenTheQueryFails) {
+    host.Fail(disksQuery);
+    EXPECT_EQ(api.FindRecordByKey("QV_SATADiskDrive", "DeviceID", "IDE&A"), RecordList{});
+}
+
+}  // namespace
+}  // namespace qv::test

@@ -1,0 +1,109 @@
+// What becomes of a request when memory runs out while a row of its source is read.
+#include <gtest/gtest.h>
+
+#include <new>
+#include <set>
+
+#include "catalogue/Classes.h"
+#include "tests/catalogue/OneDiskHost.h"
+
+namespace qv::test {
+namespace {
+
+/// Which read of a property finds no memory.
+struct ReadScript {
+    std::size_t failing = 0;  ///< its number, from 1 on
+    std::size_t run = 0;      ///< how many there were so far
+    std::string property;     ///< what it was to read; empty while it did not come
+};
+
+class ScarceRow : public platform::Row {
+public:
+    ScarceRow(std::shared_ptr<const platform::Row> sound, ReadScript& script)
+        : sound_(std::move(sound)), script_(script) {}
+
+    platform::PropertyRead Get(std::string_view name) const override {
+        if (++script_.run == script_.failing) {
+            script_.property = name;
+            throw std::bad_alloc();
+        }
+        return sound_->Get(name);
+    }
+    Status GetWideText(std::string_view name, std::wstring& text) const override {
+        return sound_->GetWideText(name, text);
+    }
+
+private:
+    std::shared_ptr<const platform::Row> sound_;
+    ReadScript& script_;
+};
+
+/// The rows of another port, read by a script.
+class ScarcePort : public platform::QueryPort {
+public:
+    ScarcePort(const platform::QueryPort& sound, ReadScript& script)
+        : sound_(sound), script_(script) {}
+
+    Status RunWqlQuery(std::string_view nameSpace, std::string_view query,
+                       platform::Rows& rows) const override {
+        const auto result = sound_.RunWqlQuery(nameSpace, query, rows);
+        for (auto& row : rows) {
+            row = std::make_shared<ScarceRow>(std::move(row), script_);
+        }
+        return result;
+    }
+
+private:
+    const platform::QueryPort& sound_;
+    ReadScript& script_;
+};
+
+/// How a request ended.
+enum class End { sound, outOfMemory, standardException };
+
+// The source properties that are no texts.
+const std::set<std::string> numbersAndFlags{
+    "ProtocolSupported", "Capabilities",     "Index",      "Partitions",
+    "SectorsPerTrack",   "BytesPerSector",   "TotalHeads", "TracksPerCylinder",
+    "OperationalStatus", "PrimaryPartition", "Bootable",   "BootPartition"};
+
+class ExhaustedMemoryTest : public OneDiskHost, public testing::TestWithParam<std::size_t> {
+protected:
+    End Publish(std::string_view className, ReadScript& script) {
+        const ScarcePort port(host, script);
+        try {
+            NativeAPI(port, host, host).BuildInstances(className, mode::allProperties, {});
+        } catch (const RequestError& error) {
+            EXPECT_EQ(error.status(), Status::outOfMemory);
+            return End::outOfMemory;
+        } catch (const std::bad_alloc&) {
+            return End::standardException;
+        }
+        return End::sound;
+    }
+};
+
+TEST_P(ExhaustedMemoryTest, EndsTheRequestAtWhateverReadWithTheErrorOfItsKind) {
+    const std::string_view className = PublishedClasses()[GetParam()].name;
+    for (std::size_t read = 1;; ++read) {
+        ReadScript script{read, 0, {}};
+        const End end = Publish(className, script);
+        if (script.property.empty()) {
+            EXPECT_EQ(end, End::sound);
+            // The host itself is not read from rows.
+            EXPECT_EQ(read == 1, className == "QV_WinComputerSystem");
+            return;
+        }
+        const End expected =
+            numbersAndFlags.contains(script.property) ? End::standardException : End::outOfMemory;
+        EXPECT_EQ(end, expected) << "read " << read << ": " << script.property;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(EachClass, ExhaustedMemoryTest,
+                         testing::Range(std::size_t{0}, instanceClassCount), [](const auto& one) {
+                             return std::string(PublishedClasses()[one.param].name.substr(3));
+                         });
+
+}  // namespace
+}  // namespace qv::test

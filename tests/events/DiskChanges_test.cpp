@@ -1,0 +1,225 @@
+#include "events/DiskChanges.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <random>
+#include <string>
+
+namespace qv::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using Events = std::vector<std::pair<std::string, std::string>>;  // event and device
+
+DiskRecord Disk(const std::string& id, std::uint32_t status) {
+    DiskRecord disk;
+    disk.deviceId = id;
+    disk.statusCode = status;
+    return disk;
+}
+
+Events EventsOf(const DiskList& current, DiskList& previous) {
+    Events events;
+    for (const DiskChange& change : FindDiskChanges(current, previous)) {
+        events.emplace_back(change.eventId, change.disk.deviceId);
+    }
+    return events;
+}
+
+std::string EventOf(std::uint32_t oldStatus, std::uint32_t newStatus) {
+    DiskList previous{Disk("A", oldStatus)};
+    const Events events = EventsOf({Disk("A", newStatus)}, previous);
+    return events.empty() ? "" : events.front().first;
+}
+
+/// The table of transitions as it is agreed on with those who read the events, case by case.
+std::string AgreedEvent(std::uint32_t oldStatus, std::uint32_t newStatus) {
+    if (oldStatus == newStatus) {
+        return "";
+    }
+    switch (newStatus) {
+        case 2:
+            return "602";
+        case 3:
+            return "604";
+        case 5:
+            return "605";
+        case 6:
+            return "603";
+        default:
+            return oldStatus == 0 || oldStatus == 1 ? "" : "601";
+    }
+}
+
+TEST(DiskChanges, RaiseTheAgreedEventForEveryPairOfSmallStatuses) {
+    for (std::uint32_t oldStatus = 0; oldStatus <= 40; ++oldStatus) {
+        for (std::uint32_t newStatus = 0; newStatus <= 40; ++newStatus) {
+            EXPECT_EQ(EventOf(oldStatus, newStatus), AgreedEvent(oldStatus, newStatus))
+                << oldStatus << " to " << newStatus;
+        }
+    }
+}
+
+TEST(DiskChanges, RaiseTheAgreedEventForEveryStatusOfSixteenBits) {
+    constexpr std::array<std::uint32_t, 11> partners{0, 1, 2, 3, 4, 5, 6, 7, 255, 256, 65535};
+    for (std::uint32_t status = 0; status <= 65535; ++status) {
+        for (const std::uint32_t partner : partners) {
+            ASSERT_EQ(EventOfStatusChange(status, partner), AgreedEvent(status, partner));
+            ASSERT_EQ(EventOfStatusChange(partner, status), AgreedEvent(partner, status));
+        }
+    }
+}
+
+TEST(DiskChanges, RaiseNothingForAStatusThatStaysTheSame) {
+    for (const std::uint32_t status : {0U, 1U, 2U, 3U, 4U, 5U, 6U, 65535U}) {
+        EXPECT_EQ(EventOf(status, status), "") << status;
+    }
+}
+
+TEST(DiskChanges, RaiseTheEventsOfAFailingDisk) {
+    EXPECT_EQ(EventOf(2, 3), "604");
+    EXPECT_EQ(EventOf(3, 5), "605");
+    EXPECT_EQ(EventOf(5, 6), "603");
+    EXPECT_EQ(EventOf(6, 2), "602");
+}
+
+TEST(DiskChanges, RaiseTheEventOfAnotherStatusUnlessNothingWasKnown) {
+    EXPECT_EQ(EventOf(2, 4), "601");
+    EXPECT_EQ(EventOf(2, 0), "601");
+    EXPECT_EQ(EventOf(0, 4), "");
+    EXPECT_EQ(EventOf(1, 4), "");
+    EXPECT_EQ(EventOf(1, 0), "");
+}
+
+TEST(DiskChanges, RaiseTheEventOfAnOwnStatusAlsoWhereNothingWasKnown) {
+    EXPECT_EQ(EventOf(0, 2), "602");
+    EXPECT_EQ(EventOf(1, 6), "603");
+}
+
+TEST(DiskChanges, ForgetAStatusOfOneWhenNoEventOfItsOwnFollows) {
+    for (const std::uint32_t newStatus : {0U, 1U, 4U}) {
+        DiskList previous{Disk("A", 1)};
+        FindDiskChanges({Disk("A", newStatus)}, previous);
+        EXPECT_EQ(previous.front().statusCode, 0U) << newStatus;
+    }
+}
+
+TEST(DiskChanges, LeaveEveryOtherStatusOfThePreviousListAsItIs) {
+    for (const auto& [oldStatus, newStatus] :
+         {std::pair(1U, 2U), std::pair(2U, 4U), std::pair(0U, 4U), std::pair(5U, 6U)}) {
+        DiskList previous{Disk("A", oldStatus)};
+        FindDiskChanges({Disk("A", newStatus)}, previous);
+        EXPECT_EQ(previous.front().statusCode, oldStatus);
+    }
+}
+
+TEST(DiskChanges, AppendADiskThatAppearedToThePreviousList) {
+    DiskList previous{Disk("A", 2)};
+    EXPECT_THAT(EventsOf({Disk("A", 2), Disk("B", 5)}, previous),
+                ElementsAre(std::pair("600", "B")));
+    EXPECT_THAT(previous, ElementsAre(Disk("A", 2), Disk("B", 5)));
+}
+
+TEST(DiskChanges, SayThatADiskAppearedOnce) {
+    const DiskList current{Disk("A", 2)};
+    DiskList previous;
+    EXPECT_THAT(EventsOf(current, previous), ElementsAre(std::pair("600", "A")));
+    EXPECT_THAT(EventsOf(current, previous), IsEmpty());
+}
+
+TEST(DiskChanges, SayThatADiskListedTwiceAppearedOnce) {
+    DiskList previous;
+    EXPECT_THAT(EventsOf({Disk("A", 2), Disk("A", 2)}, previous),
+                ElementsAre(std::pair("600", "A")));
+}
+
+TEST(DiskChanges, CompareADiskListedTwiceWithItsFirstPreviousEntry) {
+    DiskList previous{Disk("A", 2), Disk("A", 6)};
+    EXPECT_THAT(EventsOf({Disk("A", 2), Disk("A", 6)}, previous),
+                ElementsAre(std::pair("603", "A")));
+}
+
+TEST(DiskChanges, SayThatADiskDisappearedAsItWas) {
+    DiskRecord gone = Disk("A", 5);
+    gone.model = "The model";
+    DiskList previous{gone};
+    const auto changes = FindDiskChanges({}, previous);
+    ASSERT_EQ(changes.size(), 1U);
+    EXPECT_EQ(changes.front().eventId, "613");
+    EXPECT_EQ(changes.front().disk, gone);
+}
+
+TEST(DiskChanges, SayForEachEntryOfADiskThatItDisappeared) {
+    DiskList previous{Disk("A", 2), Disk("A", 2)};
+    EXPECT_EQ(EventsOf({}, previous).size(), 2U);
+}
+
+TEST(DiskChanges, TellDisksApartByTheirDeviceIdsExactly) {
+    DiskList previous{Disk("A", 2)};
+    EXPECT_THAT(EventsOf({Disk("a", 2)}, previous),
+                ElementsAre(std::pair("600", "a"), std::pair("613", "A")));
+}
+
+TEST(DiskChanges, FollowTheCurrentListAndThenThePreviousOne) {
+    DiskList previous{Disk("Gone2", 2), Disk("A", 2), Disk("Gone1", 2), Disk("B", 2)};
+    EXPECT_THAT(EventsOf({Disk("B", 6), Disk("New", 2), Disk("A", 3)}, previous),
+                ElementsAre(std::pair("603", "B"), std::pair("600", "New"), std::pair("604", "A"),
+                            std::pair("613", "Gone2"), std::pair("613", "Gone1")));
+}
+
+// The comparison entry by entry, as it is told above, without any shortcut.
+Events PlainEvents(const DiskList& current, DiskList& previous) {
+    Events events;
+    const auto find = [](DiskList& in, const std::string& id) {
+        return std::ranges::find(in, id, &DiskRecord::deviceId);
+    };
+    for (const DiskRecord& disk : current) {
+        const auto known = find(previous, disk.deviceId);
+        if (known == previous.end()) {
+            previous.push_back(disk);
+            events.emplace_back("600", disk.deviceId);
+            continue;
+        }
+        const std::string event = AgreedEvent(known->statusCode, disk.statusCode);
+        if (!event.empty()) {
+            events.emplace_back(event, disk.deviceId);
+        }
+        const bool own = disk.statusCode == 2 || disk.statusCode == 3 || disk.statusCode == 5 ||
+                         disk.statusCode == 6;
+        if (!own && known->statusCode == 1) {
+            known->statusCode = 0;
+        }
+    }
+    DiskList searched = current;
+    for (const DiskRecord& disk : previous) {
+        if (find(searched, disk.deviceId) == searched.end()) {
+            events.emplace_back("613", disk.deviceId);
+        }
+    }
+    return events;
+}
+
+TEST(DiskChanges, AgreeWithThePlainComparisonOnGeneratedLists) {
+    std::mt19937 random(1);
+    const auto makeList = [&random] {
+        DiskList disks;
+        for (std::size_t count = random() % 8; count > 0; --count) {
+            disks.push_back(Disk(std::to_string(random() % 6), random() % 8));
+        }
+        return disks;
+    };
+    for (int round = 0; round < 5000; ++round) {
+        const DiskList current = makeList();
+        DiskList previous = makeList();
+        DiskList plainPrevious = previous;
+        ASSERT_EQ(EventsOf(current, previous), PlainEvents(current, plainPrevious)) << round;
+        ASSERT_EQ(previous, plainPrevious) << round;
+    }
+}
+
+}  // namespace
+}  // namespace qv::test

@@ -1,0 +1,122 @@
+#pragma once
+
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "qvsata/cim/Instance.h"
+#include "qvsata/hosting/EventSubscription.h"
+#include "qvsata/hosting/ManagementHost.h"
+#include "qvsata/hosting/substitutes/MonitorPauses.h"
+#include "tests/golden/GoldenText.h"
+#include "tests/windows/log/ScratchFolder.h"
+#include "tests/windows/log/ScratchRegistry.h"
+#include "tests/windows/support/RecordedOptions.h"
+#include "tests/windows/support/ShortSleeps.h"
+
+namespace qv::test {
+
+/// The library's own monitor thread on one recording after the other, a cycle for each, with log
+/// files of its own and without the pauses.
+class DrillHost {
+public:
+    using Recordings = std::vector<std::shared_ptr<const service::RecordedHost>>;
+
+    explicit DrillHost(const Recordings& recordings, std::uint32_t logLevel = 3,
+                       std::uint32_t legacyLogLevel = 3)
+        : settings_(std::make_unique<testing::ScratchRegistry>()) {
+        const wchar_t* common = L"Software\\Corvane\\WBEM";
+        settings_->SetText(common, L"LogFolder", folder_.Path());
+        settings_->SetNumber(common, L"LogLevel", logLevel);
+        settings_->SetNumber(common, L"LogMaxSize", 0x2000000);
+        const wchar_t* legacy = L"Software\\Corvane\\WBEM\\ServerLOGGING";
+        settings_->SetText(legacy, L"LOGFILENAME", folder_.File(L"legacy.log"));
+        settings_->SetNumber(legacy, L"LEVEL", legacyLogLevel);
+        service::HostOptions options = RecordedOptions(recordings.front(), QV_LIBRARY);
+        options.laterRecordings.assign(recordings.begin() + 1, recordings.end());
+        host_.emplace(options);
+        pauses_.emplace(host_->ProviderModule());
+        subscription_.emplace(*host_);
+        // The machine's own settings are back, which tell what it is.
+        settings_.reset();
+    }
+
+    /// The indications of the cycle on the present recording. Behind it the next one is present,
+    /// and the monitor is held until the next cycle is asked for.
+    std::vector<PublishedInstance> RunCycle() {
+        if (std::exchange(held_, true)) {
+            pauses_->LetGo();
+        }
+        EXPECT_EQ(WaitForSingleObject(pauses_->CycleOver(), 60000), WAIT_OBJECT_0);
+        std::vector<PublishedInstance> indications;
+        for (const auto& indication : subscription_->Take()) {
+            indications.push_back(Read(dynamic_cast<const service::Instance&>(*indication)));
+        }
+        host_->Recordings()->Step();
+        return indications;
+    }
+
+    /// The indications of one cycle on each recording.
+    std::vector<PublishedInstance> RunAll() {
+        std::vector<PublishedInstance> all;
+        for (std::size_t cycle = 0; cycle < host_->Recordings()->Size(); ++cycle) {
+            std::ranges::move(RunCycle(), std::back_inserter(all));
+        }
+        return all;
+    }
+
+    /// Ends the provider: its log is complete.
+    void End() { subscription_->End(); }
+
+    /// The legacy log so far.
+    std::string LegacyLog() const {
+        const std::wstring file = folder_.File(L"legacy.log");
+        return std::filesystem::exists(file) ? testing::ReadBytesOf(file) : "";
+    }
+
+private:
+    /// What was put, in the order of the puts.
+    static PublishedInstance Read(const service::Instance& object) {
+        PublishedInstance instance{object.ClassName(), {}};
+        for (const service::PutCall& put : object.Puts()) {
+            EXPECT_EQ(put.result, Status::noError) << put.name;
+            instance.properties.push_back({put.name, put.variantType, put.value, false});
+        }
+        return instance;
+    }
+
+    testing::ScratchFolder folder_;
+    std::unique_ptr<testing::ScratchRegistry> settings_;
+    ShortSleeps sleeps_;
+    std::optional<service::ManagementHost> host_;
+    std::optional<service::MonitorPauses> pauses_;
+    std::optional<service::EventSubscription> subscription_;
+    bool held_ = false;
+};
+
+/// The event's ID and the disk's device ID, joined by a blank.
+inline std::vector<std::string> EventsOf(const std::vector<PublishedInstance>& indications) {
+    std::vector<std::string> events;
+    for (const PublishedInstance& indication : indications) {
+        events.push_back(TextOf(indication, "EventID") + ' ' + TextOf(indication, "DeviceID"));
+    }
+    return events;
+}
+
+/// The recordings of hosts/drill, in order.
+inline DrillHost::Recordings Drill() {
+    DrillHost::Recordings recordings;
+    for (const char* name : {"0-healthy", "1-degraded", "2-predicted", "3-failed", "4-recovered",
+                             "5-no-contact", "6-pulled", "7-replaced"}) {
+        recordings.push_back(ShippedRecording("hosts/drill/" + std::string(name) + ".json"));
+    }
+    return recordings;
+}
+
+}  // namespace qv::test

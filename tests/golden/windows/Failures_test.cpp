@@ -1,0 +1,104 @@
+// What a class publishes when one of its source queries cannot be connected, is refused or breaks
+// off: an empty list, or instances with less in them. The request itself succeeds.
+#include "tests/golden/windows/ClassFailures.h"
+#include "tests/golden/windows/FaultySource.h"
+
+namespace qv::test {
+namespace {
+
+std::string ValueOf(const PublishedInstance& instance, const std::string& name) {
+    const auto found = std::ranges::find(instance.properties, name, &PublishedProperty::name);
+    if (found == instance.properties.end()) {
+        return "(none)";
+    }
+    const auto* text = std::get_if<std::string>(&found->value);
+    return text == nullptr ? ValueText(found->value) : *text;
+}
+
+std::string WholeQuery(const std::string& query) {
+    const std::string nameSpace = query.starts_with("QV_") ? R"(root\QVQ: )" : R"(root\CIMv2: )";
+    return nameSpace + (query.starts_with("ASSOCIATORS") ? query : "SELECT * FROM " + query);
+}
+
+/// All classes fail on one host, one after the other.
+class FailuresTest : public testing::TestWithParam<ClassFailures> {
+protected:
+    static void SetUpTestSuite() { host = std::make_unique<FaultyHost>(TwoDisks()); }
+    static void TearDownTestSuite() { host.reset(); }
+
+    static PublishedInstances Publish(std::optional<Fault> fault = {}) {
+        return host->Publish(GetParam().className, fault);
+    }
+
+    /// Every property of the instances, as text.
+    static std::string Whole(const PublishedInstances& published) {
+        return GoldenText({published}, NamespacePrefix("SRV01"));
+    }
+
+    /// Those of the sound instances that are kept, as they then are.
+    std::string WholeOf(const Instances& kept) const {
+        PublishedInstances left{sound_.className, {}};
+        for (const Kept& one : kept) {
+            left.instances.push_back(sound_.instances.at(one.place));
+            auto& properties = left.instances.back().properties;
+            std::erase_if(properties, [&one](const PublishedProperty& property) {
+                return one.without.contains(property.name);
+            });
+            for (PublishedProperty& property : properties) {
+                const auto changed = one.with.find(property.name);
+                property.value = changed == one.with.end() ? property.value : changed->second;
+            }
+        }
+        return Whole(left);
+    }
+
+    inline static std::unique_ptr<FaultyHost> host;
+    PublishedInstances sound_ = Publish();
+};
+
+TEST_P(FailuresTest, OfNoQueryLeaveTheWhole) {
+    Lines told;
+    for (const PublishedInstance& instance : sound_.instances) {
+        std::string text;
+        for (const char* name : GetParam().telling) {
+            text += text.empty() ? "" : "|";
+            text += ValueOf(instance, name);
+        }
+        told.push_back(text);
+    }
+    EXPECT_EQ(told, GetParam().whole);
+    Lines asked;
+    for (const QueryFailure& one : GetParam().queries) {
+        asked.push_back(WholeQuery(one.query));
+    }
+    EXPECT_EQ(host->Asked(), asked);
+}
+
+TEST_P(FailuresTest, OfAConnectionOrASubmission) {
+    for (std::size_t turn = 0; const QueryFailure& one : GetParam().queries) {
+        SCOPED_TRACE(std::to_string(turn) + ": " + one.query);
+        const std::string expected = WholeOf(one.refused);
+        EXPECT_EQ(Whole(Publish(Fault{turn, Stage::connecting})), expected);
+        EXPECT_EQ(Whole(Publish(Fault{turn, Stage::submitting})), expected);
+        ++turn;
+    }
+}
+
+TEST_P(FailuresTest, InTheMiddleOfTheRowsKeepWhatWasRead) {
+    for (std::size_t turn = 0; const QueryFailure& one : GetParam().queries) {
+        SCOPED_TRACE(std::to_string(turn) + ": " + one.query);
+        EXPECT_EQ(Whole(Publish(Fault{turn++, Stage::reading, one.rows})), WholeOf(one.brokenOff));
+    }
+}
+
+TEST(Failures, PartitionQueryIsNotMadeWhenThatOfTheLinksFailed) {
+    FaultyHost host(TwoDisks());
+    host.Publish("QV_SATAStorageExtent", Fault{1, Stage::submitting});
+    EXPECT_EQ(host.Asked(), (Lines{WholeQuery(disks), WholeQuery(partitionLinks)}));
+}
+
+INSTANTIATE_TEST_SUITE_P(EachClass, FailuresTest, testing::ValuesIn(failures),
+                         [](const auto& one) { return std::string(one.param.className + 3); });
+
+}  // namespace
+}  // namespace qv::test

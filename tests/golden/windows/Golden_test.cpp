@@ -1,0 +1,48 @@
+// What the library publishes for each recorded host is what its golden file holds.
+#include <map>
+
+#include "tests/golden/GoldenFiles.h"
+#include "tests/golden/windows/WholeHost.h"
+
+namespace qv::test {
+namespace {
+
+class GoldenTest : public testing::TestWithParam<std::filesystem::path> {};
+
+TEST_P(GoldenTest, AreThoseOfTheGoldenFile) {
+    const WholeHost& host = WholeHost::From(GetParam());
+    const std::string name = GetParam().stem().string();
+    const std::string published = GoldenText(host.classes, host.prefix);
+    UpdateGolden(name, published);
+    EXPECT_EQ(FirstDifference(published, ReadGolden(name)), "");
+}
+
+// A class that refuses more than a text without anything in it has the wrong type.
+TEST_P(GoldenTest, LoseNoValueThatThereIs) {
+    for (const RefusedPut& refused : WholeHost::From(GetParam()).refused) {
+        EXPECT_EQ(refused.value, service::CimValue("")) << refused.property;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryHost, GoldenTest, testing::ValuesIn(ShippedHosts()), HostName);
+
+TEST(Golden, RefusedPutsAreThoseOfTheGoldenFile) {
+    std::string text;
+    for (const std::filesystem::path& file : ShippedHosts()) {
+        std::map<std::string, int> counts;
+        for (const RefusedPut& refused : WholeHost::From(file).refused) {
+            ++counts[refused.property + ": " + VariantTypeName(refused.variantType) + ' ' +
+                     ValueText(refused.value)];
+        }
+        text += "== " + file.stem().string() + "\n\n";
+        for (const auto& [put, count] : counts) {
+            text += put + ", " + std::to_string(count) + (count == 1 ? " time\n" : " times\n");
+        }
+        text += counts.empty() ? "" : "\n";
+    }
+    UpdateGolden("refused-puts", text);
+    EXPECT_EQ(FirstDifference(text, ReadGolden("refused-puts")), "");
+}
+
+}  // namespace
+}  // namespace qv::test

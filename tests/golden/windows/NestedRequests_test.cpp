@@ -1,0 +1,90 @@
+// The storage collection asks the management service for the library's own disks, which brings a
+// second request into the library while the first one is running.
+#include <algorithm>
+#include <array>
+#include <functional>
+#include <thread>
+
+#include "tests/golden/windows/PublishingHost.h"
+#include "tests/support/HostBuilder.h"
+
+namespace qv::test {
+namespace {
+
+constexpr const char* degraded = R"({3}{"Degraded"})";
+
+/// The second of two disks decides: the group is degraded.
+service::RecordedHost TwoDisks() {
+    HostBuilder host;
+    host.Disk(0, R"(IDE\DISKA\5&0)");
+    host.Disk(1, R"(IDE\DISKB\5&1)", {{"Status", "Degraded"}});
+    return host.Build();
+}
+
+std::string StatusOf(const PublishedInstances& collections) {
+    if (collections.instances.size() != 1) {
+        return std::to_string(collections.instances.size()) + " collections";
+    }
+    std::string status;
+    for (const PublishedProperty& property : collections.instances[0].properties) {
+        if (property.name.starts_with("Group")) {
+            status += ValueText(property.value);
+        }
+    }
+    return status;
+}
+
+/// The same of what a client of the namespace is answered.
+std::string StatusOf(const service::Answer& answer) {
+    if (answer.objects.size() != 1) {
+        return std::to_string(answer.objects.size()) + " collections, " + answer.message;
+    }
+    std::string status;
+    for (const char* name : {"GroupOperationalStatus", "GroupStatusDescriptions"}) {
+        status += ValueText(answer.objects[0]->Find(name)->value);
+    }
+    return status;
+}
+
+TEST(NestedRequests, RollUpTheDisksThatTheLibraryItselfPublishes) {
+    PublishingHost host(TwoDisks());
+    EXPECT_EQ(StatusOf(host.Publish("QV_SATAStorageCollection")), degraded);
+}
+
+TEST(NestedRequests, AreAnsweredOnEightThreadsAtOnceAndLeaveTheLibraryFree) {
+    PublishingHost host(TwoDisks());
+    using Told = std::vector<std::string>;
+    const auto ask = [&host](Told& told) {
+        const service::ComApartment apartment;
+        for (int request = 0; request < 10; ++request) {
+            told.push_back(
+                StatusOf(host.Published().Query("SELECT * FROM QV_SATAStorageCollection WHERE "
+                                                "InstanceID = 'srv01.example.org "
+                                                "QV:QV_SATAStorageCollection'")));
+            const auto members =
+                host.Published().Enumerate("QV_SATAStorageCollectionSATADiskDrive");
+            told.push_back(std::to_string(members.objects.size()) + " members");
+        }
+    };
+    std::array<Told, 8> told;
+    std::vector<std::thread> clients;
+    for (Told& ofClient : told) {
+        clients.emplace_back(ask, std::ref(ofClient));
+    }
+    std::ranges::for_each(clients, &std::thread::join);
+    Told expected;
+    for (int request = 0; request < 10; ++request) {
+        expected.emplace_back(degraded);
+        expected.emplace_back("2 members");
+    }
+    for (const Told& ofClient : told) {
+        EXPECT_EQ(ofClient, expected);
+    }
+    EXPECT_EQ(StatusOf(host.Publish("QV_SATAStorageCollection")), degraded);
+    EXPECT_FALSE(host.Host().CanUnloadLibrary());
+    host.Host().ReleaseProvider();
+    EXPECT_TRUE(host.Host().CanUnloadLibrary());
+}
+
+}  // namespace
+}  // namespace qv::test

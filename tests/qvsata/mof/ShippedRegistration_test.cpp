@@ -1,0 +1,114 @@
+// How the shipped files register the providers, and how they remove them.
+#include <gmock/gmock.h>
+
+#include <array>
+
+#include "tests/qvsata/mof/ShippedFiles.h"
+#include "tests/support/ExpectedCatalogue.h"
+
+namespace qv::test {
+namespace {
+
+using namespace service;
+using testing::IsEmpty;
+
+/// The instance with that relative path; empty when it is not there.
+InstanceDefinition Registered(const std::string& relativePath) {
+    for (const InstanceDefinition& instance : ShippedRepository().Instances()) {
+        if (ShippedRepository().RelativePath(instance) == relativePath) {
+            return instance;
+        }
+    }
+    return {};
+}
+
+void ExpectValue(const InstanceDefinition& instance, std::string_view property, CimValue value) {
+    const CimValue* const found = instance.Find(property);
+    ASSERT_NE(found, nullptr) << property;
+    EXPECT_EQ(*found, value) << property;
+}
+
+TEST(ShippedRegistration, CreatesTheNamespaceBeforeItIsUsed) {
+    const ClassRepository* const root = Shipped().Find("root");
+    ASSERT_NE(root, nullptr);
+    ASSERT_EQ(root->Instances().size(), 1U);
+    EXPECT_EQ(root->RelativePath(root->Instances()[0]), "__Namespace.Name=\"QVQ\"");
+}
+
+TEST(ShippedRegistration, PutsNothingIntoTheDefaultNamespace) {
+    EXPECT_EQ(Shipped().Find("root\\default"), nullptr);
+}
+
+TEST(ShippedRegistration, NamesTheClassIdsOfTheLibrary) {
+    ExpectValue(Registered("__Win32Provider.Name=\"QVWMISATA_InstProv\""), "CLSID",
+                "{3F6A2C1E-5B7D-4E90-A1C3-7D2E9F4B8A06}");
+    ExpectValue(Registered("__Win32Provider.Name=\"QVWMISATA_EventProv\""), "CLSID",
+                "{9C4E7B21-0D3A-4F6B-8E15-2A9C6D3F7B40}");
+}
+
+TEST(ShippedRegistration, RegistersTheInstanceProviderAsOneThatImpersonates) {
+    const auto provider = Registered("__Win32Provider.Name=\"QVWMISATA_InstProv\"");
+    ExpectValue(provider, "HostingModel", "NetworkServiceHost:QVWMISATA");
+    ExpectValue(provider, "ImpersonationLevel", std::int64_t{1});
+    ExpectValue(provider, "PerUserInitialization", true);
+    ExpectValue(provider, "Pure", true);
+}
+
+TEST(ShippedRegistration, HostsTheEventProviderWhereItsSourceAnswers) {
+    const auto provider = Registered("__Win32Provider.Name=\"QVWMISATA_EventProv\"");
+    ExpectValue(provider, "HostingModel", "LocalSystemHost:QVWMISATA");
+    ExpectValue(provider, "ImpersonationLevel", std::int64_t{0});
+    ExpectValue(provider, "PerUserInitialization", false);
+    ExpectValue(provider, "Pure", true);
+}
+
+TEST(ShippedRegistration, NamesTheProviderOfTheDynamicClasses) {
+    const auto provider = Registered("__Win32Provider.Name=\"QVWMISATA_InstProv\"");
+    for (const std::string& name : ExpectedClassNames()) {
+        EXPECT_EQ(ShippedRepository().ClassQualifier(name, "provider")->value,
+                  *provider.Find("Name"))
+            << name;
+    }
+}
+
+TEST(ShippedRegistration, OffersGetAndEnumerationOnly) {
+    const auto registration = Registered(
+        R"(__InstanceProviderRegistration.provider="__Win32Provider.Name=\"QVWMISATA_InstProv\"")");
+    ExpectValue(registration, "SupportsGet", true);
+    ExpectValue(registration, "SupportsEnumeration", true);
+    ExpectValue(registration, "SupportsPut", false);
+    ExpectValue(registration, "SupportsDelete", false);
+    EXPECT_EQ(registration.Find("QuerySupportLevels"), nullptr);
+}
+
+TEST(ShippedRegistration, OffersTheIndication) {
+    const auto registration = Registered(
+        R"(__EventProviderRegistration.provider="__Win32Provider.Name=\"QVWMISATA_EventProv\"")");
+    ExpectValue(registration, "EventQueryList",
+                std::vector<std::string>{"SELECT * FROM QV_SATADeviceIndication"});
+}
+
+TEST(ShippedRegistration, RemovalLeavesOnlyWhatOthersMayStandOn) {
+    Namespaces namespaces = Shipped();
+    const std::array files{ShippedFile("qvwmisata_remove.mof")};
+    ReadMofFiles(files, namespaces);
+    const ClassRepository& left = *namespaces.Find("root\\QVQ");
+    EXPECT_THAT(left.Instances(), IsEmpty());
+    for (const std::string& name : ExpectedClassNames()) {
+        EXPECT_EQ(left.Find(name), nullptr) << name;
+    }
+    EXPECT_EQ(left.Find("QV_SATADeviceIndication"), nullptr);
+    EXPECT_NE(left.Find("QV_ComputerSystem"), nullptr);
+    EXPECT_NE(left.Find("QV_SoftwareIdentity"), nullptr);
+    EXPECT_NE(left.Find("QV_GroupSystemSpecificCollection"), nullptr);
+    EXPECT_NE(left.Find("CIM_ManagedElement"), nullptr);
+}
+
+TEST(ShippedRegistration, RemovalSkipsWhatIsMissing) {
+    Namespaces namespaces;
+    const std::array files{ShippedFile("qvwmisata_remove.mof")};
+    EXPECT_NO_THROW(ReadMofFiles(files, namespaces));
+}
+
+}  // namespace
+}  // namespace qv::test

@@ -1,0 +1,205 @@
+#include "qvsata/view/Topology.h"
+
+#include <gmock/gmock.h>
+
+#include "tests/qvsata/view/Published.h"
+
+namespace qv::test {
+namespace {
+
+using testing::SizeIs;
+using view::BuildTopology;
+using view::PublishedHost;
+using view::Topology;
+
+/// A host on which one channel and one disk hang off a controller, joined as published.
+class TopologyTest : public testing::Test {
+protected:
+    void Add(PublishedObject object) { host_[object.className].push_back(std::move(object)); }
+
+    PublishedObject AddDisk(const std::string& id) {
+        PublishedObject disk = Instance("QV_SATADiskDrive", "DeviceID", id);
+        Add(disk);
+        return disk;
+    }
+
+    /// The target endpoint of a disk that is connected to something.
+    PublishedObject AddTarget(const PublishedObject& disk, const std::string& connectedTo) {
+        PublishedObject target = Instance("QV_TSATAProtocolEndpoint", "Name",
+                                          disk.Text("DeviceID") + " connected to " + connectedTo);
+        Add(target);
+        JoinTarget(target, disk);
+        return target;
+    }
+
+    void JoinTarget(const PublishedObject& target, const PublishedObject& disk) {
+        Add(Link("QV_TSATAProtocolEndpointSATADiskDrive", "AvailableSAP", target, "ManagedElement",
+                 disk));
+    }
+
+    PublishedObject AddController(const std::string& id) {
+        PublishedObject controller = Instance("QV_SATAPortController", "DeviceID", id);
+        Add(controller);
+        return controller;
+    }
+
+    /// A channel of a controller; gives its initiator endpoint.
+    PublishedObject AddChannel(const std::string& id, const PublishedObject& controller) {
+        const PublishedObject port = Instance("QV_SATALogicalPort", "DeviceID",
+                                              id + " connected to " + controller.Text("DeviceID"));
+        PublishedObject initiator = Instance("QV_ISATAProtocolEndpoint", "Name", id);
+        Add(port);
+        Add(Link("QV_SATAPortControllerSATALogicalPort", "Antecedent", controller, "Dependent",
+                 port));
+        Add(Link("QV_SATALogicalPortISATAProtocolEndpoint", "Antecedent", port, "Dependent",
+                 initiator));
+        return initiator;
+    }
+
+    void JoinPath(const PublishedObject& initiator, const PublishedObject& target) {
+        Add(Link("QV_SATAInitiatorTargetLogicalUnitPath", "Initiator", initiator, "Target",
+                 target));
+    }
+
+    PublishedHost host_;
+};
+
+TEST_F(TopologyTest, OfNothingIsEmpty) {
+    const Topology topology = BuildTopology(host_);
+    EXPECT_EQ(topology.computer, "");
+    EXPECT_THAT(topology.controllers, SizeIs(0));
+    EXPECT_FALSE(topology.collection.has_value());
+}
+
+TEST_F(TopologyTest, HangsADiskOffTheChannelThatItsPathLeadsTo) {
+    const auto initiator = AddChannel("CH0", AddController("C"));
+    JoinPath(initiator, AddTarget(AddDisk("D"), "CH0"));
+    const Topology topology = BuildTopology(host_);
+    ASSERT_THAT(topology.controllers, SizeIs(1));
+    ASSERT_THAT(topology.controllers[0].channels, SizeIs(1));
+    ASSERT_THAT(topology.controllers[0].channels[0].disks, SizeIs(1));
+    EXPECT_EQ(topology.controllers[0].channels[0].disks[0].deviceId, "D");
+    EXPECT_THAT(DisksOf(topology), SizeIs(1));
+}
+
+TEST_F(TopologyTest, HangsADiskWithoutAPathOffTheControllerThatItsEndpointNames) {
+    AddController("A");
+    AddController("B");
+    AddTarget(AddDisk("D"), "B");
+    const Topology topology = BuildTopology(host_);
+    EXPECT_THAT(topology.controllers[0].disks, SizeIs(0));
+    EXPECT_THAT(topology.controllers[1].disks, SizeIs(1));
+}
+
+TEST_F(TopologyTest, KeepsDisksWithoutAnEndpointApart) {
+    AddController("C");
+    AddDisk("D");
+    EXPECT_THAT(BuildTopology(host_).looseDisks, SizeIs(1));
+}
+
+TEST_F(TopologyTest, TakesTheChannelWhoseIdIsLongestWhenSeveralMatch) {
+    const auto controller = AddController("C");
+    const auto one = AddChannel("CH1", controller);
+    const auto ten = AddChannel("CH10", controller);
+    const auto target = AddTarget(AddDisk("D"), "CH10");
+    JoinPath(ten, target);
+    JoinPath(one, target);
+    const Topology topology = BuildTopology(host_);
+    EXPECT_THAT(topology.controllers[0].channels[0].disks, SizeIs(0));
+    EXPECT_THAT(topology.controllers[0].channels[1].disks, SizeIs(1));
+}
+
+TEST_F(TopologyTest, KeepsDisksApartWhoseIdsBeginAlike) {
+    AddController("A");
+    AddController("B");
+    const auto shorter = AddDisk("D1");
+    const auto longer = AddDisk("D10");
+    AddTarget(shorter, "A");
+    JoinTarget(AddTarget(longer, "B"), shorter);
+    const Topology topology = BuildTopology(host_);
+    ASSERT_THAT(topology.controllers[0].disks, SizeIs(1));
+    EXPECT_EQ(topology.controllers[0].disks[0].deviceId, "D1");
+    EXPECT_EQ(topology.controllers[1].disks[0].deviceId, "D10");
+}
+
+TEST_F(TopologyTest, KeepsChannelsWithoutAControllerApart) {
+    Add(Instance("QV_SATALogicalPort", "DeviceID", "CH0 connected to "));
+    EXPECT_THAT(BuildTopology(host_).looseChannels, SizeIs(1));
+}
+
+TEST_F(TopologyTest, GivesAControllerItsDriver) {
+    auto driver = Instance("QV_SATAPortControllerDriver", "InstanceID", "QV:C");
+    driver.values["Name"] = "msahci";
+    Add(driver);
+    Add(Link("QV_SATAPortControllerDriverSATAPortController", "Antecedent", driver, "Dependent",
+             AddController("C")));
+    const Topology topology = BuildTopology(host_);
+    ASSERT_TRUE(topology.controllers[0].driver.has_value());
+    EXPECT_EQ(topology.controllers[0].driver->name, "msahci");
+    EXPECT_FALSE(topology.controllers[0].bios.has_value());
+}
+
+TEST_F(TopologyTest, TrimsSerialNumbersAndReadsSizes) {
+    auto disk = Instance("QV_SATADiskDrive", "DeviceID", "D");
+    disk.values["SerialNumber"] = "   S1 ";
+    disk.values["Size"] = "18446744073709551615";
+    Add(disk);
+    const Topology topology = BuildTopology(host_);
+    EXPECT_EQ(topology.looseDisks[0].serialNumber, "S1");
+    EXPECT_EQ(topology.looseDisks[0].size, 18446744073709551615U);
+}
+
+TEST_F(TopologyTest, TakesFlagsFromTheDisksExtent) {
+    auto extent = Instance("QV_SATAStorageExtent", "DeviceID", "D");
+    extent.values["BootPartition"] = true;
+    Add(extent);
+    Add(Link("QV_SATADiskDriveStorageExtent", "Antecedent", AddDisk("D"), "Dependent", extent));
+    const Topology topology = BuildTopology(host_);
+    EXPECT_EQ(topology.looseDisks[0].bootPartition, true);
+    EXPECT_FALSE(topology.looseDisks[0].bootable.has_value());
+}
+
+TEST_F(TopologyTest, TakesFlagsFromTheExtentOfEachDiskWhateverTheirOrder) {
+    const auto first = AddDisk("D1");
+    const auto second = AddDisk("D2");
+    AddDisk("D3");
+    for (const PublishedObject& disk : {second, first}) {
+        auto extent = Instance("QV_SATAStorageExtent", "DeviceID", disk.Text("DeviceID"));
+        extent.values["Bootable"] = disk.Text("DeviceID") == "D2";
+        Add(extent);
+        Add(Link("QV_SATADiskDriveStorageExtent", "Antecedent", disk, "Dependent", extent));
+    }
+    const Topology topology = BuildTopology(host_);
+    EXPECT_EQ(topology.looseDisks[0].bootable, false);
+    EXPECT_EQ(topology.looseDisks[1].bootable, true);
+    EXPECT_FALSE(topology.looseDisks[2].bootable.has_value());
+}
+
+TEST_F(TopologyTest, TakesFlagsFromTheFirstOfTwoExtentsWithOneIdentity) {
+    for (const bool bootable : {true, false}) {
+        auto extent = Instance("QV_SATAStorageExtent", "DeviceID", "D");
+        extent.values["Bootable"] = bootable;
+        Add(extent);
+    }
+    Add(Link("QV_SATADiskDriveStorageExtent", "Antecedent", AddDisk("D"), "Dependent",
+             Instance("QV_SATAStorageExtent", "DeviceID", "D")));
+    EXPECT_EQ(BuildTopology(host_).looseDisks[0].bootable, true);
+}
+
+TEST_F(TopologyTest, NamesAStatusByItsTextThenByItsCode) {
+    auto text = Instance("QV_SATADiskDrive", "DeviceID", "A");
+    text.values["StatusDescriptions"] = std::vector<std::string>{"Starting"};
+    auto code = Instance("QV_SATADiskDrive", "DeviceID", "B");
+    code.values["OperationalStatus"] = std::vector<std::int64_t>{3};
+    Add(text);
+    Add(code);
+    AddDisk("C");
+    const Topology topology = BuildTopology(host_);
+    EXPECT_EQ(topology.looseDisks[0].status.word, "Starting");
+    EXPECT_FALSE(topology.looseDisks[0].status.code.has_value());
+    EXPECT_EQ(topology.looseDisks[1].status.word, "Degraded");
+    EXPECT_EQ(topology.looseDisks[2].status.word, "no status");
+}
+
+}  // namespace
+}  // namespace qv::test

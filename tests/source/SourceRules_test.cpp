@@ -1,0 +1,169 @@
+#include "source/SourceRules.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/SourceRows.h"
+
+namespace qv::test {
+namespace {
+
+// The serial number of the media row found for a disk; "none" without one.
+std::string SerialOf(const Properties& disk, const platform::Rows& media) {
+    const platform::Row* found = FindMediaOfDisk(ScriptedRow(disk), media);
+    return found == nullptr ? "none" : std::get<std::string>(found->Get("SerialNumber").value);
+}
+
+TEST(SourceRules, IsIdeDiskIsTrueForExactlyTheInterfaceTypeIDE) {
+    EXPECT_TRUE(IsIdeDisk(ScriptedRow(Properties{{"InterfaceType", "IDE"}})));
+    for (const char* other : {"ide", "Ide", "SCSI", "USB", "IDE ", " IDE", "IDEX", ""}) {
+        EXPECT_FALSE(IsIdeDisk(ScriptedRow(Properties{{"InterfaceType", other}}))) << other;
+    }
+}
+
+TEST(SourceRules, IsIdeDiskIsFalseWithoutATextInterfaceType) {
+    EXPECT_FALSE(IsIdeDisk(ScriptedRow({})));
+    EXPECT_FALSE(IsIdeDisk(ScriptedRow(Properties{{"InterfaceType", std::monostate{}}})));
+    EXPECT_FALSE(IsIdeDisk(ScriptedRow(Properties{{"InterfaceType", 3}})));
+}
+
+TEST(SourceRules, IsPortControllerIsTrueForADeviceIdWithAPciRevision) {
+    EXPECT_TRUE(IsPortController(R"(PCI\VEN_8086&DEV_2922&SUBSYS_12345678&REV_02\3&1AB2&0&FA)"));
+    EXPECT_TRUE(IsPortController(R"(PCI\VEN_8086&REV_)"));
+}
+
+TEST(SourceRules, IsPortControllerIsFalseWithoutAmpersandRevUnderscore) {
+    EXPECT_FALSE(IsPortController(R"(ROOT\IDE\0000)"));
+    EXPECT_FALSE(IsPortController(R"(PCIIDE\IDECHANNEL\4&1&0&0)"));
+    EXPECT_FALSE(IsPortController(R"(PCI\REV_02)"));
+    EXPECT_FALSE(IsPortController(R"(PCI\VEN_8086&rev_02)"));
+    EXPECT_FALSE(IsPortController(""));
+}
+
+TEST(SourceRules, RevisionOfIsTheTextUpToTheNextBackslash) {
+    EXPECT_EQ(RevisionOf(R"(PCI\VEN_8086&DEV_2922&SUBSYS_12345678&REV_02\3&1AB2&0&FA)"), "02");
+    EXPECT_EQ(RevisionOf(R"(PCI\VEN_8086&REV_1A\3)"), "1A");
+    EXPECT_EQ(RevisionOf(R"(PCI\VEN_8086&REV_\3)"), "");
+}
+
+TEST(SourceRules, RevisionOfRunsToTheEndWhenNoBackslashFollows) {
+    EXPECT_EQ(RevisionOf(R"(PCI\VEN_8086&DEV_2922&REV_0F)"), "0F");
+    EXPECT_EQ(RevisionOf(R"(PCI\VEN_8086&REV_05&X_1)"), "05&X_1");
+}
+
+TEST(SourceRules, RevisionOfTakesTheFirstOfSeveralRevisions) {
+    EXPECT_EQ(RevisionOf(R"(PCI\A&REV_01\B&REV_02\C)"), "01");
+}
+
+TEST(SourceRules, RevisionOfIsEmptyWithoutOne) {
+    EXPECT_EQ(RevisionOf(R"(ROOT\IDE\0000)"), "");
+}
+
+TEST(SourceRules, FindMediaOfDiskTakesTheFirstRowWhoseTagIsTheDeviceId) {
+    const Properties disk{{"DeviceID", R"(\\.\PHYSICALDRIVE1)"}};
+    EXPECT_EQ(
+        SerialOf(disk,
+                 RowsOf({Properties{{"Tag", R"(\\.\PHYSICALDRIVE0)"}, {"SerialNumber", "A"}},
+                         Properties{{"Tag", R"(\\.\PHYSICALDRIVE1)"}, {"SerialNumber", "B"}},
+                         Properties{{"Tag", R"(\\.\PHYSICALDRIVE1)"}, {"SerialNumber", "C"}}})),
+        "B");
+}
+
+TEST(SourceRules, FindMediaOfDiskComparesExactly) {
+    const Properties disk{{"DeviceID", R"(\\.\PHYSICALDRIVE1)"}};
+    EXPECT_EQ(
+        SerialOf(disk, RowsOf({Properties{{"Tag", R"(\\.\physicaldrive1)"}, {"SerialNumber", "A"}},
+                               Properties{{"Tag", R"(\\.\PHYSICALDRIVE10)"}, {"SerialNumber", "B"}},
+                               Properties{{"Tag", R"(\\.\PHYSICALDRIVE)"}, {"SerialNumber", "C"}},
+                               Properties{{"SerialNumber", "D"}}})),
+        "none");
+}
+
+TEST(SourceRules, FindMediaOfDiskEndsTheRequestWhenADiskWithoutDeviceIdIsComparedWithARow) {
+    const auto media = RowsOf({Properties{{"Tag", "X"}, {"SerialNumber", "A"}}});
+    for (const Properties& disk :
+         {Properties{}, Properties{{"DeviceID", std::monostate{}}}, Properties{{"DeviceID", 1}}}) {
+        try {
+            FindMediaOfDisk(ScriptedRow(disk), media);
+            ADD_FAILURE() << "no error was raised";
+        } catch (const RequestError& error) {
+            EXPECT_EQ(error.status(), Status::unspecifiedFailure);
+        }
+    }
+}
+
+TEST(SourceRules, FindMediaOfDiskFindsNothingForADiskWithoutDeviceIdAmongNoRows) {
+    EXPECT_EQ(FindMediaOfDisk(ScriptedRow({}), {}), nullptr);
+}
+
+TEST(SourceRules, IsChannelIsTrueForAnIdWithIDECHANNEL) {
+    EXPECT_TRUE(IsChannel(R"(PCIIDE\IDECHANNEL\4&1&0&0)"));
+    EXPECT_TRUE(IsChannel("IDECHANNEL"));
+}
+
+TEST(SourceRules, IsChannelIsFalseForAnyOtherId) {
+    EXPECT_FALSE(IsChannel(R"(PCIIDE\IdeChannel\4&1&0&0)"));
+    EXPECT_FALSE(IsChannel(R"(PCI\VEN_8086&REV_02\3)"));
+    EXPECT_FALSE(IsChannel(""));
+}
+
+TEST(SourceRules, IsInitiatorIsTrueForAChannelWithoutARevision) {
+    EXPECT_TRUE(IsInitiator(R"(PCIIDE\IDECHANNEL\4&1&0&0)"));
+}
+
+TEST(SourceRules, IsInitiatorIsFalseForPortControllersAndOtherRows) {
+    EXPECT_FALSE(IsInitiator(R"(PCI\VEN_8086&REV_02\3)"));
+    EXPECT_FALSE(IsInitiator(R"(PCI\IDECHANNEL&REV_02\3)"));
+    EXPECT_FALSE(IsInitiator(R"(ROOT\IDE\0000)"));
+}
+
+TEST(SourceRules, FamilyOfDriverKnowsFourDrivers) {
+    EXPECT_EQ(FamilyOfDriver("msahci"), ControllerFamily::nativeSata);
+    EXPECT_EQ(FamilyOfDriver("pciide"), ControllerFamily::pciIde);
+    EXPECT_EQ(FamilyOfDriver("pciidex"), ControllerFamily::pciIde);
+    EXPECT_EQ(FamilyOfDriver("atapi"), ControllerFamily::atapi);
+}
+
+TEST(SourceRules, FamilyOfDriverKnowsNoOtherDriver) {
+    for (const char* name : {"MSAHCI", "storahci", "pciidexx", "Atapi", ""}) {
+        EXPECT_EQ(FamilyOfDriver(name), std::nullopt) << name;
+    }
+}
+
+TEST(SourceRules, FirstSegmentOfStandsBetweenTheFirstTwoAmpersands) {
+    EXPECT_EQ(FirstSegmentOf(R"(PCI\VEN_8086&DEV_2922&REV_02\3)"), "DEV_2922");
+}
+
+TEST(SourceRules, FirstSegmentOfRunsToTheEndWithOneAmpersand) {
+    EXPECT_EQ(FirstSegmentOf(R"(PCI\VEN_8086&REV_02\3)"), R"(REV_02\3)");
+}
+
+TEST(SourceRules, FirstSegmentOfIsTheWholeIdWithoutAmpersand) {
+    EXPECT_EQ(FirstSegmentOf(R"(ROOT\IDE\0000)"), R"(ROOT\IDE\0000)");
+    EXPECT_EQ(FirstSegmentOf(""), "");
+}
+
+TEST(SourceRules, DeviceNumberOfFollowsTheFirstUnderscoreOfTheSegment) {
+    EXPECT_EQ(DeviceNumberOf(R"(PCI\VEN_8086&DEV_2922&REV_02\3)"), "2922");
+    EXPECT_EQ(DeviceNumberOf(R"(PCI\VEN_8086&DEV_29_22&REV_02\3)"), "29_22");
+}
+
+TEST(SourceRules, DeviceNumberOfTakesTheSegmentWhateverItIs) {
+    EXPECT_EQ(DeviceNumberOf(R"(PCI\VEN_8086&SUBSYS_12345678&REV_02\3)"), "12345678");
+}
+
+TEST(SourceRules, DeviceNumberOfIsTheWholeSegmentWithoutUnderscore) {
+    EXPECT_EQ(DeviceNumberOf(R"(PCI\VEN_8086&DEV&REV_02\3)"), "DEV");
+}
+
+TEST(SourceRules, ChannelLabelStartsAtIDECHANNELWithItsFirstBackslashReplaced) {
+    EXPECT_EQ(ChannelLabel(R"(PCIIDE\IDECHANNEL\4&2E6E9E8&0&0)"),
+              "IDECHANNEL with ID: 4&2E6E9E8&0&0");
+    EXPECT_EQ(ChannelLabel(R"(PCIIDE\IDECHANNEL\4\5)"), R"(IDECHANNEL with ID: 4\5)");
+}
+
+TEST(SourceRules, ChannelLabelIsTheRestOfTheIdWithoutBackslash) {
+    EXPECT_EQ(ChannelLabel(R"(PCIIDE\IDECHANNEL0)"), "IDECHANNEL0");
+}
+
+}  // namespace
+}  // namespace qv::test
