@@ -6,8 +6,8 @@
 #include <iostream>
 
 #include "tests/support/HostBuilder.h"
+#include "tests/support/windows/ProcessUsage.h"
 #include "tests/windows/golden/DrillHost.h"
-#include "tests/windows/support/ProcessUsage.h"
 
 namespace qv::test {
 namespace {

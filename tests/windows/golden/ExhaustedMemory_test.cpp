@@ -2,8 +2,8 @@
 #include <algorithm>
 
 #include "tests/support/HostBuilder.h"
+#include "tests/support/windows/CallerStandIn.h"
 #include "tests/windows/golden/FaultySource.h"
-#include "tests/windows/support/CallerStandIn.h"
 
 namespace qv::test {
 namespace {

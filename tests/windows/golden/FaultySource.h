@@ -19,9 +19,9 @@
 #include "qvsata/hosting/ServicesFace.h"
 #include "qvsata/hosting/substitutes/Locator.h"
 #include "qvsata/service/RecordedMachine.h"
+#include "tests/support/windows/CallList.h"
+#include "tests/support/windows/RegisteredFactory.h"
 #include "tests/windows/golden/PublishingHost.h"
-#include "tests/windows/support/CallList.h"
-#include "tests/windows/support/RegisteredFactory.h"
 
 // A recorded host one of whose queries fails. Each query comes on a connection of its own.
 

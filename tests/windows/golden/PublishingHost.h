@@ -13,7 +13,7 @@
 #include "qvsata/hosting/ManagementHost.h"
 #include "qvsata/recorded/HostFile.h"
 #include "tests/golden_native/GoldenText.h"
-#include "tests/windows/support/RecordedOptions.h"
+#include "tests/support/windows/RecordedOptions.h"
 
 namespace qv::test {
 
