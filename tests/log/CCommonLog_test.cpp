@@ -15,6 +15,7 @@
 #include "log/LogPlaces.h"
 #include "tests/support/windows/LogFiles.h"
 #include "tests/support/windows/LogTimes.h"
+#include "tests/support/windows/Threads.h"
 
 namespace qv::test {
 namespace {
@@ -309,20 +310,10 @@ TEST_F(CCommonLogTest, WritesOnWhenTheMutexsOwnerDied) {
 
 TEST_F(CCommonLogTest, ThreadsOfAProcessWriteWholeLinesWhileItIsReset) {
     ASSERT_EQ(log.LogInit(L"TestMod"), 0U);
-    std::vector<std::thread> writers;
-    for (int writer = 0; writer < 4; ++writer) {
-        writers.emplace_back([&] {
-            for (int line = 0; line < 50; ++line) {
-                log.LogEntry(L"", LogLevel::error, L"0123456789");
-            }
-        });
-    }
-    for (int reset = 0; reset < 20; ++reset) {
-        log.LogReset();
-    }
-    for (std::thread& writer : writers) {
-        writer.join();
-    }
+    std::jthread resetting([&] { Repeat(20, [&] { log.LogReset(); }); });
+    RunOnThreads(
+        4, [&](int) { Repeat(50, [&] { log.LogEntry(L"", LogLevel::error, L"0123456789"); }); });
+    resetting.join();
     const std::vector<std::wstring> lines = ReadLinesOf(file);
     EXPECT_EQ(lines.size(), 1U + 200U + 20U);
     EXPECT_EQ(std::ranges::count(lines, L"[Error] 0123456789", TextOf), 200);

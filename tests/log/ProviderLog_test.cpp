@@ -5,11 +5,11 @@
 
 #include <filesystem>
 #include <ostream>
-#include <thread>
 #include <vector>
 
 #include "log/LogMutex.h"
 #include "tests/support/windows/LogFiles.h"
+#include "tests/support/windows/Threads.h"
 
 namespace qv::test {
 namespace {
@@ -98,13 +98,7 @@ TEST_F(ProviderLogTest, GoesOnWhenALineCannotBeWritten) {
 }
 
 TEST_F(ProviderLogTest, IsInitialisedOnceWhenManyThreadsUseItFirst) {
-    std::vector<std::thread> threads;
-    for (int thread = 0; thread < 8; ++thread) {
-        threads.emplace_back([&] { log.Plain(L"C::M", L"text"); });
-    }
-    for (std::thread& thread : threads) {
-        thread.join();
-    }
+    RunOnThreads(8, [&](int) { log.Plain(L"C::M", L"text"); });
     EXPECT_EQ(ReadLinesOf(file).size(), 1U + 8U);
 }
 

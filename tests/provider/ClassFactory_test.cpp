@@ -1,4 +1,4 @@
-// The entry points that COM calls, and the factory and object behind them.
+// The factory, through the entry points that COM calls.
 #include "tests/provider/ProviderTest.h"
 
 namespace qv::test {
@@ -88,40 +88,6 @@ TEST_F(ClassFactoryTest, MakesAnotherObjectEachTime) {
     factory->CreateInstance(nullptr, IID_PPV_ARGS(&first));
     factory->CreateInstance(nullptr, IID_PPV_ARGS(&second));
     EXPECT_NE(first.Get(), second.Get());
-}
-
-class ProviderIdentity : public ProviderTest {};
-
-TEST_F(ProviderIdentity, IsOneObjectBehindAllOfItsInterfaces) {
-    ComPtr<IUnknown> ofInit;
-    ComPtr<IUnknown> ofServices;
-    ASSERT_EQ(init->QueryInterface(IID_PPV_ARGS(&ofInit)), S_OK);
-    ASSERT_EQ(provider->QueryInterface(IID_PPV_ARGS(&ofServices)), S_OK);
-    EXPECT_EQ(ofInit.Get(), ofServices.Get());
-}
-
-TEST_F(ProviderIdentity, IsReachedFromAnyInterface) {
-    ComPtr<IWbemProviderInit> back;
-    ComPtr<IWbemServices> forth;
-    EXPECT_EQ(provider->QueryInterface(IID_PPV_ARGS(&back)), S_OK);
-    EXPECT_EQ(back->QueryInterface(IID_PPV_ARGS(&forth)), S_OK);
-    EXPECT_EQ(forth.Get(), provider.Get());
-    EXPECT_EQ(back.Get(), init.Get());
-}
-
-TEST_F(ProviderIdentity, HasNoInterfaceOfTheEventProvider) {
-    void* object = this;
-    EXPECT_EQ(provider->QueryInterface(__uuidof(IWbemEventProvider), &object), E_NOINTERFACE);
-    EXPECT_EQ(object, nullptr);
-}
-
-TEST_F(ProviderIdentity, LogsItsLoadingAndUnloading) {
-    init.Reset();
-    provider.Reset();
-    EXPECT_THAT(Logged(), ElementsAre(L"[Information] CQVWMISATA_InstProv::CQVWMISATA_InstProv| "
-                                      L"CQVWMISATA_InstProv DLL is loaded",
-                                      L"[Information] CQVWMISATA_InstProv::~CQVWMISATA_InstProv| "
-                                      L"CQVWMISATA_InstProv DLL is unloaded"));
 }
 
 }  // namespace

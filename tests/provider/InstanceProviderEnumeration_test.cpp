@@ -160,12 +160,9 @@ TEST_F(InstanceProviderEnumerationTest, AsksTheSourceAnewEachTime) {
 TEST_F(InstanceProviderEnumerationTest, LetsAnExceptionOfTheBuilderThrough) {
     source.Answer(disksQuery, {{{L"InterfaceType", L"IDE"}, {L"DeviceID", nullptr}}});
     source.Answer(mediaQuery, {{{L"Tag", L"x"}}});
-    try {
-        Enumerate(L"QV_SATADiskDrive");
-        FAIL() << "the request came back";
-    } catch (const RequestError& error) {
-        EXPECT_EQ(error.status(), Status::unspecifiedFailure);
-    }
+    EXPECT_THAT([this] { Enumerate(L"QV_SATADiskDrive"); },
+                ::testing::Throws<RequestError>(
+                    ::testing::Property(&RequestError::status, Status::unspecifiedFailure)));
     EXPECT_TRUE(sink->Untouched());
 }
 

@@ -8,6 +8,38 @@ namespace {
 
 class InstanceProviderTest : public ProviderTest {};
 
+TEST_F(InstanceProviderTest, IsOneObjectBehindAllOfItsInterfaces) {
+    ComPtr<IUnknown> ofInit;
+    ComPtr<IUnknown> ofServices;
+    ASSERT_EQ(init->QueryInterface(IID_PPV_ARGS(&ofInit)), S_OK);
+    ASSERT_EQ(provider->QueryInterface(IID_PPV_ARGS(&ofServices)), S_OK);
+    EXPECT_EQ(ofInit.Get(), ofServices.Get());
+}
+
+TEST_F(InstanceProviderTest, IsReachedFromAnyInterface) {
+    ComPtr<IWbemProviderInit> back;
+    ComPtr<IWbemServices> forth;
+    EXPECT_EQ(provider->QueryInterface(IID_PPV_ARGS(&back)), S_OK);
+    EXPECT_EQ(back->QueryInterface(IID_PPV_ARGS(&forth)), S_OK);
+    EXPECT_EQ(forth.Get(), provider.Get());
+    EXPECT_EQ(back.Get(), init.Get());
+}
+
+TEST_F(InstanceProviderTest, HasNoInterfaceOfTheEventProvider) {
+    void* object = this;
+    EXPECT_EQ(provider->QueryInterface(__uuidof(IWbemEventProvider), &object), E_NOINTERFACE);
+    EXPECT_EQ(object, nullptr);
+}
+
+TEST_F(InstanceProviderTest, LogsItsLoadingAndUnloading) {
+    init.Reset();
+    provider.Reset();
+    EXPECT_THAT(Logged(), ElementsAre(L"[Information] CQVWMISATA_InstProv::CQVWMISATA_InstProv| "
+                                      L"CQVWMISATA_InstProv DLL is loaded",
+                                      L"[Information] CQVWMISATA_InstProv::~CQVWMISATA_InstProv| "
+                                      L"CQVWMISATA_InstProv DLL is unloaded"));
+}
+
 TEST_F(InstanceProviderTest, TellsTheInitSinkThatItIsReady) {
     EXPECT_EQ(Initialize(), S_OK);
     EXPECT_THAT(initSink->statuses, ElementsAre(std::pair(LONG{WBEM_S_INITIALIZED}, 0L)));

@@ -1,11 +1,10 @@
 // Ten thousand requests of all kinds on eight threads: what they leave behind.
 #include <atomic>
 #include <iostream>
-#include <thread>
-#include <vector>
 
 #include "tests/provider/ProviderTest.h"
 #include "tests/support/windows/ProcessUsage.h"
+#include "tests/support/windows/Threads.h"
 
 namespace qv::test {
 namespace {
@@ -93,28 +92,22 @@ protected:
         return results[static_cast<std::size_t>(kind)];
     }
 
-    void RunOnThreads(int count) {
-        std::vector<std::thread> threads;
-        for (int thread = 0; thread < threadCount; ++thread) {
-            threads.emplace_back([this, thread, count] {
-                CoInitializeEx(nullptr, COINIT_MULTITHREADED);
-                for (int turn = thread; turn < count; turn += threadCount) {
-                    const int kind = turn / threadCount % kindCount;
-                    HRESULT result = S_OK;
-                    try {
-                        result = Request(kind);
-                    } catch (const RequestError& error) {
-                        result = static_cast<HRESULT>(error.status());
-                    }
-                    wrongResults += result == Expected(kind) ? 0 : 1;
-                    impersonated += ThreadIsItsOwn() ? 0 : 1;
+    void Serve(int count) {
+        RunOnThreads(threadCount, [this, count](int thread) {
+            CoInitializeEx(nullptr, COINIT_MULTITHREADED);
+            for (int turn = thread; turn < count; turn += threadCount) {
+                const int kind = turn / threadCount % kindCount;
+                HRESULT result = S_OK;
+                try {
+                    result = Request(kind);
+                } catch (const RequestError& error) {
+                    result = static_cast<HRESULT>(error.status());
                 }
-                CoUninitialize();
-            });
-        }
-        for (std::thread& thread : threads) {
-            thread.join();
-        }
+                wrongResults += result == Expected(kind) ? 0 : 1;
+                impersonated += ThreadIsItsOwn() ? 0 : 1;
+            }
+            CoUninitialize();
+        });
         source.Forget();
         parsers.calls.Clear();
         nameSpace->gets.Clear();
@@ -126,11 +119,11 @@ protected:
 
 TEST_F(LoadTest, LeavesNothingBehind) {
     // What is made once and kept, by the library, by COM and by this program, is made here.
-    RunOnThreads(requests / 5);
+    Serve(requests / 5);
     const ProcessUsage before = ProcessUsage::Now();
-    RunOnThreads(requests / 2);
+    Serve(requests / 2);
     const ProcessUsage middle = ProcessUsage::Now();
-    RunOnThreads(requests / 2);
+    Serve(requests / 2);
     const ProcessUsage after = ProcessUsage::Now();
 
     std::cout << "handles " << before.handles << ", " << middle.handles << ", " << after.handles

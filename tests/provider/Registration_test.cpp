@@ -9,6 +9,7 @@
 #include "tests/provider/ProviderTest.h"
 #include "tests/support/windows/RegistryDump.h"
 #include "tests/support/windows/ReplacedImport.h"
+#include "tests/support/windows/Threads.h"
 
 namespace qv::test {
 namespace {
@@ -154,26 +155,29 @@ TEST_F(RegistrationTest, RepairsARegistrationOfAnotherFile) {
     EXPECT_EQ(Classes(), once);
 }
 
-TEST_F(RegistrationTest, LetsBothClassesBeMadeByTheirIdsAndByTheirProgramIds) {
-    struct Named {
-        const wchar_t* programId;
-        const CLSID& classId;
-    };
-    ASSERT_EQ(library.RegisterServer(), S_OK);
-    for (const Named& named : {Named{L"QVWMISATA.InstProv", instanceProviderId},
-                               Named{L"QVWMISATA.InstProv.1", instanceProviderId},
-                               Named{L"QVWMISATA.EventProv", eventProviderId},
-                               Named{L"QVWMISATA.EventProv.1", eventProviderId}}) {
-        CLSID classId{};
-        ASSERT_EQ(CLSIDFromProgID(named.programId, &classId), S_OK);
-        EXPECT_TRUE(IsEqualCLSID(classId, named.classId));
-        ComPtr<IWbemProviderInit> made;
-        EXPECT_EQ(CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&made)),
-                  S_OK);
-        // Each of the two classes has an interface that the other lacks.
-        ComPtr<IWbemEventProvider> events;
-        EXPECT_EQ(SUCCEEDED(made.As(&events)), IsEqualCLSID(classId, eventProviderId));
+/// What an object is that COM makes of a program ID. Each of the two classes has an interface that
+/// the other lacks.
+std::string MadeBy(const wchar_t* programId) {
+    CLSID classId{};
+    ComPtr<IWbemProviderInit> made;
+    if (FAILED(CLSIDFromProgID(programId, &classId)) ||
+        FAILED(CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&made)))) {
+        return "nothing";
     }
+    ComPtr<IWbemEventProvider> events;
+    ComPtr<IWbemServices> instances;
+    const bool raisesEvents = IsEqualCLSID(classId, eventProviderId) && SUCCEEDED(made.As(&events));
+    const bool hasInstances =
+        IsEqualCLSID(classId, instanceProviderId) && SUCCEEDED(made.As(&instances));
+    return raisesEvents ? "event provider" : hasInstances ? "instance provider" : "something else";
+}
+
+TEST_F(RegistrationTest, LetsBothClassesBeMadeByTheirIdsAndByTheirProgramIds) {
+    ASSERT_EQ(library.RegisterServer(), S_OK);
+    EXPECT_EQ(MadeBy(L"QVWMISATA.InstProv"), "instance provider");
+    EXPECT_EQ(MadeBy(L"QVWMISATA.InstProv.1"), "instance provider");
+    EXPECT_EQ(MadeBy(L"QVWMISATA.EventProv"), "event provider");
+    EXPECT_EQ(MadeBy(L"QVWMISATA.EventProv.1"), "event provider");
 }
 
 TEST_F(RegistrationTest, LetsTheTypeLibraryBeLoadedByItsId) {
@@ -215,10 +219,12 @@ LSTATUS WINAPI WriteWhileAllowed(HKEY key, LPCWSTR path, LPCWSTR name, DWORD typ
 TEST_F(RegistrationTest, IsTakenBackWhereverItsWritingFails) {
     const ReplacedImport writing(library.Module(), "RegSetKeyValueW", &WriteWhileAllowed);
     constexpr int allWrites = 26;
-    for (int allowed = 0; allowed < allWrites; ++allowed) {
-        writesLeft = allowed;
-        EXPECT_EQ(library.RegisterServer(), SELFREG_E_CLASS) << allowed;
-    }
+    std::vector<HRESULT> results;
+    Repeat(allWrites, [&] {
+        writesLeft = static_cast<int>(results.size());
+        results.push_back(library.RegisterServer());
+    });
+    EXPECT_THAT(results, ::testing::Each(SELFREG_E_CLASS));
     EXPECT_EQ(Classes(), before);
     writesLeft = allWrites;
     EXPECT_EQ(library.RegisterServer(), S_OK);

@@ -1,5 +1,6 @@
 #include "platform/windows/Text.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "platform/Status.h"
@@ -7,6 +8,8 @@
 namespace qv::test {
 namespace {
 
+using ::testing::Property;
+using ::testing::Throws;
 using windows::ToNarrow;
 using windows::ToUpper;
 using windows::ToWide;
@@ -50,18 +53,10 @@ TEST(Text, ReplacesACharacterThatTheCodePageLacks) {
 }
 
 TEST(Text, RaisesTheSystemErrorOfAConversionThatFails) {
-    try {
-        ToNarrow(L"\u00F6", missingCodePage);
-        FAIL();
-    } catch (const RequestError& error) {
-        EXPECT_EQ(static_cast<std::uint32_t>(error.status()), 0x80070057U);
-    }
-    try {
-        ToWide("\xF6", missingCodePage);
-        FAIL();
-    } catch (const RequestError& error) {
-        EXPECT_EQ(static_cast<std::uint32_t>(error.status()), 0x80070057U);
-    }
+    EXPECT_THAT([] { ToNarrow(L"\u00F6", missingCodePage); },
+                Throws<RequestError>(Property(&RequestError::status, Status{0x80070057})));
+    EXPECT_THAT([] { ToWide("\xF6", missingCodePage); },
+                Throws<RequestError>(Property(&RequestError::status, Status{0x80070057})));
 }
 
 TEST(Text, UpperCaseReachesBeyondAscii) {

@@ -1,3 +1,4 @@
+// What is the same for every command: help, version, encoding, the choice of the machine.
 #include <gmock/gmock.h>
 
 #include "tests/qvsata/commands/Desktop.h"

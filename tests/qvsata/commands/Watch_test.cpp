@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <chrono>
 #include <sstream>
+#include <tuple>
 
 #include "nlohmann/json.hpp"
 #include "tests/qvsata/commands/RunTool.h"
@@ -144,15 +145,18 @@ TEST(Watch, NeedsAHostForWhatFollows) {
     EXPECT_THAT(WatchFailure({"watch", "--then", Drill("0-healthy")}, 2), HasSubstr("--host"));
 }
 
-TEST(Watch, RefusesLimitsThatAreNoNumbersFromOneUp) {
-    for (const std::string limit : {"--count", "--for"}) {
-        for (const std::string value : {"0", "-5", "1.5", "many", "99999999999", ""}) {
-            EXPECT_THAT(
-                WatchFailure({"watch", "--host", Drill("0-healthy"), limit, value}, 2),
+class WatchLimits : public testing::TestWithParam<std::tuple<std::string, std::string>> {};
+
+TEST_P(WatchLimits, AreWholeNumbersFromOneUp) {
+    const auto& [limit, value] = GetParam();
+    EXPECT_THAT(WatchFailure({"watch", "--host", Drill("0-healthy"), limit, value}, 2),
                 StartsWith("qvsata: " + limit + ": '" + value + "' is not a whole number from 1"));
-        }
-    }
 }
+
+INSTANTIATE_TEST_SUITE_P(Refused, WatchLimits,
+                         testing::Combine(testing::Values("--count", "--for"),
+                                          testing::Values("0", "-5", "1.5", "many", "99999999999",
+                                                          "")));
 
 TEST(Watch, RefusesAFormatOfOtherCommands) {
     EXPECT_THAT(WatchFailure({"watch", "--host", Drill("0-healthy"), "--format", "mof"}, 2),

@@ -99,12 +99,9 @@ TEST(EventSubscription, FailsAsTheProviderDoes) {
     std::ofstream(mof) << "#pragma namespace(\"\\\\\\\\.\\\\root\\\\QVQ\")\nclass T { };\n";
     options.mofFiles = {mof};
     const service::ManagementHost host(options);
-    try {
-        const EventSubscription subscription(host);
-        ADD_FAILURE() << "there is no class of the indications";
-    } catch (const RequestError& error) {
-        EXPECT_EQ(static_cast<HRESULT>(error.status()), windows::Hr(WBEM_E_NOT_FOUND));
-    }
+    EXPECT_THAT([&host] { const EventSubscription subscription(host); },
+                testing::Throws<RequestError>(testing::Property(
+                    &RequestError::status, windows::ToStatus(windows::Hr(WBEM_E_NOT_FOUND)))));
 }
 
 }  // namespace

@@ -2,12 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <thread>
-
 #include "platform/windows/WbemStatus.h"
 #include "qvsata/hosting/objects/ObjectFace.h"
 #include "tests/qvsata/hosting/FakeProvider.h"
+#include "tests/support/windows/Threads.h"
 
 namespace qv::test {
 namespace {
@@ -53,15 +51,7 @@ TEST_F(IndicationSinkTest, RefusesDeliveriesOnceItIsClosed) {
 
 TEST_F(IndicationSinkTest, LosesNothingThatSeveralThreadsDeliver) {
     constexpr int each = 200;
-    std::vector<std::thread> threads;
-    for (int thread = 0; thread < 4; ++thread) {
-        threads.emplace_back([&] {
-            for (int delivery = 0; delivery < each; ++delivery) {
-                Deliver(namespace_.Spawn(L"T_Disk"));
-            }
-        });
-    }
-    std::ranges::for_each(threads, &std::thread::join);
+    RunOnThreads(4, [&](int) { Repeat(each, [&] { Deliver(namespace_.Spawn(L"T_Disk")); }); });
     EXPECT_EQ(sink_->Take().size(), 4U * each);
 }
 

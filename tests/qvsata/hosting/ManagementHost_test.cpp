@@ -2,13 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <atomic>
 #include <system_error>
-#include <thread>
 
 #include "platform/windows/WbemStatus.h"
 #include "tests/support/windows/RecordedOptions.h"
+#include "tests/support/windows/Threads.h"
 
 namespace qv::test {
 namespace {
@@ -46,10 +45,12 @@ TEST(ManagementHost, LetsTheLibraryGoWithTheProvider) {
 }
 
 TEST(ManagementHost, CanBeStartedAgain) {
-    for (int start = 0; start < 3; ++start) {
-        const ManagementHost host(Desktop());
-        EXPECT_EQ(host.Published().Enumerate("QV_SATAStorageCollection").objects.size(), 1U);
-    }
+    const auto collectionsOfANewHost = [] {
+        return ManagementHost(Desktop()).Published().Enumerate("QV_SATAStorageCollection");
+    };
+    EXPECT_EQ(collectionsOfANewHost().objects.size(), 1U);
+    EXPECT_EQ(collectionsOfANewHost().objects.size(), 1U);
+    EXPECT_EQ(collectionsOfANewHost().objects.size(), 1U);
 }
 
 TEST(ManagementHost, AnswersACallerWhoMayOnlyBeIdentifiedWithAccessDenied) {
@@ -62,17 +63,13 @@ TEST(ManagementHost, AnswersACallerWhoMayOnlyBeIdentifiedWithAccessDenied) {
 TEST(ManagementHost, ServesRequestsThatComeBackToItOnEightThreads) {
     const ManagementHost host(Desktop());
     std::atomic<int> delivered = 0;
-    std::vector<std::thread> clients;
-    for (int client = 0; client < 8; ++client) {
-        clients.emplace_back([&] {
-            const service::ComApartment apartment;
-            for (int request = 0; request < 5; ++request) {
-                delivered += static_cast<int>(
-                    host.Published().Enumerate("QV_SATAStorageCollection").objects.size());
-            }
+    RunOnThreads(8, [&](int) {
+        const service::ComApartment apartment;
+        Repeat(5, [&] {
+            delivered += static_cast<int>(
+                host.Published().Enumerate("QV_SATAStorageCollection").objects.size());
         });
-    }
-    std::ranges::for_each(clients, &std::thread::join);
+    });
     EXPECT_EQ(delivered, 40);
 }
 

@@ -2,11 +2,10 @@
 
 #include <gmock/gmock.h>
 
-#include <algorithm>
 #include <atomic>
-#include <thread>
 
 #include "tests/qvsata/hosting/FakeProvider.h"
+#include "tests/support/windows/Threads.h"
 
 namespace qv::test {
 namespace {
@@ -252,15 +251,11 @@ TEST(ProviderSource, LetsTheProviderAskItOnEightThreadsAtOnce) {
         return sink->SetStatus(WBEM_STATUS_COMPLETE, S_OK, nullptr, nullptr);
     };
     std::atomic<int> succeeded = 0;
-    std::vector<std::thread> clients;
-    for (int client = 0; client < 8; ++client) {
-        clients.emplace_back([&] {
-            for (int request = 0; request < 10; ++request) {
-                succeeded += names.names->Enumerate("T_Port").status == Status::noError ? 1 : 0;
-            }
+    RunOnThreads(8, [&](int) {
+        Repeat(10, [&] {
+            succeeded += names.names->Enumerate("T_Port").status == Status::noError ? 1 : 0;
         });
-    }
-    std::ranges::for_each(clients, &std::thread::join);
+    });
     EXPECT_EQ(succeeded, 80);
 }
 
