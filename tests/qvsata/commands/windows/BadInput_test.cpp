@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "tests/qvsata/commands/Desktop.h"
+#include "tests/qvsata/commands/windows/Desktop.h"
 
 namespace qv::test {
 namespace {

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "platform/windows/Handle.h"
-#include "tests/qvsata/commands/Reading.h"
+#include "tests/qvsata/commands/windows/Reading.h"
 
 namespace qv::test {
 

@@ -1,7 +1,7 @@
 // What is the same for every command: help, version, encoding, the choice of the machine.
 #include <gmock/gmock.h>
 
-#include "tests/qvsata/commands/Desktop.h"
+#include "tests/qvsata/commands/windows/Desktop.h"
 
 namespace qv::test {
 namespace {

@@ -1,4 +1,4 @@
-#include "tests/qvsata/commands/PseudoConsole.h"
+#include "tests/qvsata/commands/windows/PseudoConsole.h"
 
 #include <stdexcept>
 #include <utility>

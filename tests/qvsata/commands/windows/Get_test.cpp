@@ -1,6 +1,6 @@
 #include <gmock/gmock.h>
 
-#include "tests/qvsata/commands/Desktop.h"
+#include "tests/qvsata/commands/windows/Desktop.h"
 
 namespace qv::test {
 namespace {

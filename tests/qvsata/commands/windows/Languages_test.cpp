@@ -4,7 +4,7 @@
 #include <fstream>
 
 #include "nlohmann/json.hpp"
-#include "tests/qvsata/commands/RunTool.h"
+#include "tests/qvsata/commands/windows/RunTool.h"
 
 namespace qv::test {
 namespace {

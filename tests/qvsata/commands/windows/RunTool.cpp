@@ -1,4 +1,4 @@
-#include "tests/qvsata/commands/RunTool.h"
+#include "tests/qvsata/commands/windows/RunTool.h"
 
 #include <windows.h>
 
@@ -10,9 +10,9 @@
 #include "SourceTree.h"
 #include "platform/windows/Handle.h"
 #include "platform/windows/Text.h"
-#include "tests/qvsata/commands/Pipe.h"
-#include "tests/qvsata/commands/PseudoConsole.h"
-#include "tests/qvsata/commands/Reading.h"
+#include "tests/qvsata/commands/windows/Pipe.h"
+#include "tests/qvsata/commands/windows/PseudoConsole.h"
+#include "tests/qvsata/commands/windows/Reading.h"
 
 namespace qv::test {
 namespace {

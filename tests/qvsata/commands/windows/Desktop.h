@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "nlohmann/json.hpp"
-#include "tests/qvsata/commands/RunTool.h"
+#include "tests/qvsata/commands/windows/RunTool.h"
 
 // The tool on the recorded desktop: one controller with six ports, and three disks.
 

@@ -6,7 +6,7 @@
 #include <tuple>
 
 #include "nlohmann/json.hpp"
-#include "tests/qvsata/commands/RunTool.h"
+#include "tests/qvsata/commands/windows/RunTool.h"
 
 namespace qv::test {
 namespace {

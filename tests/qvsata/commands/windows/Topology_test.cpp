@@ -2,7 +2,7 @@
 #include <windows.h>
 
 #include "nlohmann/json.hpp"
-#include "tests/qvsata/commands/RunTool.h"
+#include "tests/qvsata/commands/windows/RunTool.h"
 
 namespace qv::test {
 namespace {
