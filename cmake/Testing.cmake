@@ -24,6 +24,17 @@ if(BUILD_TESTING)
   target_precompile_headers(qv_test_headers PRIVATE
     <gmock/gmock.h> <gtest/gtest.h> <algorithm> <filesystem> <fstream> <map> <optional> <set>
     <sstream> <string> <thread> <vector>)
+
+  # The main() of the test programs.
+  add_library(qv_test_main INTERFACE)
+  if(WIN32)
+    add_library(qv_apartment_main STATIC EXCLUDE_FROM_ALL
+      ${PROJECT_SOURCE_DIR}/tests/support/windows/Main.cpp)
+    target_link_libraries(qv_apartment_main PRIVATE qv_test_options PUBLIC ole32)
+    target_link_libraries(qv_test_main INTERFACE qv_apartment_main)
+  else()
+    target_link_libraries(qv_test_main INTERFACE qv_googletest_main)
+  endif()
 endif()
 
 # qv_cached_test(name COMMAND ... [INPUTS files and folders...] [TIMEOUT seconds]): a test that is run
@@ -55,7 +66,7 @@ endfunction()
 function(qv_test name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "TIMEOUT" "LINK")
   add_executable(${name} ${arg_UNPARSED_ARGUMENTS})
-  target_link_libraries(${name} PRIVATE qv_test_options ${arg_LINK} qv_googletest_main)
+  target_link_libraries(${name} PRIVATE qv_test_options ${arg_LINK} qv_test_main)
   target_precompile_headers(${name} REUSE_FROM qv_test_headers)
   set(launcher ${CMAKE_CROSSCOMPILING_EMULATOR})
   if(QV_SANITIZE STREQUAL "thread")

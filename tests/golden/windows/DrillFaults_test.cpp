@@ -7,7 +7,7 @@
 
 #include "tests/golden/windows/DrillHost.h"
 #include "tests/support/HostBuilder.h"
-#include "tests/windows/support/ProcessUsage.h"
+#include "tests/support/windows/ProcessUsage.h"
 
 namespace qv::test {
 namespace {

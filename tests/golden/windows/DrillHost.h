@@ -15,10 +15,10 @@
 #include "qvsata/hosting/ManagementHost.h"
 #include "qvsata/hosting/substitutes/MonitorPauses.h"
 #include "tests/golden/GoldenText.h"
-#include "tests/windows/log/ScratchFolder.h"
-#include "tests/windows/log/ScratchRegistry.h"
-#include "tests/windows/support/RecordedOptions.h"
-#include "tests/windows/support/ShortSleeps.h"
+#include "tests/support/windows/RecordedOptions.h"
+#include "tests/support/windows/ScratchFolder.h"
+#include "tests/support/windows/ScratchRegistry.h"
+#include "tests/support/windows/ShortSleeps.h"
 
 namespace qv::test {
 
@@ -30,7 +30,7 @@ public:
 
     explicit DrillHost(const Recordings& recordings, std::uint32_t logLevel = 3,
                        std::uint32_t legacyLogLevel = 3)
-        : settings_(std::make_unique<testing::ScratchRegistry>()) {
+        : settings_(std::make_unique<ScratchRegistry>()) {
         const wchar_t* common = L"Software\\Corvane\\WBEM";
         settings_->SetText(common, L"LogFolder", folder_.Path());
         settings_->SetNumber(common, L"LogLevel", logLevel);
@@ -77,7 +77,7 @@ public:
     /// The legacy log so far.
     std::string LegacyLog() const {
         const std::wstring file = folder_.File(L"legacy.log");
-        return std::filesystem::exists(file) ? testing::ReadBytesOf(file) : "";
+        return std::filesystem::exists(file) ? ReadBytesOf(file) : "";
     }
 
 private:
@@ -91,8 +91,8 @@ private:
         return instance;
     }
 
-    testing::ScratchFolder folder_;
-    std::unique_ptr<testing::ScratchRegistry> settings_;
+    ScratchFolder folder_;
+    std::unique_ptr<ScratchRegistry> settings_;
     ShortSleeps sleeps_;
     std::optional<service::ManagementHost> host_;
     std::optional<service::MonitorPauses> pauses_;

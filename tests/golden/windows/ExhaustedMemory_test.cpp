@@ -3,7 +3,7 @@
 
 #include "tests/golden/windows/FaultySource.h"
 #include "tests/support/HostBuilder.h"
-#include "tests/windows/support/CallerStandIn.h"
+#include "tests/support/windows/CallerStandIn.h"
 
 namespace qv::test {
 namespace {

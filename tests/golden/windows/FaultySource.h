@@ -20,8 +20,8 @@
 #include "qvsata/hosting/substitutes/Locator.h"
 #include "qvsata/service/RecordedMachine.h"
 #include "tests/golden/windows/PublishingHost.h"
-#include "tests/windows/support/CallList.h"
-#include "tests/windows/support/RegisteredFactory.h"
+#include "tests/support/windows/CallList.h"
+#include "tests/support/windows/RegisteredFactory.h"
 
 // A recorded host one of whose queries fails. Each query comes on a connection of its own.
 

@@ -14,7 +14,7 @@
 #include "qvsata/recorded/HostFile.h"
 #include "tests/golden/GoldenText.h"
 #include "tests/support/ExpectedCatalogue.h"
-#include "tests/windows/support/RecordedOptions.h"
+#include "tests/support/windows/RecordedOptions.h"
 
 namespace qv::test {
 

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace qv::test {
+
+/// The common log of the loaded library, in a folder of this test program. Its first line is
+/// written before the first test.
+class LibraryLog {
+public:
+    static std::size_t LineCount();
+
+    /// The lines behind the first `from`, without their times.
+    static std::vector<std::wstring> LinesFrom(std::size_t from);
+};
+
+}  // namespace qv::test

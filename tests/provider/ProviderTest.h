@@ -1,0 +1,116 @@
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <wbemprov.h>
+
+#include <string>
+#include <vector>
+
+#include "platform/Status.h"
+#include "platform/windows/Bstr.h"
+#include "platform/windows/ComObject.h"
+#include "tests/provider/LibraryLog.h"
+#include "tests/support/windows/CallerStandIn.h"
+#include "tests/support/windows/InitSinkStandIn.h"
+#include "tests/support/windows/NamespaceStandIn.h"
+#include "tests/support/windows/PathParserStandIn.h"
+#include "tests/support/windows/ProviderLibrary.h"
+#include "tests/support/windows/SinkStandIn.h"
+#include "tests/support/windows/SourceStandIn.h"
+
+namespace qv::test {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using windows::ComPtr;
+
+inline constexpr const wchar_t* controllersQuery = L"SELECT * FROM Win32_IDEController";
+inline constexpr const wchar_t* disksQuery = L"SELECT * FROM Win32_DiskDrive";
+inline constexpr const wchar_t* mediaQuery = L"SELECT * FROM Win32_PhysicalMedia";
+inline constexpr const wchar_t* definitionQuery =
+    LR"(SELECT * FROM meta_class WHERE __CLASS = "QV_WinComputerSystem")";
+
+/// A Win32_IDEController row that is a port controller; "device" is its device number and caption.
+inline Cells ControllerRow(const std::wstring& device) {
+    return {{L"DeviceID", L"PCI\\VEN_8086&DEV_" + device + L"&REV_01\\3&1"}, {L"Caption", device}};
+}
+
+inline std::wstring LocationName(const std::wstring& device) {
+    return L"PCI&VEN_8086&DEV_" + device + L"&REV_01&3&1";
+}
+
+/// The path of the controller's QV_SATAControllerLocation when the name is that of LocationName.
+inline std::wstring LocationPath(const std::wstring& name, const std::wstring& device) {
+    return L"QV_SATAControllerLocation.Name=\"" + name + L"\",PhysicalPosition=\"" + device +
+           L" with Device ID: " + device + L"\"";
+}
+
+/// The real library between stand-ins for the management service. Whatever a test did, the thread
+/// is its own at its end and the library could be unloaded.
+class ProviderTest : public ::testing::Test {
+protected:
+    ProviderTest() {
+        library.Make(instanceProviderId).As(&init);
+        init.As(&provider);
+    }
+
+    void TearDown() override {
+        EXPECT_TRUE(ThreadIsItsOwn());
+        init.Reset();
+        provider.Reset();
+        sink = windows::MakeObject<SinkStandIn>();
+        EXPECT_EQ(library.CanUnloadNow(), S_OK);
+        EXPECT_EQ(InstanceStandIn::Living(), 0);
+    }
+
+    HRESULT Initialize() { return Initialize(nameSpace.Get(), initSink.Get()); }
+    HRESULT Initialize(IWbemServices* services, IWbemProviderInitSink* toldTo) {
+        const CallContext call(*caller.Get());
+        return init->Initialize(nullptr, 0, nameSpaceName.data(), nullptr, services, context.Get(),
+                                toldTo);
+    }
+    /// Initialised, and the stand-ins know nothing of it.
+    void BeReady() {
+        ASSERT_EQ(Initialize(), S_OK);
+        caller->calls.clear();
+        source.Forget();
+        parsers.calls.Clear();
+        lines = LibraryLog::LineCount();
+    }
+
+    HRESULT Enumerate(const std::wstring& className) { return Enumerate(className, sink.Get()); }
+    HRESULT Enumerate(const std::wstring& className, IWbemObjectSink* to) {
+        const CallContext call(*caller.Get());
+        return provider->CreateInstanceEnumAsync(windows::Bstr(className).Get(), 0, context.Get(),
+                                                 to);
+    }
+    HRESULT Get(const std::wstring& path) { return Get(path, sink.Get()); }
+    HRESULT Get(const std::wstring& path, IWbemObjectSink* to) {
+        const CallContext call(*caller.Get());
+        return provider->GetObjectAsync(windows::Bstr(path).Get(), 0, context.Get(), to);
+    }
+    HRESULT Query(const std::wstring& language, const std::wstring& text) {
+        const CallContext call(*caller.Get());
+        return provider->ExecQueryAsync(windows::Bstr(language).Get(), windows::Bstr(text).Get(), 0,
+                                        context.Get(), sink.Get());
+    }
+
+    /// What the library logged since it was made ready.
+    std::vector<std::wstring> Logged() const { return LibraryLog::LinesFrom(lines); }
+
+    const ProviderLibrary& library = ProviderLibrary::Get();
+    std::size_t lines = LibraryLog::LineCount();
+    SourceStandIn source;
+    PathParserStandIn parsers;
+    ComPtr<CallerStandIn> caller = windows::MakeObject<CallerStandIn>();
+    std::wstring nameSpaceName = L"root\\QVQ";
+    ComPtr<NamespaceStandIn> nameSpace = windows::MakeObject<NamespaceStandIn>();
+    ComPtr<ContextStandIn> context = windows::MakeObject<ContextStandIn>();
+    ComPtr<InitSinkStandIn> initSink = windows::MakeObject<InitSinkStandIn>();
+    ComPtr<SinkStandIn> sink = windows::MakeObject<SinkStandIn>();
+    ComPtr<IWbemProviderInit> init;
+    ComPtr<IWbemServices> provider;
+};
+
+}  // namespace qv::test

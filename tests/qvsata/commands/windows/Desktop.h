@@ -1,0 +1,46 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "nlohmann/json.hpp"
+#include "tests/qvsata/commands/windows/RunTool.h"
+
+// The tool on the recorded desktop: one controller with six ports, and three disks.
+
+namespace qv::test {
+
+inline std::string Desktop() {
+    return SourceFile("hosts/ahci-desktop.json");
+}
+
+inline std::vector<std::string> OnDesktop(std::vector<std::string> arguments) {
+    arguments.insert(arguments.end(), {"--host", Desktop()});
+    return arguments;
+}
+
+/// The tool's JSON answer.
+inline nlohmann::json Ask(std::vector<std::string> arguments) {
+    arguments.insert(arguments.end(), {"--format", "json"});
+    const ToolRun run = RunTool(OnDesktop(std::move(arguments)));
+    EXPECT_EQ(run.exitCode, 0U) << run.errors;
+    return nlohmann::json::parse(run.output);
+}
+
+/// What a request that fails says on standard error; it prints nothing.
+inline std::string DesktopFailure(std::vector<std::string> arguments) {
+    const ToolRun run = RunTool(OnDesktop(std::move(arguments)));
+    EXPECT_EQ(run.exitCode, 1U);
+    EXPECT_EQ(run.output, "");
+    return run.errors;
+}
+
+/// The path of the desktop's computer, in other letter case and another order of keys.
+inline const std::string desktopComputer =
+    "qv_wincomputersystem.NAME=\"STUDY-desk.example.org\","
+    "CreationClassName=\"QV_WinComputerSystem\"";
+
+}  // namespace qv::test

@@ -1,0 +1,167 @@
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <chrono>
+#include <sstream>
+#include <tuple>
+
+#include "nlohmann/json.hpp"
+#include "tests/qvsata/commands/windows/RunTool.h"
+
+namespace qv::test {
+namespace {
+
+using nlohmann::json;
+using testing::AllOf;
+using testing::ElementsAre;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::MatchesRegex;
+using testing::Not;
+using testing::SizeIs;
+using testing::StartsWith;
+
+std::string Drill(const std::string& name) {
+    return SourceFile("hosts/drill/" + name + ".json");
+}
+
+/// `watch` on these recordings of the drill, one after the other.
+std::vector<std::string> WatchDrill(const std::vector<std::string>& names,
+                                    const std::vector<std::string>& more) {
+    std::vector<std::string> arguments{"watch", "--host", Drill(names.front())};
+    for (std::size_t index = 1; index < names.size(); ++index) {
+        arguments.insert(arguments.end(), {"--then", Drill(names[index])});
+    }
+    arguments.insert(arguments.end(), more.begin(), more.end());
+    return arguments;
+}
+
+const std::vector<std::string> wholeDrill{"0-healthy", "1-degraded",  "2-predicted",
+                                          "3-failed",  "4-recovered", "5-no-contact",
+                                          "6-pulled",  "7-replaced"};
+
+std::vector<std::string> LinesOf(const std::string& text) {
+    std::vector<std::string> lines;
+    std::istringstream stream(text);
+    for (std::string line; std::getline(stream, line);) {
+        lines.push_back(line);
+    }
+    return lines;
+}
+
+TEST(Watch, AnnouncesWhatHappensFromRecordingToRecording) {
+    const ToolRun run = RunQuickTool(WatchDrill(wholeDrill, {"--count", "7"}));
+    EXPECT_EQ(run.exitCode, 0U) << run.errors;
+    EXPECT_THAT(LinesOf(run.output),
+                ElementsAre(HasSubstr("  604  disk degraded      Halden HD4000F05 "),
+                            HasSubstr("  605  failure predicted  Halden HD4000F05 "),
+                            HasSubstr("  603  disk error         Halden HD4000F05 "),
+                            HasSubstr("  602  disk OK            Halden HD4000F05 "),
+                            HasSubstr("  601  status unknown     Halden HD4000F05 "),
+                            HasSubstr("  613  disk disappeared   Halden HD4000F05 "),
+                            HasSubstr("  600  disk appeared      Halden HD6000G02 ")));
+}
+
+TEST(Watch, SaysWhenWhatAndWhich) {
+    const ToolRun run = RunQuickTool(WatchDrill({"1-degraded", "2-predicted"}, {"--count", "1"}));
+    EXPECT_THAT(run.output,
+                AllOf(MatchesRegex("\\d\\d\\d\\d-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d  605  .*\n"),
+                      HasSubstr("  Degraded → Pred Fail  "),
+                      EndsWith("  SCSI&DISK&VEN_HALDEN&PROD_HD4000F05&4&1C0B7E25&0&010000\n")));
+}
+
+TEST(Watch, SaysOnStandardErrorWhatItWaitsFor) {
+    const ToolRun run = RunQuickTool(WatchDrill({"0-healthy", "1-degraded"}, {"--count", "1"}));
+    EXPECT_EQ(run.errors, "qvsata: looking at recording 2 of 2 in 30 s\n");
+}
+
+TEST(Watch, GivesEachEventAsALineOfJson) {
+    const ToolRun run = RunQuickTool(WatchDrill({"0-healthy", "1-degraded", "2-predicted"},
+                                                {"--count", "2", "--format", "json"}));
+    EXPECT_EQ(run.exitCode, 0U) << run.errors;
+    const std::vector<std::string> lines = LinesOf(run.output);
+    ASSERT_THAT(lines, SizeIs(2));
+    const json event = json::parse(lines[1]);
+    EXPECT_EQ(event["__CLASS"], "QV_SATADeviceIndication");
+    EXPECT_EQ(event["EventID"], "605");
+    EXPECT_EQ(event["DeviceModel"], "Halden HD4000F05");
+    EXPECT_EQ(event["AlertingElementFormat"], 2);
+    EXPECT_TRUE(event["NetworkAddresses"].is_array());
+    EXPECT_TRUE(event["RackName"].is_null());
+}
+
+TEST(Watch, EndsAfterSoManyEventsOfOneCycle) {
+    const ToolRun run = RunQuickTool(WatchDrill({"4-recovered", "7-replaced"}, {"--count", "1"}));
+    EXPECT_EQ(run.exitCode, 0U);
+    EXPECT_THAT(LinesOf(run.output), ElementsAre(HasSubstr("  600  disk appeared  ")));
+}
+
+TEST(Watch, EndsAfterSoManySeconds) {
+    const auto begin = std::chrono::steady_clock::now();
+    const ToolRun run = RunTool(WatchDrill({"0-healthy"}, {"--for", "2"}));
+    EXPECT_GE(std::chrono::steady_clock::now() - begin, std::chrono::seconds(2));
+    EXPECT_EQ(run.exitCode, 0U);
+    EXPECT_THAT(run.output, IsEmpty());
+    EXPECT_EQ(run.errors, "qvsata: looking at the disks again in 30 s\n");
+}
+
+TEST(Watch, EndsWhenItIsInterrupted) {
+    const ToolRun run = InterruptQuickTool(WatchDrill({"0-healthy", "1-degraded"}, {}), "2 again");
+    EXPECT_EQ(run.exitCode, 0U);
+    EXPECT_THAT(LinesOf(run.output), ElementsAre(HasSubstr("  604  ")));
+}
+
+TEST(Watch, RunsOnTheMachineItself) {
+    const ToolRun run = RunTool({"watch", "--live", "--for", "2"});
+    EXPECT_EQ(run.exitCode, 0U) << run.errors;
+    EXPECT_THAT(run.output, IsEmpty());
+}
+
+/// Runs the tool, which has to fail with one line and nothing else; gives the line.
+std::string WatchFailure(const std::vector<std::string>& arguments, unsigned long exitCode) {
+    const ToolRun run = RunTool(arguments);
+    EXPECT_EQ(run.exitCode, exitCode);
+    EXPECT_THAT(run.output, IsEmpty());
+    EXPECT_THAT(LinesOf(run.errors), SizeIs(1)) << run.errors;
+    return run.errors;
+}
+
+TEST(Watch, NamesARecordingThatIsNotThere) {
+    EXPECT_EQ(WatchFailure({"watch", "--host", Drill("0-healthy"), "--then", "/no/such.json"}, 1),
+              "qvsata: /no/such.json: there is no such file\n");
+}
+
+TEST(Watch, NamesARecordingOfAnotherComputer) {
+    EXPECT_THAT(WatchFailure({"watch", "--host", Drill("0-healthy"), "--then",
+                              SourceFile("hosts/ahci-desktop.json")},
+                             1),
+                HasSubstr("ahci-desktop.json: not a recording of the computer of "));
+}
+
+TEST(Watch, NeedsAHostForWhatFollows) {
+    EXPECT_THAT(WatchFailure({"watch", "--live", "--then", Drill("0-healthy")}, 2),
+                HasSubstr("--then requires --host"));
+    EXPECT_THAT(WatchFailure({"watch", "--then", Drill("0-healthy")}, 2), HasSubstr("--host"));
+}
+
+class WatchLimits : public testing::TestWithParam<std::tuple<std::string, std::string>> {};
+
+TEST_P(WatchLimits, AreWholeNumbersFromOneUp) {
+    const auto& [limit, value] = GetParam();
+    EXPECT_THAT(WatchFailure({"watch", "--host", Drill("0-healthy"), limit, value}, 2),
+                StartsWith("qvsata: " + limit + ": '" + value + "' is not a whole number from 1"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Refused, WatchLimits,
+                         testing::Combine(testing::Values("--count", "--for"),
+                                          testing::Values("0", "-5", "1.5", "many", "99999999999",
+                                                          "")));
+
+TEST(Watch, RefusesAFormatOfOtherCommands) {
+    EXPECT_THAT(WatchFailure({"watch", "--host", Drill("0-healthy"), "--format", "mof"}, 2),
+                HasSubstr("'mof' is not text or json"));
+}
+
+}  // namespace
+}  // namespace qv::test

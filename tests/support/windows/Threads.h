@@ -1,0 +1,25 @@
+#pragma once
+
+#include <thread>
+#include <vector>
+
+namespace qv::test {
+
+/// Runs `work(thread)` on `count` threads at once, numbered from 0, until the last one has ended.
+template <typename Work>
+void RunOnThreads(int count, const Work& work) {
+    std::vector<std::jthread> threads;
+    for (int thread = 0; thread < count; ++thread) {
+        threads.emplace_back([&work, thread] { work(thread); });
+    }
+}
+
+/// Calls `work` so many times.
+template <typename Work>
+void Repeat(int times, const Work& work) {
+    for (int time = 0; time < times; ++time) {
+        work();
+    }
+}
+
+}  // namespace qv::test

@@ -1,0 +1,147 @@
+#include "wmiUtil/LegacyLog.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <regex>
+
+#include "log/LogFile.h"
+#include "tests/support/windows/LogFiles.h"
+#include "tests/support/windows/LogTimes.h"
+
+namespace qv::test {
+namespace {
+
+constexpr auto prefix = "QVWMISATA::CQVWMISATA_EventProv::";
+constexpr auto defaultFile = L"C:\\windows\\system32\\wbem\\logs\\qvwbems.log";
+
+/// Whether the log writes a line of that severity to that file, which then is as it was.
+bool Writes(const LegacyLog& log, const std::wstring& to, std::uint32_t severity = 5) {
+    const bool existed = std::filesystem::exists(to);
+    const std::string before = existed ? ReadBytesOf(to) : "";
+    log.CommonLogEntry("text", severity);
+    const std::string after = std::filesystem::exists(to) ? ReadBytesOf(to) : "";
+    if (existed) {
+        WriteBytesTo(to, before);
+    } else {
+        std::filesystem::remove(to);
+    }
+    return after.size() > before.size();
+}
+
+class LegacyLogTest : public ::testing::Test {
+protected:
+    LegacyLogTest() { registry.SetText(legacyLogKey, L"LOGFILENAME", file); }
+
+    ScratchFolder folder;
+    ScratchRegistry registry;
+    std::wstring file = folder.File(L"legacy.log");
+};
+
+TEST_F(LegacyLogTest, HasItsDefaultsWithoutTheKey) {
+    RegDeleteTreeW(HKEY_LOCAL_MACHINE, legacyLogKey);
+    const LegacyLog log(prefix);
+    EXPECT_FALSE(Writes(log, defaultFile, 2));
+    EXPECT_TRUE(Writes(log, defaultFile, 3));
+    EXPECT_FALSE(std::filesystem::exists(file));
+    EXPECT_EQ(log.Type(), 0U);
+}
+
+TEST_F(LegacyLogTest, TakesItsSettingsFromTheRegistry) {
+    registry.SetNumber(legacyLogKey, L"LEVEL", 5);
+    registry.SetNumber(legacyLogKey, L"TYPE", 2);
+    const LegacyLog log(prefix);
+    EXPECT_FALSE(Writes(log, file, 4));
+    EXPECT_TRUE(Writes(log, file, 5));
+    EXPECT_EQ(log.Type(), 2U);
+}
+
+TEST_F(LegacyLogTest, KeepsDefaultsInPlaceOfValuesOfTheWrongTypeOrSize) {
+    registry.SetNumber(legacyLogKey, L"LOGFILENAME", 1);
+    registry.SetText(legacyLogKey, L"LEVEL", L"5");
+    registry.SetBytes(legacyLogKey, L"TYPE", REG_DWORD, {});
+    const LegacyLog log(prefix);
+    EXPECT_FALSE(Writes(log, defaultFile, 2));
+    EXPECT_TRUE(Writes(log, defaultFile, 3));
+    EXPECT_FALSE(std::filesystem::exists(file));
+    EXPECT_EQ(log.Type(), 0U);
+}
+
+TEST_F(LegacyLogTest, KeepsItsDefaultFileInPlaceOfAnEmptyName) {
+    registry.SetText(legacyLogKey, L"LOGFILENAME", L"");
+    EXPECT_TRUE(Writes(LegacyLog(prefix), defaultFile));
+}
+
+TEST_F(LegacyLogTest, TakesAFileNameThatNothingTerminates) {
+    registry.SetBytes(legacyLogKey, L"LOGFILENAME", REG_SZ,
+                      std::as_bytes(std::span(std::wstring_view(file))));
+    EXPECT_TRUE(Writes(LegacyLog(prefix), file));
+}
+
+TEST_F(LegacyLogTest, CreatesItsFileWithTheFirstLine) {
+    const LegacyLog log(prefix);
+    EXPECT_FALSE(std::filesystem::exists(file));
+    log.CommonLogEntry("text", 3);
+    EXPECT_TRUE(std::filesystem::exists(file));
+}
+
+TEST_F(LegacyLogTest, WritesNarrowLinesWithTheLocalTimeBehindABlank) {
+    const LegacyLog log(prefix);
+    const std::uint64_t before = LocalTimeNow();
+    log.CommonLogEntry("SendIndication for EventID = 600", 3);
+    const std::uint64_t after = LocalTimeNow();
+    const std::string line = ReadBytesOf(file);
+    std::smatch match;
+    ASSERT_TRUE(
+        std::regex_match(line, match,
+                         std::regex(R"( \[(\d\d)/(\d\d)/(\d{4}) (\d\d):(\d\d):(\d\d):(\d{3})\] )"
+                                    R"(\[QVWMISATA::CQVWMISATA_EventProv::\] - )"
+                                    "SendIndication for EventID = 600\r\n")));
+    EXPECT_LE(before, TimeOf(match));
+    EXPECT_GE(after, TimeOf(match));
+}
+
+TEST_F(LegacyLogTest, AppendsToWhatIsThere) {
+    WriteBytesTo(file, "older\r\n");
+    const LegacyLog log(prefix);
+    log.CommonLogEntry("one", 3);
+    log.CommonLogEntry("two", 3);
+    EXPECT_TRUE(std::regex_match(ReadBytesOf(file),
+                                 std::regex("older\r\n [^\r]* - one\r\n [^\r]* - two\r\n")));
+}
+
+TEST_F(LegacyLogTest, WritesLinesWhoseSeverityIsNotBelowItsLevel) {
+    registry.SetNumber(legacyLogKey, L"LEVEL", 4);
+    const LegacyLog log(prefix);
+    log.CommonLogEntry("below", 3);
+    EXPECT_FALSE(std::filesystem::exists(file));
+    log.CommonLogEntry("equal", 4);
+    log.CommonLogEntry("above", 5);
+    EXPECT_TRUE(
+        std::regex_match(ReadBytesOf(file), std::regex(" [^\r]*equal\r\n [^\r]*above\r\n")));
+}
+
+TEST_F(LegacyLogTest, WritesWhileOthersReadAndWrite) {
+    const LegacyLog log(prefix);
+    const windows::FileHandle other = OpenLogFile(file);
+    log.CommonLogEntry("text", 3);
+    EXPECT_NE(ReadBytesOf(file), "");
+}
+
+TEST_F(LegacyLogTest, LosesALineThatCannotBeWrittenAndGoesOn) {
+    const LegacyLog log(prefix);
+    std::filesystem::create_directory(file);
+    log.CommonLogEntry("lost", 3);
+    std::filesystem::remove(file);
+    log.CommonLogEntry("written", 3);
+    EXPECT_TRUE(std::regex_match(ReadBytesOf(file), std::regex(" [^\r]*written\r\n")));
+}
+
+TEST_F(LegacyLogTest, CreatesNoFolder) {
+    registry.SetText(legacyLogKey, L"LOGFILENAME", folder.File(L"missing\\legacy.log"));
+    LegacyLog(prefix).CommonLogEntry("lost", 3);
+    EXPECT_EQ(folder.FileCount(), 0U);
+}
+
+}  // namespace
+}  // namespace qv::test
