@@ -9,16 +9,16 @@
 namespace qv::test {
 namespace {
 
-using Texts = std::vector<std::string>;
+using TextList = std::vector<std::string>;
 
 TEST(KeptRows, QueryIdeDisksKeepsThePublishedDisksInTheirOrder) {
     ScriptedHost host;
     host.Answer(disksQuery, {Disk("B"), With(Disk("S"), "InterfaceType", "SCSI"), Disk("A")});
-    Texts ids;
+    TextList ids;
     for (const auto& disk : QueryIdeDisks(host)) {
         ids.push_back(TextOrEmpty(*disk, "PNPDeviceID"));
     }
-    EXPECT_EQ(ids, (Texts{"B", "A"}));
+    EXPECT_EQ(ids, (TextList{"B", "A"}));
     EXPECT_EQ(host.asked, InCimv2({disksQuery}));
 }
 
@@ -26,8 +26,8 @@ TEST(KeptRows, QueryIdeDisksGivesNoneWhenTheQueryFails) {
     EXPECT_TRUE(QueryIdeDisks(ScriptedHost()).empty());
 }
 
-Texts KeptIds(const ScriptedHost& host, bool (*isKept)(std::string_view)) {
-    Texts ids;
+TextList KeptIds(const ScriptedHost& host, bool (*isKept)(std::string_view)) {
+    TextList ids;
     for (const auto& [deviceId, row] : QueryControllers(host, isKept)) {
         EXPECT_EQ(TextOrEmpty(*row, "DeviceID"), deviceId);
         ids.push_back(deviceId);
@@ -39,8 +39,8 @@ TEST(KeptRows, QueryControllersKeepsTheRowsOfTheRuleInTheirOrder) {
     ScriptedHost host;
     host.Answer(controllersQuery, {Controller(R"(PCI\B&REV_1)"), Controller(channelId),
                                    Without(Controller("x"), "DeviceID"), Controller(ahciId)});
-    EXPECT_EQ(KeptIds(host, IsPortController), (Texts{R"(PCI\B&REV_1)", ahciId}));
-    EXPECT_EQ(KeptIds(host, IsInitiator), Texts{channelId});
+    EXPECT_EQ(KeptIds(host, IsPortController), (TextList{R"(PCI\B&REV_1)", ahciId}));
+    EXPECT_EQ(KeptIds(host, IsInitiator), TextList{channelId});
     EXPECT_EQ(host.asked, InCimv2({controllersQuery, controllersQuery}));
 }
 

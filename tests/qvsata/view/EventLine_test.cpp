@@ -29,7 +29,7 @@ Style StyleOf(const std::string& eventId) {
     return EventLine(Indication(eventId), {}, {}).at(1).style;
 }
 
-PublishedObject Disk(const std::string& id, std::vector<std::string> statuses) {
+PublishedObject DiskWith(const std::string& id, std::vector<std::string> statuses) {
     return {"QV_SATADiskDrive",
             "",
             {{"DeviceID", id}, {"StatusDescriptions", std::move(statuses)}},
@@ -84,12 +84,12 @@ TEST(EventLine, LeavesATimeOfAnotherFormAsItIs) {
 }
 
 TEST(EventLine, StatusesOfAreTheDescriptionsByDevice) {
-    const std::array disks{Disk("A", {"OK"}), Disk("B", {"Pred Fail"})};
+    const std::array disks{DiskWith("A", {"OK"}), DiskWith("B", {"Pred Fail"})};
     EXPECT_EQ(StatusesOf(disks), (DiskStatuses{{"A", "OK"}, {"B", "Pred Fail"}}));
 }
 
 TEST(EventLine, StatusesOfSayWhenADiskHasNone) {
-    const std::array disks{Disk("A", {""}), Disk("B", {})};
+    const std::array disks{DiskWith("A", {""}), DiskWith("B", {})};
     EXPECT_EQ(StatusesOf(disks), (DiskStatuses{{"A", "no status"}, {"B", "no status"}}));
 }
 
