@@ -20,7 +20,7 @@ using testing::IsEmpty;
 class GraphvizAcceptanceTest : public testing::Test {
 protected:
     GraphvizAcceptanceTest() { std::filesystem::create_directory(folder_); }
-    ~Graphviz() override { std::filesystem::remove_all(folder_); }
+    ~GraphvizAcceptanceTest() override { std::filesystem::remove_all(folder_); }
 
     int Draw(const std::string& graph) const {
         std::ofstream(folder_ / "graph.dot") << graph;
