@@ -12,8 +12,6 @@
 namespace qv {
 namespace {
 
-constexpr int informationLevel = 3;
-
 void PutFlag(InstanceRecord& record, std::string_view name, const platform::Row& partition) {
     bool flag = false;
     GetBooleanProperty(partition, name, flag);
@@ -21,9 +19,9 @@ void PutFlag(InstanceRecord& record, std::string_view name, const platform::Row&
 }
 
 void LogDescription(platform::LogPort& log, const platform::Row& partition) {
-    if (log.Level() <= informationLevel) {
-        log.Write(informationLevel, "NativeAPI::getQV_SATAStorageExtent| Description = " +
-                                        TextOrEmpty(partition, "Description"));
+    if (TakesLines(log.Level(), LogLevel::information)) {
+        log.Write(LogLevel::information, "NativeAPI::getQV_SATAStorageExtent| Description = " +
+                                             TextOrEmpty(partition, "Description"));
     }
 }
 

@@ -11,8 +11,8 @@ namespace qv::benchmarks {
 /// A log that takes nothing.
 class SilentLog : public platform::LogPort {
 public:
-    int Level() const override { return 5; }
-    void Write(int, std::string_view) override {}
+    LogLevel Level() const override { return LogLevel::error; }
+    void Write(LogLevel, std::string_view) override {}
 };
 
 /// Runs what was registered, as the command line asks. Gives the exit code of the program.

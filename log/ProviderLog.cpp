@@ -38,7 +38,7 @@ LogLevel ProviderLog::Level() noexcept {
 
 void ProviderLog::Write(std::wstring_view function, LogLevel level,
                         std::wstring_view text) noexcept {
-    if (Level() > level) {
+    if (!TakesLines(Level(), level)) {
         return;
     }
     try {
@@ -49,7 +49,7 @@ void ProviderLog::Write(std::wstring_view function, LogLevel level,
 }
 
 void ProviderLog::Write(std::string_view function, LogLevel level, std::string_view text) noexcept {
-    if (Level() > level) {
+    if (!TakesLines(Level(), level)) {
         return;
     }
     try {

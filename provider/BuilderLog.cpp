@@ -4,12 +4,12 @@
 
 namespace qv::provider {
 
-int BuilderLog::Level() const {
-    return static_cast<int>(commonLog.Level());
+LogLevel BuilderLog::Level() const {
+    return commonLog.Level();
 }
 
-void BuilderLog::Write(int level, std::string_view text) {
-    commonLog.Write(std::string_view{}, static_cast<LogLevel>(level), text);
+void BuilderLog::Write(LogLevel level, std::string_view text) {
+    commonLog.Write(std::string_view{}, level, text);
 }
 
 }  // namespace qv::provider

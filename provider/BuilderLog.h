@@ -7,8 +7,8 @@ namespace qv::provider {
 /// The common log as the builders see it.
 class BuilderLog : public platform::LogPort {
 public:
-    int Level() const override;
-    void Write(int level, std::string_view text) override;
+    LogLevel Level() const override;
+    void Write(LogLevel level, std::string_view text) override;
 };
 
 }  // namespace qv::provider

@@ -147,7 +147,7 @@ HRESULT CQVWMISATA_EventProv::Initialize(LPWSTR, LONG, LPWSTR nameSpace, LPWSTR,
         delivery_.services.Swap(kept);
         delivery_.namespacePrefix.swap(prefix);
     }
-    ProcessMonitorLog().Attach(legacyLog_, static_cast<int>(commonLog.Level()));
+    ProcessMonitorLog().Attach(legacyLog_, commonLog.Level());
     commonLog.Plain(initializeName, "Leaving Initialize.");
     return initSink->SetStatus(WBEM_S_INITIALIZED, 0);
 } catch (const std::exception&) {

@@ -10,7 +10,7 @@
 #include "provider/EventDelivery.h"
 #include "provider/ExtendedStatus.h"
 #include "provider/Module.h"
-#include "provider/MonitorThread.h"
+#include "provider/MonitorThreads.h"
 #include "wmiUtil/LegacyLog.h"
 
 namespace qv::provider {

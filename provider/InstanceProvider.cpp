@@ -63,7 +63,7 @@ HRESULT CQVWMISATA_InstProv::Initialize(LPWSTR, LONG, LPWSTR nameSpace, LPWSTR,
     pathParsers_.Swap(pathParsers);
     support_ = support.release();
     namespacePrefix_.swap(prefix);
-    ProcessQueryLog().Attach(legacyLog_, static_cast<int>(commonLog.Level()));
+    ProcessQueryLog().Attach(legacyLog_, commonLog.Level());
     commonLog.Plain(function, "Leaving Initialize");
     return initSink->SetStatus(WBEM_S_INITIALIZED, 0);
 }

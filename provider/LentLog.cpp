@@ -16,13 +16,13 @@ std::shared_ptr<const LegacyLog> OpenLegacyLog(std::string_view prefix) try {
 // Monitor threads, which may be ended at any point, write to a log like this: the guard, not an
 // atomic pointer with a lock of its own, keeps what they hold from staying locked.
 
-void LentLog::Attach(std::shared_ptr<const LegacyLog> log, int level) {
+void LentLog::Attach(std::shared_ptr<const LegacyLog> log, LogLevel level) {
     const std::lock_guard guard(EventGuard());
     log_.swap(log);
     level_ = level;
 }
 
-void LentLog::Write(int level, std::string_view text) {
+void LentLog::Write(LogLevel level, std::string_view text) {
     std::shared_ptr<const LegacyLog> log;
     {
         const std::lock_guard guard(EventGuard());

@@ -4,7 +4,6 @@
 #include <memory>
 #include <string_view>
 
-#include "log/LogLevel.h"
 #include "platform/LogPort.h"
 #include "wmiUtil/LegacyLog.h"
 
@@ -18,13 +17,13 @@ std::shared_ptr<const LegacyLog> OpenLegacyLog(std::string_view prefix);
 /// the common log has then. Silent before.
 class LentLog : public platform::LogPort {
 public:
-    void Attach(std::shared_ptr<const LegacyLog> log, int level);
+    void Attach(std::shared_ptr<const LegacyLog> log, LogLevel level);
 
-    int Level() const override { return level_; }
-    void Write(int level, std::string_view text) override;
+    LogLevel Level() const override { return level_; }
+    void Write(LogLevel level, std::string_view text) override;
 
 private:
-    std::atomic<int> level_ = static_cast<int>(LogLevel::silent);
+    std::atomic<LogLevel> level_ = LogLevel::silent;
     std::shared_ptr<const LegacyLog> log_;
 };
 

@@ -1,6 +1,7 @@
 // How associations are built from their endpoints, whatever the class.
 #include <new>
 
+#include "catalogue/Catalogue.h"
 #include "tests/core/AssociatedHost.h"
 
 namespace qv {
@@ -186,7 +187,7 @@ public:
 TEST_F(AssociationPairs, LetErrorsOfTheEndpointsThrough) {
     RaisingHost raising;
     raising.raisingQuery = controllersQuery;
-    const NativeAPI raisingApi(raising, raising, raising);
+    const NativeAPI raisingApi(PublishedCatalogue(), raising, raising, raising);
     for (const char* name :
          {"QV_SATALogicalPortISATAProtocolEndpoint", "QV_WinComputerSystemSATAPortController",
           "QV_SATAInitiatorTargetLogicalUnitPath"}) {

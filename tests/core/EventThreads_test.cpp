@@ -57,8 +57,8 @@ private:
 
 class SilentLog : public platform::LogPort {
 public:
-    int Level() const override { return 1; }
-    void Write(int, std::string_view) override {}
+    LogLevel Level() const override { return LogLevel::debug; }
+    void Write(LogLevel, std::string_view) override {}
 };
 
 class EventCounter : public EventReceiver {

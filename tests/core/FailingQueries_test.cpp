@@ -5,6 +5,7 @@
 #include <map>
 #include <set>
 
+#include "catalogue/Catalogue.h"
 #include "catalogue/Classes.h"
 #include "tests/core/OneDiskHost.h"
 #include "tests/core/Records.h"
@@ -96,7 +97,8 @@ class FailingQueries : public OneDiskHost, public testing::TestWithParam<Failure
 protected:
     RecordList Publish(const char* className, std::size_t failing) {
         const NthQueryFails queries(host, failing);
-        return NativeAPI(queries, host, host).BuildInstances(className, mode::allProperties, {});
+        return NativeAPI(PublishedCatalogue(), queries, host, host)
+            .BuildInstances(className, mode::allProperties, {});
     }
 };
 

@@ -1,5 +1,6 @@
 // Pairs and triples of endpoints with generated keys, held against three nested loops that test
 // everything.
+#include "catalogue/Catalogue.h"
 #include "tests/core/AssociatedHost.h"
 #include "tests/core/GeneratedKeys.h"
 
@@ -82,7 +83,7 @@ TEST_P(GeneratedAssociations, PairsAreThoseOfTheCrossProductInItsOrder) {
     for (std::uint32_t seed = 0; seed < 200; ++seed) {
         const auto keys = KeysOf(seed);
         ChangingDisks host(keys);
-        const NativeAPI api(host, host, host);
+        const NativeAPI api(PublishedCatalogue(), host, host, host);
         ASSERT_EQ(api.BuildAssociationPairs(anyClass, firmwareEnd, packageEnd, rule),
                   Associated("QV_Any", {"First", "Second"}, PairsByLoops(keys, rule)))
             << "seed " << seed;
@@ -94,7 +95,7 @@ TEST_P(GeneratedAssociations, TriplesAreThoseOfTheCrossProductInItsOrder) {
         const auto keys = KeysOf(seed);
         const auto secondRule = static_cast<MatchRule>(seed % 13);
         ChangingDisks host(keys);
-        const NativeAPI api(host, host, host);
+        const NativeAPI api(PublishedCatalogue(), host, host, host);
         ASSERT_EQ(api.BuildAssociationTriples(anyClass, firmwareEnd, packageEnd, diskEnd, rule,
                                               secondRule),
                   Associated("QV_Any", {"First", "Second", "Third"},
@@ -111,7 +112,7 @@ TEST(GeneratedPaths, AreThoseOfThreeNestedLoops) {
         const auto expected =
             TriplesByLoops(keys, MatchRule::secondContains, MatchRule::firstContainsToo);
         ChangingDisks host(keys);
-        const NativeAPI api(host, host, host);
+        const NativeAPI api(PublishedCatalogue(), host, host, host);
         ASSERT_EQ(
             api.BuildAssociationTriples(anyClass, firmwareEnd, packageEnd, diskEnd,
                                         MatchRule::secondContains, MatchRule::firstContainsToo),

@@ -10,6 +10,7 @@
 #include "NativeAPI/NativeAPI.h"
 #include "SourceTree.h"
 #include "catalogue/Associations.h"
+#include "catalogue/Catalogue.h"
 #include "qvsata/recorded/HostFile.h"
 #include "source/PropertyReaders.h"
 #include "tests/core/Records.h"
@@ -22,8 +23,8 @@ using Counts = std::map<std::string, std::size_t, std::less<>>;
 
 class SilentLog : public platform::LogPort {
 public:
-    int Level() const override { return 5; }
-    void Write(int, std::string_view) override {}
+    LogLevel Level() const override { return LogLevel::error; }
+    void Write(LogLevel, std::string_view) override {}
 };
 
 // A recorded host whose own published disks can be asked for.
@@ -185,7 +186,7 @@ protected:
 
     PublishingHost host{service::ReadHostFile(GetParam())};
     SilentLog log;
-    NativeAPI api{host, host, log};
+    NativeAPI api{PublishedCatalogue(), host, host, log};
 };
 
 TEST_P(RecordedAssociations, AreAsManyAsTheSourceRowsSay) {

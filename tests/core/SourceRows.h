@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "NativeAPI/NativeAPI.h"
+#include "catalogue/Catalogue.h"
 #include "tests/support/ScriptedHost.h"
 
 // The source rows of a small host, for tests of the builders.
@@ -178,7 +179,7 @@ inline std::vector<std::string> InCimv2(std::vector<std::string> queries) {
 /// A host that the test scripts, and the builders that ask it.
 struct Builders {
     ScriptedHost host;
-    NativeAPI api{host, host, host};
+    NativeAPI api{PublishedCatalogue(), host, host, host};
 
     RecordList All(std::string_view className) const {
         return api.BuildInstances(className, mode::allProperties, {});

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "NativeAPI/NativeAPI.h"
+#include "catalogue/Catalogue.h"
 #include "catalogue/Classes.h"
 #include "qvsata/recorded/HostFile.h"
 #include "source/TypedValue.h"
@@ -56,8 +57,8 @@ private:
     /// Nothing is logged.
     class SilentLog : public platform::LogPort {
     public:
-        int Level() const override { return 1024; }
-        void Write(int, std::string_view) override {}
+        LogLevel Level() const override { return LogLevel::silent; }
+        void Write(LogLevel, std::string_view) override {}
     };
 
     static std::uint16_t VariantType(const TypedValue& value) {
@@ -97,7 +98,7 @@ private:
 
     std::string prefix_;
     mutable SilentLog log_;
-    NativeAPI api_{*this, *this, log_};
+    NativeAPI api_{PublishedCatalogue(), *this, *this, log_};
 };
 
 }  // namespace qv::test

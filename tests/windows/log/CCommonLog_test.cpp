@@ -12,7 +12,7 @@
 
 #include "log/LogFile.h"
 #include "log/LogMutex.h"
-#include "log/LogPlaces.h"
+#include "log/LogPlace.h"
 #include "tests/windows/log/LogTimes.h"
 #include "tests/windows/log/ScratchFolder.h"
 #include "tests/windows/log/ScratchRegistry.h"

@@ -5,7 +5,7 @@
 #include <optional>
 #include <ostream>
 
-#include "log/LogPlaces.h"
+#include "log/LogPlace.h"
 #include "tests/windows/log/ScratchRegistry.h"
 
 namespace qv {

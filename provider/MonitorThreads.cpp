@@ -1,4 +1,4 @@
-#include "provider/MonitorThread.h"
+#include "provider/MonitorThreads.h"
 
 #include <malloc.h>
 #include <objbase.h>
