@@ -5,6 +5,7 @@
 #include "NativeAPI/NativeAPI.h"
 #include "NativeAPI/Properties.h"
 #include "source/HostIdentity.h"
+#include "source/Namespaces.h"
 #include "source/PropertyReaders.h"
 #include "source/SourceRules.h"
 #include "source/Text.h"
@@ -46,9 +47,9 @@ RecordList NativeAPI::getQV_SATAStorageExtent(const Request& request) const {
     const platform::Rows disks = QueryIdeDisks(queries_);
     platform::Rows links;
     platform::Rows partitions;
-    if (Succeeded(queries_.RunWqlQuery("root\\CIMv2",
-                                       "SELECT * FROM Win32_DiskDriveToDiskPartition", links))) {
-        queries_.RunWqlQuery("root\\CIMv2", "SELECT * FROM Win32_DiskPartition", partitions);
+    if (Succeeded(queries_.RunWqlQuery(cimNamespace, "SELECT * FROM Win32_DiskDriveToDiskPartition",
+                                       links))) {
+        queries_.RunWqlQuery(cimNamespace, "SELECT * FROM Win32_DiskPartition", partitions);
     }
     const PartitionLinks join = request.WantsAllProperties()
                                     ? PartitionLinks(disks, links, partitions)

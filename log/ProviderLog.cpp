@@ -6,9 +6,6 @@
 
 namespace qv {
 
-// Constant-initialised, so that nothing runs under the loader lock.
-constinit ProviderLog commonLog(L"QVWMISATA");
-
 void ProviderLog::Plain(std::wstring_view function, std::wstring_view text) noexcept {
     Write(function, LogLevel::information, text);
 }

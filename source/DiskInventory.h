@@ -55,16 +55,13 @@ public:
     DiskInventory(const platform::QueryPort& queries, const platform::HostFacts& host,
                   const platform::Clock& clock, platform::NamedLock& lock);
 
-    /// Finds the disks anew, with their failure-prediction rows in the same order. False when a
-    /// source query failed, and all is as it was. The calling thread holds the named lock.
-    bool RebuildDiskInventory();
-
-    /// Rebuilds under the named lock, for which it waits without limit. Always 0: that a source
-    /// failed is no matter for the caller.
+    /// Finds the disks anew, with their failure-prediction rows in the same order, under the named
+    /// lock, for which it waits without limit. When a source query fails all stays as it was.
+    /// Always 0: that a source failed is no matter for the caller.
     int RefreshDiskInventoryNow();
 
-    /// Rebuilds at the first call, later when the last one that did was more than 30 seconds ago,
-    /// but leaves the rebuilding to the monitor where `monitorRuns`.
+    /// Refreshes at the first call, later when the last one that did was more than 30 seconds ago,
+    /// but leaves the refreshing to the monitor where `monitorRuns`.
     void RefreshDiskInventoryIfStale(bool monitorRuns);
 
     /// What the last rebuild found.
@@ -93,6 +90,10 @@ public:
     std::unique_lock<std::mutex> HoldMembers() const { return std::unique_lock(members_); }
 
 private:
+    /// How far RefreshDiskInventoryIfStale has come.
+    enum class Use { none, first, later };
+
+    void RebuildDiskInventory();
     bool ClaimRefresh();
 
     const platform::QueryPort& queries_;
@@ -105,8 +106,8 @@ private:
     FailurePredictList failurePredictions_;
     std::int32_t matchedDisks_ = 0;
     DiskList previousDisks_;
-    std::uint32_t refreshCounter_ = 0;  // 0: never used, 1: first use in progress, 2: used
-    std::int64_t lastRefresh_;          // seconds since 1970
+    Use use_ = Use::none;
+    std::int64_t lastRefresh_;  // seconds since 1970
     std::uint32_t refreshTimeout_ = 0;
 };
 

@@ -8,9 +8,6 @@
 
 namespace qv::service {
 
-/// The namespace whose classes the provider serves.
-inline constexpr std::string_view providerNamespace = R"(root\QVQ)";
-
 /// Returns the provider's namespace on a server: the classes and the instances that its MOF files
 /// state. The provider is attached when it is there.
 std::shared_ptr<Namespace> OpenPublished(const ClassRepository& repository,

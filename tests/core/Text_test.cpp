@@ -20,6 +20,11 @@ TEST(EqualsIgnoringCase, TellsTextsOfDifferentLengthApart) {
     EXPECT_TRUE(EqualsIgnoringCase("", ""));
 }
 
+TEST(ToUpper, RaisesAsciiLettersOnly) {
+    EXPECT_EQ(ToUpper("QV_sataAZaz@[`{09"), "QV_SATAAZAZ@[`{09");
+    EXPECT_EQ(ToUpper("\xC3\xA9"), "\xC3\xA9");
+}
+
 TEST(FoldCase, LowersAsciiLettersOnly) {
     EXPECT_EQ(FoldCase("QV_sataAZaz@[`{09"), "qv_sataazaz@[`{09");
     EXPECT_EQ(FoldCase("\xC3\x89"), "\xC3\x89");

@@ -2,14 +2,14 @@
 
 #include <string>
 
-#include "platform/windows/UnsupportedPath.h"
+#include "qvsata/hosting/substitutes/UnsupportedPath.h"
 
 namespace qv::service {
 
 /// The object path parser of the embedded management service: SetText, GetText and GetClassName
 /// of IWbemPath; everything else is refused with WBEM_E_NOT_SUPPORTED. The text from the class on
 /// is given back as it was set: letter case, key order, quotes and escapes kept. One thread.
-class PathParser final : public windows::UnsupportedPath {
+class PathParser final : public UnsupportedPath {
 public:
     /// WBEM_E_INVALID_PARAMETER for mode 0, a null text and a text that is no path; what was set
     /// before is lost then. An empty text clears the parser.

@@ -8,6 +8,10 @@
 #include <string>
 #include <vector>
 
+#include "platform/windows/SystemClock.h"
+#include "platform/windows/WindowsHostFacts.h"
+#include "platform/windows/WindowsSystemFacts.h"
+#include "platform/windows/WmiQueryPort.h"
 #include "tests/windows/events/EventConsumer.h"
 #include "tests/windows/events/EventSource.h"
 #include "tests/windows/log/LogTimes.h"
@@ -25,15 +29,15 @@ protected:
     EventDeliveryTest() {
         testing::ScratchRegistry settings;
         settings.SetText(L"Software\\Corvane\\WBEM", L"LogFolder", Folder().Path());
-        // The log, which is the program's, is opened at its first line.
+        // The log is opened at its first line.
         SendWith("600");
         sink->indications.Clear();
         lines = Logged().size();
     }
 
-    HRESULT Send(InstanceRecord event) {
+    HRESULT Send(const InstanceRecord& event) {
         return provider::EventDelivery{nameSpace, sink, L"\\\\SRV\\root\\QVQ:"}.SendIndication(
-            std::move(event));
+            event, {service, host, system, clock}, log);
     }
     HRESULT SendWith(const std::string& eventId) {
         InstanceRecord event = WithoutId();
@@ -52,6 +56,11 @@ protected:
         return all;
     }
 
+    ProviderLog log{L"QVWMISATA"};
+    windows::WmiQueryPort service;
+    windows::WindowsHostFacts host;
+    windows::WindowsSystemFacts system;
+    windows::SystemClock clock;
     EventSource source;
     windows::ComPtr<EventNamespace> nameSpace = windows::MakeObject<EventNamespace>();
     windows::ComPtr<EventSink> sink = windows::MakeObject<EventSink>();

@@ -1,4 +1,4 @@
-#include "platform/windows/FillInstance.h"
+#include "source/FillInstance.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -7,11 +7,14 @@
 #include <string>
 
 #include "platform/windows/WbemStatus.h"
+#include "provider/InstanceTarget.h"
 #include "tests/windows/support/InstanceStandIn.h"
 
 namespace qv::windows {
 namespace {
 
+using provider::InstanceTarget;
+using provider::ToVariant;
 using qv::test::InstanceStandIn;
 using qv::test::PutCall;
 using qv::test::VariantText;
@@ -112,7 +115,10 @@ TEST(ToVariant, GivesArraysOfOneDimensionFromZero) {
 
 class FillInstanceTest : public ::testing::Test {
 protected:
-    HRESULT Fill() { return FillInstance(*instance.Get(), record, prefix); }
+    HRESULT Fill() {
+        InstanceTarget target(*instance.Get(), prefix);
+        return ToHresult(FillInstance(target, record));
+    }
 
     InstanceRecord record{"C"};
     ComPtr<InstanceStandIn> instance = MakeObject<InstanceStandIn>();

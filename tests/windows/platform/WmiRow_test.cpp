@@ -10,9 +10,9 @@
 #include <vector>
 
 #include "platform/windows/Bstr.h"
-#include "platform/windows/UnsupportedObject.h"
 #include "platform/windows/Variant.h"
 #include "platform/windows/WbemStatus.h"
+#include "qvsata/hosting/objects/UnsupportedObject.h"
 #include "source/PropertyReaders.h"
 
 namespace qv::windows {
@@ -22,7 +22,7 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 /// A row of one property "P".
-class OneValue : public qv::windows::UnsupportedObject {
+class OneValue : public qv::service::UnsupportedObject {
 public:
     explicit OneValue(VARIANT value) { VariantCopy(value_.Receive(), &value); }
 
