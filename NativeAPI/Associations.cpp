@@ -13,15 +13,15 @@ namespace {
 
 // Returns whether the endpoint of the filter can be one of these ends, and the result class of the
 // filter another one.
-bool MayRelate(const EndpointFilter& filter, std::initializer_list<AssociationEnd> ends) {
+bool MayRelate(const ClassCatalogue& classes, const EndpointFilter& filter,
+               std::initializer_list<AssociationEnd> ends) {
     const auto mayBeNamed = [&filter](const AssociationEnd& end) {
         return (!filter.NamesEndpoint() ||
                 EqualsIgnoringCase(end.className, filter.ClassOfPath())) &&
                (filter.role.empty() || EqualsIgnoringCase(end.role, filter.role));
     };
-    const auto mayBeResult = [&filter](const AssociationEnd& end) {
-        return filter.resultClass.empty() ||
-               NativeAPI::IsOfClass(end.className, filter.resultClass);
+    const auto mayBeResult = [&classes, &filter](const AssociationEnd& end) {
+        return filter.resultClass.empty() || classes.IsOfClass(end.className, filter.resultClass);
     };
     return std::ranges::any_of(ends, [&](const AssociationEnd& named) {
         return mayBeNamed(named) && std::ranges::any_of(ends, [&](const AssociationEnd& result) {
@@ -112,7 +112,7 @@ RecordList NativeAPI::BuildAssociationPairs(const Request& request, const Associ
                                             const AssociationEnd& secondEnd, MatchRule rule,
                                             const FurtherCondition& condition) const {
     RecordList records;
-    if (!MayRelate(request.endpoint, {firstEnd, secondEnd})) {
+    if (!MayRelate(classes_, request.endpoint, {firstEnd, secondEnd})) {
         return records;
     }
     const Endpoints first(BuildAllInstances(firstEnd.className, mode::keysOnly), firstEnd,
@@ -135,7 +135,7 @@ RecordList NativeAPI::BuildAssociationTriples(const Request& request,
                                               const AssociationEnd& thirdEnd, MatchRule firstRule,
                                               MatchRule secondRule) const {
     RecordList records;
-    if (!MayRelate(request.endpoint, {firstEnd, secondEnd, thirdEnd})) {
+    if (!MayRelate(classes_, request.endpoint, {firstEnd, secondEnd, thirdEnd})) {
         return records;
     }
     const Endpoints first(BuildAllInstances(firstEnd.className, mode::keysOnly), firstEnd,

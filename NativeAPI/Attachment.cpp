@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "NativeAPI/KeptRows.h"
+#include "source/Namespaces.h"
 #include "source/PropertyReaders.h"
 #include "source/Text.h"
 
@@ -20,7 +21,7 @@ AttachedDisks QueryAttachedDisks(const platform::QueryPort& queries) {
     platform::Rows disks = QueryIdeDisks(queries);
     platform::Rows links;
     platform::Rows controllers;
-    queries.RunWqlQuery("root\\CIMv2", "SELECT * FROM Win32_IDEControllerDevice", links);
+    queries.RunWqlQuery(cimNamespace, "SELECT * FROM Win32_IDEControllerDevice", links);
     QueryControllerRows(queries, controllers);
     ControllerLinks attachments(links, controllers);
     return {std::move(disks), std::move(controllers), std::move(attachments)};

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "source/Namespaces.h"
 #include "source/PropertyReaders.h"
 #include "source/SourceRules.h"
 
@@ -9,13 +10,13 @@ namespace qv {
 
 platform::Rows QueryIdeDisks(const platform::QueryPort& queries) {
     platform::Rows disks;
-    queries.RunWqlQuery("root\\CIMv2", "SELECT * FROM Win32_DiskDrive", disks);
+    queries.RunWqlQuery(cimNamespace, "SELECT * FROM Win32_DiskDrive", disks);
     std::erase_if(disks, [](const auto& disk) { return !IsIdeDisk(*disk); });
     return disks;
 }
 
 Status QueryControllerRows(const platform::QueryPort& queries, platform::Rows& controllers) {
-    return queries.RunWqlQuery("root\\CIMv2", "SELECT * FROM Win32_IDEController", controllers);
+    return queries.RunWqlQuery(cimNamespace, "SELECT * FROM Win32_IDEController", controllers);
 }
 
 std::vector<ControllerRow> QueryControllers(const platform::QueryPort& queries,

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "NativeAPI/Association.h"
+#include "NativeAPI/ClassCatalogue.h"
 #include "NativeAPI/Request.h"
 #include "platform/HostFacts.h"
 #include "platform/LogPort.h"
@@ -12,18 +13,18 @@
 
 namespace qv {
 
-/// The provider's data layer: the catalogue of the published classes and the builders of their
-/// instances, named after the class that they build. One object serves the whole process. It keeps
+/// The provider's data layer: finds a class's builder by its name. The builders are its operations
+/// named after the class that they build. One object serves the whole process. It keeps
 /// no state between calls, so that any number of threads may call it at once.
 ///
 /// A failed or empty source query gives an empty list. What ends a request is raised: RequestError,
 /// std::bad_alloc.
 class NativeAPI {
 public:
-    /// All three outlive the object.
-    NativeAPI(const platform::QueryPort& queries, const platform::HostFacts& host,
-              platform::LogPort& log)
-        : queries_(queries), host_(host), log_(log) {}
+    /// All four outlive the object.
+    NativeAPI(const ClassCatalogue& classes, const platform::QueryPort& queries,
+              const platform::HostFacts& host, platform::LogPort& log)
+        : classes_(classes), queries_(queries), host_(host), log_(log) {}
 
     /// The instances of a published class, in the order of their source rows; an empty list for any
     /// other class. The class name is taken without regard to case, `mode` is made of the bits of
@@ -39,9 +40,6 @@ public:
     /// empty list when there is none or when its object path is not unique.
     RecordList FindRecordByKey(std::string_view className, std::string_view keyName,
                                std::string_view keyValue) const;
-
-    /// Whether a published class is `name` or has it as an ancestor, without regard to case.
-    static bool IsOfClass(std::string_view className, std::string_view name);
 
     RecordList getQV_SATAPortController(const Request& request) const;
     RecordList getQV_SATADiskDrive(const Request& request) const;
@@ -84,6 +82,7 @@ public:
                                        MatchRule secondRule) const;
 
 private:
+    const ClassCatalogue& classes_;
     const platform::QueryPort& queries_;
     const platform::HostFacts& host_;
     platform::LogPort& log_;

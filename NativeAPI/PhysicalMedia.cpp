@@ -1,5 +1,6 @@
 #include "NativeAPI/PhysicalMedia.h"
 
+#include "source/Namespaces.h"
 #include "source/PropertyReaders.h"
 #include "source/SourceRules.h"
 
@@ -8,7 +9,7 @@ namespace qv {
 std::optional<PhysicalMedia> QueryMediaOfDisk(const platform::QueryPort& queries,
                                               const platform::Row& disk) {
     platform::Rows media;
-    queries.RunWqlQuery("root\\CIMv2", "SELECT * FROM Win32_PhysicalMedia", media);
+    queries.RunWqlQuery(cimNamespace, "SELECT * FROM Win32_PhysicalMedia", media);
     const platform::Row* own = FindMediaOfDisk(disk, media);
     if (own == nullptr) {
         return std::nullopt;

@@ -6,6 +6,7 @@
 #include "NativeAPI/NativeAPI.h"
 #include "NativeAPI/Properties.h"
 #include "source/HostIdentity.h"
+#include "source/Namespaces.h"
 #include "source/PropertyReaders.h"
 #include "source/SourceRules.h"
 #include "source/Text.h"
@@ -20,7 +21,7 @@ RecordList NativeAPI::getQV_SATALogicalPort(const Request& request) const {
     // The same query twice, on purpose: only the outcome of the second one counts.
     QueryControllerRows(queries_, channels);
     const Status outcome = QueryControllerRows(queries_, controllers);
-    queries_.RunWqlQuery("root\\CIMv2", "SELECT * FROM Win32_IDEControllerDevice", links);
+    queries_.RunWqlQuery(cimNamespace, "SELECT * FROM Win32_IDEControllerDevice", links);
     if (!Succeeded(outcome)) {
         return records;
     }

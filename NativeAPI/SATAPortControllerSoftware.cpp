@@ -7,6 +7,7 @@
 
 #include "NativeAPI/KeptRows.h"
 #include "NativeAPI/NativeAPI.h"
+#include "source/Namespaces.h"
 #include "source/PropertyReaders.h"
 #include "source/SourceRules.h"
 #include "source/Text.h"
@@ -67,7 +68,7 @@ platform::Rows Associated(const platform::QueryPort& queries, const platform::Ro
                           const std::string& associationClass, std::string_view resultClass) {
     platform::Rows objects;
     queries.RunWqlQuery(
-        "root\\CIMv2",
+        cimNamespace,
         "ASSOCIATORS OF {" + RelativePathOf(row) + "} where assocclass=" + associationClass,
         objects);
     std::erase_if(objects, [resultClass](const auto& object) {

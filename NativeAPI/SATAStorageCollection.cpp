@@ -7,6 +7,7 @@
 #include "NativeAPI/NativeAPI.h"
 #include "NativeAPI/Properties.h"
 #include "source/HostIdentity.h"
+#include "source/Namespaces.h"
 #include "source/PropertyReaders.h"
 
 namespace qv {
@@ -25,7 +26,8 @@ std::optional<std::int32_t> StatusCodeOf(const platform::Row& disk) {
 RecordList NativeAPI::getQV_SATAStorageCollection(const Request& request) const {
     RecordList records;
     platform::Rows disks;
-    if (!Succeeded(queries_.RunWqlQuery("root\\QVQ", "SELECT * FROM QV_SATADiskDrive", disks))) {
+    if (!Succeeded(
+            queries_.RunWqlQuery(providerNamespace, "SELECT * FROM QV_SATADiskDrive", disks))) {
         return records;
     }
     std::vector<std::optional<std::int32_t>> codes;

@@ -5,14 +5,13 @@
 #include "NativeAPI/NativeAPI.h"
 #include "NativeAPI/Properties.h"
 #include "source/HostIdentity.h"
+#include "source/Namespaces.h"
 #include "source/PropertyReaders.h"
 #include "source/SourceRules.h"
 #include "source/Text.h"
 
 namespace qv {
 namespace {
-
-constexpr int informationLevel = 3;
 
 void PutFlag(InstanceRecord& record, std::string_view name, const platform::Row& partition) {
     bool flag = false;
@@ -21,9 +20,9 @@ void PutFlag(InstanceRecord& record, std::string_view name, const platform::Row&
 }
 
 void LogDescription(platform::LogPort& log, const platform::Row& partition) {
-    if (log.Level() <= informationLevel) {
-        log.Write(informationLevel, "NativeAPI::getQV_SATAStorageExtent| Description = " +
-                                        TextOrEmpty(partition, "Description"));
+    if (TakesLines(log.Level(), LogLevel::information)) {
+        log.Write(LogLevel::information, "NativeAPI::getQV_SATAStorageExtent| Description = " +
+                                             TextOrEmpty(partition, "Description"));
     }
 }
 
@@ -48,9 +47,9 @@ RecordList NativeAPI::getQV_SATAStorageExtent(const Request& request) const {
     const platform::Rows disks = QueryIdeDisks(queries_);
     platform::Rows links;
     platform::Rows partitions;
-    if (Succeeded(queries_.RunWqlQuery("root\\CIMv2",
-                                       "SELECT * FROM Win32_DiskDriveToDiskPartition", links))) {
-        queries_.RunWqlQuery("root\\CIMv2", "SELECT * FROM Win32_DiskPartition", partitions);
+    if (Succeeded(queries_.RunWqlQuery(cimNamespace, "SELECT * FROM Win32_DiskDriveToDiskPartition",
+                                       links))) {
+        queries_.RunWqlQuery(cimNamespace, "SELECT * FROM Win32_DiskPartition", partitions);
     }
     const PartitionLinks join = request.WantsAllProperties()
                                     ? PartitionLinks(disks, links, partitions)

@@ -16,6 +16,7 @@
 #include "benchmarks/AttachedHost.h"
 #include "benchmarks/RunBenchmarks.h"
 #include "catalogue/Associations.h"
+#include "catalogue/Catalogue.h"
 #include "tests/support/PlainPairing.h"
 #include "tests/support/SilentLog.h"
 
@@ -39,8 +40,8 @@ struct EndpointKeys {
         const AttachedHost host(disks);
         test::SilentLog log;
         Keys keys;
-        for (const auto& record :
-             NativeAPI(host, host, log).BuildAllInstances(className, mode::keysOnly)) {
+        for (const auto& record : NativeAPI(PublishedCatalogue(), host, host, log)
+                                      .BuildAllInstances(className, mode::keysOnly)) {
             keys.push_back(GetPropertyEntry(record, key).value);
         }
         return keys;
@@ -132,7 +133,7 @@ void PlainTriple(benchmark::State& state) {
 void WholeClass(benchmark::State& state, std::string_view className) {
     const AttachedHost host(static_cast<int>(state.range(0)));
     test::SilentLog log;
-    const NativeAPI api(host, host, log);
+    const NativeAPI api(PublishedCatalogue(), host, host, log);
     for (auto _ : state) {
         benchmark::DoNotOptimize(api.BuildAllInstances(className, mode::allProperties));
     }

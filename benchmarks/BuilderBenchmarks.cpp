@@ -10,6 +10,7 @@
 #include "benchmarks/ClassReads.h"
 #include "benchmarks/GeneratedHost.h"
 #include "benchmarks/RunBenchmarks.h"
+#include "catalogue/Catalogue.h"
 #include "tests/support/SilentLog.h"
 
 namespace qv::benchmarks {
@@ -31,7 +32,7 @@ void Reads(benchmark::State& state, const ClassReads& one) {
 void Builds(benchmark::State& state, const ClassReads& one) {
     const GeneratedHost& host = HostWith(state.range(0));
     test::SilentLog log;
-    const NativeAPI api(host, host, log);
+    const NativeAPI api(PublishedCatalogue(), host, host, log);
     if (api.BuildAllInstances(one.className, mode::allProperties).empty()) {
         state.SkipWithError("the class has no instances");
     }

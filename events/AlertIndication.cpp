@@ -12,16 +12,26 @@
 namespace qv {
 namespace {
 
-struct Alert {
-    PropertyTarget& indication;
-    std::string_view providerName;
-    std::string_view eventId;
-    const AlertSources& sources;
+/// An alert that is being filled. A property that it does not take ends the filling: RequestError.
+class Alert {
+public:
+    explicit Alert(PropertyTarget& indication) : indication_(indication) {}
 
-    Status Put(std::string_view name, std::string value,
-               PropertyType type = PropertyType::string) const {
-        return indication.Put({std::string(name), std::move(value), type, false});
+    void Put(std::string_view name, std::string value, PropertyType type = PropertyType::string) {
+        Require(indication_.Put({std::string(name), std::move(value), type, false}));
     }
+    void PutWideText(std::string_view name, std::wstring_view text) {
+        Require(indication_.PutWideText(name, text));
+    }
+
+    static void Require(Status status) {
+        if (!Succeeded(status)) {
+            throw RequestError(status);
+        }
+    }
+
+private:
+    PropertyTarget& indication_;
 };
 
 struct SystemType {
@@ -44,90 +54,52 @@ int OsTypeOf(const platform::OsVersion& version) {
     return found == systemTypes.end() ? otherSystemType : found->osType;
 }
 
-Status PutProviderName(const Alert& alert) {
-    return alert.Put("ProviderName", std::string(alert.providerName));
-}
-
-Status PutEventId(const Alert& alert) {
-    return alert.Put("EventID", std::string(alert.eventId));
-}
-
-Status PutIdentifier(const Alert& alert) {
+std::string NewIdentifier(const platform::SystemFacts& system) {
     std::string guid;
-    const Status made = alert.sources.system.NewGuid(guid);
-    return Succeeded(made) ? alert.Put("IndicationIdentifier", std::move(guid)) : made;
+    Alert::Require(system.NewGuid(guid));
+    return guid;
 }
 
-Status PutTime(const Alert& alert) {
-    const platform::Clock& clock = alert.sources.clock;
-    return alert.Put("IndicationTime", FormatIndicationTime(clock.Local(), clock.Zone()));
+std::string InDots(const platform::OsVersion& version) {
+    return std::to_string(version.majorNumber) + "." + std::to_string(version.minorNumber) + "." +
+           std::to_string(version.build);
 }
 
-Status PutOperatingSystem(const Alert& alert) {
-    const platform::OsVersion version = alert.sources.system.Version();
-    const Status put = alert.Put("OSVersion", std::to_string(version.majorNumber) + "." +
-                                                  std::to_string(version.minorNumber) + "." +
-                                                  std::to_string(version.build));
-    return Succeeded(put)
-               ? alert.Put("OSType", std::to_string(OsTypeOf(version)), PropertyType::int32)
-               : put;
-}
-
-Status PutNetworkAddresses(const Alert& alert) {
+std::string NetworkAddresses(const platform::SystemFacts& system) {
     std::vector<std::string> addresses;
-    const Status read = alert.sources.system.NetworkAddresses(addresses);
-    return Succeeded(read)
-               ? alert.Put("NetworkAddresses", JoinList(addresses), PropertyType::stringArray)
-               : read;
+    Alert::Require(system.NetworkAddresses(addresses));
+    return JoinList(addresses);
 }
 
-Status PutSystem(const Alert& alert) {
-    return PutSystemIdentity(alert.indication, alert.sources.queries);
-}
-
-Status PutHost(const Alert& alert) {
-    const Status put =
-        alert.Put("SystemCreationClassName", std::string(GetComputerSystemClassName()));
-    if (!Succeeded(put)) {
-        return put;
-    }
+std::wstring WideHostName(const platform::HostFacts& host) {
     std::wstring name;
-    return GetHostName(alert.sources.host, name) == 0
-               ? alert.indication.PutWideText("SystemName", name)
-               : Status::failed;
+    Alert::Require(GetHostName(host, name) == 0 ? Status::noError : Status::failed);
+    return name;
 }
-
-Status PutVersion(const Alert& alert) {
-    return PutProviderVersion(alert.indication, alert.sources.queries);
-}
-
-Status PutLocation(const Alert& alert) {
-    return PutEnclosureLocation(alert.indication, alert.sources.queries);
-}
-
-Status PutMetadata(const Alert& alert) {
-    return PutErrorMetadata(alert.indication, alert.sources.queries, alert.providerName,
-                            alert.eventId);
-}
-
-constexpr std::array steps{
-    PutProviderName,    PutEventId,          PutIdentifier, PutTime,
-    PutOperatingSystem, PutNetworkAddresses, PutSystem,     PutHost,
-    PutVersion,         PutLocation,         PutMetadata,
-};
 
 }  // namespace
 
 Status FillCommonProperties(PropertyTarget& indication, std::string_view providerName,
-                            std::string_view eventId, const AlertSources& sources) {
-    const Alert alert{indication, providerName, eventId, sources};
-    for (const auto step : steps) {
-        const Status taken = step(alert);
-        if (!Succeeded(taken)) {
-            return taken;
-        }
-    }
+                            std::string_view eventId, const AlertSources& sources) try {
+    const auto& [queries, host, system, clock] = sources;
+    Alert alert(indication);
+    alert.Put("ProviderName", std::string(providerName));
+    alert.Put("EventID", std::string(eventId));
+    alert.Put("IndicationIdentifier", NewIdentifier(system));
+    alert.Put("IndicationTime", FormatIndicationTime(clock.Local(), clock.Zone()));
+    const platform::OsVersion version = system.Version();
+    alert.Put("OSVersion", InDots(version));
+    alert.Put("OSType", std::to_string(OsTypeOf(version)), PropertyType::int32);
+    alert.Put("NetworkAddresses", NetworkAddresses(system), PropertyType::stringArray);
+    Alert::Require(PutSystemIdentity(indication, queries));
+    alert.Put("SystemCreationClassName", std::string(GetComputerSystemClassName()));
+    alert.PutWideText("SystemName", WideHostName(host));
+    Alert::Require(PutProviderVersion(indication, queries));
+    Alert::Require(PutEnclosureLocation(indication, queries));
+    Alert::Require(PutErrorMetadata(indication, queries, providerName, eventId));
     return Status::noError;
+} catch (const RequestError& refused) {
+    return refused.status();
 }
 
 }  // namespace qv

@@ -6,21 +6,9 @@
 #include "platform/HostFacts.h"
 #include "platform/QueryPort.h"
 #include "platform/SystemFacts.h"
-#include "source/InstanceRecord.h"
+#include "source/PropertyTarget.h"
 
 namespace qv {
-
-/// An indication that is being filled.
-class PropertyTarget {
-public:
-    virtual ~PropertyTarget() = default;
-
-    /// Puts one property, or gives the reason why it was not taken.
-    virtual Status Put(const PropertyEntry& property) = 0;
-
-    /// The same of a text that no record holds and no code page narrows.
-    virtual Status PutWideText(std::string_view name, std::wstring_view text) = 0;
-};
 
 /// Where the common properties of an alert come from.
 struct AlertSources {

@@ -7,6 +7,7 @@
 #include <type_traits>
 #include <variant>
 
+#include "source/Namespaces.h"
 #include "source/PropertyReaders.h"
 #include "source/Text.h"
 
@@ -62,7 +63,7 @@ constexpr std::array metadataProperties{
 
 platform::Rows Query(const platform::QueryPort& queries, std::string_view query) {
     platform::Rows rows;
-    queries.RunWqlQuery("root\\QVQ", query, rows);
+    queries.RunWqlQuery(providerNamespace, query, rows);
     return rows;
 }
 

@@ -8,11 +8,6 @@
 #include "events/DiskChanges.h"
 
 namespace qv {
-namespace {
-
-constexpr int informationLevel = 3;
-
-}  // namespace
 
 void CSATAHBA_EVENTS::RunCycle() {
     running_ = true;
@@ -47,11 +42,11 @@ void CSATAHBA_EVENTS::LogThreadExit() const noexcept {
 }
 
 void CSATAHBA_EVENTS::Log(std::string_view function, std::string_view message) const noexcept {
-    if (log_.Level() > informationLevel) {
+    if (!TakesLines(log_.Level(), LogLevel::information)) {
         return;
     }
     try {
-        log_.Write(informationLevel, std::string(function).append("| ").append(message));
+        log_.Write(LogLevel::information, std::string(function).append("| ").append(message));
     } catch (const std::exception&) {
         // A lost line is better than a lost event.
     }

@@ -1,9 +1,12 @@
 #include "events/DeviceIndication.h"
 
 #include "events/AlertTime.h"
+#include "source/FillInstance.h"
 
 namespace qv {
 namespace {
+
+constexpr std::string_view eventIdName = "EventID";
 
 std::string PathOfDisk(const DiskRecord& disk) {
     InstanceRecord instance(disk.creationClassName);
@@ -25,8 +28,25 @@ InstanceRecord BuildDeviceIndication(const DiskRecord& disk, std::string_view ev
     SetProperty(event, "AlertingManagedElement", PathOfDisk(disk), PropertyType::reference);
     SetProperty(event, "AlertingElementFormat", cimObjectPath, PropertyType::int32);
     SetProperty(event, "DeviceModel", disk.model);
-    SetProperty(event, "EventID", std::string(eventId));
+    SetProperty(event, eventIdName, std::string(eventId));
     return event;
+}
+
+std::string EventIdOf(const InstanceRecord& event) {
+    return GetPropertyEntry(event, eventIdName).value;
+}
+
+Status FillDeviceIndication(PropertyTarget& indication, const InstanceRecord& event,
+                            const AlertSources& sources) {
+    const Status common = FillCommonProperties(indication, "QV SATA", EventIdOf(event), sources);
+    if (!Succeeded(common)) {
+        return common;
+    }
+    InstanceRecord own = event;
+    std::erase_if(own.properties,
+                  [](const PropertyEntry& property) { return property.name == eventIdName; });
+    FillInstance(indication, own);
+    return Status::noError;
 }
 
 }  // namespace qv

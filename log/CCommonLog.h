@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-#include "log/LogLevel.h"
 #include "log/LogSettings.h"
+#include "platform/LogPort.h"
 #include "platform/windows/Handle.h"
 
 namespace qv {

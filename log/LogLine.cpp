@@ -4,6 +4,17 @@
 #include <cstdio>
 
 namespace qv {
+namespace {
+
+constexpr std::array<std::wstring_view, 6> levelNames = {L"N/A",         L"Debug",   L"Verbose",
+                                                         L"Information", L"Warning", L"Error"};
+
+}  // namespace
+
+std::wstring_view NameOf(LogLevel level) {
+    const auto index = static_cast<std::size_t>(level);
+    return index < levelNames.size() ? levelNames[index] : levelNames.front();
+}
 
 std::string FormatTime(const SYSTEMTIME& time, char millisecondSeparator) {
     std::array<char, 64> text{};

@@ -5,9 +5,12 @@
 #include <string>
 #include <string_view>
 
-#include "log/LogLevel.h"
+#include "platform/LogPort.h"
 
 namespace qv {
+
+/// "Debug", "Verbose", "Information", "Warning", "Error"; "N/A" for anything else.
+std::wstring_view NameOf(LogLevel level);
 
 /// "07/04/2024 09:05:03.007": month, day, year, time, and the milliseconds after a separator of
 /// the log's own.

@@ -4,7 +4,7 @@
 
 #include <optional>
 
-#include "log/LogPlaces.h"
+#include "log/LogPlace.h"
 #include "platform/windows/RegistryKey.h"
 #include "platform/windows/Text.h"
 

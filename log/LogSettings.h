@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "log/LogLevel.h"
+#include "platform/LogPort.h"
 
 namespace qv {
 

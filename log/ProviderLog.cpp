@@ -6,9 +6,6 @@
 
 namespace qv {
 
-// Constant-initialised, so that nothing runs under the loader lock.
-constinit ProviderLog commonLog(L"QVWMISATA");
-
 void ProviderLog::Plain(std::wstring_view function, std::wstring_view text) noexcept {
     Write(function, LogLevel::information, text);
 }
@@ -38,7 +35,7 @@ LogLevel ProviderLog::Level() noexcept {
 
 void ProviderLog::Write(std::wstring_view function, LogLevel level,
                         std::wstring_view text) noexcept {
-    if (Level() > level) {
+    if (!TakesLines(Level(), level)) {
         return;
     }
     try {
@@ -49,7 +46,7 @@ void ProviderLog::Write(std::wstring_view function, LogLevel level,
 }
 
 void ProviderLog::Write(std::string_view function, LogLevel level, std::string_view text) noexcept {
-    if (Level() > level) {
+    if (!TakesLines(Level(), level)) {
         return;
     }
     try {

@@ -40,7 +40,4 @@ private:
     std::once_flag initialised_;
 };
 
-/// The log of this library, for all of its objects. Loading the library does no work for it.
-extern ProviderLog commonLog;
-
 }  // namespace qv

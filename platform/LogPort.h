@@ -1,6 +1,26 @@
 #pragma once
 
+#include <cstdint>
 #include <string_view>
+
+namespace qv {
+
+/// Levels of log lines. A log's configured level is the lowest that its callers write.
+enum class LogLevel : std::uint32_t {
+    debug = 1,
+    verbose = 2,  ///< a query that failed
+    information = 3,
+    warning = 4,
+    error = 5,
+    silent = 1024,  ///< of a log that cannot be written to: nothing is written
+};
+
+/// Whether a log that is configured for one level takes lines of another.
+constexpr bool TakesLines(LogLevel configured, LogLevel ofLine) {
+    return configured <= ofLine;
+}
+
+}  // namespace qv
 
 namespace qv::platform {
 
@@ -10,15 +30,12 @@ class LogPort {
 public:
     virtual ~LogPort() = default;
 
-    /// The configured level: 1 (everything) to 5 (failures only), or 1024 (silent: nothing is to be
-    /// written) while there is no log to write to. What a line needs of it is up to the one who
-    /// writes the line.
-    virtual int Level() const = 0;
+    /// The configured level. Whoever writes a line asks TakesLines first.
+    virtual LogLevel Level() const = 0;
 
-    /// Writes one line at a level (2: a query that failed, 3: information, 5: failure), whatever
-    /// the configured level. The text is whole, "Class::Operation| message". A line that cannot be
-    /// written is lost; nothing is raised.
-    virtual void Write(int level, std::string_view text) = 0;
+    /// Writes one line, whatever the configured level. The text is whole,
+    /// "Class::Operation| message". A line that cannot be written is lost; nothing is raised.
+    virtual void Write(LogLevel level, std::string_view text) = 0;
 };
 
 }  // namespace qv::platform

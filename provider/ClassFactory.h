@@ -3,8 +3,6 @@
 #include <unknwn.h>
 #include <windows.h>
 
-#include <new>
-
 #include "platform/windows/ComObject.h"
 #include "provider/Module.h"
 
@@ -14,6 +12,9 @@ namespace qv::provider {
 template <typename T>
 class ClassFactory : public windows::ComObject<IClassFactory> {
 public:
+    /// `make` returns a new object, or null without memory.
+    explicit ClassFactory(windows::ComPtr<T> (*make)()) : make_(make) {}
+
     STDMETHODIMP CreateInstance(IUnknown* outer, REFIID iid, void** object) override {
         if (object == nullptr) {
             return E_POINTER;
@@ -22,7 +23,7 @@ public:
         if (outer != nullptr) {
             return CLASS_E_NOAGGREGATION;
         }
-        const auto made = windows::Adopt(new (std::nothrow) T());
+        const auto made = make_();
         return made ? made->QueryInterface(iid, object) : E_OUTOFMEMORY;
     }
 
@@ -33,6 +34,7 @@ public:
 
 private:
     ModuleReference module_;
+    windows::ComPtr<T> (*make_)();
 };
 
 }  // namespace qv::provider

@@ -5,19 +5,18 @@
 #include <new>
 
 #include "provider/ClassFactory.h"
-#include "provider/ClassIds.h"
-#include "provider/EventProvider.h"
-#include "provider/InstanceProvider.h"
 #include "provider/Module.h"
+#include "provider/Process.h"
 #include "provider/Registration.h"
+#include "provider/public/ClassIds.h"
 
 using namespace qv::provider;
 
 namespace {
 
 template <typename T>
-HRESULT GetFactory(REFIID iid, void** object) {
-    const auto factory = qv::windows::Adopt(new (std::nothrow) ClassFactory<T>());
+HRESULT GetFactory(qv::windows::ComPtr<T> (*make)(), REFIID iid, void** object) {
+    const auto factory = qv::windows::Adopt(new (std::nothrow) ClassFactory<T>(make));
     return factory ? factory->QueryInterface(iid, object) : E_OUTOFMEMORY;
 }
 
@@ -36,10 +35,10 @@ STDAPI DllGetClassObject(REFCLSID classId, REFIID iid, LPVOID* object) {
     }
     *object = nullptr;
     if (IsEqualCLSID(classId, instanceProviderId)) {
-        return GetFactory<CQVWMISATA_InstProv>(iid, object);
+        return GetFactory(MakeInstanceProvider, iid, object);
     }
     if (IsEqualCLSID(classId, eventProviderId)) {
-        return GetFactory<CQVWMISATA_EventProv>(iid, object);
+        return GetFactory(MakeEventProvider, iid, object);
     }
     return CLASS_E_CLASSNOTAVAILABLE;
 }

@@ -5,6 +5,8 @@
 
 #include <string>
 
+#include "events/AlertIndication.h"
+#include "log/ProviderLog.h"
 #include "platform/windows/ComObject.h"
 #include "source/InstanceRecord.h"
 
@@ -25,7 +27,8 @@ struct EventDelivery {
     /// why it was not asked: WBEM_E_FAILED when the event's class cannot be fetched, the status of
     /// the spawning, or that of a common property which cannot be filled. An event without an
     /// "EventID" is logged and dropped with WBEM_S_NO_ERROR.
-    HRESULT SendIndication(InstanceRecord event);
+    HRESULT SendIndication(const InstanceRecord& event, const AlertSources& sources,
+                           ProviderLog& log);
 };
 
 }  // namespace qv::provider

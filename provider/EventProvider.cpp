@@ -2,18 +2,14 @@
 
 #include <array>
 #include <cstdio>
-#include <mutex>
 #include <new>
 #include <string>
 #include <utility>
 
-#include "log/ProviderLog.h"
 #include "platform/windows/Bstr.h"
 #include "platform/windows/Text.h"
 #include "platform/windows/WbemStatus.h"
-#include "platform/windows/WmiQueryPort.h"
 #include "provider/ClientImpersonation.h"
-#include "provider/EventProcess.h"
 #include "source/HostIdentity.h"
 #include "wmiUtil/RefreshTimeout.h"
 
@@ -21,38 +17,6 @@ namespace qv::provider {
 namespace {
 
 using windows::ComPtr;
-
-/// Releases what the calling thread was delivering with, once the guard is free again: the release
-/// is code of somebody else.
-class DeliveryEnd {
-public:
-    DeliveryEnd() = default;
-    DeliveryEnd(const DeliveryEnd&) = delete;
-    DeliveryEnd& operator=(const DeliveryEnd&) = delete;
-    ~DeliveryEnd() {
-        EventDelivery over;
-        const std::lock_guard guard(EventGuard());
-        std::swap(over, MonitorThreads::InFlight());
-    }
-};
-
-/// Hands the monitor's events to the live provider object; without one, or when it was never
-/// initialised, they are dropped.
-class LiveReceiver : public EventReceiver {
-public:
-    void Receive(const InstanceRecord& event) override try {
-        EventDelivery& delivery = MonitorThreads::InFlight();
-        const DeliveryEnd end;
-        CQVWMISATA_EventProv::TakeLiveDelivery(delivery);
-        if (delivery.sink && delivery.services) {
-            delivery.SendIndication(event);
-        }
-    } catch (const std::exception&) {
-        // This event is lost, those behind it are not.
-    }
-};
-
-LiveReceiver liveReceiver;
 
 std::string InHexadecimal(HRESULT status) {
     std::array<char, 16> text{};
@@ -62,56 +26,24 @@ std::string InHexadecimal(HRESULT status) {
 
 constexpr std::string_view initializeName = "CQVWMISATA_EventProv::Initialize";
 
-void TakeRefreshTimeout() {
-    if (const std::uint32_t timeout = ReadRefreshTimeout(); timeout != 0) {
-        commonLog.Plain(initializeName, "SetRefreshTimeout " + std::to_string(timeout));
-        ProcessInventory().SetRefreshTimeout(timeout);
-    }
-}
-
 }  // namespace
 
-constinit CQVWMISATA_EventProv* CQVWMISATA_EventProv::newest_ = nullptr;
-
-CQVWMISATA_EventProv::CQVWMISATA_EventProv() {
-    commonLog.Plain("CQVWMISATA_EventProv::CQVWMISATA_EventProv",
-                    "CQVWMISATA_EventProv DLL is loaded");
-    {
-        const std::lock_guard guard(EventGuard());
-        older_ = std::exchange(newest_, this);
-    }
+CQVWMISATA_EventProv::CQVWMISATA_EventProv(const Shared& shared)
+    : shared_(shared), threads_(shared.monitor, shared.inventory, shared.guard) {
+    shared_.log.Plain("CQVWMISATA_EventProv::CQVWMISATA_EventProv",
+                      "CQVWMISATA_EventProv DLL is loaded");
+    shared_.deliveries.Add(place_);
     legacyLog_ = OpenLegacyLog("QVWMISATA::CQVWMISATA_EventProv::");
 }
 
 CQVWMISATA_EventProv::~CQVWMISATA_EventProv() {
-    commonLog.Plain("CQVWMISATA_EventProv::~CQVWMISATA_EventProv",
-                    "CQVWMISATA_EventProv DLL is unloaded");
+    shared_.log.Plain("CQVWMISATA_EventProv::~CQVWMISATA_EventProv",
+                      "CQVWMISATA_EventProv DLL is unloaded");
     definitions_.extendedStatus.reset();
     // The object is whole until its threads are gone: they may be delivering.
-    ProcessMonitor().LogThreadExit();
+    shared_.monitor.LogThreadExit();
     threads_.EndAll();
-    const std::lock_guard guard(EventGuard());
-    CQVWMISATA_EventProv** link = &newest_;
-    while (*link != this) {
-        link = &(*link)->older_;
-    }
-    *link = older_;
-}
-
-void CQVWMISATA_EventProv::TakeLiveDelivery(EventDelivery& taken) {
-    const std::lock_guard guard(EventGuard());
-    const CQVWMISATA_EventProv* provider = newest_;
-    while (provider != nullptr && !provider->delivery_.sink) {
-        provider = provider->older_;
-    }
-    if (provider != nullptr) {
-        taken = provider->delivery_;
-    }
-}
-
-void CQVWMISATA_EventProv::KeepSink(ComPtr<IWbemObjectSink> sink) {
-    const std::lock_guard guard(EventGuard());
-    delivery_.sink.Swap(sink);
+    shared_.deliveries.Remove(place_);
 }
 
 HRESULT CQVWMISATA_EventProv::AccessCheck(WBEM_CWSTR, WBEM_CWSTR, long, const BYTE*) {
@@ -125,9 +57,9 @@ HRESULT CQVWMISATA_EventProv::Initialize(LPWSTR, LONG, LPWSTR nameSpace, LPWSTR,
     if (FAILED(caller.Status())) {
         return caller.Status();
     }
-    commonLog.Plain(initializeName, "Entering Initialize");
+    shared_.log.Plain(initializeName, "Entering Initialize");
     if (services == nullptr || initSink == nullptr) {
-        commonLog.Failure(initializeName, "INVALID PARAMETER");
+        shared_.log.Failure(initializeName, "INVALID PARAMETER");
         return windows::Hr(WBEM_E_INVALID_PARAMETER);
     }
     // The object changes when all of it is there.
@@ -139,19 +71,22 @@ HRESULT CQVWMISATA_EventProv::Initialize(LPWSTR, LONG, LPWSTR nameSpace, LPWSTR,
     }
     // The namespace's name, unlike the server's, goes through the ANSI code page, on purpose.
     const std::string narrow = nameSpace == nullptr ? std::string() : windows::ToNarrow(nameSpace);
-    auto prefix = BuildNamespacePrefix(windows::WmiQueryPort(), windows::ToWide(narrow), {});
+    auto prefix = BuildNamespacePrefix(shared_.service, windows::ToWide(narrow), {});
     TakeRefreshTimeout();
     std::swap(definitions_, definitions);
-    {
-        const std::lock_guard guard(EventGuard());
-        delivery_.services.Swap(kept);
-        delivery_.namespacePrefix.swap(prefix);
-    }
-    ProcessMonitorLog().Attach(legacyLog_, static_cast<int>(commonLog.Level()));
-    commonLog.Plain(initializeName, "Leaving Initialize.");
+    shared_.deliveries.SetNamespace(place_, std::move(kept), std::move(prefix));
+    shared_.monitorLog.Attach(legacyLog_, shared_.log.Level());
+    shared_.log.Plain(initializeName, "Leaving Initialize.");
     return initSink->SetStatus(WBEM_S_INITIALIZED, 0);
 } catch (const std::exception&) {
     return windows::Hr(WBEM_E_OUT_OF_MEMORY);
+}
+
+void CQVWMISATA_EventProv::TakeRefreshTimeout() const {
+    if (const std::uint32_t timeout = ReadRefreshTimeout(); timeout != 0) {
+        shared_.log.Plain(initializeName, "SetRefreshTimeout " + std::to_string(timeout));
+        shared_.inventory.SetRefreshTimeout(timeout);
+    }
 }
 
 /// The indication class and what belongs to the extended status, in this order.
@@ -164,12 +99,12 @@ HRESULT CQVWMISATA_EventProv::FetchDefinitions(IWbemServices& services, IWbemCon
     }
     const HRESULT result = services.GetObject(name.Get(), 0, context, &fetched.indication, nullptr);
     if (FAILED(result)) {
-        commonLog.Failure(initializeName, "FAILED - GetObject " + InHexadecimal(result));
+        shared_.log.Failure(initializeName, "FAILED - GetObject " + InHexadecimal(result));
         return result;
     }
     fetched.extendedStatus.reset(new (std::nothrow) ExtendedStatus(&services, context));
     if (fetched.extendedStatus == nullptr) {
-        commonLog.Failure(initializeName, "WBEM_E_OUT_OF_MEMORY");
+        shared_.log.Failure(initializeName, "WBEM_E_OUT_OF_MEMORY");
         return windows::Hr(WBEM_E_OUT_OF_MEMORY);
     }
     return windows::Hr(WBEM_S_NO_ERROR);
@@ -177,16 +112,16 @@ HRESULT CQVWMISATA_EventProv::FetchDefinitions(IWbemServices& services, IWbemCon
 
 HRESULT CQVWMISATA_EventProv::ProvideEvents(IWbemObjectSink* sink, long) try {
     constexpr std::string_view function = "CQVWMISATA_EventProv::ProvideEvents";
-    commonLog.Plain(function, "Entering ProvideEvents");
+    shared_.log.Plain(function, "Entering ProvideEvents");
     if (sink == nullptr) {
-        commonLog.Failure(function, "INVALID PARAMETER");
+        shared_.log.Failure(function, "INVALID PARAMETER");
         return windows::Hr(WBEM_E_INVALID_PARAMETER);
     }
-    KeepSink(sink);
-    ProcessInventory().RefreshDiskInventoryIfStale(ProcessMonitor().Running());
-    ProcessMonitor().RegisterReceiver(liveReceiver);
+    shared_.deliveries.SetSink(place_, sink);
+    shared_.inventory.RefreshDiskInventoryIfStale(shared_.monitor.Running());
+    shared_.monitor.RegisterReceiver(shared_.deliveries);
     threads_.StartOne();
-    commonLog.Plain(function, "Leaving ProvideEvents.");
+    shared_.log.Plain(function, "Leaving ProvideEvents.");
     sink->SetStatus(WBEM_STATUS_COMPLETE, WBEM_S_NO_ERROR, nullptr, nullptr);
     return windows::Hr(WBEM_S_NO_ERROR);
 } catch (const std::exception&) {

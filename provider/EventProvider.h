@@ -5,27 +5,42 @@
 #include <windows.h>
 
 #include <memory>
+#include <mutex>
 
+#include "events/CSATAHBA_EVENTS.h"
+#include "log/ProviderLog.h"
+#include "platform/QueryPort.h"
 #include "platform/windows/ComObject.h"
-#include "provider/EventDelivery.h"
+#include "provider/EventDeliveries.h"
 #include "provider/ExtendedStatus.h"
+#include "provider/LentLog.h"
 #include "provider/Module.h"
-#include "provider/MonitorThread.h"
-#include "wmiUtil/LegacyLog.h"
+#include "provider/MonitorThreads.h"
+#include "source/DiskInventory.h"
 
 namespace qv::provider {
 
 /// The event provider. The management service creates it when somebody subscribes to
 /// QV_SATADeviceIndication, initialises it and asks it for events: it starts a thread of the disk
 /// monitor (CSATAHBA_EVENTS) for each time it is asked. What the monitor raises, on whichever
-/// thread, is delivered by the live provider object: the one made last of those that were asked
-/// for events and still exist. Initialize comes first; then the service may call any operation on
-/// any of its threads. The last reference may be given back on any thread, inside a delivery too;
-/// the threads of the object end with it (MonitorThreads).
+/// thread, is delivered by the live provider object (EventDeliveries). Initialize comes first; then
+/// the service may call any operation on any of its threads. The last reference may be given back
+/// on any thread, inside a delivery too; the threads of the object end with it (MonitorThreads).
 class CQVWMISATA_EventProv
     : public windows::ComObject<IWbemEventProviderSecurity, IWbemProviderInit, IWbemEventProvider> {
 public:
-    CQVWMISATA_EventProv();
+    /// What the event provider objects of the process share. All of it outlives them.
+    struct Shared {
+        ProviderLog& log;
+        LentLog& monitorLog;
+        const platform::QueryPort& service;
+        DiskInventory& inventory;
+        CSATAHBA_EVENTS& monitor;
+        EventDeliveries& deliveries;
+        std::mutex& guard;  ///< of the deliveries
+    };
+
+    explicit CQVWMISATA_EventProv(const Shared& shared);
 
     /// Everybody may subscribe to everything.
     STDMETHODIMP AccessCheck(WBEM_CWSTR queryLanguage, WBEM_CWSTR query, long sidLength,
@@ -38,10 +53,6 @@ public:
     /// Each call starts one more thread, on purpose.
     STDMETHODIMP ProvideEvents(IWbemObjectSink* sink, long flags) override;
 
-    /// Copies what it takes to deliver an event now; leaves `taken`, which is empty, as it is when
-    /// no provider object can.
-    static void TakeLiveDelivery(EventDelivery& taken);
-
 private:
     ~CQVWMISATA_EventProv() override;
 
@@ -51,19 +62,11 @@ private:
     };
 
     HRESULT FetchDefinitions(IWbemServices& services, IWbemContext* context, Definitions& fetched);
-
-    /// Changes the sink. The former one goes when the guard is free again: that is code of somebody
-    /// else.
-    void KeepSink(windows::ComPtr<IWbemObjectSink> sink);
+    void TakeRefreshTimeout() const;
 
     ModuleReference module_;  // until all else is gone
-
-    // The live provider object is the first from newest_ on that has a sink. Both, and the
-    // delivery, under EventGuard().
-    static CQVWMISATA_EventProv* newest_;
-    CQVWMISATA_EventProv* older_ = nullptr;
-    EventDelivery delivery_;
-
+    const Shared& shared_;
+    EventDeliveries::Place place_;
     Definitions definitions_;
     std::shared_ptr<const LegacyLog> legacyLog_;
     MonitorThreads threads_;

@@ -2,15 +2,14 @@
 
 #include <new>
 
-#include "log/ProviderLog.h"
 #include "platform/windows/Bstr.h"
-#include "platform/windows/FillInstance.h"
 #include "platform/windows/PathParser.h"
 #include "platform/windows/Text.h"
 #include "platform/windows/WbemStatus.h"
-#include "platform/windows/WmiQueryPort.h"
 #include "provider/ClientImpersonation.h"
+#include "provider/InstanceTarget.h"
 #include "source/EmbeddedPaths.h"
+#include "source/FillInstance.h"
 #include "source/HostIdentity.h"
 
 namespace qv::provider {
@@ -24,22 +23,22 @@ struct CQVWMISATA_InstProv::Support {
     ComPtr<IWbemContext> context;
 };
 
-CQVWMISATA_InstProv::CQVWMISATA_InstProv() {
-    commonLog.Plain("CQVWMISATA_InstProv::CQVWMISATA_InstProv",
-                    "CQVWMISATA_InstProv DLL is loaded");
+CQVWMISATA_InstProv::CQVWMISATA_InstProv(const Shared& shared) : shared_(shared) {
+    shared_.log.Plain("CQVWMISATA_InstProv::CQVWMISATA_InstProv",
+                      "CQVWMISATA_InstProv DLL is loaded");
     legacyLog_ = OpenLegacyLog("QVWMISATA::CQVWMISATA_InstProv::");
 }
 
 CQVWMISATA_InstProv::~CQVWMISATA_InstProv() {
-    commonLog.Plain("CQVWMISATA_InstProv::~CQVWMISATA_InstProv",
-                    "CQVWMISATA_InstProv DLL is unloaded");
+    shared_.log.Plain("CQVWMISATA_InstProv::~CQVWMISATA_InstProv",
+                      "CQVWMISATA_InstProv DLL is unloaded");
 }
 
 HRESULT CQVWMISATA_InstProv::Initialize(LPWSTR, LONG, LPWSTR nameSpace, LPWSTR,
                                         IWbemServices* services, IWbemContext* context,
                                         IWbemProviderInitSink* initSink) {
     constexpr std::string_view function = "CQVWMISATA_InstProv::Initialize";
-    commonLog.Plain(function, "Entering Initialize");
+    shared_.log.Plain(function, "Entering Initialize");
     const ClientImpersonation caller;
     if (FAILED(caller.Status())) {
         return caller.Status();
@@ -57,22 +56,22 @@ HRESULT CQVWMISATA_InstProv::Initialize(LPWSTR, LONG, LPWSTR nameSpace, LPWSTR,
     if (support == nullptr) {
         return windows::Hr(WBEM_E_OUT_OF_MEMORY);
     }
-    auto prefix = BuildNamespacePrefix(windows::WmiQueryPort(),
+    auto prefix = BuildNamespacePrefix(shared_.service,
                                        nameSpace == nullptr ? std::wstring_view() : nameSpace, {});
     services_ = services;
     pathParsers_.Swap(pathParsers);
     support_ = support.release();
     namespacePrefix_.swap(prefix);
-    ProcessQueryLog().Attach(legacyLog_, static_cast<int>(commonLog.Level()));
-    commonLog.Plain(function, "Leaving Initialize");
+    shared_.queryLog.Attach(legacyLog_, shared_.log.Level());
+    shared_.log.Plain(function, "Leaving Initialize");
     return initSink->SetStatus(WBEM_S_INITIALIZED, 0);
 }
 
 HRESULT CQVWMISATA_InstProv::CreateInstanceEnumAsync(const BSTR className, long,
                                                      IWbemContext* context,
                                                      IWbemObjectSink* responseSink) {
-    commonLog.Plain("CQVWMISATA_InstProv::CreateInstanceEnumAsync",
-                    "Entering CreateInstanceEnumAsync");
+    shared_.log.Plain("CQVWMISATA_InstProv::CreateInstanceEnumAsync",
+                      "Entering CreateInstanceEnumAsync");
     const ClientImpersonation caller;
     if (FAILED(caller.Status())) {
         return caller.Status();
@@ -86,15 +85,15 @@ HRESULT CQVWMISATA_InstProv::CreateInstanceEnumAsync(const BSTR className, long,
     if (FAILED(status)) {
         return windows::Hr(WBEM_E_FAILED);
     }
-    const RecordList records =
-        ProcessNativeAPI().BuildInstances(requestedClass, mode::allProperties, {});
+    const RecordList records = shared_.api.BuildInstances(requestedClass, mode::allProperties, {});
     for (const InstanceRecord& record : records) {
         ComPtr<IWbemClassObject> instance;
         status = definition->SpawnInstance(0, &instance);
         if (FAILED(status)) {
             break;
         }
-        if (FAILED(windows::FillInstance(*instance.Get(), record, namespacePrefix_))) {
+        InstanceTarget target(*instance.Get(), namespacePrefix_);
+        if (!Succeeded(FillInstance(target, record))) {
             return windows::Hr(WBEM_E_FAILED);
         }
         status = responseSink->Indicate(1, instance.GetAddressOf());
@@ -135,14 +134,15 @@ HRESULT CQVWMISATA_InstProv::ResolveObjectPath(const BSTR objectPath, IWbemConte
     }
     std::string wanted = windows::ToNarrow(path.relative, CP_THREAD_ACP);
     ReduceEmbeddedPaths(wanted);
-    const RecordList records = ProcessNativeAPI().BuildInstances(
+    const RecordList records = shared_.api.BuildInstances(
         windows::ToNarrow(path.className, CP_THREAD_ACP), mode::allProperties, wanted);
     if (records.empty()) {
         return windows::Hr(WBEM_E_NOT_FOUND);
     }
     status = definition->SpawnInstance(0, instance.ReleaseAndGetAddressOf());
     if (SUCCEEDED(status)) {
-        windows::FillInstance(*instance.Get(), records.front(), namespacePrefix_);
+        InstanceTarget target(*instance.Get(), namespacePrefix_);
+        FillInstance(target, records.front());
     }
     return status;
 }

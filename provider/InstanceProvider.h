@@ -7,10 +7,13 @@
 #include <memory>
 #include <string>
 
+#include "NativeAPI/NativeAPI.h"
+#include "log/ProviderLog.h"
+#include "platform/QueryPort.h"
 #include "platform/windows/ComObject.h"
 #include "platform/windows/UnsupportedServices.h"
+#include "provider/LentLog.h"
 #include "provider/Module.h"
-#include "wmiUtil/LegacyLog.h"
 
 namespace qv::provider {
 
@@ -21,7 +24,15 @@ namespace qv::provider {
 class CQVWMISATA_InstProv
     : public windows::UnsupportedServices<windows::ComObject<IWbemProviderInit, IWbemServices>> {
 public:
-    CQVWMISATA_InstProv();
+    /// What the instance provider objects of the process share. All of it outlives them.
+    struct Shared {
+        ProviderLog& log;
+        LentLog& queryLog;  ///< of the data layer's queries that fail
+        const platform::QueryPort& service;
+        const NativeAPI& api;
+    };
+
+    explicit CQVWMISATA_InstProv(const Shared& shared);
 
     // Of the calls below, those that impersonate the caller give ClientImpersonation::Status() when
     // that fails, and WBEM_E_INVALID_PARAMETER without a sink.
@@ -67,6 +78,7 @@ private:
                               windows::ComPtr<IWbemClassObject>& instance) const;
 
     ModuleReference module_;
+    const Shared& shared_;
     std::shared_ptr<const LegacyLog> legacyLog_;
     windows::ComPtr<IWbemServices> services_;
     windows::ComPtr<IClassFactory> pathParsers_;

@@ -1,9 +1,6 @@
 #include "provider/LentLog.h"
 
 #include <exception>
-#include <mutex>
-
-#include "provider/EventProcess.h"
 
 namespace qv::provider {
 
@@ -13,19 +10,16 @@ std::shared_ptr<const LegacyLog> OpenLegacyLog(std::string_view prefix) try {
     return nullptr;
 }
 
-// Monitor threads, which may be ended at any point, write to a log like this: the guard, not an
-// atomic pointer with a lock of its own, keeps what they hold from staying locked.
-
-void LentLog::Attach(std::shared_ptr<const LegacyLog> log, int level) {
-    const std::lock_guard guard(EventGuard());
+void LentLog::Attach(std::shared_ptr<const LegacyLog> log, LogLevel level) {
+    const std::lock_guard held(guard_);
     log_.swap(log);
     level_ = level;
 }
 
-void LentLog::Write(int level, std::string_view text) {
+void LentLog::Write(LogLevel level, std::string_view text) {
     std::shared_ptr<const LegacyLog> log;
     {
-        const std::lock_guard guard(EventGuard());
+        const std::lock_guard held(guard_);
         log = log_;
     }
     if (log != nullptr) {

@@ -2,9 +2,9 @@
 
 #include <atomic>
 #include <memory>
+#include <mutex>
 #include <string_view>
 
-#include "log/LogLevel.h"
 #include "platform/LogPort.h"
 #include "wmiUtil/LegacyLog.h"
 
@@ -18,13 +18,19 @@ std::shared_ptr<const LegacyLog> OpenLegacyLog(std::string_view prefix);
 /// the common log has then. Silent before.
 class LentLog : public platform::LogPort {
 public:
-    void Attach(std::shared_ptr<const LegacyLog> log, int level);
+    /// `guard`, which outlives the object, is held for a copy at a time. Monitor threads, which may
+    /// be ended at any point, write to a log like this: the guard, not an atomic pointer with a
+    /// lock of its own, keeps what they hold from staying locked.
+    explicit LentLog(std::mutex& guard) : guard_(guard) {}
 
-    int Level() const override { return level_; }
-    void Write(int level, std::string_view text) override;
+    void Attach(std::shared_ptr<const LegacyLog> log, LogLevel level);
+
+    LogLevel Level() const override { return level_; }
+    void Write(LogLevel level, std::string_view text) override;
 
 private:
-    std::atomic<int> level_ = static_cast<int>(LogLevel::silent);
+    std::mutex& guard_;
+    std::atomic<LogLevel> level_ = LogLevel::silent;
     std::shared_ptr<const LegacyLog> log_;
 };
 

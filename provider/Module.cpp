@@ -2,23 +2,11 @@
 
 #include <atomic>
 
-#include "platform/windows/WindowsHostFacts.h"
-#include "platform/windows/WmiQueryPort.h"
-#include "provider/BuilderLog.h"
-#include "source/LoggedQueryPort.h"
-
 namespace qv::provider {
 namespace {
 
 constinit std::atomic<long> uses = 0;
 constinit HINSTANCE instance = nullptr;
-
-const windows::WmiQueryPort service;
-const windows::WindowsHostFacts host;
-LentLog queryLog;
-BuilderLog builderLog;
-const LoggedQueryPort queries(service, queryLog);
-const NativeAPI nativeApi(queries, host, builderLog);
 
 }  // namespace
 
@@ -55,14 +43,6 @@ void SetModuleInstance(HINSTANCE loaded) {
 
 HINSTANCE ModuleInstance() {
     return instance;
-}
-
-const NativeAPI& ProcessNativeAPI() {
-    return nativeApi;
-}
-
-LentLog& ProcessQueryLog() {
-    return queryLog;
 }
 
 }  // namespace qv::provider

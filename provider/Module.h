@@ -4,9 +4,6 @@
 
 #include <utility>
 
-#include "NativeAPI/NativeAPI.h"
-#include "provider/LentLog.h"
-
 namespace qv::provider {
 
 /// Keeps the library loaded while it lives: a member of every object that the library hands out,
@@ -47,11 +44,5 @@ bool IsModuleInUse();
 /// The library's own instance handle, set when the library is loaded.
 void SetModuleInstance(HINSTANCE loaded);
 HINSTANCE ModuleInstance();
-
-/// The one data layer of the process, there from the loading of the library to its unloading.
-const NativeAPI& ProcessNativeAPI();
-
-/// Where the data layer's queries that fail leave a line.
-LentLog& ProcessQueryLog();
 
 }  // namespace qv::provider

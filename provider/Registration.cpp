@@ -7,15 +7,14 @@
 #include <string>
 
 #include "platform/windows/ComObject.h"
-#include "provider/ClassIds.h"
 #include "provider/Module.h"
+#include "provider/public/ClassIds.h"
 
 namespace qv::provider {
 namespace {
 
 constexpr const wchar_t* classesKey = L"SOFTWARE\\Classes\\";
 constexpr const wchar_t* applicationId = L"{5E1D9A37-6C2B-4A8F-9D04-B3F7E2C16A95}";
-constexpr const wchar_t* typeLibraryText = L"{B7C0D5E4-18A2-4B6F-9C37-64E1F0A8D2B9}";
 
 struct RegisteredClass {
     const wchar_t* classId;
@@ -25,10 +24,10 @@ struct RegisteredClass {
 };
 
 constexpr std::array registeredClasses{
-    RegisteredClass{L"{3F6A2C1E-5B7D-4E90-A1C3-7D2E9F4B8A06}", L"CQVWMISATA_InstProv Object",
-                    L"QVWMISATA.InstProv.1", L"QVWMISATA.InstProv"},
-    RegisteredClass{L"{9C4E7B21-0D3A-4F6B-8E15-2A9C6D3F7B40}", L"CQVWMISATA_EventProv Object",
-                    L"QVWMISATA.EventProv.1", L"QVWMISATA.EventProv"},
+    RegisteredClass{instanceProviderText, L"CQVWMISATA_InstProv Object", L"QVWMISATA.InstProv.1",
+                    L"QVWMISATA.InstProv"},
+    RegisteredClass{eventProviderText, L"CQVWMISATA_EventProv Object", L"QVWMISATA.EventProv.1",
+                    L"QVWMISATA.EventProv"},
 };
 
 /// Writes a text value, creating the key; a null name is the key's default value.

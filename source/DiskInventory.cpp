@@ -4,6 +4,7 @@
 #include <chrono>
 
 #include "source/HostIdentity.h"
+#include "source/Namespaces.h"
 #include "source/PropertyReaders.h"
 #include "source/SourceRules.h"
 #include "source/StatusMap.h"
@@ -29,14 +30,6 @@ public:
 private:
     platform::NamedLock& lock_;
 };
-
-std::string ToUpper(std::string text) {
-    std::ranges::transform(text, text.begin(), [](char character) {
-        return character >= 'a' && character <= 'z' ? static_cast<char>(character - 'a' + 'A')
-                                                    : character;
-    });
-    return text;
-}
 
 DiskRecord DescribeDisk(const platform::Row& disk, const std::string& upperDeviceId,
                         const platform::HostFacts& host) {
@@ -77,15 +70,17 @@ DiskInventory::DiskInventory(const platform::QueryPort& queries, const platform:
       lock_(lock),
       lastRefresh_(clock.SecondsSince1970()) {}
 
-bool DiskInventory::RebuildDiskInventory() {
+/// Finds the disks anew, with their failure-prediction rows in the same order; when a source query
+/// fails, all stays as it was.
+void DiskInventory::RebuildDiskInventory() {
     platform::Rows disks;
     platform::Rows predictionRows;
     const Status diskQuery =
-        queries_.RunWqlQuery("root\\CIMv2", "SELECT * FROM Win32_DiskDrive", disks);
+        queries_.RunWqlQuery(cimNamespace, "SELECT * FROM Win32_DiskDrive", disks);
     const Status predictionQuery = queries_.RunWqlQuery(
-        "root\\wmi", "SELECT * FROM MSStorageDriver_FailurePredictStatus", predictionRows);
+        wmiNamespace, "SELECT * FROM MSStorageDriver_FailurePredictStatus", predictionRows);
     if (!Succeeded(diskQuery) || !Succeeded(predictionQuery)) {
-        return false;
+        return;
     }
     const FailurePredictList predictions = DescribePredictions(predictionRows);
     DiskList foundDisks;
@@ -108,7 +103,6 @@ bool DiskInventory::RebuildDiskInventory() {
     disks_.swap(foundDisks);
     failurePredictions_.swap(foundPredictions);
     matchedDisks_ = static_cast<std::int32_t>(disks_.size());
-    return true;
 }
 
 int DiskInventory::RefreshDiskInventoryNow() {
@@ -125,17 +119,17 @@ void DiskInventory::RefreshDiskInventoryIfStale(bool monitorRuns) {
         RefreshDiskInventoryNow();
     }
     const std::lock_guard guard(members_);
-    refreshCounter_ = 2;
+    use_ = Use::later;
 }
 
 /// Returns whether a refresh is due; if so, records it as done now.
 bool DiskInventory::ClaimRefresh() {
     const std::lock_guard guard(members_);
     const std::int64_t now = clock_.SecondsSince1970();
-    if (refreshCounter_ == 0) {
-        refreshCounter_ = 1;
+    if (use_ == Use::none) {
+        use_ = Use::first;
     }
-    if (refreshCounter_ != 1 && now <= lastRefresh_ + staleAfter) {
+    if (use_ != Use::first && now <= lastRefresh_ + staleAfter) {
         return false;
     }
     lastRefresh_ = clock_.SecondsSince1970();

@@ -56,17 +56,13 @@ public:
     DiskInventory(const platform::QueryPort& queries, const platform::HostFacts& host,
                   const platform::Clock& clock, platform::NamedLock& lock);
 
-    /// Rebuilds the lists of disks and of their failure-prediction rows, in the same order. Returns
-    /// false, and changes nothing, if a source query failed. The calling thread must hold the named
-    /// lock.
-    bool RebuildDiskInventory();
-
-    /// Rebuilds under the named lock, for which it waits without a timeout. Returns 0 even if a
-    /// source failed.
+    /// Rebuilds the lists of disks and of their failure-prediction rows, in the same order, under
+    /// the named lock, for which it waits without a timeout. If a source query fails, changes
+    /// nothing. Always returns 0: callers do not care whether a source failed.
     int RefreshDiskInventoryNow();
 
-    /// Rebuilds at the first call, and later if more than 30 seconds have passed since the last
-    /// call that did. If `monitorRuns`, leaves the rebuild to the monitor.
+    /// Refreshes at the first call, and later if more than 30 seconds have passed since the last
+    /// call that did. If `monitorRuns`, leaves the refresh to the monitor.
     void RefreshDiskInventoryIfStale(bool monitorRuns);
 
     /// Return the result of the last rebuild.
@@ -95,6 +91,10 @@ public:
     std::unique_lock<std::mutex> HoldMembers() const { return std::unique_lock(members_); }
 
 private:
+    /// How far RefreshDiskInventoryIfStale has come.
+    enum class Use { none, first, later };
+
+    void RebuildDiskInventory();
     bool ClaimRefresh();
 
     const platform::QueryPort& queries_;
@@ -107,8 +107,8 @@ private:
     FailurePredictList failurePredictions_;
     std::int32_t matchedDisks_ = 0;
     DiskList previousDisks_;
-    std::uint32_t refreshCounter_ = 0;  // 0: never used, 1: first use in progress, 2: used
-    std::int64_t lastRefresh_;          // seconds since 1970
+    Use use_ = Use::none;
+    std::int64_t lastRefresh_;  // seconds since 1970
     std::uint32_t refreshTimeout_ = 0;
 };
 

@@ -2,13 +2,15 @@
 
 #include <utility>
 
+#include "source/Namespaces.h"
+
 namespace qv {
 namespace {
 
 constexpr std::string_view computerSystemClass = "QV_WinComputerSystem";
 
 Status FindComputerSystemClass(const platform::QueryPort& queries, platform::Rows& definitions) {
-    return queries.RunWqlQuery("root\\QVQ",
+    return queries.RunWqlQuery(providerNamespace,
                                R"(SELECT * FROM meta_class WHERE __CLASS = "QV_WinComputerSystem")",
                                definitions);
 }

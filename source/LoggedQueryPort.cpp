@@ -15,12 +15,10 @@ Status LoggedQueryPort::RunWqlQuery(std::string_view nameSpace, std::string_view
 }
 
 void LoggedQueryPort::LogFailure(std::string_view nameSpace, std::string_view query) const try {
-    constexpr int lineLevel = 2;
-    constexpr int highestLevel = 3;
-    if (log_.Level() <= highestLevel) {
+    if (TakesLines(log_.Level(), LogLevel::information)) {
         std::string line = "LoggedQueryPort::RunWqlQuery| failed in ";
         line.append(nameSpace).append(": ").append(query);
-        log_.Write(lineLevel, line);
+        log_.Write(LogLevel::verbose, line);
     }
 } catch (const std::bad_alloc&) {
     // The query's own status matters more than a line that could not be built.

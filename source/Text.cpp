@@ -12,6 +12,11 @@ constexpr char ToLowerAscii(char character) {
                                                 : character;
 }
 
+constexpr char ToUpperAscii(char character) {
+    return character >= 'a' && character <= 'z' ? static_cast<char>(character - ('a' - 'A'))
+                                                : character;
+}
+
 }  // namespace
 
 bool EqualsIgnoringCase(std::string_view left, std::string_view right) {
@@ -22,6 +27,12 @@ std::string FoldCase(std::string_view text) {
     std::string folded(text);
     std::ranges::transform(folded, folded.begin(), ToLowerAscii);
     return folded;
+}
+
+std::string ToUpper(std::string_view text) {
+    std::string upper(text);
+    std::ranges::transform(upper, upper.begin(), ToUpperAscii);
+    return upper;
 }
 
 std::string EncodeDeviceId(std::string_view text) {

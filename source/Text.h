@@ -14,6 +14,9 @@ bool EqualsIgnoringCase(std::string_view left, std::string_view right);
 /// EqualsIgnoringCase holds for them.
 std::string FoldCase(std::string_view text);
 
+/// Returns the text with ASCII letters in upper case.
+std::string ToUpper(std::string_view text);
+
 /// Returns the text with every backslash replaced by an ampersand: the key text of a plug-and-play
 /// device.
 std::string EncodeDeviceId(std::string_view text);

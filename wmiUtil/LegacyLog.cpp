@@ -5,7 +5,7 @@
 
 #include "log/LogFile.h"
 #include "log/LogLine.h"
-#include "log/LogPlaces.h"
+#include "log/LogPlace.h"
 #include "platform/windows/RegistryKey.h"
 
 namespace qv {

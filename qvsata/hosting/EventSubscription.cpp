@@ -4,15 +4,12 @@
 
 #include "platform/windows/Text.h"
 #include "platform/windows/WbemStatus.h"
+#include "provider/public/ClassIds.h"
 #include "qvsata/hosting/ProviderInit.h"
 #include "qvsata/hosting/ServedThread.h"
 
 namespace qv::service {
 namespace {
-
-// {9C4E7B21-0D3A-4F6B-8E15-2A9C6D3F7B40}, as the MOF of the provider names it
-constexpr CLSID eventProviderId{
-    0x9C4E7B21, 0x0D3A, 0x4F6B, {0x8E, 0x15, 0x2A, 0x9C, 0x6D, 0x3F, 0x7B, 0x40}};
 
 HRESULT CheckAccess(IUnknown& provider) {
     windows::ComPtr<IWbemEventProviderSecurity> security;
@@ -31,7 +28,7 @@ HRESULT AskForEvents(IUnknown& provider, IWbemObjectSink& sink) {
 }  // namespace
 
 EventSubscription::EventSubscription(const ManagementHost& host)
-    : provider_(host.Create(eventProviderId)) {
+    : provider_(host.Create(provider::eventProviderId)) {
     const auto services = host.Connect();
     const std::wstring nameSpace = windows::ToWide(host.Published().Name());
     HRESULT result = WBEM_S_NO_ERROR;

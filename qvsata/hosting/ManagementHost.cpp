@@ -4,6 +4,7 @@
 
 #include "platform/windows/Text.h"
 #include "platform/windows/WbemStatus.h"
+#include "provider/public/ClassIds.h"
 #include "qvsata/hosting/HostedEvents.h"
 #include "qvsata/hosting/LiveMachine.h"
 #include "qvsata/hosting/ProviderSource.h"
@@ -12,13 +13,10 @@
 #include "qvsata/hosting/substitutes/PathParser.h"
 #include "qvsata/service/PublishedNamespace.h"
 #include "qvsata/service/RecordedMachine.h"
+#include "source/Namespaces.h"
 
 namespace qv::service {
 namespace {
-
-// {3F6A2C1E-5B7D-4E90-A1C3-7D2E9F4B8A06}, as the MOF of the provider names it
-constexpr CLSID instanceProviderId{
-    0x3F6A2C1E, 0x5B7D, 0x4E90, {0xA1, 0xC3, 0x7D, 0x2E, 0x9F, 0x4B, 0x8A, 0x06}};
 
 std::string ThisComputer() {
     std::wstring name(MAX_COMPUTERNAME_LENGTH + 1, L'\0');
@@ -66,7 +64,7 @@ ManagementHost::ManagementHost(const HostOptions& options)
     if (!options.registered) {
         library_.emplace(options.library);
     }
-    const windows::ComPtr<IUnknown> object = Create(instanceProviderId);
+    const windows::ComPtr<IUnknown> object = Create(provider::instanceProviderId);
     module_ = ModuleOf(*object.Get());
     if (options.recorded) {
         names_.emplace(module_, options.recorded->Computer());

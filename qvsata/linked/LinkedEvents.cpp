@@ -4,34 +4,14 @@
 #include <memory>
 #include <utility>
 
-#include "events/AlertIndication.h"
+#include "events/DeviceIndication.h"
 #include "qvsata/cim/Instance.h"
 #include "qvsata/cim/Utf8.h"
-#include "qvsata/linked/RecordPut.h"
+#include "qvsata/linked/InstanceTarget.h"
 #include "qvsata/system/StopRequest.h"
 #include "source/HostIdentity.h"
 
 namespace qv::service {
-namespace {
-
-class InstanceTarget final : public PropertyTarget {
-public:
-    InstanceTarget(Instance& instance, std::string_view namespacePrefix)
-        : instance_(instance), namespacePrefix_(namespacePrefix) {}
-
-    Status Put(const PropertyEntry& property) override {
-        return PutEntry(instance_, property, namespacePrefix_);
-    }
-    Status PutWideText(std::string_view name, std::wstring_view text) override {
-        return Put({std::string(name), ToUtf8(text), PropertyType::string, false});
-    }
-
-private:
-    Instance& instance_;
-    std::string_view namespacePrefix_;
-};
-
-}  // namespace
 
 LinkedEvents::LinkedEvents(const Namespace& nameSpace, Connector machine, ComputerNames names)
     : nameSpace_(nameSpace),
@@ -66,21 +46,14 @@ void LinkedEvents::LetGo() {
 
 void LinkedEvents::Receive(const InstanceRecord& event) {
     const ResolvedClassPtr type = nameSpace_.Classes().Find(event.className);
-    const std::string eventId = GetPropertyEntry(event, "EventID").value;
-    if (!type || eventId.empty()) {
+    if (!type || EventIdOf(event).empty()) {
         return;
     }
     auto indication = std::make_shared<Instance>(type);
     InstanceTarget target(*indication, namespacePrefix_);
-    if (!Succeeded(
-            FillCommonProperties(target, "QV SATA", eventId, {queries_, host_, system_, clock_}))) {
-        return;
+    if (Succeeded(FillDeviceIndication(target, event, {queries_, host_, system_, clock_}))) {
+        delivered_.push_back(std::move(indication));
     }
-    InstanceRecord own = event;
-    std::erase_if(own.properties,
-                  [](const PropertyEntry& property) { return property.name == "EventID"; });
-    PutRecord(*indication, own, namespacePrefix_);
-    delivered_.push_back(std::move(indication));
 }
 
 }  // namespace qv::service

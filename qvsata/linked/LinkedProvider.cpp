@@ -9,10 +9,12 @@
 #include "qvsata/cim/PathParts.h"
 #include "qvsata/cim/StatusCodes.h"
 #include "qvsata/cim/Utf8.h"
-#include "qvsata/linked/RecordPut.h"
+#include "qvsata/linked/InstanceTarget.h"
 #include "qvsata/service/PublishedNamespace.h"
 #include "source/EmbeddedPaths.h"
+#include "source/FillInstance.h"
 #include "source/HostIdentity.h"
+#include "source/Namespaces.h"
 
 namespace qv::service {
 namespace {
@@ -53,7 +55,8 @@ Answer LinkedProvider::Publish(const ResolvedClassPtr& type, const RecordList& r
     Answer answer;
     for (const InstanceRecord& record : records) {
         auto instance = std::make_shared<Instance>(type);
-        answer.status = PutRecord(*instance, record, namespacePrefix_);
+        InstanceTarget target(*instance, namespacePrefix_);
+        answer.status = FillInstance(target, record);
         if (!Succeeded(answer.status)) {
             break;
         }

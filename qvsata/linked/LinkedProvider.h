@@ -3,6 +3,7 @@
 #include <string>
 
 #include "NativeAPI/NativeAPI.h"
+#include "catalogue/Catalogue.h"
 #include "platform/LogPort.h"
 #include "qvsata/service/InstanceSource.h"
 #include "qvsata/service/MachineQueries.h"
@@ -12,8 +13,8 @@ namespace qv::service {
 /// A log that writes nothing.
 class SilentLog final : public platform::LogPort {
 public:
-    int Level() const override { return 1024; }
-    void Write(int, std::string_view) override {}
+    LogLevel Level() const override { return LogLevel::silent; }
+    void Write(LogLevel, std::string_view) override {}
 };
 
 /// The provider's core in place of its library; answers as CQVWMISATA_InstProv does.
@@ -32,7 +33,7 @@ private:
     MachineQueries queries_;
     RecordedNames host_;
     mutable SilentLog log_;
-    NativeAPI api_{queries_, host_, log_};
+    NativeAPI api_{PublishedCatalogue(), queries_, host_, log_};
     std::string namespacePrefix_;
 };
 

@@ -6,6 +6,7 @@
 
 #include "qvsata/mof/MofReader.h"
 #include "qvsata/service/PublishedNamespace.h"
+#include "source/Namespaces.h"
 
 namespace qv::service {
 

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "qvsata/service/StatedInstances.h"
+#include "source/Namespaces.h"
 
 namespace qv::service {
 

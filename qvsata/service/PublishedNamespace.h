@@ -8,9 +8,6 @@
 
 namespace qv::service {
 
-/// The namespace whose classes the provider serves.
-inline constexpr std::string_view providerNamespace = R"(root\QVQ)";
-
 /// Returns the provider's namespace on a server, with the classes and instances of its MOF files.
 /// The provider is attached later.
 std::shared_ptr<Namespace> OpenPublished(const ClassRepository& repository,

@@ -1,6 +1,7 @@
 // How associations are built from their endpoints, whatever the class.
 #include <new>
 
+#include "catalogue/Catalogue.h"
 #include "tests/support/AssociatedHost.h"
 
 namespace qv::test {
@@ -185,7 +186,7 @@ public:
 TEST_F(AssociationsTest, LetErrorsOfTheEndpointsThrough) {
     RaisingHost raising;
     raising.raisingQuery = controllersQuery;
-    const NativeAPI raisingApi(raising, raising, raising);
+    const NativeAPI raisingApi(PublishedCatalogue(), raising, raising, raising);
     for (const char* name :
          {"QV_SATALogicalPortISATAProtocolEndpoint", "QV_WinComputerSystemSATAPortController",
           "QV_SATAInitiatorTargetLogicalUnitPath"}) {

@@ -1,5 +1,6 @@
 // Pairs and triples of endpoints with generated keys, held against three nested loops that test
 // everything.
+#include "catalogue/Catalogue.h"
 #include "tests/support/AssociatedHost.h"
 #include "tests/support/GeneratedKeys.h"
 
@@ -81,7 +82,7 @@ TEST_P(GeneratedAssociationsTest, PairsAreThoseOfTheCrossProductInItsOrder) {
     for (std::uint32_t seed = 0; seed < 200; ++seed) {
         const auto keys = KeysOf(seed);
         ChangingDisks host(keys);
-        const NativeAPI api(host, host, host);
+        const NativeAPI api(PublishedCatalogue(), host, host, host);
         ASSERT_EQ(api.BuildAssociationPairs(anyClass, firmwareEnd, packageEnd, rule),
                   Associated("QV_Any", {"First", "Second"}, PairsByLoops(keys, rule)))
             << "seed " << seed;
@@ -93,7 +94,7 @@ TEST_P(GeneratedAssociationsTest, TriplesAreThoseOfTheCrossProductInItsOrder) {
         const auto keys = KeysOf(seed);
         const auto secondRule = static_cast<MatchRule>(seed % 13);
         ChangingDisks host(keys);
-        const NativeAPI api(host, host, host);
+        const NativeAPI api(PublishedCatalogue(), host, host, host);
         ASSERT_EQ(api.BuildAssociationTriples(anyClass, firmwareEnd, packageEnd, diskEnd, rule,
                                               secondRule),
                   Associated("QV_Any", {"First", "Second", "Third"},
@@ -110,7 +111,7 @@ TEST(GeneratedAssociations, PathsAreThoseOfThreeNestedLoops) {
         const auto expected =
             TriplesByLoops(keys, MatchRule::secondContains, MatchRule::firstContainsToo);
         ChangingDisks host(keys);
-        const NativeAPI api(host, host, host);
+        const NativeAPI api(PublishedCatalogue(), host, host, host);
         ASSERT_EQ(
             api.BuildAssociationTriples(anyClass, firmwareEnd, packageEnd, diskEnd,
                                         MatchRule::secondContains, MatchRule::firstContainsToo),

@@ -4,6 +4,7 @@
 #include <new>
 #include <set>
 
+#include "catalogue/Catalogue.h"
 #include "catalogue/Classes.h"
 #include "tests/catalogue/OneDiskHost.h"
 
@@ -72,7 +73,8 @@ protected:
     End Publish(std::string_view className, ReadScript& script) {
         const ScarcePort port(host, script);
         try {
-            NativeAPI(port, host, host).BuildInstances(className, mode::allProperties, {});
+            NativeAPI(PublishedCatalogue(), port, host, host)
+                .BuildInstances(className, mode::allProperties, {});
         } catch (const RequestError& error) {
             EXPECT_EQ(error.status(), Status::outOfMemory);
             return End::outOfMemory;

@@ -5,6 +5,7 @@
 #include <map>
 #include <set>
 
+#include "catalogue/Catalogue.h"
 #include "catalogue/Classes.h"
 #include "tests/catalogue/OneDiskHost.h"
 #include "tests/support/Records.h"
@@ -94,7 +95,8 @@ class FailingQueriesTest : public OneDiskHost, public testing::TestWithParam<Fai
 protected:
     RecordList Publish(const char* className, std::size_t failing) {
         const NthQueryFails queries(host, failing);
-        return NativeAPI(queries, host, host).BuildInstances(className, mode::allProperties, {});
+        return NativeAPI(PublishedCatalogue(), queries, host, host)
+            .BuildInstances(className, mode::allProperties, {});
     }
 };
 

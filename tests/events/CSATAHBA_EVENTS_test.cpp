@@ -178,8 +178,8 @@ private:
 /// Has no memory for its first line.
 class StumblingLog : public platform::LogPort {
 public:
-    int Level() const override { return 3; }
-    void Write(int, std::string_view text) override {
+    LogLevel Level() const override { return LogLevel::information; }
+    void Write(LogLevel, std::string_view text) override {
         if (std::exchange(stumbles_, false)) {
             throw std::bad_alloc();
         }

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "source/TypedValue.h"
+#include "tests/events/AlertHost.h"
 
 namespace qv::test {
 namespace {
@@ -54,6 +55,39 @@ TEST(DeviceIndication, SaysTheFormatOfTheReferenceAsANumber) {
     TypedValue value;
     ASSERT_TRUE(ToTypedValue(GetPropertyEntry(event, "AlertingElementFormat"), value));
     EXPECT_EQ(std::get<std::int32_t>(value), 2);
+}
+
+class FilledIndication : public test::AlertTest {
+protected:
+    Status FillFrom(const InstanceRecord& event) {
+        return FillDeviceIndication(indication, event, {host, host, system, clock});
+    }
+
+    const InstanceRecord someEvent = BuildDeviceIndication(SomeDisk(), "605", someTime);
+};
+
+TEST_F(FilledIndication, SaysWhatEveryAlertSaysAndThenWhatTheEventSays) {
+    EXPECT_EQ(FillFrom(someEvent), Status::noError);
+    EXPECT_THAT(indication.Names(),
+                ElementsAre("ProviderName", "EventID", "IndicationIdentifier", "IndicationTime",
+                            "OSVersion", "OSType", "NetworkAddresses", "SystemCreationClassName",
+                            "SystemName", "EventTime", "DeviceID", "AlertingManagedElement",
+                            "AlertingElementFormat", "DeviceModel"));
+    EXPECT_EQ(indication.Value("ProviderName"), "QV SATA");
+    EXPECT_EQ(indication.Value("EventID"), "605");
+}
+
+TEST_F(FilledIndication, LacksWhatItRefusesOfTheEvent) {
+    indication.refused = "DeviceID";
+    EXPECT_EQ(FillFrom(someEvent), Status::noError);
+    EXPECT_THAT(indication.Names(), testing::Not(testing::Contains("DeviceID")));
+    EXPECT_THAT(indication.Names(), testing::Contains("DeviceModel"));
+}
+
+TEST_F(FilledIndication, EndsAtAPropertyOfEveryAlertThatItRefuses) {
+    indication.refused = "OSType";
+    EXPECT_EQ(FillFrom(someEvent), indication.refusal);
+    EXPECT_EQ(indication.Names().back(), "OSVersion");
 }
 
 }  // namespace

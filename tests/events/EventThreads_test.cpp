@@ -71,7 +71,7 @@ class EventThreadsTest : public testing::Test {
 protected:
     RestlessHost host;
     ClockStandIn clock;
-    SilentLog log{1};
+    SilentLog log{LogLevel::debug};
     MutexLock lock;
     DiskInventory inventory{host, host, clock, lock};
     CSATAHBA_EVENTS monitor{inventory, clock, log};

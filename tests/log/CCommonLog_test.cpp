@@ -12,7 +12,7 @@
 
 #include "log/LogFile.h"
 #include "log/LogMutex.h"
-#include "log/LogPlaces.h"
+#include "log/LogPlace.h"
 #include "tests/support/windows/LogFiles.h"
 #include "tests/support/windows/LogTimes.h"
 #include "tests/support/windows/Threads.h"

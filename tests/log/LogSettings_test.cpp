@@ -5,7 +5,7 @@
 #include <optional>
 #include <ostream>
 
-#include "log/LogPlaces.h"
+#include "log/LogPlace.h"
 #include "tests/support/windows/LogFiles.h"
 
 namespace qv::test {

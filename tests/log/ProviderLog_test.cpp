@@ -102,10 +102,5 @@ TEST_F(ProviderLogTest, IsInitialisedOnceWhenManyThreadsUseItFirst) {
     EXPECT_EQ(ReadLinesOf(file).size(), 1U + 8U);
 }
 
-TEST_F(ProviderLogTest, OfTheLibraryIsNamedAfterIt) {
-    commonLog.Plain(L"C::M", L"text");
-    EXPECT_EQ(ReadLinesOf(folder.File(L"QVWMISATA.log")).size(), 2U);
-}
-
 }  // namespace
 }  // namespace qv::test

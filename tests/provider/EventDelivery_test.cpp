@@ -8,6 +8,10 @@
 #include <string>
 #include <vector>
 
+#include "platform/windows/SystemClock.h"
+#include "platform/windows/WindowsHostFacts.h"
+#include "platform/windows/WindowsSystemFacts.h"
+#include "platform/windows/WmiQueryPort.h"
 #include "tests/provider/EventSink.h"
 #include "tests/provider/EventSource.h"
 #include "tests/support/windows/LogFiles.h"
@@ -24,15 +28,15 @@ protected:
     EventDeliveryTest() {
         ScratchRegistry settings;
         SendLogsTo(Folder(), settings);
-        // The log, which is the program's, is opened at its first line.
+        // The log is opened at its first line.
         SendWith("600");
         sink->objects.Clear();
         lines = CommonLogLines(Folder()).size();
     }
 
-    HRESULT Send(InstanceRecord event) {
+    HRESULT Send(const InstanceRecord& event) {
         return provider::EventDelivery{nameSpace, sink, L"\\\\SRV\\root\\QVQ:"}.SendIndication(
-            std::move(event));
+            event, {service, host, system, clock}, log);
     }
     HRESULT SendWith(const std::string& eventId) {
         InstanceRecord event = WithoutId();
@@ -51,6 +55,11 @@ protected:
         return all;
     }
 
+    ProviderLog log{L"QVWMISATA"};
+    windows::WmiQueryPort service;
+    windows::WindowsHostFacts host;
+    windows::WindowsSystemFacts system;
+    windows::SystemClock clock;
     EventSource source;
     windows::ComPtr<NamespaceStandIn> nameSpace = windows::MakeObject<NamespaceStandIn>();
     windows::ComPtr<EventSink> sink = windows::MakeObject<EventSink>();

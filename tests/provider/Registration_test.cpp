@@ -188,6 +188,15 @@ TEST_F(RegistrationTest, LetsTheTypeLibraryBeLoadedByItsId) {
     EXPECT_EQ(LoadRegTypeLib(id, 1, 0, LOCALE_NEUTRAL, &types), S_OK);
 }
 
+TEST_F(RegistrationTest, HasATypeLibraryThatDescribesBothClasses) {
+    ComPtr<ITypeLib> types;
+    ASSERT_EQ(LoadTypeLibEx(path.c_str(), REGKIND_NONE, &types), S_OK);
+    ComPtr<ITypeInfo> described;
+    EXPECT_EQ(types->GetTypeInfoOfGuid(instanceProviderId, described.ReleaseAndGetAddressOf()),
+              S_OK);
+    EXPECT_EQ(types->GetTypeInfoOfGuid(eventProviderId, described.ReleaseAndGetAddressOf()), S_OK);
+}
+
 TEST_F(RegistrationTest, IsDoneAndUndoneByRegsvr32) {
     EXPECT_EQ(_wsystem((L"regsvr32 /s \"" + path + L"\"").c_str()), 0);
     const RegistryDump added = Added();

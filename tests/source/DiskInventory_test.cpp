@@ -147,7 +147,6 @@ TEST_F(DiskInventoryTest, KeepsWhatItHasWhenEitherQueryFails) {
         host.SetDisks({{"B", "OK"}, {"C", "OK"}});
         host.Fail(query);
         EXPECT_EQ(inventory.RefreshDiskInventoryNow(), 0) << query;
-        EXPECT_FALSE(inventory.RebuildDiskInventory()) << query;
         EXPECT_THAT(inventory.Disks(), ElementsAre(Field(&DiskRecord::deviceId, "A"))) << query;
         EXPECT_THAT(inventory.FailurePredictions(), SizeIs(1)) << query;
         EXPECT_EQ(inventory.MatchedDisks(), 1) << query;
@@ -158,7 +157,7 @@ TEST_F(DiskInventoryTest, ReplacesWhatItHasWhenThereIsNothingAnyMore) {
     host.SetDisks({{"A", "OK"}});
     inventory.RefreshDiskInventoryNow();
     host.SetDisks({});
-    EXPECT_TRUE(inventory.RebuildDiskInventory());
+    inventory.RefreshDiskInventoryNow();
     EXPECT_THAT(inventory.Disks(), IsEmpty());
     EXPECT_THAT(inventory.FailurePredictions(), IsEmpty());
     EXPECT_EQ(inventory.MatchedDisks(), 0);

@@ -47,8 +47,8 @@ TEST_F(LoggedQueryPortTest, HandsOnWhyAQueryFailed) {
 /// A log without memory for its lines.
 class ExhaustedLog : public platform::LogPort {
 public:
-    int Level() const override { return 1; }
-    void Write(int, std::string_view) override { throw std::bad_alloc(); }
+    LogLevel Level() const override { return LogLevel::debug; }
+    void Write(LogLevel, std::string_view) override { throw std::bad_alloc(); }
 };
 
 TEST_F(LoggedQueryPortTest, ReportsAQueryThatFailedThoughThereIsNoMemoryForItsLine) {

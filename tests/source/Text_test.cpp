@@ -20,6 +20,11 @@ TEST(Text, EqualsIgnoringCaseTellsTextsOfDifferentLengthApart) {
     EXPECT_TRUE(EqualsIgnoringCase("", ""));
 }
 
+TEST(Text, ToUpperRaisesAsciiLettersOnly) {
+    EXPECT_EQ(ToUpper("QV_sataAZaz@[`{09"), "QV_SATAAZAZ@[`{09");
+    EXPECT_EQ(ToUpper("\xC3\xA9"), "\xC3\xA9");
+}
+
 TEST(Text, FoldCaseLowersAsciiLettersOnly) {
     EXPECT_EQ(FoldCase("QV_sataAZaz@[`{09"), "qv_sataazaz@[`{09");
     EXPECT_EQ(FoldCase("\xC3\x89"), "\xC3\x89");

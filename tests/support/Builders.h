@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "NativeAPI/NativeAPI.h"
+#include "catalogue/Catalogue.h"
 #include "tests/support/SourceRows.h"
 
 namespace qv::test {
@@ -10,7 +11,7 @@ namespace qv::test {
 /// A host that the test scripts, and the builders that ask it.
 struct Builders {
     ScriptedHost host;
-    NativeAPI api{host, host, host};
+    NativeAPI api{PublishedCatalogue(), host, host, host};
 
     RecordList All(std::string_view className) const {
         return api.BuildInstances(className, mode::allProperties, {});

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "NativeAPI/NativeAPI.h"
+#include "catalogue/Catalogue.h"
 #include "qvsata/recorded/HostFile.h"
 #include "source/TypedValue.h"
 #include "tests/support/RecordedPort.h"
@@ -49,7 +50,7 @@ private:
     }
 
     mutable SilentLog log_;
-    NativeAPI api_{*this, *this, log_};
+    NativeAPI api_{PublishedCatalogue(), *this, *this, log_};
 };
 
 }  // namespace qv::test

@@ -92,9 +92,11 @@ public:
         return narrow;
     }
 
-    int Level() const override { return level; }
+    LogLevel Level() const override { return static_cast<LogLevel>(level); }
 
-    void Write(int lineLevel, std::string_view text) override { log.emplace_back(lineLevel, text); }
+    void Write(LogLevel lineLevel, std::string_view text) override {
+        log.emplace_back(static_cast<int>(lineLevel), text);
+    }
 
     /// "namespace: query", in the order in which they were run.
     mutable std::vector<std::string> asked;

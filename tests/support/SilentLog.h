@@ -10,13 +10,13 @@ namespace qv::test {
 class SilentLog : public platform::LogPort {
 public:
     /// `level`: the configured level, failures only unless given.
-    explicit SilentLog(int level = 5) : level_(level) {}
+    explicit SilentLog(LogLevel level = LogLevel::error) : level_(level) {}
 
-    int Level() const override { return level_; }
-    void Write(int, std::string_view) override {}
+    LogLevel Level() const override { return level_; }
+    void Write(LogLevel, std::string_view) override {}
 
 private:
-    int level_;
+    LogLevel level_;
 };
 
 }  // namespace qv::test

@@ -4,15 +4,15 @@
 #include <string>
 #include <vector>
 
-#include "platform/windows/UnsupportedObject.h"
 #include "qvsata/cim/Object.h"
+#include "qvsata/hosting/objects/UnsupportedObject.h"
 
 namespace qv::service {
 
 /// An object of the service as COM sees it. It supports the reading methods of IWbemClassObject and
 /// refuses the changing ones. Several threads may read at once; an enumeration belongs to one
 /// thread.
-class ObjectFace : public windows::UnsupportedObject {
+class ObjectFace : public UnsupportedObject {
 public:
     explicit ObjectFace(ObjectPtr object) : object_(std::move(object)) {}
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "platform/windows/UnsupportedPath.h"
+#include "qvsata/hosting/substitutes/UnsupportedPath.h"
 
 namespace qv::service {
 
@@ -10,7 +10,7 @@ namespace qv::service {
 /// GetClassName of IWbemPath and refuses all other methods with WBEM_E_NOT_SUPPORTED. It returns
 /// the relative path as it was set: letter case, key order, quotes and escapes are kept. For one
 /// thread.
-class PathParser final : public windows::UnsupportedPath {
+class PathParser final : public UnsupportedPath {
 public:
     /// Returns WBEM_E_INVALID_PARAMETER for mode 0, a null text, or a text that is not a path. A
     /// text that is not a path clears the parser, as an empty text does.

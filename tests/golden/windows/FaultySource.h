@@ -14,9 +14,9 @@
 #include "platform/windows/Bstr.h"
 #include "platform/windows/ComObject.h"
 #include "platform/windows/Text.h"
-#include "platform/windows/UnsupportedObject.h"
 #include "platform/windows/UnsupportedServices.h"
 #include "qvsata/hosting/ServicesFace.h"
+#include "qvsata/hosting/objects/UnsupportedObject.h"
 #include "qvsata/hosting/substitutes/Locator.h"
 #include "qvsata/service/RecordedMachine.h"
 #include "tests/golden/windows/PublishingHost.h"
@@ -90,7 +90,7 @@ private:
 
 /// Gives as many rows as there are, none of which can be read for want of memory.
 class ExhaustedResults : public SpoiltResults {
-    class Row : public windows::UnsupportedObject {
+    class Row : public service::UnsupportedObject {
     public:
         STDMETHODIMP Get(LPCWSTR, LONG, VARIANT*, CIMTYPE*, LONG*) override {
             throw std::bad_alloc();

@@ -10,9 +10,9 @@
 #include <vector>
 
 #include "platform/windows/Bstr.h"
-#include "platform/windows/UnsupportedObject.h"
 #include "platform/windows/Variant.h"
 #include "platform/windows/WbemStatus.h"
+#include "qvsata/hosting/objects/UnsupportedObject.h"
 #include "source/PropertyReaders.h"
 
 namespace qv::test {
@@ -27,7 +27,7 @@ using windows::Variant;
 using windows::WmiRow;
 
 /// A row of one property "P".
-class OneValue : public windows::UnsupportedObject {
+class OneValue : public service::UnsupportedObject {
 public:
     explicit OneValue(VARIANT value) { VariantCopy(value_.Receive(), &value); }
 

@@ -10,7 +10,7 @@ namespace qv::test {
 
 /// A class definition whose instances are InstanceStandIns. Set up before it is used; then any
 /// thread may spawn from it.
-class ClassStandIn : public windows::UnsupportedObject {
+class ClassStandIn : public service::UnsupportedObject {
 public:
     /// Properties that the instances refuse.
     std::set<std::wstring> undefined;

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/windows/UnsupportedObject.h"
+#include "qvsata/hosting/objects/UnsupportedObject.h"
 #include "tests/support/windows/VariantText.h"
 
 namespace qv::test {
@@ -28,7 +28,7 @@ struct PutCall {
 };
 
 /// An instance that records what is put on it. Used by one thread at a time.
-class InstanceStandIn : public windows::UnsupportedObject {
+class InstanceStandIn : public service::UnsupportedObject {
 public:
     explicit InstanceStandIn(std::set<std::wstring> undefined = {})
         : undefined_(std::move(undefined)) {

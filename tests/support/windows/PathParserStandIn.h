@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/windows/UnsupportedPath.h"
+#include "qvsata/hosting/substitutes/UnsupportedPath.h"
 #include "tests/support/windows/CallList.h"
 #include "tests/support/windows/RegisteredFactory.h"
 
@@ -30,7 +30,7 @@ struct PathScript {
 /// Splits \\server\namespace:Class.Keys or Class.Keys at the first ":" in front of any quote and
 /// gives the texts back as they were given. A buffer that is too small stays as it is and the call
 /// succeeds, as the platform's parser has it.
-class PathStandIn : public windows::UnsupportedPath {
+class PathStandIn : public service::UnsupportedPath {
 public:
     explicit PathStandIn(PathScript& script) : script_(script) {}
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "platform/windows/Bstr.h"
-#include "platform/windows/UnsupportedObject.h"
+#include "qvsata/hosting/objects/UnsupportedObject.h"
 
 namespace qv::test {
 
@@ -15,7 +15,7 @@ using Cell = std::variant<std::nullptr_t, std::wstring, std::vector<LONG>>;
 using Cells = std::map<std::wstring, Cell>;
 
 /// A source object; a property that it lacks is WBEM_E_NOT_FOUND.
-class RowStandIn : public windows::UnsupportedObject {
+class RowStandIn : public service::UnsupportedObject {
 public:
     explicit RowStandIn(Cells cells) : cells_(std::move(cells)) {}
 

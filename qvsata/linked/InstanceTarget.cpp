@@ -1,4 +1,4 @@
-#include "qvsata/linked/RecordPut.h"
+#include "qvsata/linked/InstanceTarget.h"
 
 #include <charconv>
 #include <limits>
@@ -9,6 +9,7 @@
 #include <variant>
 
 #include "qvsata/cim/StatusCodes.h"
+#include "qvsata/cim/Utf8.h"
 #include "qvsata/cim/ValueRules.h"
 #include "source/Text.h"
 #include "source/TypedValue.h"
@@ -157,26 +158,22 @@ Status Store(Instance& instance, const std::string& name, const TypedValue& valu
 
 }  // namespace
 
-Status PutEntry(Instance& instance, const PropertyEntry& entry, std::string_view namespacePrefix) {
+Status InstanceTarget::Put(const PropertyEntry& property) {
     TypedValue value;
-    if (!ToTypedValue(entry, value)) {
+    if (!ToTypedValue(property, value)) {
         return Status::invalidCimType;
     }
     if (auto* reference = std::get_if<qv::Reference>(&value)) {
-        reference->path.insert(0, namespacePrefix);
+        reference->path.insert(0, namespacePrefix_);
     }
-    const Status result = Store(instance, entry.name, value);
-    instance.Record(
-        {entry.name, variantTypes[value.index()], std::visit(AsHandedOver(), value), result});
+    const Status result = Store(instance_, property.name, value);
+    instance_.Record(
+        {property.name, variantTypes[value.index()], std::visit(AsHandedOver(), value), result});
     return result;
 }
 
-Status PutRecord(Instance& instance, const InstanceRecord& record,
-                 std::string_view namespacePrefix) {
-    for (const PropertyEntry& entry : record.properties) {
-        PutEntry(instance, entry, namespacePrefix);
-    }
-    return record.properties.empty() ? Status::failed : Status::noError;
+Status InstanceTarget::PutWideText(std::string_view name, std::wstring_view text) {
+    return Put({std::string(name), ToUtf8(text), PropertyType::string, false});
 }
 
 }  // namespace qv::service

@@ -1,4 +1,4 @@
-#include "provider/MonitorThread.h"
+#include "provider/MonitorThreads.h"
 
 #include <malloc.h>
 #include <objbase.h>
@@ -6,12 +6,10 @@
 #include <algorithm>
 #include <atomic>
 #include <exception>
-#include <mutex>
 #include <utility>
 
 #include "platform/windows/Handle.h"
 #include "provider/EventDelivery.h"
-#include "provider/EventProcess.h"
 #include "provider/Module.h"
 
 namespace qv::provider {
@@ -106,14 +104,18 @@ const ThreadPointer ownThread;
 }  // namespace
 
 struct MonitorThreads::Thread {
-    LibraryUse library;
-    windows::KernelHandle handle;
+    CSATAHBA_EVENTS& monitor;
+    LibraryUse library{};
+    windows::KernelHandle handle{};
     std::atomic<bool> resting = false;  ///< between two cycles
     bool leaving = false;               ///< nobody ends it, the record is its own
-    EventDelivery inFlight;
+    EventDelivery inFlight{};
 };
 
-MonitorThreads::MonitorThreads() = default;
+MonitorThreads::MonitorThreads(CSATAHBA_EVENTS& monitor, const DiskInventory& inventory,
+                               std::mutex& guard)
+    : monitor_(monitor), inventory_(inventory), guard_(guard) {}
+
 MonitorThreads::~MonitorThreads() = default;
 
 DWORD WINAPI MonitorThreads::Run(void* parameter) {
@@ -124,7 +126,7 @@ DWORD WINAPI MonitorThreads::Run(void* parameter) {
     CoInitializeEx(nullptr, COINIT_MULTITHREADED);
     for (;;) {
         try {
-            ProcessMonitor().RunCycle();
+            thread->monitor.RunCycle();
         } catch (const std::exception&) {
             // Without memory the cycle is cut short; the next one begins anew.
         }
@@ -143,8 +145,8 @@ DWORD WINAPI MonitorThreads::Run(void* parameter) {
 }
 
 void MonitorThreads::StartOne() {
-    auto thread = std::make_unique<Thread>();
-    const std::lock_guard guard(EventGuard());
+    std::unique_ptr<Thread> thread(new Thread{.monitor = monitor_});
+    const std::lock_guard held(guard_);
     threads_.reserve(threads_.size() + 1);
     DWORD id = 0;
     thread->handle = windows::KernelHandle(CreateThread(nullptr, 0, Run, thread.get(), 0, &id));
@@ -189,8 +191,8 @@ void MonitorThreads::AwaitRest() const {
 
 void MonitorThreads::StopAll() const {
     // From the outside in: who has one of these locks may want a later one, never an earlier.
-    const auto inventory = ProcessInventory().HoldMembers();
-    const std::lock_guard guard(EventGuard());
+    const auto inventory = inventory_.HoldMembers();
+    const std::lock_guard held(guard_);
     const HeldLoader loader;
     const HeldHeap processHeap(GetProcessHeap());
     const HeldHeap runtimeHeap(reinterpret_cast<HANDLE>(_get_heap_handle()));

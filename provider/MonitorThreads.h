@@ -3,7 +3,11 @@
 #include <windows.h>
 
 #include <memory>
+#include <mutex>
 #include <vector>
+
+#include "events/CSATAHBA_EVENTS.h"
+#include "source/DiskInventory.h"
 
 namespace qv::provider {
 
@@ -17,13 +21,14 @@ struct EventDelivery;
 /// Each thread keeps the library in use and mapped until it has ended.
 class MonitorThreads {
 public:
-    MonitorThreads();
+    /// All of them outlive the object and its threads. The threads run the monitor's cycles, which
+    /// lock the inventory, and deliver under the guard (InFlight).
+    MonitorThreads(CSATAHBA_EVENTS& monitor, const DiskInventory& inventory, std::mutex& guard);
     MonitorThreads(const MonitorThreads&) = delete;
     MonitorThreads& operator=(const MonitorThreads&) = delete;
     ~MonitorThreads();
 
-    /// Starts one more thread, which runs the process's monitor. A thread that the system refuses
-    /// is missing.
+    /// Starts one more thread, which runs the monitor. A thread that the system refuses is missing.
     void StartOne();
 
     /// Ends all of them but the calling one, waits for their end and gives back what they were
@@ -56,7 +61,7 @@ public:
 
     /// What the calling thread, one of the monitor's, is delivering with. When the thread is ended
     /// meanwhile it is given back by whoever ends it, and therefore begun and emptied under
-    /// EventGuard(). In between only the thread itself adds to it.
+    /// the guard. In between only the thread itself adds to it.
     static EventDelivery& InFlight();
 
 private:
@@ -68,6 +73,9 @@ private:
     void StopAll() const;
     void ForgetEnded() noexcept;
 
+    CSATAHBA_EVENTS& monitor_;
+    const DiskInventory& inventory_;
+    std::mutex& guard_;
     std::vector<std::unique_ptr<Thread>> threads_;
 };
 

@@ -1,33 +1,23 @@
-// NativeAPI's catalogue operations: they find the builder of a class by name.
-#include <algorithm>
-
+// From a class name to its builder. The builders are in the files named after their classes.
 #include "NativeAPI/NativeAPI.h"
-#include "catalogue/Classes.h"
-#include "catalogue/Hierarchy.h"
-#include "source/Text.h"
+
+#include <algorithm>
 
 namespace qv {
 
 RecordList NativeAPI::BuildInstances(std::string_view className, std::uint32_t mode,
                                      std::string_view path, const EndpointFilter& endpoint) const {
-    const auto classes = PublishedClasses();
-    const auto found = std::ranges::find_if(classes, [className](const PublishedClass& one) {
-        return EqualsIgnoringCase(one.name, className);
-    });
-    if (found == classes.end()) {
+    const PublishedClass* const published = classes_.Find(className);
+    if (published == nullptr) {
         return {};
     }
     const Request request{className, mode, path, endpoint};
-    return found->association != nullptr ? getAssociation(*found->association, request)
-                                         : (this->*found->builder)(request);
+    return published->association != nullptr ? getAssociation(*published->association, request)
+                                             : (this->*published->builder)(request);
 }
 
 RecordList NativeAPI::BuildAllInstances(std::string_view className, std::uint32_t mode) const {
     return BuildInstances(className, mode, {});
-}
-
-bool NativeAPI::IsOfClass(std::string_view className, std::string_view name) {
-    return IsClassOrAncestor(FindClassNode(className), name);
 }
 
 RecordList NativeAPI::FindRecordByKey(std::string_view className, std::string_view keyName,

@@ -1,4 +1,4 @@
-#include "platform/windows/FillInstance.h"
+#include "provider/InstanceTarget.h"
 
 #include <string>
 #include <type_traits>
@@ -9,8 +9,14 @@
 #include "platform/windows/WbemStatus.h"
 #include "source/TypedValue.h"
 
-namespace qv::windows {
+namespace qv::provider {
 namespace {
+
+using windows::Bstr;
+using windows::Hr;
+using windows::ToStatus;
+using windows::ToWide;
+using windows::Variant;
 
 // The platform's usual true is -1; this one is 1, on purpose.
 constexpr VARIANT_BOOL publishedTrue = 1;
@@ -93,16 +99,20 @@ HRESULT ToVariant(const PropertyEntry& entry, std::wstring_view namespacePrefix,
     return Hr(WBEM_S_NO_ERROR);
 }
 
-HRESULT FillInstance(IWbemClassObject& instance, const InstanceRecord& record,
-                     std::wstring_view namespacePrefix) {
-    for (const PropertyEntry& entry : record.properties) {
-        const Bstr name(ToWide(entry.name));
-        Variant value;
-        if (SUCCEEDED(ToVariant(entry, namespacePrefix, value))) {
-            instance.Put(name.Get(), 0, value.Pass(), 0);
-        }
-    }
-    return record.properties.empty() ? Hr(WBEM_E_FAILED) : Hr(WBEM_S_NO_ERROR);
+Status InstanceTarget::Put(const PropertyEntry& property) {
+    Variant value;
+    const HRESULT converted = ToVariant(property, namespacePrefix_, value);
+    return FAILED(converted) ? ToStatus(converted) : Put(property.name, value);
 }
 
-}  // namespace qv::windows
+Status InstanceTarget::PutWideText(std::string_view name, std::wstring_view text) {
+    Variant value;
+    StoreText(text, *value.Receive());
+    return Put(name, value);
+}
+
+Status InstanceTarget::Put(std::string_view name, Variant& value) {
+    return ToStatus(instance_.Put(Bstr(ToWide(name)).Get(), 0, value.Pass(), 0));
+}
+
+}  // namespace qv::provider

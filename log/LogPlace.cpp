@@ -1,4 +1,4 @@
-#include "log/LogPlaces.h"
+#include "log/LogPlace.h"
 
 #include <windows.h>
 

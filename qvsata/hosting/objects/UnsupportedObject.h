@@ -7,14 +7,14 @@
 #include "platform/windows/ComObject.h"
 #include "platform/windows/WbemStatus.h"
 
-namespace qv::windows {
+namespace qv::service {
 
 /// An IWbemClassObject of which every operation answers WBEM_E_NOT_SUPPORTED; a derived class
 /// overrides what it does.
-class UnsupportedObject : public ComObject<IWbemClassObject> {
+class UnsupportedObject : public windows::ComObject<IWbemClassObject> {
     using Object = IWbemClassObject;
     using Qualifiers = IWbemQualifierSet;
-    static constexpr HRESULT refused = Hr(WBEM_E_NOT_SUPPORTED);
+    static constexpr HRESULT refused = windows::Hr(WBEM_E_NOT_SUPPORTED);
 
 public:
     // clang-format off
@@ -45,4 +45,4 @@ public:
     // clang-format on
 };
 
-}  // namespace qv::windows
+}  // namespace qv::service

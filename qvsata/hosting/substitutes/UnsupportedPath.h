@@ -4,12 +4,12 @@
 #include "platform/windows/PathParser.h"
 #include "platform/windows/WbemStatus.h"
 
-namespace qv::windows {
+namespace qv::service {
 
 /// An IWbemPath of which every operation is refused with WBEM_E_NOT_SUPPORTED; a derived class
 /// overrides what it does.
-class UnsupportedPath : public ComObject<IWbemPath> {
-    static constexpr HRESULT refused = Hr(WBEM_E_NOT_SUPPORTED);
+class UnsupportedPath : public windows::ComObject<IWbemPath> {
+    static constexpr HRESULT refused = windows::Hr(WBEM_E_NOT_SUPPORTED);
 
 public:
     // clang-format off
@@ -42,4 +42,4 @@ public:
     // clang-format on
 };
 
-}  // namespace qv::windows
+}  // namespace qv::service

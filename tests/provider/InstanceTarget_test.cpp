@@ -1,4 +1,4 @@
-#include "platform/windows/FillInstance.h"
+#include "provider/InstanceTarget.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -7,17 +7,18 @@
 #include <string>
 
 #include "platform/windows/WbemStatus.h"
+#include "source/FillInstance.h"
 #include "tests/support/windows/InstanceStandIn.h"
 
 namespace qv::test {
 namespace {
 
+using provider::InstanceTarget;
+using provider::ToVariant;
 using ::testing::ElementsAre;
 using windows::ComPtr;
-using windows::FillInstance;
 using windows::Hr;
 using windows::MakeObject;
-using windows::ToVariant;
 using windows::Variant;
 
 constexpr std::wstring_view prefix = LR"(\\SRV\root\QVQ:)";
@@ -34,9 +35,9 @@ std::ostream& operator<<(std::ostream& stream, const Conversion& row) {
     return stream << "type " << row.code << " of '" << row.text << "'";
 }
 
-class FillInstanceToVariant : public ::testing::TestWithParam<Conversion> {};
+class InstanceTargetToVariant : public ::testing::TestWithParam<Conversion> {};
 
-TEST_P(FillInstanceToVariant, GivesTypeAndValue) {
+TEST_P(InstanceTargetToVariant, GivesTypeAndValue) {
     const Conversion& row = GetParam();
     Variant value;
     EXPECT_EQ(ToVariant({"P", row.text, PropertyType{row.code}, false}, prefix, value),
@@ -49,7 +50,7 @@ constexpr VARTYPE texts = VT_ARRAY | VT_BSTR;
 constexpr VARTYPE numbers = VT_ARRAY | VT_I4;
 
 INSTANTIATE_TEST_SUITE_P(
-    Codes, FillInstanceToVariant,
+    Codes, InstanceTargetToVariant,
     ::testing::Values(
         Conversion{"Type0", 0, "text", VT_BSTR, L"text"},
         Conversion{"Type10", 10, "text", VT_BSTR, L"text"},
@@ -82,20 +83,20 @@ INSTANTIATE_TEST_SUITE_P(
         Conversion{"Type19Empty", 19, "", VT_NULL, L""}),
     [](const auto& row) { return std::string(row.param.name); });
 
-class FillInstanceUnpublishedType : public ::testing::TestWithParam<std::uint32_t> {};
+class InstanceTargetUnpublishedType : public ::testing::TestWithParam<std::uint32_t> {};
 
-TEST_P(FillInstanceUnpublishedType, HasNoValue) {
+TEST_P(InstanceTargetUnpublishedType, HasNoValue) {
     Variant value;
     EXPECT_EQ(ToVariant({"P", "1", PropertyType{GetParam()}, false}, prefix, value),
               Hr(WBEM_E_INVALID_CIM_TYPE));
     EXPECT_EQ(V_VT(&value.Get()), VT_EMPTY);
 }
 
-INSTANTIATE_TEST_SUITE_P(Codes, FillInstanceUnpublishedType,
+INSTANTIATE_TEST_SUITE_P(Codes, InstanceTargetUnpublishedType,
                          ::testing::Values(1, 2, 3, 4, 5, 6, 12, 13, 15, 18, 20, 22, 101, 8200),
                          [](const auto& code) { return "Type" + std::to_string(code.param); });
 
-TEST(FillInstance, PutsAPrefixThatTheCodePageLacksBeforeAReferenceInTheCodePage) {
+TEST(InstanceTarget, PutsAPrefixThatTheCodePageLacksBeforeAReferenceInTheCodePage) {
     ASSERT_EQ(GetACP(), 1252U);
     Variant value;
     ToVariant({"P", "C.K=\"b\xFCro\"", PropertyType::reference, false}, LR"(\\СЕРВЕР\root:)",
@@ -103,7 +104,7 @@ TEST(FillInstance, PutsAPrefixThatTheCodePageLacksBeforeAReferenceInTheCodePage)
     EXPECT_EQ(VariantText(value.Get()), LR"(\\СЕРВЕР\root:C.K="büro")");
 }
 
-TEST(FillInstance, GivesArraysOfOneDimensionFromZero) {
+TEST(InstanceTarget, GivesArraysOfOneDimensionFromZero) {
     Variant value;
     ToVariant({"P", "3*-*10", PropertyType::int32Array, false}, prefix, value);
     SAFEARRAY* array = V_ARRAY(&value.Get());
@@ -113,15 +114,18 @@ TEST(FillInstance, GivesArraysOfOneDimensionFromZero) {
     EXPECT_EQ(lower, 0);
 }
 
-class FillInstanceTest : public ::testing::Test {
+class InstanceTargetTest : public ::testing::Test {
 protected:
-    HRESULT Fill() { return FillInstance(*instance.Get(), record, prefix); }
+    HRESULT Fill() {
+        InstanceTarget target(*instance.Get(), prefix);
+        return windows::ToHresult(FillInstance(target, record));
+    }
 
     InstanceRecord record{"C"};
     ComPtr<InstanceStandIn> instance = MakeObject<InstanceStandIn>();
 };
 
-TEST_F(FillInstanceTest, PutsTheEntriesInTheirOrder) {
+TEST_F(InstanceTargetTest, PutsTheEntriesInTheirOrder) {
     SetKeyReference(record, "Z", "C.K=\"v\"");
     SetProperty(record, "A", "7", PropertyType::int32);
     SetKeyProperty(record, "M", "text");
@@ -131,7 +135,7 @@ TEST_F(FillInstanceTest, PutsTheEntriesInTheirOrder) {
                             PutCall{L"A", VT_I4, L"7"}, PutCall{L"M", VT_BSTR, L"text"}));
 }
 
-TEST_F(FillInstanceTest, PutsARepeatedNameAgain) {
+TEST_F(InstanceTargetTest, PutsARepeatedNameAgain) {
     SetProperty(record, "A", "first");
     SetProperty(record, "A", "last");
     Fill();
@@ -139,27 +143,27 @@ TEST_F(FillInstanceTest, PutsARepeatedNameAgain) {
     EXPECT_EQ(instance->Value(L"A"), L"last");
 }
 
-TEST_F(FillInstanceTest, SkipsATypeThatIsNotPublished) {
+TEST_F(InstanceTargetTest, SkipsATypeThatIsNotPublished) {
     SetProperty(record, "A", "1", PropertyType{13});
     SetProperty(record, "B", "2");
     EXPECT_EQ(Fill(), Hr(WBEM_S_NO_ERROR));
     EXPECT_THAT(instance->puts, ElementsAre(PutCall{L"B", VT_BSTR, L"2"}));
 }
 
-TEST_F(FillInstanceTest, SucceedsWhenEveryEntryIsSkipped) {
+TEST_F(InstanceTargetTest, SucceedsWhenEveryEntryIsSkipped) {
     SetProperty(record, "A", "1", PropertyType{13});
     EXPECT_EQ(Fill(), Hr(WBEM_S_NO_ERROR));
     EXPECT_TRUE(instance->puts.empty());
 }
 
-TEST_F(FillInstanceTest, SucceedsWhenTheOnlyEntryIsRefused) {
+TEST_F(InstanceTargetTest, SucceedsWhenTheOnlyEntryIsRefused) {
     instance = MakeObject<InstanceStandIn>(std::set<std::wstring>{L"A"});
     SetProperty(record, "A", "1");
     EXPECT_EQ(Fill(), Hr(WBEM_S_NO_ERROR));
     EXPECT_EQ(instance->Value(L"A"), L"(none)");
 }
 
-TEST_F(FillInstanceTest, GoesOnBehindARefusedEntry) {
+TEST_F(InstanceTargetTest, GoesOnBehindARefusedEntry) {
     instance = MakeObject<InstanceStandIn>(std::set<std::wstring>{L"A"});
     SetProperty(record, "A", "1");
     SetProperty(record, "B", "2");
@@ -167,7 +171,7 @@ TEST_F(FillInstanceTest, GoesOnBehindARefusedEntry) {
     EXPECT_EQ(instance->Value(L"B"), L"2");
 }
 
-TEST_F(FillInstanceTest, FailsForARecordWithoutProperties) {
+TEST_F(InstanceTargetTest, FailsForARecordWithoutProperties) {
     EXPECT_EQ(Fill(), Hr(WBEM_E_FAILED));
 }
 

@@ -1,0 +1,63 @@
+#include "provider/Process.h"
+
+#include <mutex>
+#include <new>
+
+#include "catalogue/Catalogue.h"
+#include "platform/windows/KernelMutex.h"
+#include "platform/windows/SystemClock.h"
+#include "platform/windows/WindowsHostFacts.h"
+#include "platform/windows/WindowsSystemFacts.h"
+#include "platform/windows/WmiQueryPort.h"
+#include "provider/BuilderLog.h"
+#include "source/LoggedQueryPort.h"
+
+namespace qv::provider {
+namespace {
+
+/// Everything that the provider objects of the process share, there from the loading of the library
+/// to its unloading and made, in this order, under the loader lock: the constructors do no more
+/// than bookkeeping.
+struct Process {
+    ProviderLog log{L"QVWMISATA"};
+
+    /// Guards what the monitor's threads read of the provider objects. Held for a few copies at a
+    /// time; a std::mutex, which is locked for ever when a thread dies inside it, does because
+    /// whoever ends such a thread holds it while it stops the thread.
+    std::mutex guard;
+
+    windows::WmiQueryPort service;
+    windows::WindowsHostFacts host;
+    windows::WindowsSystemFacts system;
+    windows::SystemClock clock;
+
+    LentLog queryLog{guard};
+    LoggedQueryPort queries{service, queryLog};
+    BuilderLog builderLog{log};
+    NativeAPI api{PublishedCatalogue(), queries, host, builderLog};
+
+    LentLog monitorLog{guard};
+    LoggedQueryPort monitorQueries{service, monitorLog};
+    windows::KernelMutex inventoryLock{L"DiskDriveListCurrMutex"};
+    DiskInventory inventory{monitorQueries, host, clock, inventoryLock};
+    CSATAHBA_EVENTS monitor{inventory, clock, monitorLog};
+    EventDeliveries deliveries{guard, {service, host, system, clock}, log};
+
+    CQVWMISATA_InstProv::Shared forInstances{log, queryLog, service, api};
+    CQVWMISATA_EventProv::Shared forEvents{log,     monitorLog, service, inventory,
+                                           monitor, deliveries, guard};
+};
+
+Process process;
+
+}  // namespace
+
+windows::ComPtr<CQVWMISATA_InstProv> MakeInstanceProvider() {
+    return windows::Adopt(new (std::nothrow) CQVWMISATA_InstProv(process.forInstances));
+}
+
+windows::ComPtr<CQVWMISATA_EventProv> MakeEventProvider() {
+    return windows::Adopt(new (std::nothrow) CQVWMISATA_EventProv(process.forEvents));
+}
+
+}  // namespace qv::provider

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string_view>
+
+#include "qvsata/cim/Instance.h"
+#include "source/PropertyTarget.h"
+
+namespace qv::service {
+
+/// A portable instance that is filled as the library fills one of the management service. Each put
+/// is recorded with its result: Status::notFound for a property that the class lacks,
+/// status::typeMismatch for a value that the property's type does not take. An entry of no
+/// published type is not put.
+class InstanceTarget final : public PropertyTarget {
+public:
+    /// Both outlive the object; `namespacePrefix` (\\server\namespace:) stands before references.
+    InstanceTarget(Instance& instance, std::string_view namespacePrefix)
+        : instance_(instance), namespacePrefix_(namespacePrefix) {}
+
+    Status Put(const PropertyEntry& property) override;
+    Status PutWideText(std::string_view name, std::wstring_view text) override;
+
+private:
+    Instance& instance_;
+    std::string_view namespacePrefix_;
+};
+
+}  // namespace qv::service
