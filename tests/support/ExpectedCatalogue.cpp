@@ -29,8 +29,6 @@ void AppendNames(std::vector<std::string>& names, const std::vector<Row>& rows) 
 
 }  // namespace
 
-const std::size_t classTotal = 38;
-
 ExpectedProperty::ExpectedProperty(PropertyEntry entry)
     : put(std::move(entry)), mofType(UsualMofType(put.type)) {}
 

@@ -87,10 +87,9 @@ const std::vector<ExpectedNode>& ExpectedHierarchy();
 const std::vector<ExpectedInstanceClass>& ExpectedInstanceClasses();
 const std::vector<ExpectedAssociation>& ExpectedAssociations();
 
-/// How many of each there are, and how many together.
+/// How many of each there are.
 extern const std::size_t instanceClassTotal;
 extern const std::size_t associationTotal;
-extern const std::size_t classTotal;
 
 /// The names of both, of the instance classes and of the associations.
 std::vector<std::string> ExpectedClassNames();
