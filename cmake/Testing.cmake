@@ -62,9 +62,13 @@ function(qv_cached_test name)
 endfunction()
 
 # qv_test(name sources... [LINK libraries...] [TIMEOUT seconds]): a test program, registered under
-# its name.
+# its name. Without a test among its sources it has all tests of the folder.
 function(qv_test name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "TIMEOUT" "LINK")
+  if(NOT arg_UNPARSED_ARGUMENTS MATCHES "_test\\.cpp")
+    file(GLOB tests CONFIGURE_DEPENDS *_test.cpp)
+    list(APPEND arg_UNPARSED_ARGUMENTS ${tests})
+  endif()
   add_executable(${name} ${arg_UNPARSED_ARGUMENTS})
   target_link_libraries(${name} PRIVATE qv_test_options ${arg_LINK} qv_test_main)
   target_precompile_headers(${name} REUSE_FROM qv_test_headers)

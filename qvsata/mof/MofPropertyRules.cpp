@@ -15,17 +15,18 @@ constexpr std::array<std::string_view, 9> mofKeywords{
     "as", "class", "false", "instance", "null", "of", "qualifier", "ref", "true"};
 
 /// A property of a class and what the class inherits.
-struct Subject {
+struct PropertySubject {
     const PropertyDefinition& own;
     const std::vector<PropertyDefinition>& inherited;
     const PropertyDefinition* overridden;  ///< null: a new property
 };
 
-ClassBreach At(const Subject& subject, std::string what, const MofStatus* status = nullptr) {
+ClassBreach At(const PropertySubject& subject, std::string what,
+               const MofStatus* status = nullptr) {
     return {std::move(what), status, subject.own.name};
 }
 
-Breach Name(const Subject& subject) {
+Breach PropertyName(const PropertySubject& subject) {
     const std::string& name = subject.own.name;
     if (name.size() > longestMofName) {
         return At(subject,
@@ -42,7 +43,7 @@ Breach Name(const Subject& subject) {
                      : Breach();
 }
 
-Breach Key(const Subject& subject) {
+Breach Key(const PropertySubject& subject) {
     const Qualifier* const key = FindQualifier(subject.own.qualifiers, "key");
     if (key != nullptr && !subject.own.isKey) {
         return At(subject,
@@ -76,7 +77,7 @@ std::string_view OverriddenName(const Qualifier& override) {
     return point == std::string_view::npos ? name : name.substr(point + 1);
 }
 
-Breach Override(const Subject& subject) {
+Breach Override(const PropertySubject& subject) {
     const std::string& name = subject.own.name;
     const Qualifier* const override = FindQualifier(subject.own.qualifiers, "override");
     if (override != nullptr && !EqualsIgnoringCase(OverriddenName(*override), name)) {
@@ -92,7 +93,7 @@ Breach Override(const Subject& subject) {
     return {};
 }
 
-Breach Type(const Subject& subject) {
+Breach Type(const PropertySubject& subject) {
     const PropertyDefinition* const overridden = subject.overridden;
     if (overridden != nullptr &&
         (subject.own.type != overridden->type || subject.own.isArray != overridden->isArray)) {
@@ -104,7 +105,7 @@ Breach Type(const Subject& subject) {
     return {};
 }
 
-Breach AddedKey(const Subject& subject) {
+Breach AddedKey(const PropertySubject& subject) {
     const bool wasKey = subject.overridden != nullptr && subject.overridden->isKey;
     if (subject.own.isKey && !wasKey &&
         std::ranges::any_of(subject.inherited, &PropertyDefinition::isKey)) {
@@ -113,7 +114,7 @@ Breach AddedKey(const Subject& subject) {
     return {};
 }
 
-Breach OverriddenQualifier(const Subject& subject) {
+Breach OverriddenQualifier(const PropertySubject& subject) {
     if (subject.overridden == nullptr) {
         return {};
     }
@@ -131,7 +132,8 @@ Breach OverriddenQualifier(const Subject& subject) {
 }
 
 // In checking order.
-constexpr std::array rules{Name, Key, Override, Type, AddedKey, OverriddenQualifier};
+constexpr std::array propertyRules{PropertyName, Key,      Override,
+                                   Type,         AddedKey, OverriddenQualifier};
 
 }  // namespace
 
@@ -150,8 +152,8 @@ std::string TypeText(const PropertyDefinition& property) {
 std::optional<ClassBreach> FindPropertyBreach(const ClassDefinition& definition,
                                               const std::vector<PropertyDefinition>& inherited) {
     for (const PropertyDefinition& own : definition.properties) {
-        const Subject subject{own, inherited, FindDefinition(inherited, own.name)};
-        for (const auto rule : rules) {
+        const PropertySubject subject{own, inherited, FindDefinition(inherited, own.name)};
+        for (const auto rule : propertyRules) {
             if (Breach breach = rule(subject)) {
                 return breach;
             }

@@ -1,3 +1,4 @@
+// The association classes: superclass, ends, rules, added property.
 #include "tests/support/ExpectedCatalogue.h"
 
 namespace qv::test {

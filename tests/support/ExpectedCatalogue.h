@@ -9,8 +9,9 @@
 
 #include "tests/support/Records.h"
 
-// What the catalogue is expected to be, written by hand: the one place that lists the published
-// classes. The tests of the tables, of the MOF files and of what is published read it.
+// What the catalogue is expected to be. The lists are written by hand: ExpectedInstanceClasses.cpp,
+// ExpectedAssociations.cpp and ExpectedEventProperties.cpp. The tests of the tables, of the MOF
+// files and of what is published read them.
 
 namespace qv::test {
 
