@@ -3,6 +3,7 @@
 #include <exception>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "events/DeviceIndication.h"
 #include "events/DiskChanges.h"
@@ -11,14 +12,19 @@ namespace qv {
 
 void CSATAHBA_EVENTS::RunCycle() {
     running_ = true;
-    inventory_.KeepDisksAsPrevious();
+    // Changes that an exception kept a cycle from comparing are compared in the next one.
+    if (!isComparisonDue_.exchange(true)) {
+        inventory_.KeepDisksAsPrevious();
+    }
     inventory_.RefreshDiskInventoryNow();
     EventThreadCheckforEvents();
 }
 
 int CSATAHBA_EVENTS::EventThreadCheckforEvents() {
     inventory_.RefreshDiskInventoryNow();
-    for (const DiskChange& change : inventory_.CompareWithPrevious(FindDiskChanges)) {
+    const std::vector<DiskChange> changes = inventory_.CompareWithPrevious(FindDiskChanges);
+    isComparisonDue_ = false;
+    for (const DiskChange& change : changes) {
         try {
             Raise(change);
         } catch (const std::exception&) {

@@ -27,7 +27,8 @@ public:
 /// threads may do so at once; they share the two lists of disks, so a cycle of one thread may
 /// report or miss a change that happened in a cycle of another.
 ///
-/// No lock is held while an event is delivered. Exceptions of the disk inventory reach the caller.
+/// No lock is held while an event is delivered. Exceptions of the disk inventory and of the
+/// comparison reach the caller; the next cycle finds the changes of such a cycle.
 /// An exception while an event is built or delivered loses that event; one while a log line is
 /// written loses the line.
 class CSATAHBA_EVENTS {
@@ -67,6 +68,7 @@ private:
     platform::LogPort& log_;
     std::atomic<EventReceiver*> receiver_ = nullptr;
     std::atomic<bool> running_ = false;
+    std::atomic<bool> isComparisonDue_ = false;  ///< whether a cycle began and has not compared
 };
 
 }  // namespace qv

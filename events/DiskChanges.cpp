@@ -42,7 +42,9 @@ std::string_view EventOfStatusChange(std::uint32_t oldStatus, std::uint32_t newS
                                                                   : event_id::otherStatus;
 }
 
-std::vector<DiskChange> FindDiskChanges(const DiskList& current, DiskList& previous) {
+std::vector<DiskChange> FindDiskChanges(const DiskList& current, DiskList& previousDisks) {
+    // All or nothing: without memory for the rest, the previous disks stay as they were.
+    DiskList previous = previousDisks;
     std::vector<DiskChange> changes;
     // The first disk of each ID, by position, because the list grows.
     std::unordered_map<std::string, std::size_t> previousPlaces;
@@ -72,6 +74,7 @@ std::vector<DiskChange> FindDiskChanges(const DiskList& current, DiskList& previ
             changes.push_back({event_id::diskDisappeared, disk});
         }
     }
+    previousDisks.swap(previous);
     return changes;
 }
 

@@ -78,6 +78,8 @@ HRESULT CQVWMISATA_EventProv::Initialize(LPWSTR, LONG, LPWSTR nameSpace, LPWSTR,
     shared_.monitorLog.Attach(legacyLog_, shared_.log.Level());
     shared_.log.Plain(initializeName, "Leaving Initialize.");
     return initSink->SetStatus(WBEM_S_INITIALIZED, 0);
+} catch (const RequestError& error) {
+    return windows::ToHresult(error.status());
 } catch (const std::exception&) {
     return windows::Hr(WBEM_E_OUT_OF_MEMORY);
 }
@@ -124,6 +126,8 @@ HRESULT CQVWMISATA_EventProv::ProvideEvents(IWbemObjectSink* sink, long) try {
     shared_.log.Plain(function, "Leaving ProvideEvents.");
     sink->SetStatus(WBEM_STATUS_COMPLETE, WBEM_S_NO_ERROR, nullptr, nullptr);
     return windows::Hr(WBEM_S_NO_ERROR);
+} catch (const RequestError& error) {
+    return windows::ToHresult(error.status());
 } catch (const std::exception&) {
     return windows::Hr(WBEM_E_OUT_OF_MEMORY);
 }

@@ -3,13 +3,13 @@
 #include <algorithm>
 #include <limits>
 
-#include "platform/Status.h"
+#include "platform/windows/WbemStatus.h"
 
 namespace qv::windows {
 namespace {
 
 [[noreturn]] void RaiseSystemError(DWORD error) {
-    throw RequestError(static_cast<Status>(HRESULT_FROM_WIN32(error)));
+    throw RequestError(ToStatus(HRESULT_FROM_WIN32(error)));
 }
 
 /// The conversion functions of the platform count in int.

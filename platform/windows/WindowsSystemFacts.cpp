@@ -12,6 +12,7 @@
 #include <memory>
 
 #include "platform/windows/Text.h"
+#include "platform/windows/WbemStatus.h"
 
 namespace qv::windows {
 namespace {
@@ -96,7 +97,7 @@ Status WindowsSystemFacts::NewGuid(std::string& guid) const {
     GUID made{};
     const HRESULT result = CoCreateGuid(&made);
     if (FAILED(result)) {
-        return static_cast<Status>(result);
+        return ToStatus(result);
     }
     std::array<wchar_t, 39> text{};
     StringFromGUID2(made, text.data(), static_cast<int>(text.size()));

@@ -72,7 +72,7 @@ Status WmiQueryPort::RunWqlQuery(std::string_view nameSpace, std::string_view qu
         status = Submit(*services.Get(), query, results);
     }
     if (FAILED(status)) {
-        return static_cast<Status>(status);
+        return ToStatus(status);
     }
     ReadAll(*results.Get(), rows);
     return Status::noError;

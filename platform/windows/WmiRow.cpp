@@ -6,6 +6,7 @@
 
 #include "platform/windows/Bstr.h"
 #include "platform/windows/Text.h"
+#include "platform/windows/WbemStatus.h"
 
 namespace qv::windows {
 namespace {
@@ -111,7 +112,7 @@ platform::Value ToValue(const VARIANT& variant) {
 Status WmiRow::Read(std::string_view name, Variant& value) const {
     const std::wstring wideName = ToWide(name);
     const HRESULT result = object_->Get(wideName.c_str(), 0, value.Receive(), nullptr, nullptr);
-    return FAILED(result) ? static_cast<Status>(result) : Status::noError;
+    return FAILED(result) ? ToStatus(result) : Status::noError;
 }
 
 platform::PropertyRead WmiRow::Get(std::string_view name) const {

@@ -1,5 +1,3 @@
-#include "qvsata/view/Topology.h"
-
 #include <algorithm>
 #include <memory>
 
@@ -12,6 +10,7 @@
 #include "qvsata/output/OutputJson.h"
 #include "qvsata/system/Console.h"
 #include "qvsata/view/AssociationGraph.h"
+#include "qvsata/view/Topology.h"
 #include "qvsata/view/TopologyJson.h"
 #include "qvsata/view/TopologyText.h"
 

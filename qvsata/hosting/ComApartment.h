@@ -4,7 +4,7 @@
 
 #include <objbase.h>
 
-#include "platform/Status.h"
+#include "platform/windows/WbemStatus.h"
 
 namespace qv::service {
 
@@ -12,12 +12,7 @@ namespace qv::service {
 class ComApartment {
 public:
     /// Throws RequestError if the thread is in a single-threaded apartment.
-    ComApartment() {
-        const HRESULT result = CoInitializeEx(nullptr, COINIT_MULTITHREADED);
-        if (FAILED(result)) {
-            throw RequestError(static_cast<Status>(result));
-        }
-    }
+    ComApartment() { windows::ThrowIfFailed(CoInitializeEx(nullptr, COINIT_MULTITHREADED)); }
     ComApartment(const ComApartment&) = delete;
     ComApartment& operator=(const ComApartment&) = delete;
     ~ComApartment() { CoUninitialize(); }

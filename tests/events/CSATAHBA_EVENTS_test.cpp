@@ -203,6 +203,42 @@ TEST_F(CSATAHBA_EVENTSTest, AreRaisedBehindOneThatCouldNotBeBuilt) {
     EXPECT_THAT(receiver.Take(), IsEmpty());
 }
 
+/// Memory runs out in one of the queries.
+class ScarceQueries : public platform::QueryPort {
+public:
+    ScarceQueries(const platform::QueryPort& host, int failing) : host_(host), left_(failing) {}
+
+    Status RunWqlQuery(std::string_view nameSpace, std::string_view query,
+                       platform::Rows& rows) const override {
+        if (--left_ == 0) {
+            throw std::bad_alloc();
+        }
+        return host_.RunWqlQuery(nameSpace, query, rows);
+    }
+
+private:
+    const platform::QueryPort& host_;
+    mutable int left_;
+};
+
+class ScarceCSATAHBA_EVENTSTest : public CSATAHBA_EVENTSTest,
+                                  public testing::WithParamInterface<int> {};
+
+TEST_P(ScarceCSATAHBA_EVENTSTest, AreRaisedInTheNextCycle) {
+    const ScarceQueries queries(host, GetParam());
+    DiskInventory scarce(queries, host, clock, lock);
+    CSATAHBA_EVENTS stumbling(scarce, clock, host);
+    stumbling.RegisterReceiver(receiver);
+    host.SetDisks({{"A", "OK"}});
+    EXPECT_THROW(stumbling.RunCycle(), std::bad_alloc);
+    EXPECT_THAT(receiver.Take(), IsEmpty());
+    stumbling.RunCycle();
+    EXPECT_THAT(receiver.Take(), ElementsAre("600 A"));
+}
+
+// A cycle runs four queries: it rebuilds the inventory twice.
+INSTANTIATE_TEST_SUITE_P(Queries, ScarceCSATAHBA_EVENTSTest, testing::Values(1, 2, 3, 4));
+
 TEST_F(CSATAHBA_EVENTSTest, AreRaisedThoughOneCouldNotBeLogged) {
     StumblingLog log;
     CSATAHBA_EVENTS stumbling(inventory, clock, log);
