@@ -12,7 +12,7 @@ if(WIN32)
   target_compile_options(qv_test_haste INTERFACE -O0 -g0)
   target_link_options(qv_test_haste INTERFACE -s)
 else()
-  target_compile_options(qv_test_haste INTERFACE -fno-sanitize=undefined)
+  target_compile_options(qv_test_haste INTERFACE -fno-sanitize=undefined -g0)
 endif()
 add_library(qv_test_options INTERFACE)
 target_include_directories(qv_test_options INTERFACE ${CMAKE_BINARY_DIR}/generated)
@@ -54,6 +54,8 @@ function(qv_cached_test name)
   add_test(NAME ${test} COMMAND ${PROJECT_SOURCE_DIR}/tools/cached-test
     ${CMAKE_BINARY_DIR}/passed/${name} ${arg_INPUTS} -- ${arg_COMMAND})
   set_tests_properties(${test} PROPERTIES TIMEOUT ${arg_TIMEOUT})
+  # In a run of all builds' tests this build is one of them.
+  set_tests_properties(${test} PROPERTIES FIXTURES_REQUIRED ${QV_TEST_PREFIX}build)
   if(WIN32)
     # They share one prefix, that is, one registry and one set of log files. The first one starts at
     # once, so that the other tests run beside them.

@@ -53,7 +53,7 @@ public:
         if (std::exchange(held_, true)) {
             pauses_->LetGo();
         }
-        EXPECT_EQ(WaitForSingleObject(pauses_->CycleOver(), 60000), WAIT_OBJECT_0);
+        EXPECT_EQ(WaitForSingleObject(pauses_->CycleOver(), 180000), WAIT_OBJECT_0);
         std::vector<PublishedInstance> indications;
         for (const auto& indication : subscription_->Take()) {
             indications.push_back(Read(dynamic_cast<const service::Instance&>(*indication)));

@@ -11,7 +11,7 @@ MofToken First(std::string_view text) {
     return TokenizeMof(text, "a.mof").front();
 }
 
-std::string ErrorOf(std::string_view text) {
+std::string LexerError(std::string_view text) {
     try {
         TokenizeMof(text, "a.mof");
     } catch (const MofError& error) {
@@ -93,24 +93,24 @@ TEST(MofLexer, ReadsAliasesPragmasAndCharacters) {
 }
 
 TEST(MofLexer, NamesThePlaceOfWhatIsNoToken) {
-    EXPECT_EQ(ErrorOf("a\n @"), "a.mof:2:2: unexpected character");
-    EXPECT_EQ(ErrorOf("a /* b"), "a.mof:1:3: comment without end");
-    EXPECT_EQ(ErrorOf("\"abc"), "a.mof:1:1: text without closing quote");
-    EXPECT_EQ(ErrorOf("\"abc\n\""), "a.mof:1:1: text without closing quote");
-    EXPECT_EQ(ErrorOf("\"a\\qb\""), "a.mof:1:3: unknown escape");
-    EXPECT_EQ(ErrorOf("\"a\\"), "a.mof:1:3: unknown escape");
-    EXPECT_EQ(ErrorOf("\"\\xg\""), "a.mof:1:2: unknown escape");
-    EXPECT_EQ(ErrorOf("'ab'"), "a.mof:1:1: one character expected between the quotes");
-    EXPECT_EQ(ErrorOf("'a"), "a.mof:1:1: character without closing quote");
-    EXPECT_EQ(ErrorOf("#include"), "a.mof:1:1: only #pragma may begin with #");
+    EXPECT_EQ(LexerError("a\n @"), "a.mof:2:2: unexpected character");
+    EXPECT_EQ(LexerError("a /* b"), "a.mof:1:3: comment without end");
+    EXPECT_EQ(LexerError("\"abc"), "a.mof:1:1: text without closing quote");
+    EXPECT_EQ(LexerError("\"abc\n\""), "a.mof:1:1: text without closing quote");
+    EXPECT_EQ(LexerError("\"a\\qb\""), "a.mof:1:3: unknown escape");
+    EXPECT_EQ(LexerError("\"a\\"), "a.mof:1:3: unknown escape");
+    EXPECT_EQ(LexerError("\"\\xg\""), "a.mof:1:2: unknown escape");
+    EXPECT_EQ(LexerError("'ab'"), "a.mof:1:1: one character expected between the quotes");
+    EXPECT_EQ(LexerError("'a"), "a.mof:1:1: character without closing quote");
+    EXPECT_EQ(LexerError("#include"), "a.mof:1:1: only #pragma may begin with #");
 }
 
 TEST(MofLexer, RefusesWhatIsNoNumber) {
-    EXPECT_EQ(ErrorOf("18446744073709551616"),
+    EXPECT_EQ(LexerError("18446744073709551616"),
               "a.mof:1:1: 18446744073709551616 is no number of 64 bits");
-    EXPECT_EQ(ErrorOf("12abc"), "a.mof:1:1: 12abc is no number of 64 bits");
-    EXPECT_EQ(ErrorOf("09"), "a.mof:1:1: 09 is no number of 64 bits");
-    EXPECT_EQ(ErrorOf("1.2.3"), "a.mof:1:1: 1.2.3 is no number");
+    EXPECT_EQ(LexerError("12abc"), "a.mof:1:1: 12abc is no number of 64 bits");
+    EXPECT_EQ(LexerError("09"), "a.mof:1:1: 09 is no number of 64 bits");
+    EXPECT_EQ(LexerError("1.2.3"), "a.mof:1:1: 1.2.3 is no number");
 }
 
 }  // namespace
