@@ -14,11 +14,12 @@ void AddEnumerate(CLI::App& program);
 void AddGet(CLI::App& program);
 void AddQuery(CLI::App& program);
 void AddReferences(CLI::App& program);
+void AddSources(CLI::App& program);
 void AddTopology(CLI::App& program);
 void AddWatch(CLI::App& program);
 
 /// All of them, in the order in which --help lists them.
-inline constexpr std::array commands{AddTopology, AddClasses,     AddEnumerate,  AddGet,
-                                     AddQuery,    AddAssociators, AddReferences, AddWatch};
+inline constexpr std::array commands{AddTopology,    AddClasses,    AddEnumerate, AddGet,  AddQuery,
+                                     AddAssociators, AddReferences, AddSources,   AddWatch};
 
 }  // namespace qv::tool

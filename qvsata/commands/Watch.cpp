@@ -58,16 +58,15 @@ void AddWatch(CLI::App& program) {
         "The provider looks at the disks every 30 seconds.\n"
         "Example: qvsata watch --host hosts/drill/0-healthy.json --then hosts/drill/1-degraded.json"
         " --count 1");
-    command->callback([arguments] {
-        const auto session = StartSession(arguments->options);
+    OnProvider(*command, arguments, [](const service::ProviderHost& host, const Arguments& given) {
         WatchLimits limits;
-        if (arguments->count != 0) {
-            limits.events = arguments->count;
+        if (given.count != 0) {
+            limits.events = given.count;
         }
-        if (arguments->seconds != 0) {
-            limits.time = std::chrono::seconds(arguments->seconds);
+        if (given.seconds != 0) {
+            limits.time = std::chrono::seconds(given.seconds);
         }
-        RunWatch(*session, limits, arguments->format);
+        RunWatch(host, limits, given.format);
     });
 }
 

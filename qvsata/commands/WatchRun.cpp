@@ -7,6 +7,7 @@
 #include "qvsata/cim/StatusCodes.h"
 #include "qvsata/commands/PublishedInstances.h"
 #include "qvsata/commands/Session.h"
+#include "qvsata/commands/SourceReport.h"
 #include "qvsata/output/Output.h"
 #include "qvsata/output/OutputJson.h"
 #include "qvsata/output/WaitingLine.h"
@@ -123,6 +124,7 @@ private:
     void FinishCycle() {
         waiting_.End();
         printer_.Print(feed_->Take());
+        ReportUnread();
         if (printer_.IsDone()) {
             return;
         }
@@ -135,7 +137,22 @@ private:
         feed_->LetGo();
     }
 
+    /// Names the sources that the last cycle could not read, unless the cycle before could not
+    /// either. The monitor is held, so no query runs.
+    void ReportUnread() {
+        const std::vector<service::SourceQuery> queries = host_.Journal().Queries(reported_);
+        reported_ = host_.Journal().Size();
+        const std::string unread = UnreadLines(queries);
+        if (unread != unread_) {
+            WriteError(unread.empty() ? "qvsata: every source is readable again\n" : unread);
+        }
+        unread_ = unread;
+        host_.Journal().Condense();
+    }
+
     const service::ProviderHost& host_;
+    std::size_t reported_ = 0;  ///< the number of queries that ReportUnread has seen
+    std::string unread_;        ///< the lines of the last cycle
     EventPrinter printer_;
     StopRequest stop_;
     WaitingLine waiting_;
