@@ -81,11 +81,12 @@ public:
         if (limits.time) {
             end_ = Clock::now() + *limits.time;
         }
+        isHurried_ = host.Recordings() != nullptr && !limits.realTime;
     }
 
     void Run() {
         using News = service::EventFeed::News;
-        while (!printer_.IsDone() && !IsOver()) {
+        while (!printer_.IsDone() && !isReplayed_ && !IsOver()) {
             const News news = feed_->Await(LongestWait());
             if (news == News::stopRequested) {
                 break;
@@ -128,6 +129,13 @@ private:
         if (printer_.IsDone()) {
             return;
         }
+        if (isHurried_) {
+            isReplayed_ = !host_.Recordings()->Step();
+            if (!isReplayed_) {
+                feed_->Hurry();
+            }
+            return;
+        }
         view::SeenRecording seen;
         if (service::RecordingSequence* recordings = host_.Recordings()) {
             seen = {recordings->Position() + 1, recordings->Size()};
@@ -157,6 +165,8 @@ private:
     StopRequest stop_;
     WaitingLine waiting_;
     std::optional<Clock::time_point> end_;
+    bool isHurried_ = false;   ///< whether the provider's pauses are skipped
+    bool isReplayed_ = false;  ///< whether the last recording of a hurried replay was polled
     std::unique_ptr<service::EventFeed> feed_;
 };
 
