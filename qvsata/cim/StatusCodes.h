@@ -1,6 +1,8 @@
 #pragma once
 
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "platform/Status.h"
 
@@ -20,12 +22,26 @@ inline constexpr Status invalidClass{0x80041010};
 inline constexpr Status invalidQuery{0x80041017};
 inline constexpr Status readOnly{0x80041023};
 inline constexpr Status providerNotCapable{0x80041024};
+inline constexpr Status providerLoadFailure{0x80041013};
+inline constexpr Status transportFailure{0x80041015};
+inline constexpr Status shuttingDown{0x80041033};
 inline constexpr Status invalidObjectPath{0x8004103A};
 inline constexpr Status bufferTooSmall{0x8004103C};
+inline constexpr Status timedOut{0x80041069};
 }  // namespace status
 
 /// Returns the meaning of a status and its number, "access denied (0x80041003)", or only the number
 /// if the code has no text here.
 std::string StatusText(Status code);
+
+/// Returns the symbolic name of a status and its number, "WBEM_E_ACCESS_DENIED (0x80041003)", or
+/// only the number if the code has no name here.
+std::string StatusName(Status code);
+
+/// Returns the meaning of a status, "access denied"; empty if the code has no text here.
+std::string_view StatusMeaning(Status code);
+
+/// Returns the status with a symbolic name ("WBEM_E_ACCESS_DENIED"); nothing for an unknown name.
+std::optional<Status> StatusOfName(std::string_view symbol);
 
 }  // namespace qv::service

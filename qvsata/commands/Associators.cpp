@@ -4,7 +4,6 @@
 #include "qvsata/commands/ExistingObject.h"
 #include "qvsata/commands/Options.h"
 #include "qvsata/commands/Session.h"
-#include "qvsata/output/Output.h"
 
 namespace qv::tool {
 
@@ -32,14 +31,12 @@ void AddAssociators(CLI::App& program) {
     command->footer(
         "Example: qvsata associators 'QV_WinComputerSystem.CreationClassName="
         "\"QV_WinComputerSystem\",Name=\"desk01.example.org\"' --result QV_SATADiskDrive --live");
-    command->callback([arguments] {
-        const auto session = StartSession(arguments->options);
-        const service::Namespace& nameSpace = session->Published();
-        service::AssociatorsQuery& asked = arguments->query;
-        RequireClass(nameSpace, asked.assocClass);
-        RequireClass(nameSpace, asked.resultClass);
-        asked.path = ExistingObject(nameSpace, arguments->path);
-        Print(FormatObjects(Take(nameSpace.Query(asked)), arguments->options.format));
+    OnProvider(*command, arguments, [](const service::ProviderHost& host, Arguments& given) {
+        const service::Namespace& nameSpace = host.Published();
+        RequireClass(nameSpace, given.query.assocClass);
+        RequireClass(nameSpace, given.query.resultClass);
+        given.query.path = ExistingObject(nameSpace, given.path);
+        PrintAnswer(host, nameSpace.Query(given.query), given.options.format);
     });
 }
 

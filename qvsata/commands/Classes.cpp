@@ -1,10 +1,12 @@
 #include <algorithm>
 #include <memory>
+#include <optional>
 
 #include "catalogue/Classes.h"
 #include "qvsata/commands/Commands.h"
 #include "qvsata/commands/Options.h"
 #include "qvsata/commands/Session.h"
+#include "qvsata/commands/SourceReport.h"
 #include "qvsata/output/Output.h"
 #include "qvsata/output/OutputJson.h"
 #include "qvsata/output/OutputText.h"
@@ -15,15 +17,19 @@ namespace {
 struct ClassLine {
     std::string name;
     std::string kind;
-    std::size_t instances = 0;
+    /// Nothing if none was found and a source that the class rests on could not be read.
+    std::optional<std::size_t> instances;
 };
 
-std::vector<ClassLine> CountInstances(const service::Namespace& nameSpace) {
+std::vector<ClassLine> CountInstances(const service::ProviderHost& host) {
     std::vector<ClassLine> lines;
     for (const PublishedClass& published : PublishedClasses()) {
+        const std::size_t before = host.Journal().Size();
+        const std::size_t count = Take(host.Published().Enumerate(published.name)).size();
+        const bool blind = count == 0 && !UnreadSources(host.Journal().Queries(before)).empty();
         lines.push_back({std::string(published.name),
                          published.association != nullptr ? "association" : "instance",
-                         Take(nameSpace.Enumerate(published.name)).size()});
+                         blind ? std::nullopt : std::optional(count)});
     }
     return lines;
 }
@@ -31,7 +37,8 @@ std::vector<ClassLine> CountInstances(const service::Namespace& nameSpace) {
 std::string AsText(const std::vector<ClassLine>& lines) {
     Table table{{"Class", "Kind", "Instances"}, {}};
     for (const ClassLine& line : lines) {
-        table.rows.push_back({line.name, line.kind, std::to_string(line.instances)});
+        table.rows.push_back({line.name, line.kind,
+                              line.instances ? std::to_string(*line.instances) : "not readable"});
     }
     return TableAsText(table);
 }
@@ -39,7 +46,11 @@ std::string AsText(const std::vector<ClassLine>& lines) {
 std::string AsJson(const std::vector<ClassLine>& lines) {
     nlohmann::ordered_json array = nlohmann::ordered_json::array();
     for (const ClassLine& line : lines) {
-        array.push_back({{"class", line.name}, {"kind", line.kind}, {"instances", line.instances}});
+        nlohmann::ordered_json count;
+        if (line.instances) {
+            count = *line.instances;
+        }
+        array.push_back({{"class", line.name}, {"kind", line.kind}, {"instances", count}});
     }
     return DocumentText(array);
 }
@@ -55,20 +66,22 @@ std::string AsMof(const service::Namespace& nameSpace) {
 }  // namespace
 
 void AddClasses(CLI::App& program) {
-    const auto options = std::make_shared<Options>();
+    struct Arguments {
+        Options options;
+    };
+    const auto arguments = std::make_shared<Arguments>();
     CLI::App* command = program.add_subcommand(
         "classes", "the published classes and how many instances each has (mof: definitions)");
-    AddOptions(*command, *options);
+    AddOptions(*command, arguments->options);
     command->footer("Example: qvsata classes --host hosts/ahci-desktop.json");
-    command->callback([options] {
-        const auto session = StartSession(*options);
-        switch (options->format) {
+    OnProvider(*command, arguments, [](const service::ProviderHost& host, const Arguments& given) {
+        switch (given.options.format) {
             case Format::text:
-                return Print(AsText(CountInstances(session->Published())));
+                return Print(AsText(CountInstances(host)));
             case Format::json:
-                return Print(AsJson(CountInstances(session->Published())));
+                return Print(AsJson(CountInstances(host)));
             case Format::mof:
-                return Print(AsMof(session->Published()));
+                return Print(AsMof(host.Published()));
         }
     });
 }

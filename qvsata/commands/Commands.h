@@ -10,15 +10,18 @@ namespace qv::tool {
 // and throws what Session.h throws.
 void AddAssociators(CLI::App& program);
 void AddClasses(CLI::App& program);
+void AddDisks(CLI::App& program);
 void AddEnumerate(CLI::App& program);
 void AddGet(CLI::App& program);
 void AddQuery(CLI::App& program);
 void AddReferences(CLI::App& program);
+void AddSources(CLI::App& program);
 void AddTopology(CLI::App& program);
 void AddWatch(CLI::App& program);
 
 /// All of them, in the order in which --help lists them.
-inline constexpr std::array commands{AddTopology, AddClasses,     AddEnumerate,  AddGet,
-                                     AddQuery,    AddAssociators, AddReferences, AddWatch};
+inline constexpr std::array commands{AddDisks,   AddTopology, AddClasses,     AddEnumerate,
+                                     AddGet,     AddQuery,    AddAssociators, AddReferences,
+                                     AddSources, AddWatch};
 
 }  // namespace qv::tool

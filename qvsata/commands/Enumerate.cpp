@@ -3,7 +3,6 @@
 #include "qvsata/commands/Commands.h"
 #include "qvsata/commands/Options.h"
 #include "qvsata/commands/Session.h"
-#include "qvsata/output/Output.h"
 
 namespace qv::tool {
 
@@ -18,10 +17,8 @@ void AddEnumerate(CLI::App& program) {
     command->add_option("CLASS", arguments->className, "a class of root\\QVQ")->required();
     AddOptions(*command, arguments->options);
     command->footer("Example: qvsata enumerate QV_SATADiskDrive --host hosts/ahci-desktop.json");
-    command->callback([arguments] {
-        const auto session = StartSession(arguments->options);
-        Print(FormatObjects(Take(session->Published().Enumerate(arguments->className)),
-                            arguments->options.format));
+    OnProvider(*command, arguments, [](const service::ProviderHost& host, const Arguments& given) {
+        PrintAnswer(host, host.Published().Enumerate(given.className), given.options.format);
     });
 }
 

@@ -3,7 +3,6 @@
 #include "qvsata/commands/Commands.h"
 #include "qvsata/commands/Options.h"
 #include "qvsata/commands/Session.h"
-#include "qvsata/output/Output.h"
 
 namespace qv::tool {
 
@@ -21,10 +20,8 @@ void AddGet(CLI::App& program) {
     command->footer(
         "Example: qvsata get 'QV_WinComputerSystem.CreationClassName=\"QV_WinComputerSystem\","
         "Name=\"desk01.example.org\"' --live");
-    command->callback([arguments] {
-        const auto session = StartSession(arguments->options);
-        Print(FormatObjects(Take(session->Published().GetInAnyOrder(arguments->path)),
-                            arguments->options.format));
+    OnProvider(*command, arguments, [](const service::ProviderHost& host, const Arguments& given) {
+        PrintAnswer(host, host.Published().GetInAnyOrder(given.path), given.options.format);
     });
 }
 

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "qvsata/commands/Commands.h"
+#include "qvsata/commands/Session.h"
 #include "qvsata/system/Console.h"
 #include "qvsata/system/Process.h"
 
@@ -16,6 +17,7 @@ namespace {
 
 constexpr int failed = 1;
 constexpr int usageError = 2;
+constexpr int incomplete = 3;
 
 int Report(const std::string& message, int exitCode) {
     std::fprintf(stderr, "qvsata: %s\n", message.c_str());
@@ -47,11 +49,18 @@ int Run(std::vector<std::string> arguments) {
 }  // namespace
 
 int RunCommand(std::vector<std::string> arguments) {
+    int exitCode = 0;
     try {
-        return Run(std::move(arguments));
+        exitCode = Run(std::move(arguments));
+    } catch (const IncompleteAnswer&) {
+        exitCode = incomplete;
     } catch (const std::exception& error) {
         return Report(error.what(), failed);
     }
+    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+        return Report("standard output cannot be written", failed);
+    }
+    return exitCode;
 }
 
 int RunProgram(int count, const char* const* arguments) {

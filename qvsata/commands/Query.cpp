@@ -3,7 +3,6 @@
 #include "qvsata/commands/Commands.h"
 #include "qvsata/commands/Options.h"
 #include "qvsata/commands/Session.h"
-#include "qvsata/output/Output.h"
 
 namespace qv::tool {
 
@@ -18,10 +17,8 @@ void AddQuery(CLI::App& program) {
     command->add_option("WQL", arguments->wql, "the query")->required();
     AddOptions(*command, arguments->options);
     command->footer("Example: qvsata query \"SELECT Name FROM CIM_DiskDrive\" --live");
-    command->callback([arguments] {
-        const auto session = StartSession(arguments->options);
-        Print(FormatObjects(Take(session->Published().Query(arguments->wql)),
-                            arguments->options.format));
+    OnProvider(*command, arguments, [](const service::ProviderHost& host, const Arguments& given) {
+        PrintAnswer(host, host.Published().Query(given.wql), given.options.format);
     });
 }
 

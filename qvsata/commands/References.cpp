@@ -4,7 +4,6 @@
 #include "qvsata/commands/ExistingObject.h"
 #include "qvsata/commands/Options.h"
 #include "qvsata/commands/Session.h"
-#include "qvsata/output/Output.h"
 
 namespace qv::tool {
 
@@ -28,13 +27,11 @@ void AddReferences(CLI::App& program) {
     command->footer(
         "Example: qvsata references 'QV_WinComputerSystem.CreationClassName="
         "\"QV_WinComputerSystem\",Name=\"desk01.example.org\"' --live");
-    command->callback([arguments] {
-        const auto session = StartSession(arguments->options);
-        const service::Namespace& nameSpace = session->Published();
-        service::ReferencesQuery& asked = arguments->query;
-        RequireClass(nameSpace, asked.resultClass);
-        asked.path = ExistingObject(nameSpace, arguments->path);
-        Print(FormatObjects(Take(nameSpace.Query(asked)), arguments->options.format));
+    OnProvider(*command, arguments, [](const service::ProviderHost& host, Arguments& given) {
+        const service::Namespace& nameSpace = host.Published();
+        RequireClass(nameSpace, given.query.resultClass);
+        given.query.path = ExistingObject(nameSpace, given.path);
+        PrintAnswer(host, nameSpace.Query(given.query), given.options.format);
     });
 }
 

@@ -5,8 +5,11 @@
 #include <iterator>
 
 #include "qvsata/cim/StatusCodes.h"
+#include "qvsata/commands/SourceReport.h"
 #include "qvsata/mof/ShippedMof.h"
+#include "qvsata/output/Output.h"
 #include "qvsata/recorded/HostFile.h"
+#include "qvsata/system/Console.h"
 #include "qvsata/system/Process.h"
 
 namespace qv::tool {
@@ -34,8 +37,6 @@ std::vector<std::shared_ptr<const service::RecordedHost>> ReadLaterHosts(
     return hosts;
 }
 
-}  // namespace
-
 std::unique_ptr<service::ProviderHost> StartSession(const Options& options) {
     const path here = ProgramFolder();
     service::HostOptions host;
@@ -60,11 +61,36 @@ std::unique_ptr<service::ProviderHost> StartSession(const Options& options) {
     }
 }
 
+}  // namespace
+
+void RunOnProvider(const Options& options,
+                   const std::function<void(const service::ProviderHost&)>& command) {
+    const auto host = StartSession(options);
+    try {
+        command(*host);
+    } catch (const CommandError& error) {
+        if (UnreadLines(host->Journal().Queries()).empty()) {
+            throw;
+        }
+        WriteError(std::string("qvsata: ") + error.what() + '\n');
+    }
+    if (const std::string unread = UnreadLines(host->Journal().Queries()); !unread.empty()) {
+        WriteError(unread);
+        throw IncompleteAnswer();
+    }
+}
+
 service::ObjectList Take(service::Answer answer) {
     if (!Succeeded(answer.status)) {
         throw CommandError(answer.message);
     }
     return std::move(answer.objects);
+}
+
+void PrintAnswer(const service::ProviderHost& host, service::Answer answer, Format format) {
+    const service::ObjectList objects = Take(std::move(answer));
+    const bool blind = objects.empty() && !UnreadSources(host.Journal().Queries()).empty();
+    Print(blind && format == Format::text ? "(not readable)\n" : FormatObjects(objects, format));
 }
 
 }  // namespace qv::tool

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 #include "qvsata/commands/Options.h"
 #include "qvsata/service/ProviderHost.h"
@@ -15,11 +17,36 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-/// Starts the provider on the machine that the options name. Throws CommandError, HostFileError,
-/// MofError or std::system_error; the messages of the last three name the file.
-std::unique_ptr<service::ProviderHost> StartSession(const Options& options);
+/// The answer of a command that rests on sources that could not be read. Standard error has named
+/// them.
+class IncompleteAnswer : public std::runtime_error {
+public:
+    IncompleteAnswer() : std::runtime_error("sources could not be read") {}
+};
+
+/// Starts the provider on the machine that the options name and runs a command on it. Then names on
+/// standard error each source that could not be read, a line each, and throws IncompleteAnswer if
+/// there is one; the command's own CommandError is printed before.
+///
+/// Throws CommandError, HostFileError, MofError or std::system_error; the messages of the last
+/// three name the file.
+void RunOnProvider(const Options& options,
+                   const std::function<void(const service::ProviderHost&)>& command);
+
+/// Makes `action(host, arguments)` what a command does on the provider that arguments.options name.
+template <typename Arguments, typename Action>
+void OnProvider(CLI::App& command, std::shared_ptr<Arguments> arguments, Action action) {
+    command.callback([arguments = std::move(arguments), action = std::move(action)] {
+        RunOnProvider(arguments->options,
+                      [&](const service::ProviderHost& host) { action(host, *arguments); });
+    });
+}
 
 /// Returns the answer's objects; throws CommandError if the answer is a failure.
 service::ObjectList Take(service::Answer answer);
+
+/// Prints the answer's objects; "(not readable)" for an empty answer that rests on a source that
+/// could not be read. Throws CommandError if the answer is a failure.
+void PrintAnswer(const service::ProviderHost& host, service::Answer answer, Format format);
 
 }  // namespace qv::tool

@@ -6,6 +6,7 @@
 #include "qvsata/commands/Options.h"
 #include "qvsata/commands/PublishedInstances.h"
 #include "qvsata/commands/Session.h"
+#include "qvsata/commands/SourceReport.h"
 #include "qvsata/output/Output.h"
 #include "qvsata/output/OutputJson.h"
 #include "qvsata/system/Console.h"
@@ -19,8 +20,14 @@ namespace {
 
 enum class View { tree, json, graph };
 
-view::Topology ReadTopology(const service::Namespace& nameSpace) {
-    return view::BuildTopology(ReadInstances(nameSpace, view::topologyClasses));
+view::Topology ReadTopology(const service::ProviderHost& host) {
+    view::Topology topology =
+        view::BuildTopology(ReadInstances(host.Published(), view::topologyClasses));
+    const std::vector<service::SourceQuery> queries = host.Journal().Queries();
+    topology.sight.disks = !IsUnread(queries, "Win32_DiskDrive");
+    topology.sight.controllers = !IsUnread(queries, "Win32_IDEController");
+    topology.sight.attachments = !IsUnread(queries, "Win32_IDEControllerDevice");
+    return topology;
 }
 
 std::string Graph(const service::Namespace& nameSpace) {
@@ -49,16 +56,14 @@ void AddTopology(CLI::App& program) {
                           {{"text", View::tree}, {"json", View::json}, {"dot", View::graph}},
                           arguments->view);
     command->footer("Example: qvsata topology --host hosts/ahci-desktop.json");
-    command->callback([arguments] {
-        const auto session = StartSession(arguments->options);
-        const service::Namespace& nameSpace = session->Published();
-        switch (arguments->view) {
+    OnProvider(*command, arguments, [](const service::ProviderHost& host, const Arguments& given) {
+        switch (given.view) {
             case View::tree:
-                return Print(view::TopologyAsText(ReadTopology(nameSpace)));
+                return Print(view::TopologyAsText(ReadTopology(host)));
             case View::json:
-                return Print(DocumentText(view::TopologyAsJson(ReadTopology(nameSpace))));
+                return Print(DocumentText(view::TopologyAsJson(ReadTopology(host))));
             case View::graph:
-                return Print(Graph(nameSpace));
+                return Print(Graph(host.Published()));
         }
     });
 }

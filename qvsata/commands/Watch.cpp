@@ -36,6 +36,7 @@ void AddWatch(CLI::App& program) {
         Options options;
         unsigned count = 0;
         unsigned seconds = 0;
+        bool realTime = false;
         EventFormat format = EventFormat::text;
     };
     const auto arguments = std::make_shared<Arguments>();
@@ -52,22 +53,24 @@ void AddWatch(CLI::App& program) {
     CheckLimit(command->add_option("--count", arguments->count, "ends after so many events"), "N");
     CheckLimit(command->add_option("--for", arguments->seconds, "ends after so many seconds"),
                "SECONDS");
+    command->add_flag("--real-time", arguments->realTime,
+                      "a replay waits as long as the provider does, and goes on after its end");
     AddFormatOption<EventFormat>(
         *command, {{"text", EventFormat::text}, {"json", EventFormat::json}}, arguments->format);
     command->footer(
-        "The provider looks at the disks every 30 seconds.\n"
-        "Example: qvsata watch --host hosts/drill/0-healthy.json --then hosts/drill/1-degraded.json"
-        " --count 1");
-    command->callback([arguments] {
-        const auto session = StartSession(arguments->options);
+        "The provider polls the disks every 30 seconds. A replay polls each recording once.\n"
+        "Example: qvsata watch --host hosts/drill/0-healthy.json --then "
+        "hosts/drill/1-degraded.json");
+    OnProvider(*command, arguments, [](const service::ProviderHost& host, const Arguments& given) {
         WatchLimits limits;
-        if (arguments->count != 0) {
-            limits.events = arguments->count;
+        if (given.count != 0) {
+            limits.events = given.count;
         }
-        if (arguments->seconds != 0) {
-            limits.time = std::chrono::seconds(arguments->seconds);
+        if (given.seconds != 0) {
+            limits.time = std::chrono::seconds(given.seconds);
         }
-        RunWatch(*session, limits, arguments->format);
+        limits.realTime = given.realTime;
+        RunWatch(host, limits, given.format);
     });
 }
 

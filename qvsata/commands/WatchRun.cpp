@@ -7,6 +7,7 @@
 #include "qvsata/cim/StatusCodes.h"
 #include "qvsata/commands/PublishedInstances.h"
 #include "qvsata/commands/Session.h"
+#include "qvsata/commands/SourceReport.h"
 #include "qvsata/output/Output.h"
 #include "qvsata/output/OutputJson.h"
 #include "qvsata/output/WaitingLine.h"
@@ -80,11 +81,12 @@ public:
         if (limits.time) {
             end_ = Clock::now() + *limits.time;
         }
+        isHurried_ = host.Recordings() != nullptr && !limits.realTime;
     }
 
     void Run() {
         using News = service::EventFeed::News;
-        while (!printer_.IsDone() && !IsOver()) {
+        while (!printer_.IsDone() && !isReplayed_ && !IsOver()) {
             const News news = feed_->Await(LongestWait());
             if (news == News::stopRequested) {
                 break;
@@ -123,7 +125,15 @@ private:
     void FinishCycle() {
         waiting_.End();
         printer_.Print(feed_->Take());
+        ReportUnread();
         if (printer_.IsDone()) {
+            return;
+        }
+        if (isHurried_) {
+            isReplayed_ = !host_.Recordings()->Step();
+            if (!isReplayed_) {
+                feed_->Hurry();
+            }
             return;
         }
         view::SeenRecording seen;
@@ -135,11 +145,28 @@ private:
         feed_->LetGo();
     }
 
+    /// Names the sources that the last cycle could not read, unless the cycle before could not
+    /// either. The monitor is held, so no query runs.
+    void ReportUnread() {
+        const std::vector<service::SourceQuery> queries = host_.Journal().Queries(reported_);
+        reported_ = host_.Journal().Size();
+        const std::string unread = UnreadLines(queries);
+        if (unread != unread_) {
+            WriteError(unread.empty() ? "qvsata: every source is readable again\n" : unread);
+        }
+        unread_ = unread;
+        host_.Journal().Condense();
+    }
+
     const service::ProviderHost& host_;
+    std::size_t reported_ = 0;  ///< the number of queries that ReportUnread has seen
+    std::string unread_;        ///< the lines of the last cycle
     EventPrinter printer_;
     StopRequest stop_;
     WaitingLine waiting_;
     std::optional<Clock::time_point> end_;
+    bool isHurried_ = false;   ///< whether the provider's pauses are skipped
+    bool isReplayed_ = false;  ///< whether the last recording of a hurried replay was polled
     std::unique_ptr<service::EventFeed> feed_;
 };
 

@@ -12,6 +12,9 @@ namespace qv::tool {
 struct WatchLimits {
     std::optional<std::size_t> events;
     std::optional<std::chrono::seconds> time;
+    /// A replay ends when its last recording was polled, and the provider's pauses are skipped.
+    /// True: it keeps the pauses, and polls the last recording until another limit.
+    bool realTime = false;
 };
 
 /// The form of an event: a readable line, or one line with a JSON object that has every property of

@@ -15,6 +15,7 @@ public:
     ObjectList Take() override { return subscription_.Take(); }
     std::chrono::milliseconds Pause() const override { return pauses_.Length(); }
     void LetGo() override { pauses_.LetGo(); }
+    void Hurry() override { pauses_.Hurry(); }
     void End() override { subscription_.End(); }
 
 private:

@@ -11,6 +11,7 @@
 #include "qvsata/hosting/ServicesFace.h"
 #include "qvsata/hosting/substitutes/Locator.h"
 #include "qvsata/hosting/substitutes/PathParser.h"
+#include "qvsata/service/JournaledMachine.h"
 #include "qvsata/service/PublishedNamespace.h"
 #include "qvsata/service/RecordedMachine.h"
 #include "source/Namespaces.h"
@@ -52,12 +53,15 @@ ManagementHost::ManagementHost(const HostOptions& options)
           OpenPublished(ReadPublishedClasses(options.mofFiles),
                         options.recorded ? options.recorded->Computer().server : ThisComputer())),
       recordings_(options.recorded ? std::make_shared<RecordingSequence>(RecordingsOf(options))
-                                   : nullptr) {
-    const Connector machine =
-        WithPublished(namespace_, recordings_ ? ConnectRecorded(recordings_) : ConnectLive());
-    locator_.emplace(CLSID_WbemAdministrativeLocator, [machine](REFIID iid, void** object) {
-        return windows::MakeObject<Locator>(machine)->QueryInterface(iid, object);
-    });
+                                   : nullptr),
+      machine_(WithPublished(
+          namespace_,
+          recordings_ ? WithJournal(ConnectRecorded(recordings_), MachineKind::recorded, journal_)
+                      : WithJournal(ConnectLive(), MachineKind::live, journal_))) {
+    locator_.emplace(CLSID_WbemAdministrativeLocator,
+                     [machine = machine_](REFIID iid, void** object) {
+                         return windows::MakeObject<Locator>(machine)->QueryInterface(iid, object);
+                     });
     pathParser_.emplace(windows::pathParserClassId, [](REFIID iid, void** object) {
         return windows::MakeObject<PathParser>()->QueryInterface(iid, object);
     });

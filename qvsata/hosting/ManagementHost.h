@@ -29,6 +29,8 @@ public:
     ~ManagementHost() override;
 
     const Namespace& Published() const override { return *namespace_; }
+    const Connector& Machine() const override { return machine_; }
+    SourceJournal& Journal() const override { return *journal_; }
 
     /// Returns the provider itself, for raw requests.
     ProviderObject& Provider() const { return *provider_; }
@@ -54,8 +56,10 @@ public:
 
 private:
     ComApartment apartment_;
+    std::shared_ptr<SourceJournal> journal_ = std::make_shared<SourceJournal>();
     std::shared_ptr<Namespace> namespace_;
     std::shared_ptr<RecordingSequence> recordings_;
+    Connector machine_;
     std::optional<ServedClass> locator_;
     std::optional<ServedClass> pathParser_;
     std::optional<ProviderLibrary> library_;

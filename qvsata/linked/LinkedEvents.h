@@ -21,6 +21,7 @@ public:
     ObjectList Take() override;
     std::chrono::milliseconds Pause() const override { return CSATAHBA_EVENTS::interval; }
     void LetGo() override;
+    void Hurry() override { due_ = SteadyClock::now(); }
     void End() override {}
 
 private:

@@ -5,6 +5,7 @@
 
 #include "qvsata/linked/LinkedEvents.h"
 #include "qvsata/linked/LinkedProvider.h"
+#include "qvsata/service/JournaledMachine.h"
 #include "qvsata/service/ProviderHost.h"
 #include "qvsata/service/PublishedNamespace.h"
 #include "qvsata/service/RecordedMachine.h"
@@ -19,7 +20,8 @@ public:
         : names_(options.recorded->Computer()),
           recordings_(std::make_shared<RecordingSequence>(RecordingsOf(options))),
           namespace_(OpenPublished(ReadPublishedClasses(options.mofFiles), names_.server)),
-          machine_(WithPublished(namespace_, ConnectRecorded(recordings_))) {
+          machine_(WithPublished(namespace_, WithJournal(ConnectRecorded(recordings_),
+                                                         MachineKind::recorded, journal_))) {
         namespace_->Attach(std::make_shared<const LinkedProvider>(machine_, names_));
     }
     LinkedHost(const LinkedHost&) = delete;
@@ -28,6 +30,8 @@ public:
     ~LinkedHost() override { namespace_->Attach(nullptr); }
 
     const Namespace& Published() const override { return *namespace_; }
+    const Connector& Machine() const override { return machine_; }
+    SourceJournal& Journal() const override { return *journal_; }
     RecordingSequence* Recordings() const override { return recordings_.get(); }
     std::unique_ptr<EventFeed> Subscribe() const override {
         return std::make_unique<LinkedEvents>(*namespace_, machine_, names_);
@@ -35,6 +39,7 @@ public:
 
 private:
     ComputerNames names_;
+    std::shared_ptr<SourceJournal> journal_ = std::make_shared<SourceJournal>();
     std::shared_ptr<RecordingSequence> recordings_;
     std::shared_ptr<Namespace> namespace_;
     Connector machine_;

@@ -10,6 +10,7 @@
 #include <set>
 #include <system_error>
 
+#include "qvsata/cim/StatusCodes.h"
 #include "source/Text.h"
 
 namespace qv::service {
@@ -190,14 +191,33 @@ RowProperties ToRow(const Json& json, const Place& place) {
     return row;
 }
 
+constexpr const char* noRows = "expected a list of rows or {\"fails\": true}";
+
+// The status of a class whose queries fail: true stands for WBEM_E_FAILED.
+Status ToFailure(const Json& json, const Place& place) {
+    if (json.size() != 1 || !json.contains("fails")) {
+        place.Fail(noRows);
+    }
+    const Json& reason = json["fails"];
+    if (reason == true) {
+        return Status::failed;
+    }
+    const auto status = reason.is_string() ? StatusOfName(reason.get<std::string>()) : std::nullopt;
+    if (!status) {
+        place.Member("fails").Fail(
+            "expected true or the name of a status like \"WBEM_E_ACCESS_DENIED\"");
+    }
+    return *status;
+}
+
 void AddClass(RecordedHost& host, const std::string& nameSpace, const std::string& className,
               const Json& json, const Place& place) {
-    if (json == Json{{"fails", true}}) {
-        host.FailClass(nameSpace, className);
+    if (json.is_object()) {
+        host.FailClass(nameSpace, className, ToFailure(json, place));
         return;
     }
     if (!json.is_array()) {
-        place.Fail("expected a list of rows or {\"fails\": true}");
+        place.Fail(noRows);
     }
     host.DefineClass(nameSpace, className);
     for (std::size_t i = 0; i < json.size(); ++i) {

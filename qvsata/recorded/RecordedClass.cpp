@@ -28,9 +28,9 @@ void RecordedClass::Add(RowProperties properties) {
     }
 }
 
-void RecordedClass::Fail() {
+void RecordedClass::Fail(Status failure) {
     *this = RecordedClass(std::move(name_));
-    fails_ = true;
+    failure_ = failure;
 }
 
 RecordedRowPtr RecordedClass::Find(const ObjectPath& path) const {

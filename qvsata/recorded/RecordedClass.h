@@ -1,10 +1,12 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
 
+#include "platform/Status.h"
 #include "qvsata/recorded/RecordedRow.h"
 
 namespace qv::service {
@@ -20,11 +22,12 @@ public:
 
     const std::string& Name() const { return name_; }
     const RecordedRows& Rows() const { return rows_; }
-    /// Returns whether queries of the class fail; it then has no rows.
-    bool Fails() const { return fails_; }
+    /// Returns the status with which queries of the class fail; nothing if they succeed. A class
+    /// whose queries fail has no rows.
+    std::optional<Status> Failure() const { return failure_; }
 
     void Add(RowProperties properties);
-    void Fail();
+    void Fail(Status failure);
 
     /// Returns the first row that the path names; null if there is none.
     RecordedRowPtr Find(const ObjectPath& path) const;
@@ -38,7 +41,7 @@ private:
 
     std::string name_;
     RecordedRows rows_;
-    bool fails_ = false;
+    std::optional<Status> failure_;
     Places byPath_;       ///< by the identity of the row's path
     Places byReference_;  ///< by the identity of a reference
 };

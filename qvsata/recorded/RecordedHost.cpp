@@ -37,8 +37,9 @@ void RecordedHost::AddRow(std::string_view nameSpace, std::string_view className
     Namespace(nameSpace).Class(className).Add(std::move(properties));
 }
 
-void RecordedHost::FailClass(std::string_view nameSpace, std::string_view className) {
-    Namespace(nameSpace).Class(className).Fail();
+void RecordedHost::FailClass(std::string_view nameSpace, std::string_view className,
+                             Status failure) {
+    Namespace(nameSpace).Class(className).Fail(failure);
 }
 
 }  // namespace qv::service

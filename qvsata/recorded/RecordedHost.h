@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/Status.h"
 #include "qvsata/recorded/RecordedNamespace.h"
 
 namespace qv::service {
@@ -36,8 +37,9 @@ public:
     void DefineNamespace(std::string_view nameSpace);
     void DefineClass(std::string_view nameSpace, std::string_view className);
     void AddRow(std::string_view nameSpace, std::string_view className, RowProperties properties);
-    /// Drops the rows of a class; its queries fail from then on.
-    void FailClass(std::string_view nameSpace, std::string_view className);
+    /// Drops the rows of a class; its queries fail with `failure` from then on.
+    void FailClass(std::string_view nameSpace, std::string_view className,
+                   Status failure = Status::failed);
 
     /// Returns the namespaces in the order of the recording.
     const std::deque<RecordedNamespace>& Namespaces() const { return namespaces_; }

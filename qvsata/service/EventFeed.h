@@ -7,8 +7,8 @@
 namespace qv::service {
 
 /// The events of a provider, one cycle of its monitor at a time. After a cycle the monitor is held
-/// until LetGo. Meanwhile the machine can be exchanged for another recording, so no cycle sees two.
-/// For one thread.
+/// until LetGo or Hurry. Meanwhile the machine can be exchanged for another recording, so no cycle
+/// sees two. For one thread.
 class EventFeed {
 public:
     /// The reason why a wait ended.
@@ -27,6 +27,9 @@ public:
 
     /// Lets the monitor pause and then start its next cycle.
     virtual void LetGo() = 0;
+
+    /// Lets the monitor start its next cycle at once.
+    virtual void Hurry() = 0;
 
     /// Ends the subscription. Indications delivered before can still be taken.
     virtual void End() = 0;

@@ -8,6 +8,8 @@
 #include "qvsata/recorded/RecordingSequence.h"
 #include "qvsata/service/EventFeed.h"
 #include "qvsata/service/Namespace.h"
+#include "qvsata/service/Services.h"
+#include "qvsata/service/SourceJournal.h"
 
 namespace qv::service {
 
@@ -39,6 +41,12 @@ public:
 
     /// Returns the namespace in which the provider publishes, as its clients see it.
     virtual const Namespace& Published() const = 0;
+
+    /// Connects to the machine on which the provider runs; root\QVQ is the provider's namespace.
+    virtual const Connector& Machine() const = 0;
+
+    /// Returns the journal of all queries of the machine, by the provider and through Machine().
+    virtual SourceJournal& Journal() const = 0;
 
     /// Returns the recordings that replace the machine, one at a time; null on the machine itself.
     virtual RecordingSequence* Recordings() const = 0;

@@ -25,13 +25,13 @@ public:
 
     Answer Enumerate(const ResolvedClassPtr& type) const override {
         const RecordedClass& recorded = *rows_.Find(type->name);
-        return recorded.Fails() ? Failing(recorded) : Rows(recorded.Rows());
+        return recorded.Failure() ? Failing(recorded) : Rows(recorded.Rows());
     }
 
     std::optional<Answer> Referencing(const ResolvedClassPtr& type,
                                       const ObjectPath& path) const override {
         const RecordedClass& recorded = *rows_.Find(type->name);
-        return recorded.Fails() ? Failing(recorded) : Rows(recorded.Referencing(path));
+        return recorded.Failure() ? Failing(recorded) : Rows(recorded.Referencing(path));
     }
 
     std::optional<ObjectPtr> LookUp(const ResolvedClassPtr& type,
@@ -42,7 +42,7 @@ public:
 
 private:
     static Answer Failing(const RecordedClass& recorded) {
-        return {Status::failed, "queries of " + recorded.Name() + " fail", {}};
+        return {recorded.Failure().value(), "queries of " + recorded.Name() + " fail", {}};
     }
 
     ObjectPtr AsObject(const RecordedRowPtr& row) const {

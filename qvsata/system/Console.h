@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <optional>
 #include <string_view>
 
 #include "qvsata/view/StyledText.h"
@@ -11,6 +13,10 @@ enum class Stream { output, errors };
 
 /// Returns whether a stream is a terminal.
 bool IsTerminal(Stream stream);
+
+/// Returns the width of the terminal to which a stream leads, in columns; nothing if it leads to
+/// none.
+std::optional<std::size_t> ColumnsOf(Stream stream);
 
 /// Writes to standard output: text to a terminal, coloured unless the environment variable NO_COLOR
 /// is set and not empty; UTF-8 bytes to anything else.

@@ -5,20 +5,12 @@
 #include <string_view>
 
 #include "qvsata/view/Columns.h"
+#include "qvsata/view/SerialNumber.h"
+#include "qvsata/view/SizeText.h"
 #include "qvsata/view/StyledStatus.h"
 
 namespace qv::view {
 namespace {
-
-/// Returns `bytes` in units of `unit`, rounded to the nearest tenth.
-std::string Tenths(std::uint64_t bytes, std::uint64_t unit) {
-    const std::uint64_t tenths = bytes / unit * 10 + (bytes % unit * 10 + unit / 2) / unit;
-    return std::to_string(tenths / 10) + '.' + std::to_string(tenths % 10);
-}
-
-std::string SizeText(const Disk& disk, std::uint64_t unit, const std::string& name) {
-    return disk.size ? Tenths(*disk.size, unit) + ' ' + name : "-";
-}
 
 std::string PartitionText(const Disk& disk) {
     std::string words;
@@ -37,14 +29,12 @@ std::string PartitionText(const Disk& disk) {
 }  // namespace
 
 std::vector<Cell> DiskCells(const Disk& disk) {
-    constexpr std::uint64_t gigabyte = 1'000'000'000;
-    constexpr std::uint64_t gibibyte = std::uint64_t{1} << 30U;
     return {{StatusSpan(disk.status)},
             {{OrDash(disk.model)}},
-            {{SizeText(disk, gigabyte, "GB")}, true},
-            {{SizeText(disk, gibibyte, "GiB"), Style::faint}, true},
+            {{GigabytesText(disk.size)}, true},
+            {{GibibytesText(disk.size), Style::faint}, true},
             {{PartitionText(disk)}},
-            {{"S/N " + OrDash(disk.serialNumber)}}};
+            {{"S/N " + SerialNumberText(disk.serialNumber)}}};
 }
 
 }  // namespace qv::view

@@ -54,13 +54,21 @@ struct Controller {
     std::vector<Disk> disks;  ///< attached without a channel
 };
 
+/// What could be read. What was not read is shown as such, never as absent.
+struct Sight {
+    bool disks = true;
+    bool controllers = true;  ///< and channels
+    bool attachments = true;  ///< of disks and channels
+};
+
 /// A host's storage as a tree. Siblings have the order in which they are published.
 struct Topology {
     std::string computer;  ///< empty if the host has no name
     std::vector<Controller> controllers;
     std::vector<Channel> looseChannels;  ///< of no published controller
     std::vector<Disk> looseDisks;        ///< not attached to a published object
-    std::optional<Health> collection;    ///< the consolidated status of the disks
+    Sight sight;
+    std::optional<Health> collection;  ///< the consolidated status of the disks
 };
 
 /// The classes whose instances BuildTopology reads.

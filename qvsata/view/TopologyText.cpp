@@ -100,14 +100,26 @@ void AddDisks(const std::vector<Disk>& disks, std::vector<Node>& nodes) {
     });
 }
 
-Node ChannelNode(const Channel& channel) {
+const Span notReadable{"not readable", Style::caution};
+
+Node ChannelNode(const Channel& channel, const Sight& sight) {
     Node node;
     node.title = {{"channel " + OrDash(channel.name) + "  "}, StatusSpan(channel.status)};
-    if (channel.disks.empty()) {
+    if (channel.disks.empty() && sight.disks && sight.attachments) {
         node.title.push_back({"  empty", Style::faint});
+    } else if (channel.disks.empty()) {
+        node.title.push_back({"  disks "});
+        node.title.push_back(notReadable);
     }
     AddDisks(channel.disks, node.children);
     return node;
+}
+
+void AddChannels(const std::vector<Channel>& channels, const Sight& sight,
+                 std::vector<Node>& nodes) {
+    std::ranges::transform(channels, std::back_inserter(nodes), [&sight](const Channel& channel) {
+        return ChannelNode(channel, sight);
+    });
 }
 
 StyledText SoftwareText(const Controller& controller) {
@@ -125,32 +137,44 @@ StyledText SoftwareText(const Controller& controller) {
     return text.empty() ? StyledText{} : StyledText{{text, Style::faint}};
 }
 
-Node ControllerNode(const Controller& controller) {
+Node ControllerNode(const Controller& controller, const Sight& sight) {
     Node node;
     node.title = {{OrDash(controller.name) + "  "}, StatusSpan(controller.status)};
     node.detail = SoftwareText(controller);
-    std::ranges::transform(controller.channels, std::back_inserter(node.children), ChannelNode);
+    AddChannels(controller.channels, sight, node.children);
     AddDisks(controller.disks, node.children);
-    if (node.children.empty()) {
+    if (node.children.empty() && sight.disks && sight.controllers && sight.attachments) {
         node.title.push_back({"  no channels, no disks", Style::faint});
+    } else if (node.children.empty()) {
+        node.title.push_back({"  channels, disks "});
+        node.title.push_back(notReadable);
     }
     return node;
 }
 
 std::vector<Node> Nodes(const Topology& topology) {
     std::vector<Node> nodes;
-    std::ranges::transform(topology.controllers, std::back_inserter(nodes), ControllerNode);
-    if (nodes.empty()) {
+    std::ranges::transform(topology.controllers, std::back_inserter(nodes),
+                           [&topology](const Controller& controller) {
+                               return ControllerNode(controller, topology.sight);
+                           });
+    if (!topology.sight.controllers) {
+        nodes.push_back({{{"IDE and SATA controllers "}, notReadable}, {}, {}, nullptr});
+    } else if (nodes.empty()) {
         nodes.push_back({{{"no IDE or SATA controllers", Style::faint}}, {}, {}, nullptr});
     }
     if (!topology.looseChannels.empty()) {
         Node group{{{"channels of unknown controllers"}}, {}, {}, nullptr};
-        std::ranges::transform(topology.looseChannels, std::back_inserter(group.children),
-                               ChannelNode);
+        AddChannels(topology.looseChannels, topology.sight, group.children);
         nodes.push_back(std::move(group));
     }
     if (!topology.looseDisks.empty()) {
-        Node group{{{"disks without a known attachment"}}, {}, {}, nullptr};
+        const bool unattached = topology.sight.controllers && topology.sight.attachments;
+        Node group{unattached ? StyledText{{"disks without a known attachment"}}
+                              : StyledText{{"disks whose attachment is "}, notReadable},
+                   {},
+                   {},
+                   nullptr};
         AddDisks(topology.looseDisks, group.children);
         nodes.push_back(std::move(group));
     }
@@ -159,6 +183,9 @@ std::vector<Node> Nodes(const Topology& topology) {
 
 /// Counts the disks, in total and by status, the statuses in order of appearance.
 StyledText Summary(const Topology& topology) {
+    if (!topology.sight.disks) {
+        return {{"disks "}, notReadable};
+    }
     const std::vector<const Disk*> disks = DisksOf(topology);
     if (disks.empty()) {
         return {{"no disks"}};
@@ -192,7 +219,7 @@ StyledText TopologyAsText(const Topology& topology) {
         {(topology.computer.empty() ? "computer without a name" : topology.computer) + '\n'}};
     std::ranges::move(writer.Take(), std::back_inserter(text));
     std::ranges::move(Summary(topology), std::back_inserter(text));
-    if (topology.collection) {
+    if (topology.collection && topology.sight.disks) {
         text.push_back({"; consolidated status "});
         text.push_back({topology.collection->word, StyleOf(*topology.collection)});
     }

@@ -13,6 +13,7 @@ struct Held {
     windows::KernelHandle begun{CreateEventW(nullptr, FALSE, FALSE, nullptr)};
     windows::KernelHandle letGo{CreateEventW(nullptr, FALSE, FALSE, nullptr)};
     std::atomic<DWORD> length = 0;
+    std::atomic<bool> isSkipped = false;
 };
 
 Held& Pause() {
@@ -26,6 +27,9 @@ void WINAPI HoldAndSleep(DWORD milliseconds) {
         pause.length = milliseconds;
         SetEvent(pause.begun.Get());
         WaitForSingleObject(pause.letGo.Get(), INFINITE);
+        if (pause.isSkipped) {
+            return;
+        }
     }
     Sleep(milliseconds);
 }
@@ -47,6 +51,12 @@ std::chrono::milliseconds MonitorPauses::Length() const {
 }
 
 void MonitorPauses::LetGo() {
+    Pause().isSkipped = false;
+    SetEvent(Pause().letGo.Get());
+}
+
+void MonitorPauses::Hurry() {
+    Pause().isSkipped = true;
     SetEvent(Pause().letGo.Get());
 }
 

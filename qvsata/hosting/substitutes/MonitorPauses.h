@@ -10,9 +10,9 @@
 namespace qv::service {
 
 /// Signals the end of each cycle of the library's monitor thread and holds the thread there until
-/// LetGo. Meanwhile the machine can be exchanged for another recording, so no cycle sees two. A
-/// cycle is over when the thread calls Sleep for a second or more; after LetGo it sleeps for the
-/// full time.
+/// LetGo or Hurry. Meanwhile the machine can be exchanged for another recording, so no cycle sees
+/// two. A cycle is over when the thread calls Sleep for a second or more; after LetGo it sleeps for
+/// the full time.
 ///
 /// For one monitor thread and at most one object per process. The library's threads must have ended
 /// before the object is destroyed.
@@ -30,6 +30,9 @@ public:
 
     /// Lets the thread sleep and then start its next cycle.
     void LetGo();
+
+    /// Lets the thread start its next cycle without its sleep.
+    void Hurry();
 
 private:
     ImportPatch patch_;

@@ -1,5 +1,6 @@
 #include "qvsata/system/Console.h"
 
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <cstdio>
@@ -49,6 +50,14 @@ std::string ColouredText(const view::StyledText& text) {
 
 bool IsTerminal(Stream stream) {
     return isatty(DescriptorOf(stream)) == 1;
+}
+
+std::optional<std::size_t> ColumnsOf(Stream stream) {
+    winsize size{};
+    if (ioctl(DescriptorOf(stream), TIOCGWINSZ, &size) != 0 || size.ws_col == 0) {
+        return std::nullopt;
+    }
+    return size.ws_col;
 }
 
 void Print(const view::StyledText& text) {

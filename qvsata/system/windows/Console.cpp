@@ -101,6 +101,15 @@ bool IsTerminal(Stream stream) {
     return ConsoleOf(stream) != nullptr;
 }
 
+std::optional<std::size_t> ColumnsOf(Stream stream) {
+    HANDLE console = ConsoleOf(stream);
+    CONSOLE_SCREEN_BUFFER_INFO info{};
+    if (console == nullptr || GetConsoleScreenBufferInfo(console, &info) == FALSE) {
+        return std::nullopt;
+    }
+    return static_cast<std::size_t>(info.srWindow.Right - info.srWindow.Left + 1);
+}
+
 void Print(const view::StyledText& text) {
     HANDLE console = ConsoleOf(Stream::output);
     const bool coloured = view::WantsColour(console != nullptr, std::getenv("NO_COLOR"));

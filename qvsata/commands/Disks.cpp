@@ -1,0 +1,82 @@
+#include <memory>
+
+#include "qvsata/commands/Commands.h"
+#include "qvsata/commands/Options.h"
+#include "qvsata/commands/OsDisks.h"
+#include "qvsata/commands/Session.h"
+#include "qvsata/commands/SourceReport.h"
+#include "qvsata/output/Output.h"
+#include "qvsata/output/OutputJson.h"
+#include "qvsata/system/Console.h"
+#include "qvsata/view/DiskTable.h"
+#include "qvsata/view/SerialNumber.h"
+
+namespace qv::tool {
+namespace {
+
+enum class DisksFormat { text, json };
+
+template <typename Value>
+nlohmann::ordered_json OrNull(const std::optional<Value>& value) {
+    return value ? nlohmann::ordered_json(*value) : nlohmann::ordered_json();
+}
+
+nlohmann::ordered_json OrNull(const std::string& text) {
+    return text.empty() ? nlohmann::ordered_json() : nlohmann::ordered_json(text);
+}
+
+std::string AsJson(const std::vector<view::OsDisk>& disks) {
+    nlohmann::ordered_json array = nlohmann::ordered_json::array();
+    for (const view::OsDisk& disk : disks) {
+        array.push_back(
+            {{"number", OrNull(disk.number)},
+             {"model", OrNull(disk.model)},
+             {"size", OrNull(disk.size)},
+             {"serialNumber", OrNull(disk.serialNumber)},
+             {"decodedSerialNumber", OrNull(view::DecodedSerialNumber(disk.serialNumber))},
+             {"firmware", OrNull(disk.firmware)},
+             {"bus", OrNull(disk.bus)},
+             {"attachedTo", OrNull(disk.attachment)},
+             {"deviceId", OrNull(disk.deviceId)},
+             {"status", OrNull(disk.health.code)},
+             {"statusWord", disk.health.word},
+             {"failurePredicted", disk.failureIsPredicted},
+             {"published", disk.whyUnpublished.empty()},
+             {"whyUnpublished", OrNull(disk.whyUnpublished)}});
+    }
+    return DocumentText(array);
+}
+
+void PrintTable(const service::ProviderHost& host, const std::vector<view::OsDisk>& disks) {
+    if (!disks.empty()) {
+        return Print(view::DisksAsText(disks, ColumnsOf(Stream::output)));
+    }
+    const bool unread = IsUnread(host.Journal().Queries(), "Win32_DiskDrive");
+    Print(unread ? "disks not readable\n" : "no disks\n");
+}
+
+}  // namespace
+
+void AddDisks(CLI::App& program) {
+    struct Arguments {
+        Options options;
+        DisksFormat format = DisksFormat::text;
+    };
+    const auto arguments = std::make_shared<Arguments>();
+    CLI::App* command = program.add_subcommand(
+        "disks", "all disks of the operating system, published or not, and why not");
+    AddSourceOptions(*command, arguments->options);
+    AddFormatOption<DisksFormat>(
+        *command, {{"text", DisksFormat::text}, {"json", DisksFormat::json}}, arguments->format);
+    command->footer("Example: qvsata disks --host hosts/mixed-buses-failing.json");
+    OnProvider(*command, arguments, [](const service::ProviderHost& host, const Arguments& given) {
+        const std::vector<view::OsDisk> disks = ReadOsDisks(host);
+        if (given.format == DisksFormat::json) {
+            Print(AsJson(disks));
+        } else {
+            PrintTable(host, disks);
+        }
+    });
+}
+
+}  // namespace qv::tool

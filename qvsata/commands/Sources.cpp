@@ -1,0 +1,151 @@
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <map>
+#include <memory>
+
+#include "catalogue/Classes.h"
+#include "qvsata/cim/StatusCodes.h"
+#include "qvsata/commands/Commands.h"
+#include "qvsata/commands/Options.h"
+#include "qvsata/commands/Session.h"
+#include "qvsata/commands/SourceReport.h"
+#include "qvsata/output/Output.h"
+#include "qvsata/output/OutputJson.h"
+#include "qvsata/output/OutputText.h"
+#include "source/Text.h"
+
+namespace qv::tool {
+namespace {
+
+enum class SourcesFormat { text, json };
+
+/// A source class with all queries of it.
+struct SourceUse {
+    SourceClass source;
+    std::size_t queries = 0;
+    std::size_t rows = 0;  ///< of all different queries
+    std::chrono::microseconds time{};
+    service::SourceQuery worst;  ///< the first one that was not read, otherwise the first one
+};
+
+bool IsOf(const service::SourceQuery& query, const SourceClass& source) {
+    // Without a connection to the namespace, none of its classes was read.
+    return EqualsIgnoringCase(query.nameSpace, source.nameSpace) &&
+           (query.className.empty() || EqualsIgnoringCase(query.className, source.name));
+}
+
+SourceUse UseOf(const SourceClass& source, const std::vector<service::SourceQuery>& queries) {
+    SourceUse use{source, 0, 0, {}, {}};
+    std::map<std::string, std::size_t> rowsByText;
+    for (const service::SourceQuery& query : queries) {
+        if (!IsOf(query, source)) {
+            continue;
+        }
+        use.worst = use.queries == 0 || (WasRead(use.worst) && !WasRead(query)) ? query : use.worst;
+        ++use.queries;
+        use.time += query.time;
+        rowsByText[query.text] = query.rows;
+    }
+    for (const auto& [text, rows] : rowsByText) {
+        use.rows += rows;
+    }
+    return use;
+}
+
+/// Has the provider publish everything, and reads the class that only its monitor reads.
+std::vector<SourceUse> ReadSources(const service::ProviderHost& host) {
+    for (const PublishedClass& published : PublishedClasses()) {
+        Take(host.Published().Enumerate(published.name));
+    }
+    if (const service::Connection monitored = host.Machine()(R"(root\wmi)"); monitored.services) {
+        monitored.services->Query("SELECT * FROM MSStorageDriver_FailurePredictStatus");
+    }
+    const std::vector<service::SourceQuery> queries = host.Journal().Queries();
+    std::vector<SourceUse> uses;
+    for (const SourceClass& source : SourceClasses()) {
+        if (!source.name.empty()) {
+            uses.push_back(UseOf(source, queries));
+        }
+    }
+    return uses;
+}
+
+std::string Milliseconds(std::chrono::microseconds time) {
+    std::array<char, 32> text{};
+    std::snprintf(text.data(), text.size(), "%.1f", static_cast<double>(time.count()) / 1000.0);
+    return text.data();
+}
+
+std::string StatusColumn(const SourceUse& use) {
+    if (use.queries == 0) {
+        return "not asked";
+    }
+    const std::string end = EndText(use.worst);
+    const std::string_view meaning = service::StatusMeaning(use.worst.status);
+    const bool isMeant = !WasRead(use.worst) && use.worst.end != service::SourceEnd::neverRecorded;
+    return !isMeant || meaning.empty() ? end : end + ", " + std::string(meaning);
+}
+
+std::string AsText(const std::vector<SourceUse>& uses) {
+    Table table{{"Namespace", "Class", "Rows", "ms", "Status"}, {}};
+    std::string losses;
+    for (const SourceUse& use : uses) {
+        const bool isRead = use.queries != 0 && WasRead(use.worst);
+        table.rows.push_back({std::string(use.source.nameSpace), std::string(use.source.name),
+                              isRead ? std::to_string(use.rows) : "-",
+                              use.queries == 0 ? "-" : Milliseconds(use.time), StatusColumn(use)});
+        if (use.queries != 0 && !isRead) {
+            losses += "without " + std::string(use.source.name) + ": " +
+                      std::string(use.source.loss) + '\n';
+        }
+    }
+    return TableAsText(table) + (losses.empty() ? "" : "\n" + losses);
+}
+
+std::string AsJson(const std::vector<SourceUse>& uses) {
+    nlohmann::ordered_json array = nlohmann::ordered_json::array();
+    for (const SourceUse& use : uses) {
+        nlohmann::ordered_json rows;
+        nlohmann::ordered_json status;
+        if (use.queries != 0) {
+            status = EndText(use.worst);
+            if (WasRead(use.worst)) {
+                rows = use.rows;
+            }
+        }
+        array.push_back({{"namespace", use.source.nameSpace},
+                         {"class", use.source.name},
+                         {"queries", use.queries},
+                         {"rows", rows},
+                         {"milliseconds", static_cast<double>(use.time.count()) / 1000.0},
+                         {"status", status},
+                         {"code", static_cast<std::uint32_t>(use.worst.status)},
+                         {"meaning", service::StatusMeaning(use.worst.status)},
+                         {"loss", use.source.loss}});
+    }
+    return DocumentText(array);
+}
+
+}  // namespace
+
+void AddSources(CLI::App& program) {
+    struct Arguments {
+        Options options;
+        SourcesFormat format = SourcesFormat::text;
+    };
+    const auto arguments = std::make_shared<Arguments>();
+    CLI::App* command = program.add_subcommand(
+        "sources", "what the provider reads of the machine, and what is lost when it cannot");
+    AddSourceOptions(*command, arguments->options);
+    AddFormatOption<SourcesFormat>(*command,
+                                   {{"text", SourcesFormat::text}, {"json", SourcesFormat::json}},
+                                   arguments->format);
+    command->footer("Example: qvsata sources --host hosts/ahci-desktop.json");
+    OnProvider(*command, arguments, [](const service::ProviderHost& host, const Arguments& given) {
+        const std::vector<SourceUse> uses = ReadSources(host);
+        Print(given.format == SourcesFormat::json ? AsJson(uses) : AsText(uses));
+    });
+}
+
+}  // namespace qv::tool

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "qvsata/view/Topology.h"
+
+namespace qv::view {
+
+/// A disk of the operating system, published or not. A text that the system does not report is
+/// empty.
+struct OsDisk {
+    std::optional<std::int64_t> number;  ///< drive number, as in \\.\PHYSICALDRIVE0
+    std::string model;
+    std::optional<std::uint64_t> size;  ///< bytes
+    std::string serialNumber;           ///< without blanks at its ends
+    std::string firmware;
+    std::string bus;         ///< the interface type: IDE, SCSI, USB
+    std::string attachment;  ///< the channel or controller, by its ID
+    std::string deviceId;    ///< plug-and-play ID
+    Health health;           ///< the status that the system reports
+    bool failureIsPredicted = false;
+    std::string whyUnpublished;  ///< three words at most; empty for a published disk
+};
+
+/// Returns the health in words: the status, or that a failure is predicted where the status does
+/// not say so.
+Health HealthOf(const OsDisk& disk);
+
+}  // namespace qv::view
