@@ -25,11 +25,13 @@ public:
         if (!nameSpace_.Classes().Find(path.className)) {
             Refuse(Status::notFound, "unknown class '" + path.className + "'");
         }
-        if (path.NamesInstance() == query.schemaOnly) {
-            Refuse(status::invalidQuery, query.schemaOnly ? "SchemaOnly needs the path of a class"
-                                                          : "'" + path.className +
-                                                                "' is a class: give the path of an "
-                                                                "instance, or SchemaOnly");
+        if (query.schemaOnly && path.NamesInstance()) {
+            Refuse(status::invalidQuery, "SchemaOnly needs the path of a class");
+        }
+        if (!query.schemaOnly && !path.NamesInstance()) {
+            Refuse(status::invalidQuery, "'" + path.className +
+                                             "' is a class: give the path of an " +
+                                             "instance, or SchemaOnly");
         }
     }
 
@@ -47,15 +49,12 @@ public:
 
     /// `assocClass` is the class whose references are meant; empty for those of any class.
     void Role(const std::string& role, const std::string& assocClass) {
-        const NamespaceClasses& classes = nameSpace_.Classes();
         const auto hasRole = [&role](const ResolvedClassPtr& type) {
             const PropertyDefinition* const property = type->Find(role);
             return property != nullptr && property->type == CimType::reference;
         };
         if (knowsAll_ && !role.empty() &&
-            std::ranges::none_of(
-                assocClass.empty() ? classes.Listed() : classes.WithSubclasses(assocClass),
-                hasRole)) {
+            std::ranges::none_of(ClassesAllowedBy(assocClass, nameSpace_.Classes()), hasRole)) {
             Refuse(status::invalidQuery,
                    "unknown role '" + role + "'" +
                        (assocClass.empty() ? "" : " of class '" + assocClass + "'"));
@@ -99,6 +98,11 @@ std::optional<Answer> RefusalOf(const Namespace& nameSpace, const ReferencesQuer
 
 bool Allows(const std::string& asked, std::string_view name) {
     return asked.empty() || EqualsIgnoringCase(asked, name);
+}
+
+const std::vector<ResolvedClassPtr>& ClassesAllowedBy(const std::string& asked,
+                                                      const NamespaceClasses& classes) {
+    return asked.empty() ? classes.Listed() : classes.WithSubclasses(asked);
 }
 
 bool HasRequired(const std::string& qualifier, const ResolvedClassPtr& type) {

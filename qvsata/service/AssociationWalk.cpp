@@ -32,10 +32,8 @@ public:
     /// have the qualifier; none if the instances of one of them cannot be read.
     std::vector<Link> Links(const std::string& assocClass, const std::string& role,
                             const std::string& qualifier) {
-        const NamespaceClasses& classes = nameSpace_.Classes();
         std::vector<Link> links;
-        for (const ResolvedClassPtr& type :
-             assocClass.empty() ? classes.Listed() : classes.WithSubclasses(assocClass)) {
+        for (const ResolvedClassPtr& type : ClassesAllowedBy(assocClass, nameSpace_.Classes())) {
             if (!MayName(type, role) || !HasRequired(qualifier, type)) {
                 continue;
             }

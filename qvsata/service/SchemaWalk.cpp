@@ -24,8 +24,7 @@ std::vector<SchemaLink> SchemaLinks(const Namespace& nameSpace, const Associatio
                                     const std::string& assocClass, const std::string& qualifier) {
     const NamespaceClasses& classes = nameSpace.Classes();
     std::vector<SchemaLink> links;
-    for (const ResolvedClassPtr& type :
-         assocClass.empty() ? classes.Listed() : classes.WithSubclasses(assocClass)) {
+    for (const ResolvedClassPtr& type : ClassesAllowedBy(assocClass, classes)) {
         for (const PropertyDefinition& property : type->properties) {
             if (property.type == CimType::reference && Allows(query.role, property.name) &&
                 HasRequired(qualifier, type) &&
