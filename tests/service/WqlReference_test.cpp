@@ -20,7 +20,7 @@ class Values {
     [key] string Name;
     sint8 S8; uint8 U8; sint16 S16; uint16 U16; sint32 S32; uint32 U32; sint64 S64; uint64 U64;
     real32 R32; real64 R64; boolean Flag; string Text; datetime When; datetime Lasting;
-    datetime Open; Values ref Other; uint16 Codes[]; string Nothing; uint64 NoSize;
+    datetime Open; Values ref Other; uint16 Codes[]; string Nothing; uint64 NoSize; uint64 Size;
     boolean NoFlag; datetime Never;
 };
 class MoreValues : Values { string Extra; };
@@ -31,7 +31,7 @@ instance of Values {
     R32 = 0.1; R64 = 0.1; Flag = TRUE; Text = "Cat's \"Disk\" 100% C:\\x";
     When = "19980416130000.000000+060"; Lasting = "00000001120032.000000:000";
     Open = "19980416******.000000+***";
-    Other = "\\\\SRV\\root\\test:Values.Name=\"other\""; Codes = {2, 5};
+    Other = "\\\\SRV\\root\\test:Values.Name=\"other\""; Codes = {2, 5}; Size = 480103981056;
 };)";
 
 enum class Outcome { met, notMet, refused };
@@ -122,7 +122,10 @@ INSTANTIATE_TEST_SUITE_P(ConstantsOfAnotherType, WqlReference,
 
 // Silent: a text that is a number stands for the number, and a number need not fit the type.
 INSTANTIATE_TEST_SUITE_P(NumbersInOtherForms, WqlReference,
-                         Rows({{"U64 > '1000000000000'", met},
+                         Rows({{"Size > '1000000000000'", notMet},
+                               {"Size < '1000000000000'", met},
+                               {"Size = '480103981056'", met},
+                               {"U64 > '18446744073709551614'", met},
                                {"U16 > '9'", met},
                                {"U16 = '+16'", met},
                                {"U16 = 70000", notMet},
