@@ -6,6 +6,21 @@
 
 namespace qv::service {
 
+namespace {
+
+std::vector<ObjectProperty> PropertiesNamed(const Object& object,
+                                            const std::vector<std::string>& names) {
+    std::vector<ObjectProperty> properties;
+    for (const std::string& name : names) {
+        if (std::optional<ObjectProperty> property = object.Find(name)) {
+            properties.push_back(std::move(*property));
+        }
+    }
+    return properties;
+}
+
+}  // namespace
+
 std::string Object::ClassName() const {
     return TextOf(*this, "__CLASS");
 }
@@ -15,13 +30,11 @@ bool IsSystemName(std::string_view name) {
 }
 
 std::vector<ObjectProperty> PropertiesOf(const Object& object) {
-    std::vector<ObjectProperty> properties;
-    for (const std::string& name : object.Names()) {
-        if (std::optional<ObjectProperty> property = object.Find(name)) {
-            properties.push_back(std::move(*property));
-        }
-    }
-    return properties;
+    return PropertiesNamed(object, object.Names());
+}
+
+std::vector<ObjectProperty> ShownPropertiesOf(const Object& object) {
+    return PropertiesNamed(object, object.ShownNames());
 }
 
 std::string TextOf(const Object& object, std::string_view name) {

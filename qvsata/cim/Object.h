@@ -42,6 +42,10 @@ public:
     /// Returns the names of the properties, in order, without the system properties.
     virtual std::vector<std::string> Names() const = 0;
 
+    /// Returns the names of the properties to show to a person: Names(), after the system
+    /// properties that a query selected by name.
+    virtual std::vector<std::string> ShownNames() const { return Names(); }
+
     /// Returns the name of the object's class, as its definition spells it.
     virtual std::string ClassName() const;
 
@@ -62,6 +66,9 @@ bool IsSystemName(std::string_view name);
 
 /// Returns the properties of an object in its order, without the system properties.
 std::vector<ObjectProperty> PropertiesOf(const Object& object);
+
+/// Returns the properties to show to a person, see Object::ShownNames.
+std::vector<ObjectProperty> ShownPropertiesOf(const Object& object);
 
 /// Returns the text of a property; empty if it has none.
 std::string TextOf(const Object& object, std::string_view name);

@@ -22,6 +22,9 @@ struct ObjectPath {
     std::string className;
     std::vector<PathKey> keys;  ///< in text order
     bool singleton = false;     ///< Class=@
+
+    /// Returns whether the path names an instance and not a class.
+    bool NamesInstance() const { return !keys.empty() || singleton; }
 };
 
 /// Which parts of a path are written.

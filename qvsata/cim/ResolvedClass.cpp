@@ -1,6 +1,7 @@
 #include "qvsata/cim/ResolvedClass.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "source/Text.h"
 
@@ -10,6 +11,11 @@ const PropertyDefinition* ResolvedClass::Find(std::string_view property) const {
     const auto found = std::ranges::find_if(
         properties, [property](const auto& one) { return EqualsIgnoringCase(one.name, property); });
     return found == properties.end() ? nullptr : &*found;
+}
+
+bool ResolvedClass::HasQualifier(std::string_view qualifier) const {
+    return FindQualifier(qualifiers, qualifier) != nullptr ||
+           FindQualifier(inheritedQualifiers, qualifier) != nullptr;
 }
 
 bool ResolvedClass::IsA(std::string_view className) const {
@@ -35,6 +41,11 @@ ResolvedClassPtr Resolve(const ClassRepository& repository, std::string_view cla
     const Qualifier* dynamic = repository.ClassQualifier(className, "dynamic");
     resolved->isDynamic = dynamic != nullptr && dynamic->value == CimValue(true) &&
                           !HasQualifier(definition->qualifiers, "abstract");
+    for (const std::string& ancestor : resolved->derivation) {
+        std::ranges::copy_if(repository.Find(ancestor)->qualifiers,
+                             std::back_inserter(resolved->inheritedQualifiers),
+                             &Qualifier::toSubclass);
+    }
     return resolved;
 }
 

@@ -14,8 +14,9 @@ struct ResolvedClass {
     std::string name;
     std::string server;
     std::string nameSpace;
-    std::vector<std::string> derivation;  ///< ancestors, nearest first
-    std::vector<Qualifier> qualifiers;    ///< its own
+    std::vector<std::string> derivation;         ///< ancestors, nearest first
+    std::vector<Qualifier> qualifiers;           ///< its own
+    std::vector<Qualifier> inheritedQualifiers;  ///< those that its ancestors pass to subclasses
     std::vector<PropertyDefinition> properties;
     bool isDynamic = false;  ///< a provider supplies its instances, and it is not abstract
     /// Known by name only, as the classes of a recorded host are: its instances show which
@@ -24,6 +25,10 @@ struct ResolvedClass {
 
     /// Returns the property of that name, ignoring case; null if there is none.
     const PropertyDefinition* Find(std::string_view property) const;
+
+    /// Returns whether the class has a qualifier of that name, its own or an inherited one, with
+    /// any value.
+    bool HasQualifier(std::string_view qualifier) const;
 
     /// Returns the superclass; empty for a root class.
     std::string Superclass() const { return derivation.empty() ? "" : derivation.front(); }

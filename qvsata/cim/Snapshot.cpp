@@ -1,14 +1,35 @@
 #include "qvsata/cim/Snapshot.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "source/Text.h"
 
 namespace qv::service {
 
-Snapshot::Snapshot(std::vector<ObjectProperty> properties)
-    : properties_(std::move(properties)), references_(ReferencesAmong(properties_)) {}
+namespace {
+
+/// Returns the system properties of an object and the other properties for which `isChosen` holds.
+template <typename Predicate>
+std::vector<ObjectProperty> Choose(const Object& object, Predicate isChosen) {
+    std::vector<ObjectProperty> properties;
+    for (const std::string_view name : systemPropertyNames) {
+        if (std::optional<ObjectProperty> property = object.Find(name)) {
+            properties.push_back(std::move(*property));
+        }
+    }
+    std::ranges::copy_if(PropertiesOf(object), std::back_inserter(properties), isChosen);
+    return properties;
+}
+
+}  // namespace
+
+Snapshot::Snapshot(std::vector<ObjectProperty> properties,
+                   std::vector<std::string> shownSystemNames)
+    : properties_(std::move(properties)),
+      shownSystemNames_(std::move(shownSystemNames)),
+      references_(ReferencesAmong(properties_)) {}
 
 std::optional<ObjectProperty> Snapshot::Find(std::string_view name) const {
     const auto found = std::ranges::find_if(
@@ -26,21 +47,31 @@ std::vector<std::string> Snapshot::Names() const {
     return names;
 }
 
+std::vector<std::string> Snapshot::ShownNames() const {
+    std::vector<std::string> names = shownSystemNames_;
+    std::ranges::copy(Names(), std::back_inserter(names));
+    return names;
+}
+
 ObjectPtr Select(const Object& object, const std::vector<std::string>& selected) {
-    std::vector<ObjectProperty> properties;
+    const auto isSelected = [&selected](std::string_view name) {
+        return std::ranges::any_of(
+            selected, [name](const std::string& one) { return EqualsIgnoringCase(one, name); });
+    };
+    std::vector<std::string> shownSystemNames;
     for (const std::string_view name : systemPropertyNames) {
-        if (std::optional<ObjectProperty> property = object.Find(name)) {
-            properties.push_back(std::move(*property));
+        if (isSelected(name)) {
+            shownSystemNames.emplace_back(name);
         }
     }
-    for (ObjectProperty& property : PropertiesOf(object)) {
-        if (std::ranges::any_of(selected, [&property](const std::string& name) {
-                return EqualsIgnoringCase(name, property.name);
-            })) {
-            properties.push_back(std::move(property));
-        }
-    }
-    return std::make_shared<Snapshot>(std::move(properties));
+    return std::make_shared<Snapshot>(
+        Choose(object, [&isSelected](const ObjectProperty& one) { return isSelected(one.name); }),
+        std::move(shownSystemNames));
+}
+
+ObjectPtr SelectKeys(const Object& object) {
+    return std::make_shared<Snapshot>(
+        Choose(object, [](const ObjectProperty& one) { return one.isKey; }));
 }
 
 }  // namespace qv::service

@@ -25,7 +25,7 @@ ordered_json AsJson(const service::Object& object) {
         const auto property = object.Find(name);
         members[name] = property ? AsJson(property->value) : nullptr;
     }
-    for (const service::ObjectProperty& property : service::PropertiesOf(object)) {
+    for (const service::ObjectProperty& property : service::ShownPropertiesOf(object)) {
         members[property.name] = AsJson(property.value);
     }
     return members;

@@ -25,7 +25,7 @@ std::string Block(const service::Object& object) {
         block = service::TextOf(object, "__CLASS");
     }
     block += '\n';
-    std::vector<ObjectProperty> properties = service::PropertiesOf(object);
+    std::vector<ObjectProperty> properties = service::ShownPropertiesOf(object);
     std::erase_if(properties, [](const ObjectProperty& property) {
         return std::holds_alternative<std::monostate>(property.value);
     });

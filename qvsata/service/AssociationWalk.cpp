@@ -9,27 +9,14 @@
 
 #include "qvsata/cim/ClassObject.h"
 #include "qvsata/cim/ObjectPathParser.h"
+#include "qvsata/cim/Snapshot.h"
 #include "qvsata/cim/StatusCodes.h"
+#include "qvsata/service/AssociationRules.h"
+#include "qvsata/service/SchemaWalk.h"
 #include "source/Text.h"
 
 namespace qv::service {
 namespace {
-
-/// Returns whether an optional name of a query allows `name`.
-bool Allows(const std::string& asked, std::string_view name) {
-    return asked.empty() || EqualsIgnoringCase(asked, name);
-}
-
-Answer UnknownClass(Status status, const std::string& className) {
-    return {status, "unknown class '" + className + "'", {}};
-}
-
-/// Returns whether classes of the namespace are known by name only: an object may then be of a
-/// class that was not recorded.
-bool HasUndefinedClasses(const Namespace& nameSpace) {
-    return std::ranges::any_of(nameSpace.Classes().Listed(),
-                               [](const ResolvedClassPtr& type) { return type->isUndefined; });
-}
 
 /// One association instance with a reference that names the requested path.
 struct Link {
@@ -41,18 +28,13 @@ class Walk {
 public:
     Walk(const Namespace& nameSpace, const ObjectPath& path) : nameSpace_(nameSpace), path_(path) {}
 
-    /// Returns the links of the path through classes that are `assocClass` or derive from it; none
-    /// if the instances of one of them cannot be read.
-    std::vector<Link> Links(const std::string& assocClass, const std::string& role) {
-        const NamespaceClasses& classes = nameSpace_.Classes();
-        if (!assocClass.empty() && !classes.Find(assocClass)) {
-            failure_ = UnknownClass(status::invalidClass, assocClass);
-            return {};
-        }
+    /// Returns the links of the path through classes that are `assocClass` or derive from it and
+    /// have the qualifier; none if the instances of one of them cannot be read.
+    std::vector<Link> Links(const std::string& assocClass, const std::string& role,
+                            const std::string& qualifier) {
         std::vector<Link> links;
-        for (const ResolvedClassPtr& type :
-             assocClass.empty() ? classes.Listed() : classes.WithSubclasses(assocClass)) {
-            if (!MayName(type, role)) {
+        for (const ResolvedClassPtr& type : ClassesAllowedBy(assocClass, nameSpace_.Classes())) {
+            if (!MayName(type, role) || !HasRequired(qualifier, type)) {
                 continue;
             }
             for (const ObjectPtr& association : Candidates(type)) {
@@ -74,8 +56,8 @@ public:
     ObjectPtr Find(const ObjectPath& path) {
         const ResolvedClassPtr type = nameSpace_.Classes().Find(path.className);
         if (!type) {
-            if (!HasUndefinedClasses(nameSpace_)) {
-                failure_ = UnknownClass(status::invalidClass, path.className);
+            if (!nameSpace_.Classes().HasUndefined()) {
+                failure_ = {status::invalidClass, "unknown class '" + path.className + "'", {}};
             }
             return nullptr;
         }
@@ -169,49 +151,51 @@ private:
 /// Collects the results of a query: each object, or each object's class, once.
 class Results {
 public:
-    Results(const Namespace& nameSpace, bool classesOnly)
-        : nameSpace_(nameSpace), classesOnly_(classesOnly) {}
+    Results(const Namespace& nameSpace, const AssociationQuery& query)
+        : nameSpace_(nameSpace), query_(query) {}
 
     void Add(const ObjectPtr& object) {
         const std::string className = object->ClassName();
-        if (!seen_.insert(FoldCase(classesOnly_ ? className : TextOf(*object, "__RELPATH")))
-                 .second) {
-            return;
+        if (seen_.insert(FoldCase(query_.classDefsOnly ? className : TextOf(*object, "__RELPATH")))
+                .second) {
+            answer_.objects.push_back(query_.classDefsOnly ? DefinitionOf(className)
+                                      : query_.keysOnly    ? SelectKeys(*object)
+                                                           : object);
         }
-        answer_.objects.push_back(
-            classesOnly_ ? std::make_shared<const ClassObject>(nameSpace_.Classes().Find(className))
-                         : object);
     }
 
     Answer Take() { return std::move(answer_); }
 
 private:
+    ObjectPtr DefinitionOf(const std::string& className) const {
+        return std::make_shared<const ClassObject>(nameSpace_.Classes().Find(className));
+    }
+
     const Namespace& nameSpace_;
-    bool classesOnly_;
+    const AssociationQuery& query_;
     std::set<std::string> seen_;
     Answer answer_;
 };
 
-std::optional<Answer> UnknownClassOf(const Namespace& nameSpace, const ObjectPath& path) {
-    if (nameSpace.Classes().Find(path.className) || HasUndefinedClasses(nameSpace)) {
-        return std::nullopt;
-    }
-    return UnknownClass(Status::notFound, path.className);
-}
-
 }  // namespace
 
 Answer AssociatorsOf(const Namespace& nameSpace, const AssociatorsQuery& query) {
-    if (auto unknown = UnknownClassOf(nameSpace, query.path)) {
-        return std::move(*unknown);
+    if (auto refusal = RefusalOf(nameSpace, query)) {
+        return std::move(*refusal);
     }
+    if (query.schemaOnly) {
+        return SchemaAssociators(nameSpace, query);
+    }
+    const NamespaceClasses& classes = nameSpace.Classes();
     Walk walk(nameSpace, query.path);
-    Results results(nameSpace, query.classDefsOnly);
-    for (const Link& link : walk.Links(query.assocClass, query.role)) {
+    Results results(nameSpace, query);
+    for (const Link& link :
+         walk.Links(query.assocClass, query.role, query.requiredAssocQualifier)) {
         for (const Reference& end : link.association->References()) {
             if (end.role == link.role || !Allows(query.resultRole, end.role) ||
                 (!query.resultClass.empty() &&
-                 !nameSpace.Classes().IsA(end.path.className, query.resultClass))) {
+                 !classes.IsA(end.path.className, query.resultClass)) ||
+                !HasRequired(query.requiredQualifier, classes.Find(end.path.className))) {
                 continue;
             }
             const ObjectPtr object = walk.Find(end.path);
@@ -227,12 +211,15 @@ Answer AssociatorsOf(const Namespace& nameSpace, const AssociatorsQuery& query) 
 }
 
 Answer ReferencesOf(const Namespace& nameSpace, const ReferencesQuery& query) {
-    if (auto unknown = UnknownClassOf(nameSpace, query.path)) {
-        return std::move(*unknown);
+    if (auto refusal = RefusalOf(nameSpace, query)) {
+        return std::move(*refusal);
+    }
+    if (query.schemaOnly) {
+        return SchemaReferences(nameSpace, query);
     }
     Walk walk(nameSpace, query.path);
-    Results results(nameSpace, query.classDefsOnly);
-    for (const Link& link : walk.Links(query.resultClass, query.role)) {
+    Results results(nameSpace, query);
+    for (const Link& link : walk.Links(query.resultClass, query.role, query.requiredQualifier)) {
         results.Add(link.association);
     }
     return walk.Failure() ? *walk.Failure() : results.Take();

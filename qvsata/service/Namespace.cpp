@@ -23,18 +23,15 @@ void Append(ObjectList& objects, ObjectList more) {
     std::ranges::move(more, std::back_inserter(objects));
 }
 
-PropertyReader ReaderOf(const Object& object) {
-    return [&object](std::string_view name) -> std::optional<CimValue> {
-        std::optional<ObjectProperty> property = object.Find(name);
-        if (!property) {
-            return std::nullopt;
-        }
-        return std::move(property->value);
-    };
-}
-
-bool NamesInstance(const ObjectPath& path) {
-    return !path.keys.empty() || path.singleton;
+/// Returns the class from which a query for class definitions selects: it has system properties
+/// only.
+const ClassObject& MetaClass() {
+    static const ClassObject metaClass([] {
+        auto definition = std::make_shared<ResolvedClass>();
+        definition->name = "meta_class";
+        return definition;
+    }());
+    return metaClass;
 }
 
 }  // namespace
@@ -85,6 +82,12 @@ Answer Namespace::Enumerate(std::string_view className) const {
     });
 }
 
+std::string Namespace::WhyForeign(const ObjectPath& path) const {
+    return path.nameSpace.empty() || IsSameNamespace(path.nameSpace, name_)
+               ? ""
+               : "the path is of the namespace '" + path.nameSpace + "', not of " + name_;
+}
+
 Answer Namespace::Get(std::string_view text) const {
     PathError error;
     const std::optional<ObjectPath> path = ParseObjectPath(text, &error);
@@ -93,11 +96,14 @@ Answer Namespace::Get(std::string_view text) const {
                 "path: position " + std::to_string(error.position + 1) + ": " + error.reason,
                 {}};
     }
+    if (std::string reason = WhyForeign(*path); !reason.empty()) {
+        return {status::invalidObjectPath, std::move(reason), {}};
+    }
     const ResolvedClassPtr type = classes_.Find(path->className);
     if (!type) {
         return UnknownClass(Status::notFound, path->className);
     }
-    if (!NamesInstance(*path)) {
+    if (!path->NamesInstance()) {
         return {Status::noError, {}, {std::make_shared<ClassObject>(type)}};
     }
     for (const auto& source : SourcesOf(type)) {
@@ -111,7 +117,7 @@ Answer Namespace::Get(std::string_view text) const {
 Answer Namespace::GetInAnyOrder(std::string_view text) const {
     const std::optional<ObjectPath> path = ParseObjectPath(text);
     const ResolvedClassPtr type = path ? classes_.Find(path->className) : nullptr;
-    if (!type || !NamesInstance(*path)) {
+    if (!type || !path->NamesInstance() || !WhyForeign(*path).empty()) {
         return Get(text);
     }
     for (const auto& source : SourcesOf(type)) {
@@ -144,19 +150,30 @@ Answer Namespace::GetInAnyOrder(std::string_view text) const {
 }
 
 Answer Namespace::SelectClasses(const SelectQuery& query) const {
+    Check(query, MetaClass());
     Answer answer;
     for (const ResolvedClassPtr& type : classes_.Listed()) {
         auto object = std::make_shared<const ClassObject>(type);
-        if (query.Accepts(ReaderOf(*object))) {
+        if (query.Accepts(*object)) {
             answer.objects.push_back(std::move(object));
         }
     }
     return answer;
 }
 
+void Namespace::Check(const SelectQuery& query, const Object& definition) const {
+    query.CheckAgainst({definition, [this](std::string_view className) {
+                            return classes_.Find(className) != nullptr;
+                        }});
+}
+
 Answer Namespace::Select(std::string_view wql, const SelectQuery& query) const {
     if (query.AsksForClasses()) {
         return SelectClasses(query);
+    }
+    // The properties of a class that is known by name only are unknown until its rows are read.
+    if (const ResolvedClassPtr type = classes_.Find(query.className); type && !type->isUndefined) {
+        Check(query, ClassObject(type));
     }
     Answer answer = AskSources(
         query.className, [&](const InstanceSource& source, const ResolvedClassPtr& type) -> Answer {
@@ -166,13 +183,14 @@ Answer Namespace::Select(std::string_view wql, const SelectQuery& query) const {
             return offered ? std::move(*offered) : source.Enumerate(type);
         });
     if (query.where) {
-        std::erase_if(answer.objects, [&query](const ObjectPtr& object) {
-            return !query.Accepts(ReaderOf(*object));
-        });
+        std::erase_if(answer.objects,
+                      [&query](const ObjectPtr& object) { return !query.Accepts(*object); });
     }
     if (!query.properties.empty()) {
+        std::vector<std::string> names;
+        std::ranges::transform(query.properties, std::back_inserter(names), &WqlName::text);
         for (ObjectPtr& object : answer.objects) {
-            object = service::Select(*object, query.properties);
+            object = service::Select(*object, names);
         }
     }
     return answer;

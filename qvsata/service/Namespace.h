@@ -30,8 +30,11 @@ public:
     /// removes it.
     void Attach(std::shared_ptr<const InstanceSource> source);
 
-    /// Fails with `invalidObjectPath` for a text that is not a path, `notFound` for an unknown
-    /// class.
+    /// Returns why a path is not of this namespace, as a phrase; empty if it is, or names none.
+    std::string WhyForeign(const ObjectPath& path) const;
+
+    /// Fails with `invalidObjectPath` for a text that is not a path or a path into another
+    /// namespace, `notFound` for an unknown class.
     Answer Get(std::string_view text) const override;
 
     /// Fails with `invalidClass` for an unknown class.
@@ -39,7 +42,8 @@ public:
 
     /// Runs a SELECT on instances or on meta_class, ASSOCIATORS OF or REFERENCES OF. A SELECT on
     /// instances is first offered to the sources. Fails with `invalidQuery` for a text that is not
-    /// a query.
+    /// a query, or that names a property or reference that no class has; with `invalidClass` for an
+    /// unknown class.
     Answer Query(std::string_view wql) const override;
     Answer Query(const AssociatorsQuery& query) const;
     Answer Query(const ReferencesQuery& query) const;
@@ -54,6 +58,9 @@ public:
 private:
     Answer Select(std::string_view wql, const SelectQuery& query) const;
     Answer SelectClasses(const SelectQuery& query) const;
+
+    /// Throws WqlError if a query does not fit the class `definition` that it selects from.
+    void Check(const SelectQuery& query, const Object& definition) const;
 
     /// Asks the sources for the instances of a class and its subclasses: ask(source, class) returns
     /// an answer. The first failed answer ends the loop and is returned.

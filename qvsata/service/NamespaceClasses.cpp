@@ -1,5 +1,6 @@
 #include "qvsata/service/NamespaceClasses.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "qvsata/cim/SystemClasses.h"
@@ -30,6 +31,11 @@ NamespaceClasses::NamespaceClasses(std::vector<ResolvedClassPtr> classes)
     for (const ResolvedClassPtr& type : listed_) {
         byName_[FoldCase(type->name)] = {type, {type}};
     }
+}
+
+bool NamespaceClasses::HasUndefined() const {
+    return std::ranges::any_of(listed_,
+                               [](const ResolvedClassPtr& type) { return type->isUndefined; });
 }
 
 ResolvedClassPtr NamespaceClasses::Find(std::string_view className) const {

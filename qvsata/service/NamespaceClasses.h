@@ -24,6 +24,10 @@ public:
     /// Returns the classes in the order of their definition.
     const std::vector<ResolvedClassPtr>& Listed() const { return listed_; }
 
+    /// Returns whether listed classes are known by name only, as those of a recorded host are: an
+    /// object may then be of a class that was not recorded, with any properties.
+    bool HasUndefined() const;
+
     /// Returns the class of that name; null if there is none.
     ResolvedClassPtr Find(std::string_view className) const;
 

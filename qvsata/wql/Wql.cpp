@@ -11,10 +11,11 @@
 namespace qv::service {
 namespace {
 
-/// A word that may follow WHERE in a query for associators or references, and where its name goes.
-struct Link {
-    std::string_view word;
-    std::string* value;
+/// The words that may follow WHERE in a query for associators or references, and where each puts
+/// its name or its flag.
+struct Links {
+    std::vector<std::pair<std::string_view, std::string*>> names;
+    std::vector<std::pair<std::string_view, bool*>> flags;
 };
 
 SelectQuery ParseSelect(WqlCursor& tokens) {
@@ -25,7 +26,7 @@ SelectQuery ParseSelect(WqlCursor& tokens) {
         } while (tokens.TakeSymbol(","));
     }
     tokens.ExpectWord("FROM");
-    query.className = tokens.ExpectName("a class name");
+    query.className = tokens.ExpectName("a class name").text;
     if (tokens.TakeWord("WHERE")) {
         query.where = ParseCondition(tokens);
     }
@@ -46,50 +47,79 @@ ObjectPath ParsePath(WqlCursor& tokens) {
     return *std::move(path);
 }
 
-void ParseLink(WqlCursor& tokens, const std::vector<Link>& links) {
+template <typename Target>
+Target* FindLink(const WqlCursor& tokens,
+                 const std::vector<std::pair<std::string_view, Target*>>& links) {
     const auto link = std::ranges::find_if(
-        links, [&tokens](const Link& candidate) { return tokens.IsAtWord(candidate.word); });
-    if (link == links.end()) {
+        links, [&tokens](const auto& candidate) { return tokens.IsAtWord(candidate.first); });
+    return link == links.end() ? nullptr : link->second;
+}
+
+void ParseLink(WqlCursor& tokens, const Links& links) {
+    if (bool* const flag = FindLink(tokens, links.flags)) {
+        tokens.Take();
+        *flag = true;
+        return;
+    }
+    std::string* const name = FindLink(tokens, links.names);
+    if (name == nullptr) {
         tokens.Fail("unknown word after WHERE");
     }
-    if (!link->value->empty()) {
-        tokens.Fail(std::string(link->word) + " is given twice");
+    if (!name->empty()) {
+        tokens.Fail(tokens.Peek().value + " is given twice");
     }
     tokens.Take();
     if (!tokens.TakeSymbol("=")) {
         tokens.Fail("expected =");
     }
-    *link->value = tokens.ExpectName("a name");
+    *name = tokens.ExpectName("a name").text;
 }
 
-void ParseLinks(WqlCursor& tokens, const std::vector<Link>& links, bool& classDefsOnly) {
+/// Throws WqlError, with the place of the last word, if the query has words that exclude each
+/// other.
+void CheckExclusions(const AssociationQuery& query, std::size_t column) {
+    if (query.classDefsOnly && !query.resultClass.empty()) {
+        throw WqlError("ClassDefsOnly excludes ResultClass", column);
+    }
+    if (query.classDefsOnly && query.schemaOnly) {
+        throw WqlError("ClassDefsOnly excludes SchemaOnly", column);
+    }
+}
+
+/// Parses the rest of a query after ASSOCIATORS or REFERENCES. `names` are the names that only this
+/// kind of query has.
+void ParseAssociation(WqlCursor& tokens, AssociationQuery& query,
+                      std::vector<std::pair<std::string_view, std::string*>> names) {
+    query.path = ParsePath(tokens);
     if (!tokens.TakeWord("WHERE")) {
         return;
     }
+    Links links{std::move(names),
+                {{"ClassDefsOnly", &query.classDefsOnly},
+                 {"KeysOnly", &query.keysOnly},
+                 {"SchemaOnly", &query.schemaOnly}}};
+    links.names.insert(links.names.end(), {{"ResultClass", &query.resultClass},
+                                           {"Role", &query.role},
+                                           {"RequiredQualifier", &query.requiredQualifier}});
     do {
-        if (tokens.TakeWord("ClassDefsOnly")) {
-            classDefsOnly = true;
-        } else {
-            ParseLink(tokens, links);
-        }
+        const std::size_t column = tokens.Peek().column;
+        ParseLink(tokens, links);
+        CheckExclusions(query, column);
     } while (!tokens.IsAt(WqlTokenKind::end));
 }
 
 AssociatorsQuery ParseAssociators(WqlCursor& tokens) {
-    AssociatorsQuery query{ParsePath(tokens), {}, {}, {}, {}, false};
-    ParseLinks(tokens,
-               {{"AssocClass", &query.assocClass},
-                {"ResultClass", &query.resultClass},
-                {"Role", &query.role},
-                {"ResultRole", &query.resultRole}},
-               query.classDefsOnly);
+    AssociatorsQuery query;
+    ParseAssociation(tokens, query,
+                     {{"AssocClass", &query.assocClass},
+                      {"ResultRole", &query.resultRole},
+                      {"RequiredAssocQualifier", &query.requiredAssocQualifier}});
     return query;
 }
 
 ReferencesQuery ParseReferences(WqlCursor& tokens) {
-    ReferencesQuery query{ParsePath(tokens), {}, {}, false};
-    ParseLinks(tokens, {{"ResultClass", &query.resultClass}, {"Role", &query.role}},
-               query.classDefsOnly);
+    ReferencesQuery query;
+    ParseAssociation(tokens, query, {});
     return query;
 }
 
@@ -110,6 +140,18 @@ WqlQuery ParseQuery(WqlCursor& tokens) {
 
 bool SelectQuery::AsksForClasses() const {
     return EqualsIgnoringCase(className, "meta_class");
+}
+
+void SelectQuery::CheckAgainst(const WqlScope& scope) const {
+    if (AsksForClasses() && !properties.empty()) {
+        throw WqlError("a query for classes selects *", properties.front().column);
+    }
+    for (const WqlName& name : properties) {
+        PropertyNamed(name, scope);
+    }
+    if (where) {
+        where->CheckAgainst(scope);
+    }
 }
 
 WqlQuery ParseWql(std::string_view text) {

@@ -43,8 +43,8 @@ private:
     ConditionPtr ParseAnd();
     ConditionPtr ParseNot();
     ConditionPtr ParseComparison();
-    ConditionPtr ParseIsNull(std::string property);
-    ConditionPtr ParseLike(std::string property);
+    ConditionPtr ParseIsNull(WqlName property);
+    ConditionPtr ParseLike(WqlName property);
     const ComparisonSign& ParseSign();
     bool IsAtConstant() const;
     WqlConstant ParseConstant();
@@ -95,14 +95,14 @@ ConditionPtr ConditionParser::ParseComparison() {
         return CompareProperty(tokens_.ExpectName("a property name"), mirrored,
                                std::move(constant));
     }
-    const std::size_t column = tokens_.Peek().column;
-    std::string property = tokens_.ExpectName("a property name");
+    WqlName property = tokens_.ExpectName("a property name");
     if (tokens_.TakeWord("IS")) {
         return ParseIsNull(std::move(property));
     }
     if (tokens_.TakeWord("ISA")) {
-        if (!EqualsIgnoringCase(property, "__CLASS") && !EqualsIgnoringCase(property, "__THIS")) {
-            throw WqlError("ISA asks for __CLASS or __THIS", column);
+        if (!EqualsIgnoringCase(property.text, "__CLASS") &&
+            !EqualsIgnoringCase(property.text, "__THIS")) {
+            throw WqlError("ISA asks for __CLASS or __THIS", property.column);
         }
         return IsOfClass(tokens_.ExpectText("a class name in quotes"));
     }
@@ -116,20 +116,19 @@ ConditionPtr ConditionParser::ParseComparison() {
     return CompareProperty(std::move(property), comparison, ParseConstant());
 }
 
-ConditionPtr ConditionParser::ParseIsNull(std::string property) {
+ConditionPtr ConditionParser::ParseIsNull(WqlName property) {
     const bool negated = tokens_.TakeWord("NOT");
     tokens_.ExpectWord("NULL");
     ConditionPtr isNull = PropertyIsNull(std::move(property));
     return negated ? Not(std::move(isNull)) : isNull;
 }
 
-ConditionPtr ConditionParser::ParseLike(std::string property) {
-    const std::size_t column = tokens_.Peek().column;
-    const std::string pattern = tokens_.ExpectText("a pattern in quotes");
-    if (!LikePattern::IsClosed(pattern)) {
-        throw WqlError("the pattern's [ is not closed", column);
+ConditionPtr ConditionParser::ParseLike(WqlName property) {
+    const WqlName pattern = tokens_.ExpectText("a pattern in quotes");
+    if (!LikePattern::IsClosed(pattern.text)) {
+        throw WqlError("the pattern's [ is not closed", pattern.column);
     }
-    return MatchProperty(std::move(property), pattern);
+    return MatchProperty(std::move(property), pattern.text);
 }
 
 const ComparisonSign& ConditionParser::ParseSign() {

@@ -1,169 +1,141 @@
 #include "qvsata/wql/WqlConditions.h"
 
 #include <algorithm>
-#include <charconv>
-#include <compare>
-#include <cstdint>
-#include <type_traits>
 #include <utility>
-#include <vector>
 
+#include "qvsata/cim/ClassDefinition.h"
+#include "qvsata/wql/Wql.h"
 #include "qvsata/wql/WqlLike.h"
 #include "source/Text.h"
 
 namespace qv::service {
 namespace {
 
-// A condition that is a function of the object.
-template <typename Function>
+// A condition made of two functions.
+template <typename Holds, typename Check>
 class FunctionCondition : public WqlCondition {
 public:
-    explicit FunctionCondition(Function function) : function_(std::move(function)) {}
-    bool HoldsFor(const PropertyReader& object) const override { return function_(object); }
+    FunctionCondition(Holds holds, Check check)
+        : holds_(std::move(holds)), check_(std::move(check)) {}
+
+    bool HoldsFor(const Object& object) const override { return holds_(object); }
+    void CheckAgainst(const WqlScope& scope) const override { check_(scope); }
 
 private:
-    Function function_;
+    Holds holds_;
+    Check check_;
 };
 
-template <typename Function>
-ConditionPtr MakeCondition(Function function) {
-    return std::make_shared<FunctionCondition<Function>>(std::move(function));
+template <typename Holds, typename Check>
+ConditionPtr MakeCondition(Holds holds, Check check) {
+    return std::make_shared<FunctionCondition<Holds, Check>>(std::move(holds), std::move(check));
 }
 
-bool Satisfies(std::partial_ordering order, Comparison comparison) {
-    switch (comparison) {
-        case Comparison::equal:
-            return order == 0;
-        case Comparison::notEqual:
-            return order < 0 || order > 0;
-        case Comparison::less:
-            return order < 0;
-        case Comparison::greater:
-            return order > 0;
-        case Comparison::lessOrEqual:
-            return order <= 0;
-        case Comparison::greaterOrEqual:
-            return order >= 0;
-    }
-    return false;
+ObjectProperty ReadOrNull(const Object& object, const std::string& name) {
+    return object.Find(name).value_or(ObjectProperty{});
 }
 
-// Null and arrays are not comparable with anything.
-template <typename T>
-std::optional<long double> NumberOf(const T& value) {
-    if constexpr (std::is_arithmetic_v<T>) {
-        return static_cast<long double>(value);
-    } else if constexpr (std::is_same_v<T, std::string>) {
-        if (EqualsIgnoringCase(value, "TRUE") || EqualsIgnoringCase(value, "FALSE")) {
-            return EqualsIgnoringCase(value, "TRUE") ? 1 : 0;
-        }
-        return ParseNumber(value);
-    } else {
-        return std::nullopt;
-    }
+/// "'Size' (uint64)".
+std::string Described(const ObjectProperty& property) {
+    return "'" + property.name + "' (" + std::string(CimTypeName(property.type)) +
+           (property.isArray ? "[])" : ")");
 }
 
-// Two texts are compared as texts, anything else as numbers if both sides are numbers.
-struct Compare {
-    std::partial_ordering operator()(const std::string& left, const std::string& right) const {
-        return FoldCase(left) <=> FoldCase(right);
-    }
-
-    template <typename Left, typename Right>
-    std::partial_ordering operator()(const Left& left, const Right& right) const {
-        const auto leftNumber = NumberOf(left);
-        const auto rightNumber = NumberOf(right);
-        if (!leftNumber || !rightNumber) {
-            return std::partial_ordering::unordered;
-        }
-        return *leftNumber <=> *rightNumber;
-    }
-};
-
-CimValue ReadOrNull(const PropertyReader& object, std::string_view name) {
-    return object(name).value_or(CimValue{});
+void CheckAll(const std::vector<ConditionPtr>& conditions, const WqlScope& scope) {
+    std::ranges::for_each(conditions,
+                          [&scope](const auto& condition) { condition->CheckAgainst(scope); });
 }
 
 }  // namespace
 
-ConditionPtr CompareProperty(std::string name, Comparison comparison, WqlConstant constant) {
-    return MakeCondition([name = std::move(name), comparison,
-                          constant = std::move(constant)](const PropertyReader& object) {
-        return Satisfies(std::visit(Compare{}, ReadOrNull(object, name), constant), comparison);
-    });
+ObjectProperty PropertyNamed(const WqlName& name, const WqlScope& scope) {
+    std::optional<ObjectProperty> property = scope.definition.Find(name.text);
+    if (!property) {
+        throw WqlError(
+            "unknown property '" + name.text + "' of class '" + scope.definition.ClassName() + "'",
+            name.column);
+    }
+    return *std::move(property);
 }
 
-ConditionPtr MatchProperty(std::string name, const std::string& pattern) {
+ConditionPtr CompareProperty(WqlName name, Comparison comparison, WqlConstant constant) {
     return MakeCondition(
-        [name = std::move(name), like = LikePattern(pattern)](const PropertyReader& object) {
-            const CimValue value = ReadOrNull(object, name);
-            const auto* text = std::get_if<std::string>(&value);
-            return text != nullptr && like.Matches(*text);
+        [name = name.text, comparison, constant](const Object& object) {
+            return Satisfies(ReadOrNull(object, name), comparison, constant);
+        },
+        [name, comparison, constant](const WqlScope& scope) {
+            const ObjectProperty property = PropertyNamed(name, scope);
+            const std::string reason = WhyNotComparable(property, comparison, constant);
+            if (!reason.empty()) {
+                throw WqlError(Described(property) + ": " + reason, name.column);
+            }
         });
 }
 
-ConditionPtr PropertyIsNull(std::string name) {
-    return MakeCondition([name = std::move(name)](const PropertyReader& object) {
-        return std::holds_alternative<std::monostate>(ReadOrNull(object, name));
-    });
+ConditionPtr MatchProperty(WqlName name, const std::string& pattern) {
+    return MakeCondition(
+        [name = name.text, like = LikePattern(pattern)](const Object& object) {
+            const CimValue value = ReadOrNull(object, name).value;
+            const auto* text = std::get_if<std::string>(&value);
+            return text != nullptr && like.Matches(*text);
+        },
+        [name](const WqlScope& scope) {
+            const ObjectProperty property = PropertyNamed(name, scope);
+            if (!IsMatchable(property)) {
+                throw WqlError(Described(property) + ": LIKE applies to texts only", name.column);
+            }
+        });
 }
 
-ConditionPtr IsOfClass(std::string className) {
-    return MakeCondition([className = std::move(className)](const PropertyReader& object) {
-        const CimValue own = ReadOrNull(object, "__CLASS");
-        const CimValue parents = ReadOrNull(object, "__DERIVATION");
-        const auto* ownName = std::get_if<std::string>(&own);
-        const auto* parentNames = std::get_if<std::vector<std::string>>(&parents);
-        const auto isWanted = [&className](const std::string& candidate) {
-            return EqualsIgnoringCase(candidate, className);
-        };
-        return (ownName != nullptr && isWanted(*ownName)) ||
-               (parentNames != nullptr && std::ranges::any_of(*parentNames, isWanted));
-    });
+ConditionPtr PropertyIsNull(WqlName name) {
+    return MakeCondition(
+        [name = name.text](const Object& object) {
+            return std::holds_alternative<std::monostate>(ReadOrNull(object, name).value);
+        },
+        [name](const WqlScope& scope) { PropertyNamed(name, scope); });
+}
+
+ConditionPtr IsOfClass(WqlName className) {
+    return MakeCondition(
+        [name = className.text](const Object& object) {
+            const CimValue parents = ReadOrNull(object, "__DERIVATION").value;
+            const auto* names = std::get_if<std::vector<std::string>>(&parents);
+            const auto isWanted = [&name](const std::string& candidate) {
+                return EqualsIgnoringCase(candidate, name);
+            };
+            return isWanted(object.ClassName()) ||
+                   (names != nullptr && std::ranges::any_of(*names, isWanted));
+        },
+        [className](const WqlScope& scope) {
+            if (!scope.hasClass(className.text)) {
+                throw WqlError("unknown class '" + className.text + "'", className.column);
+            }
+        });
 }
 
 ConditionPtr AllOf(std::vector<ConditionPtr> conditions) {
-    return MakeCondition([conditions = std::move(conditions)](const PropertyReader& object) {
-        return std::ranges::all_of(
-            conditions, [&object](const auto& condition) { return condition->HoldsFor(object); });
-    });
+    return MakeCondition(
+        [conditions](const Object& object) {
+            return std::ranges::all_of(conditions, [&object](const auto& condition) {
+                return condition->HoldsFor(object);
+            });
+        },
+        [conditions](const WqlScope& scope) { CheckAll(conditions, scope); });
 }
 
 ConditionPtr AnyOf(std::vector<ConditionPtr> conditions) {
-    return MakeCondition([conditions = std::move(conditions)](const PropertyReader& object) {
-        return std::ranges::any_of(
-            conditions, [&object](const auto& condition) { return condition->HoldsFor(object); });
-    });
+    return MakeCondition(
+        [conditions](const Object& object) {
+            return std::ranges::any_of(conditions, [&object](const auto& condition) {
+                return condition->HoldsFor(object);
+            });
+        },
+        [conditions](const WqlScope& scope) { CheckAll(conditions, scope); });
 }
 
 ConditionPtr Not(ConditionPtr condition) {
-    return MakeCondition([condition = std::move(condition)](const PropertyReader& object) {
-        return !condition->HoldsFor(object);
-    });
-}
-
-std::optional<long double> ParseNumber(std::string_view text) {
-    // Blanks, "inf" and hexadecimal digits are refused; from_chars does not read a plus sign.
-    if (text.find_first_not_of("0123456789+-.eE") != std::string_view::npos) {
-        return std::nullopt;
-    }
-    const bool isPlus = text.starts_with('+') && !text.starts_with("+-");
-    const char* begin = text.data() + (isPlus ? 1 : 0);
-    const char* end = text.data() + text.size();
-    // Whole numbers separately: not every C runtime reads a real number with 64 exact bits.
-    const bool isMinus = begin != end && *begin == '-';
-    std::uint64_t whole = 0;
-    const auto wholeRead = std::from_chars(begin + (isMinus ? 1 : 0), end, whole);
-    if (wholeRead.ec == std::errc{} && wholeRead.ptr == end) {
-        const auto magnitude = static_cast<long double>(whole);
-        return isMinus ? -magnitude : magnitude;
-    }
-    double number = 0;
-    const auto read = std::from_chars(begin, end, number);
-    if (read.ec != std::errc{} || read.ptr != end) {
-        return std::nullopt;
-    }
-    return number;
+    return MakeCondition([condition](const Object& object) { return !condition->HoldsFor(object); },
+                         [condition](const WqlScope& scope) { condition->CheckAgainst(scope); });
 }
 
 }  // namespace qv::service

@@ -2,51 +2,50 @@
 
 #include <functional>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
-#include <variant>
 #include <vector>
 
-#include "qvsata/cim/CimValue.h"
+#include "qvsata/cim/Object.h"
+#include "qvsata/wql/WqlComparison.h"
+#include "qvsata/wql/WqlName.h"
 
 namespace qv::service {
 
-/// Reads one property of an object by name; returns nothing if it cannot be read. The name has the
-/// query's spelling.
-using PropertyReader = std::function<std::optional<CimValue>(std::string_view)>;
+/// What the names of a SELECT may mean.
+struct WqlScope {
+    const Object& definition;  ///< of the class that the query selects from: its properties
+    std::function<bool(std::string_view)> hasClass;  ///< whether the namespace has a class
+};
 
 /// The condition of a SELECT. Immutable; may be used from several threads at once.
 class WqlCondition {
 public:
     virtual ~WqlCondition() = default;
 
-    /// Returns whether an object meets the condition. Texts are compared ignoring (ASCII) case.
-    /// Numbers are compared by value, also if the property is decimal text. A comparison is false
-    /// if the property is null, is an array or cannot be read, or if the constant is NULL.
-    virtual bool HoldsFor(const PropertyReader& object) const = 0;
-};
+    /// Returns whether an object meets the condition; Satisfies has the rules of comparisons. A
+    /// property that the object lacks is null.
+    virtual bool HoldsFor(const Object& object) const = 0;
 
-/// A constant of a condition: NULL, TRUE or FALSE, a number, a text.
-using WqlConstant = std::variant<std::monostate, bool, long double, std::string>;
+    /// Throws WqlError if the condition names a property or class that is not in the scope, or uses
+    /// a property in a way that its type does not allow.
+    virtual void CheckAgainst(const WqlScope& scope) const = 0;
+};
 
 using ConditionPtr = std::shared_ptr<const WqlCondition>;
 
-enum class Comparison { equal, notEqual, less, greater, lessOrEqual, greaterOrEqual };
-
 // Each function makes one kind of condition.
-ConditionPtr CompareProperty(std::string name, Comparison comparison, WqlConstant constant);
+ConditionPtr CompareProperty(WqlName name, Comparison comparison, WqlConstant constant);
 /// LIKE; see LikePattern.
-ConditionPtr MatchProperty(std::string name, const std::string& pattern);
-ConditionPtr PropertyIsNull(std::string name);
+ConditionPtr MatchProperty(WqlName name, const std::string& pattern);
+ConditionPtr PropertyIsNull(WqlName name);
 /// ISA: holds if the object's __CLASS or one of its __DERIVATION is the class.
-ConditionPtr IsOfClass(std::string className);
+ConditionPtr IsOfClass(WqlName className);
 ConditionPtr AllOf(std::vector<ConditionPtr> conditions);
 ConditionPtr AnyOf(std::vector<ConditionPtr> conditions);
 ConditionPtr Not(ConditionPtr condition);
 
-/// Parses a text that is a whole or decimal number and nothing else; exact for whole numbers of 64
-/// bits. Returns nothing for any other text.
-std::optional<long double> ParseNumber(std::string_view text);
+/// Returns the property of the scope's class that has this name. Throws WqlError if there is none.
+ObjectProperty PropertyNamed(const WqlName& name, const WqlScope& scope);
 
 }  // namespace qv::service

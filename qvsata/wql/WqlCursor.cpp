@@ -40,20 +40,22 @@ void WqlCursor::ExpectWord(std::string_view word) {
     }
 }
 
-std::string WqlCursor::ExpectText(const char* what) {
+WqlName WqlCursor::ExpectText(const char* what) {
     if (!IsAt(WqlTokenKind::text)) {
         Fail(std::string("expected ") + what);
     }
-    return Take().value;
+    const WqlToken& token = Take();
+    return {token.value, token.column};
 }
 
-std::string WqlCursor::ExpectName(const char* what) {
+WqlName WqlCursor::ExpectName(const char* what) {
     const bool isReserved = std::ranges::any_of(
         reservedWords, [this](std::string_view reserved) { return IsAtWord(reserved); });
     if (!IsAt(WqlTokenKind::word) || isReserved) {
         Fail(std::string("expected ") + what);
     }
-    return Take().value;
+    const WqlToken& token = Take();
+    return {token.value, token.column};
 }
 
 void WqlCursor::Fail(const std::string& reason) const {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "qvsata/wql/WqlLexer.h"
+#include "qvsata/wql/WqlName.h"
 
 namespace qv::service {
 
@@ -29,8 +30,8 @@ public:
     /// Takes the next token. Throws WqlError if it is not this word; a text in quotes; a name, that
     /// is, a word that is not reserved. `what` says in the message what was expected.
     void ExpectWord(std::string_view word);
-    std::string ExpectText(const char* what);
-    std::string ExpectName(const char* what);
+    WqlName ExpectText(const char* what);
+    WqlName ExpectName(const char* what);
 
     /// Throws WqlError with the column of the next token.
     [[noreturn]] void Fail(const std::string& reason) const;

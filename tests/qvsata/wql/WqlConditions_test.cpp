@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
-#include <map>
-
+#include "qvsata/cim/Snapshot.h"
 #include "qvsata/wql/Wql.h"
 
 namespace qv::test {
@@ -9,26 +8,24 @@ namespace {
 
 using namespace service;
 
-// Whether an object with a value of each kind meets a condition.
+// Returns whether a recorded object, whose class does not declare types, meets a condition.
 bool Holds(const std::string& condition) {
-    static const std::map<std::string, CimValue, std::less<>> object = {
-        {"Status", "OK"},
-        {"Index", std::int64_t{2}},
-        {"Negative", std::int64_t{-5}},
-        {"Size", "500105249280"},
-        {"Huge", "18446744073709551615"},
-        {"Bootable", true},
-        {"Ratio", 0.5},
-        {"Nothing", CimValue{}},
-        {"List", std::vector<std::int64_t>{3, 4}},
-        {"__CLASS", "Win32_DiskDrive"},
-        {"__DERIVATION", std::vector<std::string>{"CIM_DiskDrive", "CIM_MediaAccessDevice"}},
-    };
-    const auto query = std::get<SelectQuery>(ParseWql("SELECT * FROM C WHERE " + condition));
-    return query.Accepts([](std::string_view name) -> std::optional<CimValue> {
-        const auto found = object.find(name);
-        return found == object.end() ? std::nullopt : std::optional(found->second);
+    static const Snapshot object({
+        {"Status", CimType::string, false, "OK"},
+        {"Index", CimType::sint32, false, std::int64_t{2}},
+        {"Negative", CimType::sint32, false, std::int64_t{-5}},
+        {"Size", CimType::string, false, "500105249280"},
+        {"Huge", CimType::string, false, "18446744073709551615"},
+        {"Bootable", CimType::boolean, false, true},
+        {"Ratio", CimType::real64, false, 0.5},
+        {"Nothing", CimType::string, false, CimValue{}},
+        {"List", CimType::sint32, true, std::vector<std::int64_t>{3, 4}},
+        {"__CLASS", CimType::string, false, "Win32_DiskDrive"},
+        {"__DERIVATION", CimType::string, true,
+         std::vector<std::string>{"CIM_DiskDrive", "CIM_MediaAccessDevice"}},
     });
+    const auto query = std::get<SelectQuery>(ParseWql("SELECT * FROM C WHERE " + condition));
+    return query.Accepts(object);
 }
 
 TEST(WqlConditions, ComparesTextsWithoutRegardToCase) {
@@ -74,8 +71,8 @@ TEST(WqlConditions, ComparesBooleans) {
 TEST(WqlConditions, IsFalseWhereOneSideIsNull) {
     EXPECT_FALSE(Holds("Nothing = 1"));
     EXPECT_FALSE(Holds("Nothing <> 1"));
-    EXPECT_FALSE(Holds("Nothing = NULL"));
-    EXPECT_FALSE(Holds("Status <> NULL"));
+    EXPECT_FALSE(Holds("Nothing <> NULL"));
+    EXPECT_FALSE(Holds("Status = NULL"));
     EXPECT_FALSE(Holds("Missing = 'x'"));
     EXPECT_FALSE(Holds("Missing <> 'x'"));
     EXPECT_FALSE(Holds("Nothing LIKE '%'"));
@@ -91,6 +88,9 @@ TEST(WqlConditions, TestsForNull) {
     EXPECT_TRUE(Holds("Missing is null"));
     EXPECT_FALSE(Holds("Nothing IS NOT NULL"));
     EXPECT_TRUE(Holds("Status IS NOT NULL"));
+    EXPECT_TRUE(Holds("Nothing = NULL"));
+    EXPECT_TRUE(Holds("Missing = NULL"));
+    EXPECT_TRUE(Holds("Status <> NULL"));
 }
 
 TEST(WqlConditions, TakesTheConstantOnEitherSide) {
@@ -122,7 +122,7 @@ TEST(WqlConditions, BindsNotBeforeAndBeforeOr) {
 TEST(WqlConditions, TakesABackslashInATextOnlyBeforeQuotesAndBackslashesForAnEscape) {
     const auto query =
         std::get<SelectQuery>(ParseWql(R"(SELECT * FROM C WHERE Path = "\\\\.\\A\B\"'")"));
-    EXPECT_TRUE(query.Accepts([](std::string_view) { return R"(\\.\A\B"')"; }));
+    EXPECT_TRUE(query.Accepts(Snapshot({{"Path", CimType::string, false, R"(\\.\A\B"')"}})));
 }
 
 }  // namespace

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include "qvsata/cim/Snapshot.h"
+
 namespace qv::test {
 namespace {
 
@@ -35,19 +37,22 @@ TEST(Wql, ReadsASelectOfEverything) {
 TEST(Wql, ReadsAListOfProperties) {
     const auto query =
         ParsedQuery<SelectQuery>("select DeviceID ,Size,\t__PATH\r\nfrom Win32_DiskDrive");
-    EXPECT_THAT(query.properties, ElementsAre("DeviceID", "Size", "__PATH"));
+    EXPECT_THAT(query.properties, ElementsAre(testing::Field(&WqlName::text, "DeviceID"),
+                                              testing::Field(&WqlName::text, "Size"),
+                                              testing::Field(&WqlName::text, "__PATH")));
+    EXPECT_EQ(query.properties[1].column, 18U);
 }
 
 TEST(Wql, KnowsAQueryOnClasses) {
     const auto query = ParsedQuery<SelectQuery>(
         R"(SELECT * FROM meta_class WHERE __CLASS = "QV_WinComputerSystem")");
     EXPECT_TRUE(query.AsksForClasses());
-    EXPECT_TRUE(query.Accepts([](std::string_view) { return "qv_wincomputersystem"; }));
+    EXPECT_TRUE(
+        query.Accepts(Snapshot({{"__CLASS", CimType::string, false, "qv_wincomputersystem"}})));
 }
 
 TEST(Wql, AcceptsEveryObjectWithoutWhere) {
-    EXPECT_TRUE(
-        ParsedQuery<SelectQuery>("SELECT * FROM C").Accepts([](auto) { return std::nullopt; }));
+    EXPECT_TRUE(ParsedQuery<SelectQuery>("SELECT * FROM C").Accepts(Snapshot({})));
 }
 
 TEST(Wql, ReadsAssociators) {
@@ -63,13 +68,17 @@ TEST(Wql, ReadsAssociators) {
 
 TEST(Wql, ReadsAllWordsOfAssociatorsInAnyOrder) {
     const auto query = ParsedQuery<AssociatorsQuery>(
-        "associators of { C='v' } WHERE ResultRole = Dependent Role=Antecedent CLASSDEFSONLY "
-        "ResultClass =R AssocClass= A");
+        "associators of { C='v' } WHERE ResultRole = Dependent Role=Antecedent KEYSONLY "
+        "ResultClass =R AssocClass= A schemaonly RequiredQualifier=Q requiredassocqualifier=AQ");
     EXPECT_EQ(query.assocClass, "A");
     EXPECT_EQ(query.resultClass, "R");
     EXPECT_EQ(query.role, "Antecedent");
     EXPECT_EQ(query.resultRole, "Dependent");
-    EXPECT_TRUE(query.classDefsOnly);
+    EXPECT_EQ(query.requiredQualifier, "Q");
+    EXPECT_EQ(query.requiredAssocQualifier, "AQ");
+    EXPECT_TRUE(query.keysOnly);
+    EXPECT_TRUE(query.schemaOnly);
+    EXPECT_FALSE(query.classDefsOnly);
 }
 
 TEST(Wql, ReadsReferences) {
@@ -141,6 +150,17 @@ TEST(Wql, RefusesABrokenPathOrItsWords) {
               "column 27: unknown word after WHERE");
 }
 
+TEST(Wql, RefusesWordsOfAssociatorsThatExcludeEachOther) {
+    EXPECT_EQ(QueryRefusal("ASSOCIATORS OF {C=1} WHERE ResultClass=A ClassDefsOnly"),
+              "column 42: ClassDefsOnly excludes ResultClass");
+    EXPECT_EQ(QueryRefusal("REFERENCES OF {C=1} WHERE ClassDefsOnly ResultClass=A"),
+              "column 41: ClassDefsOnly excludes ResultClass");
+    EXPECT_EQ(QueryRefusal("REFERENCES OF {C} WHERE SchemaOnly ClassDefsOnly"),
+              "column 36: ClassDefsOnly excludes SchemaOnly");
+    EXPECT_EQ(QueryRefusal("REFERENCES OF {C=1} WHERE RequiredAssocQualifier=A"),
+              "column 27: unknown word after WHERE");
+}
+
 TEST(Wql, RefusesACommaBetweenTheWordsOfAssociators) {
     EXPECT_EQ(QueryRefusal("ASSOCIATORS OF {C=1} WHERE Role=A, ResultRole=B"),
               "column 34: unknown word after WHERE");
@@ -163,7 +183,8 @@ TEST(Wql, AcceptsLongConditions) {
     for (int i = 0; i < 5000; ++i) {
         text += " AND a = 1 OR a = 1";
     }
-    EXPECT_TRUE(ParsedQuery<SelectQuery>(text).Accepts([](auto) { return std::int64_t{1}; }));
+    EXPECT_TRUE(ParsedQuery<SelectQuery>(text).Accepts(
+        Snapshot({{"a", CimType::sint32, false, std::int64_t{1}}})));
 }
 
 }  // namespace

@@ -7,12 +7,29 @@ namespace {
 
 using nlohmann::json;
 using testing::HasSubstr;
+using testing::StartsWith;
 
 TEST(Query, SelectsOnASuperclass) {
-    const json disks = Ask({"query", "SELECT Name, Index FROM CIM_DiskDrive WHERE Index > 0"});
+    const json disks =
+        Ask({"query", "SELECT DeviceID FROM CIM_DiskDrive WHERE DeviceID LIKE '%HALDEN%'"});
     ASSERT_EQ(disks.size(), 2U);
-    EXPECT_EQ(disks[0]["Index"], 1);
+    EXPECT_THAT(disks[0]["DeviceID"].get<std::string>(), StartsWith("IDE&DISKHALDEN_"));
     EXPECT_FALSE(disks[0].contains("Model"));
+}
+
+TEST(Query, NamesAnUnknownProperty) {
+    const ToolRun run = RunTool(OnDesktop({"query", "SELECT Index FROM CIM_DiskDrive"}));
+    EXPECT_EQ(run.exitCode, 1U);
+    EXPECT_THAT(run.errors,
+                HasSubstr("query: column 8: unknown property 'Index' of class 'CIM_DiskDrive'\n"));
+}
+
+TEST(Query, PrintsTheSystemPropertiesThatItSelects) {
+    const std::string query = "SELECT __PATH FROM QV_WinComputerSystem";
+    const json systems = Ask({"query", query});
+    ASSERT_EQ(systems.size(), 1U);
+    EXPECT_THAT(systems[0]["__PATH"].get<std::string>(), HasSubstr("\\root\\QVQ:QV_Win"));
+    EXPECT_THAT(RunTool(OnDesktop({"query", query})).output, HasSubstr("    __PATH = \\\\"));
 }
 
 TEST(Query, FollowsAssociations) {
