@@ -1,0 +1,177 @@
+// What commands print, and how they end, when a source of the machine cannot be read: each source
+// class, each way to fail, each kind of command.
+#include <gmock/gmock.h>
+
+#include <filesystem>
+#include <fstream>
+#include <tuple>
+#include "nlohmann/json.hpp"
+
+#include "SourceTree.h"
+#include "qvsata/commands/Program.h"
+
+namespace qv::test {
+namespace {
+
+using nlohmann::json;
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+using testing::StartsWith;
+
+struct Source {
+    const char* nameSpace;
+    const char* name;
+    const char* loss;
+};
+
+// An empty failure stands for a class that was never recorded.
+struct Failure {
+    const char* recorded;
+    const char* shown;
+};
+
+struct Ending {
+    int exitCode;
+    std::string output;
+    std::string errors;
+};
+
+Ending RunHere(const std::vector<std::string>& arguments) {
+    testing::internal::CaptureStdout();
+    testing::internal::CaptureStderr();
+    const int exitCode = tool::RunCommand(arguments);
+    std::string output = testing::internal::GetCapturedStdout();
+    return {exitCode, std::move(output), testing::internal::GetCapturedStderr()};
+}
+
+/// A recording of its own for each test.
+class UnreadSourcesTest : public testing::Test {
+protected:
+    UnreadSourcesTest() {
+        std::ifstream(std::filesystem::path(QV_SOURCE_DIR) / "hosts/ahci-desktop.json") >> host_;
+    }
+    ~UnreadSourcesTest() override { std::filesystem::remove(file_); }
+
+    void Spoil(const Source& source, const Failure& failure) {
+        json& classes = host_["namespaces"][source.nameSpace];
+        if (*failure.recorded == '\0') {
+            classes.erase(source.name);
+        } else {
+            classes[source.name] = {{"fails", failure.recorded}};
+        }
+    }
+
+    Ending On(std::vector<std::string> command) const {
+        std::ofstream(file_) << host_;
+        command.insert(command.end(), {"--host", file_.string(), "--mof", mofFolder_.string()});
+        return RunHere(command);
+    }
+
+private:
+    const std::filesystem::path mofFolder_ = std::filesystem::path(QV_SOURCE_DIR) / "mof";
+    const std::filesystem::path file_ =
+        std::filesystem::temp_directory_path() / "qv-unread-sources.json";
+    json host_;
+};
+
+using Row = std::tuple<Source, Failure, std::vector<std::string>>;
+
+class EachUnreadSource : public UnreadSourcesTest, public testing::WithParamInterface<Row> {};
+
+TEST_P(EachUnreadSource, IsNamedAndNothingIsSaidToBeAbsent) {
+    const auto& [source, failure, command] = GetParam();
+    Spoil(source, failure);
+    const Ending run = On(command);
+    EXPECT_EQ(run.exitCode, 3);
+    EXPECT_EQ(run.errors, std::string(source.nameSpace) + " " + source.name + ": " + failure.shown +
+                              ": " + source.loss + "\n");
+    EXPECT_THAT(run.output, AllOf(Not(HasSubstr("no disks")), Not(HasSubstr("no channels")),
+                                  Not(HasSubstr("no IDE")), Not(HasSubstr("(none)"))));
+}
+
+constexpr const char* cimv2 = R"(root\CIMv2)";
+constexpr const char* software = "drivers, firmware and BIOS of controllers cannot be published";
+constexpr const char* partitions = "partitions of storage extents cannot be published";
+
+INSTANTIATE_TEST_SUITE_P(
+    Commands, EachUnreadSource,
+    testing::Combine(
+        testing::Values(
+            Source{cimv2, "Win32_DiskDrive", "disks and what belongs to them cannot be published"},
+            Source{cimv2, "Win32_PhysicalMedia", "serial numbers of disks cannot be published"},
+            Source{cimv2, "Win32_IDEController", "controllers and channels cannot be published"},
+            Source{cimv2, "Win32_IDEControllerDevice",
+                   "where disks and channels are attached cannot be published"},
+            Source{cimv2, "Win32_DiskDriveToDiskPartition", partitions},
+            Source{cimv2, "Win32_DiskPartition", partitions},
+            Source{cimv2, "Win32_PnPDevice", software},
+            Source{cimv2, "Win32_SystemDriverPNPEntity", software}),
+        testing::Values(Failure{"WBEM_E_ACCESS_DENIED", "WBEM_E_ACCESS_DENIED (0x80041003)"},
+                        Failure{"WBEM_E_TIMED_OUT", "WBEM_E_TIMED_OUT (0x80041069)"},
+                        Failure{"", "never recorded"}),
+        testing::Values(std::vector<std::string>{"topology"}, std::vector<std::string>{"classes"},
+                        std::vector<std::string>{"enumerate", "CIM_ManagedElement"})));
+
+class UnreadDisks : public UnreadSourcesTest {
+protected:
+    UnreadDisks() { Spoil({cimv2, "Win32_DiskDrive", ""}, {"WBEM_E_ACCESS_DENIED", ""}); }
+};
+
+TEST_F(UnreadDisks, AreNotReadableInTheTopology) {
+    const std::string tree = On({"topology"}).output;
+    EXPECT_THAT(tree, HasSubstr("\ndisks not readable\n"));
+    EXPECT_THAT(tree, Not(HasSubstr("consolidated")));
+}
+
+TEST_F(UnreadDisks, AreNotReadableInTheListOfDisks) {
+    const Ending run = On({"disks"});
+    EXPECT_EQ(run.exitCode, 3);
+    EXPECT_EQ(run.output, "disks not readable\n");
+}
+
+TEST_F(UnreadDisks, AreNoEmptyAnswer) {
+    const Ending run = On({"query", "SELECT * FROM QV_SATADiskDrive"});
+    EXPECT_EQ(run.exitCode, 3);
+    EXPECT_EQ(run.output, "(not readable)\n");
+}
+
+TEST_F(UnreadDisks, HaveNoCountOfInstances) {
+    const json classes = json::parse(On({"classes", "--format", "json"}).output);
+    EXPECT_TRUE(classes[1]["instances"].is_null());
+    EXPECT_EQ(classes[0]["instances"], 1);
+}
+
+TEST_F(UnreadDisks, MayBeWhyAPathIsNotFound) {
+    const Ending run = On({"get", R"(QV_SATADiskDrive.DeviceID="x")"});
+    EXPECT_EQ(run.exitCode, 3);
+    EXPECT_THAT(run.errors, AllOf(StartsWith("qvsata: "), HasSubstr("not found"),
+                                  HasSubstr("Win32_DiskDrive: WBEM_E_ACCESS_DENIED")));
+}
+
+TEST_F(UnreadDisks, HaveTheirStatusAndLossAmongTheSources) {
+    const Ending run = On({"sources"});
+    EXPECT_EQ(run.exitCode, 3);
+    EXPECT_THAT(run.output, AllOf(HasSubstr("WBEM_E_ACCESS_DENIED (0x80041003), access denied\n"),
+                                  HasSubstr("\nwithout Win32_DiskDrive: disks and")));
+}
+
+TEST_F(UnreadSourcesTest, AreNoneOnACompleteRecording) {
+    const Ending run = On({"sources", "--format", "json"});
+    EXPECT_EQ(run.exitCode, 0);
+    EXPECT_THAT(run.errors, IsEmpty());
+    const json sources = json::parse(run.output);
+    EXPECT_EQ(sources.size(), 9U);
+    EXPECT_EQ(sources[0]["class"], "Win32_DiskDrive");
+    EXPECT_EQ(sources[0]["rows"], 3);
+    EXPECT_EQ(sources[0]["status"], "OK");
+}
+
+TEST_F(UnreadSourcesTest, WithoutAQueryAreNotAskedFor) {
+    Spoil({R"(root\wmi)", "MSStorageDriver_FailurePredictStatus", ""}, {"WBEM_E_FAILED", ""});
+    EXPECT_EQ(On({"topology"}).exitCode, 0);
+}
+
+}  // namespace
+}  // namespace qv::test
