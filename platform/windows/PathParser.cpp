@@ -8,8 +8,8 @@
 namespace qv::windows {
 namespace {
 
-// The parser reports success also if a text does not fit: the buffer is then unchanged, that is,
-// empty.
+// The parser may report success for a text that does not fit: the buffer is then unchanged, that
+// is, empty.
 using TextBuffer = std::array<wchar_t, 1000>;
 
 }  // namespace
