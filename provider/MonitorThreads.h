@@ -49,7 +49,7 @@ public:
     ///   wakes a waiting thread and so removes it from the lock while that thread still exists.
     ///
     /// Remaining risks, for a thread that is terminated in the middle of a cycle:
-    /// - The locks that nobody else can reach (of COM, of the consumer, of other heaps, of the C++
+    /// - The locks that EndAll cannot reach (of COM, of the consumer, of other heaps, of the C++
     ///   runtime) stay locked if the thread held them: every later caller waits for ever. If the
     ///   thread waited for such a lock, the lock still counts it as waiting.
     /// - If several suspended threads wait for one lock, the lock removes only one of them. What it

@@ -93,8 +93,8 @@ protected:
         settings.reset();
     }
 
-    /// Returns with an initialised provider whose first thread is in its first cycle. `looks`: the
-    /// disks of each poll, one poll for the subscription, then two for each cycle.
+    /// Subscribes through an initialised provider whose first thread is in its first cycle.
+    /// `looks`: the disks of each poll, one poll for the subscription, then two for each cycle.
     void Subscribe(std::vector<Disks> looks) {
         source.SetLooks(std::move(looks));
         BeInitialised();

@@ -88,7 +88,7 @@ private:
     ULONG left_;
 };
 
-/// Returns every row, but reading a row fails with E_OUTOFMEMORY.
+/// Returns every row, but reading a row throws std::bad_alloc.
 class ExhaustedResults : public SpoiltResults {
     class Row : public service::UnsupportedObject {
     public:

@@ -9,7 +9,7 @@ namespace {
 
 using namespace service;
 
-// Whether an object with a value of each kind meets a condition.
+// Returns whether an object with a value of each kind meets a condition.
 bool Holds(const std::string& condition) {
     static const std::map<std::string, CimValue, std::less<>> object = {
         {"Status", "OK"},
