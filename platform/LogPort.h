@@ -32,8 +32,8 @@ public:
     /// The configured level. Callers check TakesLines before writing.
     virtual LogLevel Level() const = 0;
 
-    /// Writes one line, whatever the configured level. `text` is the complete "Class::Operation|
-    /// message". A line that cannot be written is lost; the call throws nothing.
+    /// Writes one line, whatever the configured level. `text` is complete:
+    /// "Class::Operation| message". A line that cannot be written is lost; the call throws nothing.
     virtual void Write(LogLevel level, std::string_view text) = 0;
 };
 
