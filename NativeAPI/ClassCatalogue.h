@@ -10,8 +10,8 @@ namespace qv {
 
 class NativeAPI;
 
-/// A published class and what builds its instances: one of NativeAPI's operations or, for an
-/// association class, NativeAPI::getAssociation with the association's parameters.
+/// A published class and its builder: one of NativeAPI's operations or, for an association class,
+/// NativeAPI::getAssociation with the association's parameters.
 struct PublishedClass {
     using Builder = RecordList (NativeAPI::*)(const Request&) const;
 
@@ -20,16 +20,17 @@ struct PublishedClass {
     const Association* association;  ///< null for an instance class
 };
 
-/// What NativeAPI asks about class names, all taken without regard to case. Any number of threads
-/// may ask at once.
+/// The look-ups of class names that NativeAPI needs, all ignoring case. Any number of threads may
+/// call at once.
 class ClassCatalogue {
 public:
     virtual ~ClassCatalogue() = default;
 
-    /// The published class of that name, which outlives the catalogue; null when none has it.
+    /// Returns the published class of that name, which outlives the catalogue; null if there is
+    /// none.
     virtual const PublishedClass* Find(std::string_view className) const = 0;
 
-    /// Whether a published class is `name` or has it as an ancestor.
+    /// Returns whether a published class is `name` or has it as an ancestor.
     virtual bool IsOfClass(std::string_view className, std::string_view name) const = 0;
 };
 

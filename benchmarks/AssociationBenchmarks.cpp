@@ -25,7 +25,7 @@ namespace {
 
 using Keys = std::vector<std::string>;
 
-// The keys of the endpoints on a host with the number of disks.
+// The keys of the endpoints on a host with a number of disks.
 struct EndpointKeys {
     explicit EndpointKeys(int disks)
         : initiators(KeysOf(disks, "QV_ISATAProtocolEndpoint", "Name")),
@@ -58,7 +58,7 @@ struct Sides {
     const Keys& second;
 };
 
-// Keys of which each has a partner under the rule.
+// Returns keys that each have a partner under the rule.
 Sides SidesOf(const EndpointKeys& keys, MatchRule rule) {
     switch (rule) {
         case MatchRule::firstBeginsWith:
@@ -149,7 +149,7 @@ void RegisterAll(int disks) {
     benchmark::RegisterBenchmark("fast/triple", FastTriple)->Arg(disks);
     auto* plainTriple = benchmark::RegisterBenchmark("plain/triple", PlainTriple)->Arg(disks);
     if (disks >= 256) {
-        // The third power of the disks: seconds, which one run measures well enough.
+        // Cubic in the number of disks: takes seconds, so that one run is exact enough.
         plainTriple->Iterations(1)->Repetitions(1);
     }
     for (const Association& one : associations) {

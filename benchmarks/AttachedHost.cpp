@@ -69,7 +69,7 @@ AttachedHost::AttachedHost(int disks) {
     RowsOf("SELECT * FROM QV_SATADiskDrive");  // succeeds, without rows
     std::string controller;
     for (int number = 0; number < disks; ++number) {
-        // Of one length: no ID is the beginning of another.
+        // All of one length, so that no ID is a prefix of another.
         const std::string text = std::to_string(10000 + number);
         if (number % 4 == 0) {
             controller = "PCI\\VEN_8086&DEV_7010&SUBSYS_11001AF4&REV_01\\3&" + text + "&0&09";

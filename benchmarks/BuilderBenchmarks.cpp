@@ -1,4 +1,4 @@
-// Measures each builder beside the reads that it cannot do without: "read/CLASS/DISKS" and
+// Measures each builder and the minimal reads that it needs: "read/CLASS/DISKS" and
 // "build/CLASS/DISKS". tools/bench makes a table of them.
 #include <benchmark/benchmark.h>
 
@@ -16,7 +16,7 @@
 namespace qv::benchmarks {
 namespace {
 
-// Each host is generated once: the large ones take longer than what is measured.
+// Generates each host once: generating a large one takes longer than the measured operation.
 const GeneratedHost& HostWith(std::int64_t disks) {
     static std::map<std::int64_t, GeneratedHost> hosts;
     return hosts.try_emplace(disks, static_cast<int>(disks)).first->second;

@@ -48,7 +48,7 @@ void ReadAll(const platform::Rows& rows, Names names) {
     }
 }
 
-// The properties of those controller rows whose ID, read from `idName`, the rule accepts.
+// Reads the properties of the controller rows whose ID, in `idName`, the rule accepts.
 void ReadKept(const platform::Rows& controllers, std::string_view idName,
               bool (*accepts)(std::string_view), Names names) {
     for (const auto& controller : controllers) {
@@ -58,7 +58,7 @@ void ReadKept(const platform::Rows& controllers, std::string_view idName,
     }
 }
 
-// The media row of a disk, sought as it must be: a query for each disk, tags compared in order.
+// Reads a disk's media row as the builder must: a query for each disk, tags compared in order.
 void ReadMediaOfDisk(const platform::QueryPort& queries, const platform::Row& disk, Names names) {
     const platform::Rows media = Query(queries, "SELECT * FROM Win32_PhysicalMedia");
     const std::string deviceId = ReadText(disk, "DeviceID");
@@ -158,7 +158,7 @@ void ReadExtents(const platform::QueryPort& queries, const platform::HostFacts& 
     ReadAll(Query(queries, "SELECT * FROM Win32_DiskPartition"), ofPartition);
 }
 
-// Of the port controllers only what tells them from the channels, to which disks are attached.
+// Reads only what tells port controllers from channels, to which disks are attached.
 void ReadAttachedDisks(const platform::QueryPort& queries, Names ofDisk, Names ofChannel) {
     ReadAll(QueryDisks(queries), ofDisk);
     ReadAll(Query(queries, "SELECT * FROM Win32_IDEControllerDevice"), linkEnds);
@@ -192,7 +192,7 @@ platform::Rows QueryAssociators(const platform::QueryPort& queries, const platfo
     return Query(queries, query);
 }
 
-// The drivers of every controller and channel, over its plug-and-play device.
+// Reads the drivers of every controller and channel through its plug-and-play device.
 void ReadSoftware(const platform::QueryPort& queries, const platform::HostFacts&) {
     static constexpr std::array ofController{"DeviceID"};
     static constexpr std::array ofDevice{"__CLASS"};

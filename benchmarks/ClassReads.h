@@ -8,15 +8,14 @@
 
 namespace qv::benchmarks {
 
-/// A published class and the reads that its builder cannot do without, done for their own sake:
-/// its queries, the property reads of the rows, the host name. Their cost is what the builder's is
-/// measured against.
+/// A published class and the minimal reads of its builder: its queries, the property reads of the
+/// rows, the host name. The builder's cost is compared with theirs.
 struct ClassReads {
     std::string_view className;
     void (*read)(const platform::QueryPort& queries, const platform::HostFacts& host);
 };
 
-/// The classes that are measured.
+/// Returns the measured classes.
 std::span<const ClassReads> MeasuredClasses();
 
 }  // namespace qv::benchmarks

@@ -7,7 +7,7 @@ namespace {
 
 constexpr int partitionsPerDisk = 2;
 
-// Rows that are asked for by an object that they are associated with.
+// Returns the query for rows by an object with which they are associated.
 std::string AssociatorsQuery(const std::string& relativePath, const std::string& association) {
     return "ASSOCIATORS OF {" + relativePath + "} where assocclass=" + association;
 }

@@ -8,7 +8,7 @@ namespace qv::benchmarks {
 
 /// A host in memory with a number of IDE disks. Each disk has a media row, two partitions and a
 /// channel of its own, each channel a port controller of its own, and each of these two a driver.
-/// What a builder adds to the reads shows, as these cost little.
+/// Reads are cheap, so that the builder's own cost shows.
 class GeneratedHost : public MemoryHost {
 public:
     explicit GeneratedHost(int disks);

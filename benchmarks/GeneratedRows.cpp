@@ -30,7 +30,7 @@ private:
     Properties properties_;
 };
 
-// The text with the number, always of five digits, in place of '#'.
+// Returns the text with the number, always five digits, in place of '#'.
 std::string Numbered(std::string text, int number) {
     return text.replace(text.find('#'), 1, std::to_string(10000 + number));
 }
@@ -47,7 +47,7 @@ std::string FullPath(const std::string& className, const std::string& deviceId) 
     return R"(\\SRV01\root\CIMv2:)" + RelativePath(className, deviceId);
 }
 
-// A row with the system properties that every row has besides its own.
+// Returns a row with the system properties that every row has besides its own.
 GeneratedRow MakeRow(const std::string& className, const std::string& relativePath,
                      Properties properties) {
     Properties all{
@@ -66,7 +66,7 @@ GeneratedRow MakeRow(const std::string& className, const std::string& relativePa
     return std::make_shared<SortedRow>(std::move(all));
 }
 
-// A row of an association between an object of each class.
+// Returns a row of an association between an object of each class.
 GeneratedRow MakeLink(const std::string& className, const std::string& antecedent,
                       const std::string& dependent) {
     return MakeRow(className,

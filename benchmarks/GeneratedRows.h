@@ -7,9 +7,9 @@
 
 namespace qv::benchmarks {
 
-// The source rows of a generated host. Each has about as many properties as that of a real host,
-// and reading one costs little more than copying its value. The IDs hold the number of the object
-// in a fixed width, so that none is the beginning of another.
+// The source rows of a generated host. Each has about as many properties as a real host's row, and
+// reading one costs little more than copying its value. The IDs contain the object's number in a
+// fixed width, so that no ID is a prefix of another.
 
 using GeneratedRow = std::shared_ptr<const platform::Row>;
 
@@ -17,7 +17,7 @@ std::string ControllerId(int number);
 std::string ChannelId(int number);
 std::string DiskId(int number);
 
-/// The path of an object with the key DeviceID behind the namespace, backslashes doubled.
+/// Returns the path of an object with the key DeviceID after the namespace, backslashes doubled.
 std::string RelativePath(const std::string& className, const std::string& deviceId);
 
 /// A Win32_DiskDrive row of interface type "IDE".

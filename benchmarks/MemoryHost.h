@@ -9,8 +9,8 @@
 
 namespace qv::benchmarks {
 
-/// A host in memory: each query's rows stand ready under its text, an answer costs little more than
-/// a look-up. Other queries fail. The host's name is "srv01.example.org".
+/// A host in memory: each query's rows are stored under its text, so that an answer costs little
+/// more than a look-up. Other queries fail. The host's name is "srv01.example.org".
 class MemoryHost : public platform::QueryPort, public platform::HostFacts {
 public:
     Status RunWqlQuery(std::string_view nameSpace, std::string_view query,
@@ -19,7 +19,7 @@ public:
     std::string ToNarrow(std::wstring_view ascii) const override;
 
 protected:
-    /// The rows that the query answers with; there are none at first.
+    /// Returns the rows of a query, empty at first.
     platform::Rows& RowsOf(const std::string& query) { return rowsOfQuery_[query]; }
 
 private:

@@ -4,7 +4,7 @@
 
 namespace qv::benchmarks {
 
-/// Runs what was registered, as the command line asks. Gives the exit code of the program.
+/// Runs the registered benchmarks that the command line selects. Returns the program's exit code.
 inline int RunBenchmarks(int argc, char** argv) {
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) {

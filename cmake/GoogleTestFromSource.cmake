@@ -1,5 +1,5 @@
-# GoogleTest from the distribution's sources, compiled with this build's own compiler and sanitizers,
-# but neither optimised nor with debug information: nobody looks into it.
+# GoogleTest from the distribution's sources, compiled with this build's own compiler and
+# sanitizers. Optimised for build time.
 if(BUILD_TESTING)
   find_path(QV_GOOGLETEST googletest/src/gtest-all.cc REQUIRED
     PATHS /usr/src/googletest NO_CMAKE_FIND_ROOT_PATH)
@@ -11,7 +11,7 @@ if(BUILD_TESTING)
     target_include_directories(qv_googletest SYSTEM PUBLIC ${QV_GOOGLETEST}/${part}/include)
   endforeach()
 
-  # A program that has a main() of its own takes that one: this one is in a library.
+  # In a library, so that a program with a main() of its own does not take this one.
   add_library(qv_googletest_main STATIC EXCLUDE_FROM_ALL
     ${QV_GOOGLETEST}/googlemock/src/gmock_main.cc)
   target_link_libraries(qv_googletest_main PUBLIC qv_googletest)

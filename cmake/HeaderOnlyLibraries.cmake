@@ -1,7 +1,7 @@
-# The distribution's header-only libraries, for the cross build as well: a link in the build tree
-# brings in one library's folder and nothing else of the host's include directory.
+# The distribution's header-only libraries, also for the cross build: a link in the build tree
+# exposes one library's folder and nothing else of the host's include directory.
 
-# qv_header_library(target folder header): an interface target for <folder/header>.
+# qv_header_library(target folder header): creates an interface target for <folder/header>.
 function(qv_header_library target folder header)
   find_path(${target}_ROOT ${folder}/${header} REQUIRED
     PATHS /usr/include NO_CMAKE_FIND_ROOT_PATH)

@@ -1,4 +1,4 @@
-# What every target of this project is compiled with.
+# The options of every target of this project.
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
@@ -43,14 +43,14 @@ if(WIN32)
     -static -fstack-protector-strong -Wl,--dynamicbase,--high-entropy-va,--nxcompat,--no-insert-timestamp)
 endif()
 
-# qv_library(name sources...): a static library of the project.
+# qv_library(name sources...): creates a static library of the project.
 function(qv_library name)
   add_library(${name} STATIC ${ARGN})
   target_link_libraries(${name} PUBLIC qv_options)
 endfunction()
 
-# qv_ship(target): what users get of a program or library: the file without debug information, and
-# beside it a FILE.debug that has it and that the file names.
+# qv_ship(target): strips a program or library for users and leaves its debug information beside it
+# in FILE.debug, which the file names.
 function(qv_ship target)
   set_target_properties(${target} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
   set(file $<TARGET_FILE_NAME:${target}>)

@@ -1,22 +1,21 @@
-# What test programs are made with; the programs themselves are registered by qv_test.
+# Options and main() of the test programs; qv_test registers the programs.
 
-# The one header that names the source tree; all else of a test's compilation is the same in every
-# clone, so that compiler caches serve more than one.
+# The only header that names the source tree. The rest of a test's compilation is the same in every
+# clone, so that clones share a compiler cache.
 configure_file(${CMAKE_CURRENT_LIST_DIR}/SourceTree.h.in ${CMAKE_BINARY_DIR}/generated/SourceTree.h)
 
-# What every test program is compiled with. A test's own code need not be fast, but has to be
-# compiled: the optimiser, debug information and the checks of undefined behaviour are for the code
-# under test.
-add_library(qv_test_haste INTERFACE)
+# The options of every test program. Optimised for build time: the optimiser, debug information and
+# the checks of undefined behaviour are for the code under test.
+add_library(qv_test_fast_build INTERFACE)
 if(WIN32)
-  target_compile_options(qv_test_haste INTERFACE -O0 -g0)
-  target_link_options(qv_test_haste INTERFACE -s)
+  target_compile_options(qv_test_fast_build INTERFACE -O0 -g0)
+  target_link_options(qv_test_fast_build INTERFACE -s)
 else()
-  target_compile_options(qv_test_haste INTERFACE -fno-sanitize=undefined -g0)
+  target_compile_options(qv_test_fast_build INTERFACE -fno-sanitize=undefined -g0)
 endif()
 add_library(qv_test_options INTERFACE)
 target_include_directories(qv_test_options INTERFACE ${CMAKE_BINARY_DIR}/generated)
-target_link_libraries(qv_test_options INTERFACE qv_options qv_test_haste qv_googletest)
+target_link_libraries(qv_test_options INTERFACE qv_options qv_test_fast_build qv_googletest)
 if(BUILD_TESTING)
   file(GENERATE OUTPUT ${CMAKE_BINARY_DIR}/generated/TestHeaders.cpp CONTENT "")
   add_library(qv_test_headers OBJECT ${CMAKE_BINARY_DIR}/generated/TestHeaders.cpp)
@@ -28,17 +27,17 @@ if(BUILD_TESTING)
   # The main() of the test programs.
   add_library(qv_test_main INTERFACE)
   if(WIN32)
-    add_library(qv_apartment_main STATIC EXCLUDE_FROM_ALL
+    add_library(qv_windows_test_main STATIC EXCLUDE_FROM_ALL
       ${PROJECT_SOURCE_DIR}/tests/support/windows/Main.cpp)
-    target_link_libraries(qv_apartment_main PRIVATE qv_test_options PUBLIC ole32)
-    target_link_libraries(qv_test_main INTERFACE qv_apartment_main)
+    target_link_libraries(qv_windows_test_main PRIVATE qv_test_options PUBLIC ole32)
+    target_link_libraries(qv_test_main INTERFACE qv_windows_test_main)
   else()
     target_link_libraries(qv_test_main INTERFACE qv_googletest_main)
   endif()
 endif()
 
-# qv_cached_test(name COMMAND ... [INPUTS files and folders...] [TIMEOUT seconds]): a test that is run
-# again only when its inputs, the products or the data that tests read changed since it passed.
+# qv_cached_test(name COMMAND ... [INPUTS files and folders...] [TIMEOUT seconds]): adds a test that
+# runs again only if its inputs, the products or the tests' data changed since it passed.
 function(qv_cached_test name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "TIMEOUT" "COMMAND;INPUTS")
   if(NOT arg_TIMEOUT)
@@ -63,8 +62,8 @@ function(qv_cached_test name)
   endif()
 endfunction()
 
-# qv_test(name sources... [LINK libraries...] [TIMEOUT seconds]): a test program, registered under
-# its name. Without a test among its sources it has all tests of the folder.
+# qv_test(name sources... [LINK libraries...] [TIMEOUT seconds]): adds a test program and registers
+# it under its name. Without a test among its sources it contains all tests of the folder.
 function(qv_test name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "TIMEOUT" "LINK")
   if(NOT arg_UNPARSED_ARGUMENTS MATCHES "_test\\.cpp")

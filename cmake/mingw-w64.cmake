@@ -1,4 +1,4 @@
-# Windows, 64 bits, with the posix thread model: the one that has std::mutex and std::thread.
+# 64-bit Windows with the posix thread model, which has std::mutex and std::thread.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
 set(CMAKE_C_COMPILER x86_64-w64-mingw32-gcc-posix)

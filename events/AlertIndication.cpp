@@ -12,7 +12,7 @@
 namespace qv {
 namespace {
 
-/// An alert that is being filled. A property that it does not take ends the filling: RequestError.
+/// An alert that is being filled. Throws RequestError if the indication refuses a property.
 class Alert {
 public:
     explicit Alert(PropertyTarget& indication) : indication_(indication) {}

@@ -10,7 +10,7 @@
 
 namespace qv {
 
-/// Where the common properties of an alert come from.
+/// The sources of an alert's common properties.
 struct AlertSources {
     const platform::QueryPort& queries;
     const platform::HostFacts& host;
@@ -18,9 +18,9 @@ struct AlertSources {
     const platform::Clock& clock;
 };
 
-/// Puts what every alert indication says of itself, its provider and its host. The steps are taken
-/// in a fixed order; the first that fails ends the filling with its status. What is published by
-/// others in root\QVQ (AlertVendorFacts.h) may be missing, and is then left unset.
+/// Puts what every alert indication says about itself, its provider and its host, in a fixed order.
+/// Stops at the first failure and returns its status. Facts that other providers publish in
+/// root\QVQ (AlertVendorFacts.h) may be missing and are then left unset.
 Status FillCommonProperties(PropertyTarget& indication, std::string_view providerName,
                             std::string_view eventId, const AlertSources& sources);
 

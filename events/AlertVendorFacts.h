@@ -19,8 +19,8 @@ Status PutProviderVersion(PropertyTarget& indication, const platform::QueryPort&
 /// Puts the enclosure, the bay and the rack of a blade.
 Status PutEnclosureLocation(PropertyTarget& indication, const platform::QueryPort& queries);
 
-/// Puts what the family's event catalogue holds for the event; nothing for the provider "QV
-/// MCHealth", which puts it itself.
+/// Puts the event's entry in the family's event catalogue; nothing for the provider "QV MCHealth",
+/// which puts it itself.
 Status PutErrorMetadata(PropertyTarget& indication, const platform::QueryPort& queries,
                         std::string_view providerName, std::string_view eventId);
 

@@ -10,20 +10,20 @@
 
 namespace qv {
 
-/// The class of the events of disks.
+/// The class of disk events.
 inline constexpr std::string_view deviceIndicationClass = "QV_SATADeviceIndication";
 
-/// An event: what happened to the disk (a DiskChange's event ID) and when. The disk is referred to
-/// as an instance of its class, by the key values of the inventory.
+/// Returns an event: what happened to the disk (a DiskChange's event ID) and when. It refers to the
+/// disk as an instance of its class, by the inventory's key values.
 InstanceRecord BuildDeviceIndication(const DiskRecord& disk, std::string_view eventId,
                                      const platform::LocalTime& time);
 
-/// The ID of an event, which the indication does not repeat as the event's own property; empty when
-/// it has none.
+/// Returns an event's ID, which the indication does not repeat as a property of the event; empty if
+/// the event has none.
 std::string EventIdOf(const InstanceRecord& event);
 
-/// Fills an indication with what every alert says (FillCommonProperties, which has its status) and
-/// then with what the event says: of the latter, what the indication refuses is dropped.
+/// Fills the common properties (FillCommonProperties, whose failure it returns), then the event's
+/// own. Own properties that the indication refuses are dropped.
 Status FillDeviceIndication(PropertyTarget& indication, const InstanceRecord& event,
                             const AlertSources& sources);
 

@@ -24,7 +24,7 @@ std::wstring Announcement(std::wstring_view what, std::wstring_view module, LogL
     return text.append(L", size=").append(std::to_wstring(maxSize)).append(L")");
 }
 
-/// The system error code with which a log file in the folder is refused; 0 when it can be written.
+/// Returns the system error code of opening a log file in the folder; 0 if it can be written.
 std::uint32_t TryFolder(const std::wstring& folder, const std::wstring& module) {
     return OpenLogFile(folder + module + L".log") ? ERROR_SUCCESS : GetLastError();
 }

@@ -17,33 +17,32 @@ namespace qv {
 /// mutex, named after folder and module, is held from opening the file to closing it; no file
 /// stays open between lines.
 ///
-/// The log writes every line that it is given; ProviderLog has the callers' rule on levels.
+/// The log writes every line that it is given; ProviderLog applies the level.
 ///
-/// Results are system error codes (winerror.h), 0 for success. Any thread may call any operation
-/// at any time.
+/// Results are system error codes (winerror.h), 0 for success. Any thread may call any operation at
+/// any time.
 class CCommonLog {
 public:
     constexpr CCommonLog() = default;
 
-    /// Reads the settings, finds a folder that can be written, creates the machine-wide mutex and
-    /// writes the first line. Results: ERROR_INVALID_PARAMETER when "LogLevel" or "LogMaxSize" is
-    /// missing or out of range or "LogFolder" cannot be read (the log works all the same, with
-    /// defaults in their place), the error of the file or mutex that could not be created, or the
-    /// error of the first line. Without the mutex, Module() is "QVCommonLog_MutexError" and Level()
-    /// LogLevel::silent.
+    /// Reads the settings, finds a writable folder, creates the machine-wide mutex and writes the
+    /// first line. Results: ERROR_INVALID_PARAMETER if "LogLevel" or "LogMaxSize" is missing or out
+    /// of range or "LogFolder" cannot be read (the log then works with their defaults), the error
+    /// of the file or mutex that could not be created, or the error of the first line. Without the
+    /// mutex, Module() is "QVCommonLog_MutexError" and Level() LogLevel::silent.
     std::uint32_t LogInit(std::wstring_view module, std::wstring_view component = {});
 
     /// Reads level and size limit again, creates the machine-wide mutex anew and writes a line.
-    /// The folder stays. Results as LogInit; ERROR_INVALID_PARAMETER before the first LogInit.
+    /// Keeps the folder. Results as LogInit; ERROR_INVALID_PARAMETER before the first LogInit.
     std::uint32_t LogReset();
 
-    /// Appends one line, whole. `function` may be empty. Gives ERROR_INVALID_HANDLE while there is
-    /// no machine-wide mutex, otherwise the error of the file.
+    /// Appends one complete line. `function` may be empty. Returns ERROR_INVALID_HANDLE without a
+    /// machine-wide mutex, otherwise the error of the file.
     std::uint32_t LogEntry(std::wstring_view function, LogLevel level, std::wstring_view message);
 
     LogLevel Level() const { return level_; }
 
-    /// The module name that the log runs under; empty before LogInit.
+    /// The log's module name; empty before LogInit.
     std::wstring Module();
 
 private:
@@ -52,7 +51,7 @@ private:
     std::uint32_t Start(std::wstring_view function, std::wstring_view what);
     std::uint32_t Append(std::wstring_view function, LogLevel level, std::wstring_view message);
 
-    // Guards all that follows. A kernel mutex rather than std::mutex: a thread that is terminated
+    // Guards all members below. A kernel mutex rather than std::mutex: a thread that is terminated
     // while it writes leaves it abandoned, not locked for ever.
     windows::KernelHandle localMutex_;
     std::once_flag localMutexCreated_;

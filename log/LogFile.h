@@ -11,11 +11,11 @@
 
 namespace qv {
 
-/// Opens a log file for reading and writing, shared for both, and creates it when there is none.
-/// `flags` are those of CreateFileW. Without a file, GetLastError() has the reason.
+/// Opens a log file for shared reading and writing, and creates it if it is missing. `flags` are
+/// those of CreateFileW. On failure the handle is empty and GetLastError() has the reason.
 windows::FileHandle OpenLogFile(const std::wstring& path, DWORD flags = FILE_ATTRIBUTE_NORMAL);
 
-/// Writes at the end of the file. Gives 0 or the system error code.
+/// Appends to the file. Returns 0 or the system error code.
 std::uint32_t AppendToFile(const windows::FileHandle& file, std::span<const std::byte> bytes);
 
 }  // namespace qv

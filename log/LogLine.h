@@ -9,15 +9,15 @@
 
 namespace qv {
 
-/// "Debug", "Verbose", "Information", "Warning", "Error"; "N/A" for anything else.
+/// Returns "Debug", "Verbose", "Information", "Warning" or "Error"; "N/A" for any other value.
 std::wstring_view NameOf(LogLevel level);
 
-/// "07/04/2024 09:05:03.007": month, day, year, time, and the milliseconds after a separator of
-/// the log's own.
+/// Returns "07/04/2024 09:05:03.007": month, day, year, time, and the milliseconds after
+/// `millisecondSeparator`, which differs between the logs.
 std::string FormatTime(const SYSTEMTIME& time, char millisecondSeparator);
 
-/// A line of the common log, with its line end: time, level's name in brackets, then
-/// "function| message", or the message alone when there is no function.
+/// Returns a line of the common log, with its line end: time, level name in brackets, then
+/// "function| message", or only the message if `function` is empty.
 std::wstring FormatLogLine(const SYSTEMTIME& time, LogLevel level, std::wstring_view function,
                            std::wstring_view message);
 

@@ -4,8 +4,8 @@
 
 namespace qv {
 
-/// The folder of every log that is not configured elsewhere: the Windows directory followed by
-/// "\system32\wbem\logs\". Empty when the system does not tell its directory.
+/// The default log folder, the Windows directory followed by "\system32\wbem\logs\"; empty if the
+/// Windows directory is unknown.
 std::wstring DefaultLogFolder();
 
 }  // namespace qv

@@ -21,7 +21,7 @@ struct Bounds {
 constexpr Bounds levels = {1, 5};
 constexpr Bounds sizes = {0x80000, 0x2000000};
 
-/// Sets `value` to the number of that name if it lies within the bounds; tells whether it did.
+/// Sets `value` to the number of that name if it is within the bounds; returns whether it did.
 bool TakeNumber(const RegistryKey& key, const std::wstring& name, Bounds bounds,
                 std::uint32_t& value) {
     const std::optional<DWORD> number = key.ReadNumber(name.c_str());
@@ -32,7 +32,7 @@ bool TakeNumber(const RegistryKey& key, const std::wstring& name, Bounds bounds,
     return taken;
 }
 
-/// False when there is a folder setting that gives no folder.
+/// Returns false if the folder setting exists but cannot be read or is empty.
 bool TakeFolder(const RegistryKey& key, std::wstring& folder) {
     std::wstring text;
     const LSTATUS status = key.ReadText(L"LogFolder", text);
@@ -49,7 +49,7 @@ bool TakeFolder(const RegistryKey& key, std::wstring& folder) {
     return true;
 }
 
-/// A value is looked at only when the more general one was taken.
+/// Reads a more specific value only if the more general one was taken.
 bool TakeLevel(const RegistryKey& key, const std::wstring& module, const std::wstring& component,
                LogLevel& level) {
     auto number = static_cast<std::uint32_t>(level);

@@ -8,7 +8,7 @@
 
 namespace qv {
 
-/// What the registry says of a log.
+/// The registry settings of a log.
 struct LogSettings {
     static constexpr std::uint32_t defaultMaxSize = 0x200000;
 
@@ -19,13 +19,13 @@ struct LogSettings {
     std::uint32_t maxSize = defaultMaxSize;
 };
 
-/// Whether "LogFolder" is read as well, or the default folder stands.
+/// Whether "LogFolder" is read or the default folder is used.
 enum class FolderSetting { ignored, read };
 
-/// Reads the settings of a module and its component from HKLM\Software\Corvane\WBEM; what is
-/// missing, unreadable or out of range keeps its default. Gives 0, also when there is no such key,
-/// or ERROR_INVALID_PARAMETER when "LogLevel" or "LogMaxSize" was not taken or "LogFolder" is
-/// present and cannot be read.
+/// Reads the settings of a module and its component from HKLM\Software\Corvane\WBEM; missing,
+/// unreadable and out-of-range values keep their defaults. Returns 0, also if the key is missing,
+/// or ERROR_INVALID_PARAMETER if "LogLevel" or "LogMaxSize" was not taken or "LogFolder" exists and
+/// cannot be read.
 std::uint32_t ReadLogSettings(std::wstring_view module, std::wstring_view component,
                               FolderSetting folder, LogSettings& settings);
 

@@ -27,7 +27,7 @@ LogLevel ProviderLog::Level() noexcept {
         try {
             log_.LogInit(module_);
         } catch (const std::exception&) {
-            // Without memory there is no log; requests go on without one.
+            // If memory runs out there is no log; requests continue without one.
         }
     });
     return log_.Level();
@@ -52,7 +52,7 @@ void ProviderLog::Write(std::string_view function, LogLevel level, std::string_v
     try {
         Write(windows::ToWide(function), level, windows::ToWide(text));
     } catch (const std::exception&) {
-        // As above: text that cannot be converted is a lost line.
+        // As above: text that cannot be converted loses its line.
     }
 }
 

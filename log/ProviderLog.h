@@ -8,9 +8,9 @@
 
 namespace qv {
 
-/// The common log as the provider objects use it: plain lines ("Entering Initialize") are at level
-/// 3 and written while the configured level is 3 or lower, failures at level 5 while it is 5 or
-/// lower. The log is initialised at its first use. Nothing that goes wrong here reaches the
+/// The common log as the provider objects use it: plain lines ("Entering Initialize") have level 3
+/// and are written while the configured level is 3 or lower, failures have level 5 and are written
+/// while it is 5 or lower. The first use initialises the log. Errors of the log never reach the
 /// caller. Any thread may call any operation at any time, but not under the loader lock.
 class ProviderLog {
 public:
@@ -21,15 +21,14 @@ public:
     void Plain(std::wstring_view function, std::wstring_view text) noexcept;
     void Failure(std::wstring_view function, std::wstring_view text) noexcept;
 
-    /// The same for the narrow text of the core, in the ANSI code page.
+    /// The same for narrow text of the core, in the ANSI code page.
     void Plain(std::string_view function, std::string_view text) noexcept;
     void Failure(std::string_view function, std::string_view text) noexcept;
 
-    /// A line at a level of its own, by the same rule: written while the configured level is that
-    /// one or a lower one.
+    /// Writes a line at the given level, while the configured level is that level or lower.
     void Write(std::string_view function, LogLevel level, std::string_view text) noexcept;
 
-    /// The configured level; LogLevel::silent when the log has no mutex.
+    /// Returns the configured level; LogLevel::silent if the log has no mutex.
     LogLevel Level() noexcept;
 
 private:

@@ -8,7 +8,7 @@ namespace qv::provider {
 /// The common log as the builders see it.
 class BuilderLog : public platform::LogPort {
 public:
-    /// `log` outlives the object.
+    /// `log` must outlive the object.
     explicit BuilderLog(ProviderLog& log) : log_(log) {}
 
     LogLevel Level() const override { return log_.Level(); }

@@ -8,11 +8,11 @@
 
 namespace qv::provider {
 
-/// Makes objects of one class for COM; any number of threads may use one factory.
+/// The COM class factory of one class. Any number of threads may use it.
 template <typename T>
 class ClassFactory : public windows::ComObject<IClassFactory> {
 public:
-    /// `make` returns a new object, or null without memory.
+    /// `make` returns a new object, or null if memory runs out.
     explicit ClassFactory(windows::ComPtr<T> (*make)()) : make_(make) {}
 
     STDMETHODIMP CreateInstance(IUnknown* outer, REFIID iid, void** object) override {

@@ -13,7 +13,7 @@ HRESULT FromLastError() {
     return static_cast<HRESULT>(0x80070000U | GetLastError());
 }
 
-// The impersonation level in the thread's token as COM numbers the levels: one higher.
+// Reads the impersonation level of the thread's token as COM numbers the levels: one higher.
 HRESULT ReadLevel(DWORD& level) {
     HANDLE opened = nullptr;
     if (!OpenThreadToken(GetCurrentThread(), TOKEN_QUERY, TRUE, &opened)) {

@@ -4,9 +4,9 @@
 
 namespace qv::provider {
 
-/// Checks that the caller of the current COM call allows impersonation and, where it does,
-/// impersonates it until destruction. Belongs on the stack of the call; whatever way the call
-/// ends, the thread is its own again.
+/// Checks that the caller of the current COM call allows impersonation and, if so, impersonates it
+/// until destruction. Create it on the stack of the call: it reverts the thread however the call
+/// ends.
 class ClientImpersonation {
 public:
     ClientImpersonation();
@@ -14,8 +14,8 @@ public:
     ClientImpersonation& operator=(const ClientImpersonation&) = delete;
     ~ClientImpersonation();
 
-    /// S_OK while impersonating; WBEM_E_ACCESS_DENIED when the caller's level is below
-    /// "impersonate"; else the status of the step that failed (0x8007xxxx for a system error).
+    /// S_OK while impersonating; WBEM_E_ACCESS_DENIED if the caller's level is below "impersonate";
+    /// otherwise the status of the step that failed (0x8007xxxx for a system error).
     HRESULT Status() const { return status_; }
 
 private:

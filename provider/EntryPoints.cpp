@@ -1,4 +1,4 @@
-// The library's entry points. No exception leaves them: they are called by the loader and by COM.
+// The library's entry points. No exception leaves them: the loader and COM call them.
 #include <olectl.h>
 #include <windows.h>
 

@@ -8,8 +8,8 @@
 namespace qv::provider {
 namespace {
 
-/// Releases what the calling thread was delivering with, once the guard is free again: the release
-/// is code of somebody else.
+/// Releases the interfaces of the calling thread's delivery after unlocking: Release runs foreign
+/// code.
 class DeliveryEnd {
 public:
     explicit DeliveryEnd(std::mutex& guard) : guard_(guard) {}
@@ -53,8 +53,8 @@ void EventDeliveries::SetSink(Place& place, windows::ComPtr<IWbemObjectSink> sin
     place.delivery.sink.Swap(sink);
 }
 
-/// Copies what it takes to deliver an event now; leaves `taken`, which is empty, as it is when no
-/// provider object can.
+/// Copies what a delivery needs to `taken`, which must be empty. Leaves it empty if no provider
+/// object can deliver.
 void EventDeliveries::TakeLive(EventDelivery& taken) const {
     const std::lock_guard held(guard_);
     const Place* live = newest_;
@@ -74,7 +74,7 @@ void EventDeliveries::Receive(const InstanceRecord& event) try {
         delivery.SendIndication(event, sources_, log_);
     }
 } catch (const std::exception&) {
-    // This event is lost, those behind it are not.
+    // This event is lost; later events are not.
 }
 
 }  // namespace qv::provider

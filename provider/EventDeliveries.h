@@ -11,28 +11,28 @@
 
 namespace qv::provider {
 
-/// How the event provider objects of the process deliver: hands each event of the monitor to the
-/// live one, the one made last of those that were asked for events and still exist. Without one, or
-/// when it was never initialised, the event is dropped. Any thread may call any operation, Receive
-/// those of the monitor only (MonitorThreads).
+/// Passes each event of the monitor to the newest provider object that was asked for events. Drops
+/// it if there is none, or if that object was never initialised. Any thread may call any operation;
+/// only the monitor's threads (MonitorThreads) call Receive.
 class EventDeliveries final : public EventReceiver {
 public:
-    /// A provider object's place among the others. It belongs to the object, is listed from Add to
-    /// Remove and is read and changed by this class only meanwhile.
+    /// A provider object's entry in the list. It belongs to the object and is listed from Add to
+    /// Remove; meanwhile only this class reads and changes it.
     struct Place {
         EventDelivery delivery;
         Place* older = nullptr;
     };
 
-    /// All of them outlive the object. `guard` is held for a few copies at a time.
+    /// All arguments must outlive the object. `guard` is held only while a few references are
+    /// copied.
     EventDeliveries(std::mutex& guard, const AlertSources& sources, ProviderLog& log)
         : guard_(guard), sources_(sources), log_(log) {}
 
     void Add(Place& newest) noexcept;
     void Remove(Place& place) noexcept;
 
-    /// Changes where a provider object's events come from and go to. What was there goes when the
-    /// guard is free again: that is code of somebody else.
+    /// Sets where a provider object's events come from and go to. Releases the previous references
+    /// after unlocking: Release runs foreign code.
     void SetNamespace(Place& place, windows::ComPtr<IWbemServices> services, std::wstring prefix);
     void SetSink(Place& place, windows::ComPtr<IWbemObjectSink> sink);
 

@@ -40,7 +40,7 @@ CQVWMISATA_EventProv::~CQVWMISATA_EventProv() {
     shared_.log.Plain("CQVWMISATA_EventProv::~CQVWMISATA_EventProv",
                       "CQVWMISATA_EventProv DLL is unloaded");
     definitions_.extendedStatus.reset();
-    // The object is whole until its threads are gone: they may be delivering.
+    // The object must be complete until its threads have ended: they may be delivering.
     shared_.monitor.LogThreadExit();
     threads_.EndAll();
     shared_.deliveries.Remove(place_);
@@ -62,7 +62,7 @@ HRESULT CQVWMISATA_EventProv::Initialize(LPWSTR, LONG, LPWSTR nameSpace, LPWSTR,
         shared_.log.Failure(initializeName, "INVALID PARAMETER");
         return windows::Hr(WBEM_E_INVALID_PARAMETER);
     }
-    // The object changes when all of it is there.
+    // Changes the object only when everything has succeeded.
     ComPtr<IWbemServices> kept(services);
     Definitions definitions;
     const HRESULT fetched = FetchDefinitions(*services, context, definitions);
@@ -91,7 +91,7 @@ void CQVWMISATA_EventProv::TakeRefreshTimeout() const {
     }
 }
 
-/// The indication class and what belongs to the extended status, in this order.
+/// Fetches the indication class, then the class of the extended status.
 HRESULT CQVWMISATA_EventProv::FetchDefinitions(IWbemServices& services, IWbemContext* context,
                                                Definitions& fetched) {
     windows::Bstr name;

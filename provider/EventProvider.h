@@ -20,12 +20,12 @@
 
 namespace qv::provider {
 
-/// The event provider. The management service creates it when somebody subscribes to
-/// QV_SATADeviceIndication, initialises it and asks it for events: it starts a thread of the disk
-/// monitor (CSATAHBA_EVENTS) for each time it is asked. What the monitor raises, on whichever
-/// thread, is delivered by the live provider object (EventDeliveries). Initialize comes first; then
-/// the service may call any operation on any of its threads. The last reference may be given back
-/// on any thread, inside a delivery too; the threads of the object end with it (MonitorThreads).
+/// The event provider. The management service creates it when a client subscribes to
+/// QV_SATADeviceIndication. It calls Initialize first, then any operation on any of its threads.
+/// Each ProvideEvents starts one monitor thread (CSATAHBA_EVENTS). Events of all threads are
+/// delivered through the newest provider object (EventDeliveries). The last reference may be
+/// released on any thread, also inside a delivery; the object's threads end with it
+/// (MonitorThreads).
 class CQVWMISATA_EventProv
     : public windows::ComObject<IWbemEventProviderSecurity, IWbemProviderInit, IWbemEventProvider> {
 public:
@@ -37,12 +37,12 @@ public:
         DiskInventory& inventory;
         CSATAHBA_EVENTS& monitor;
         EventDeliveries& deliveries;
-        std::mutex& guard;  ///< of the deliveries
+        std::mutex& guard;  ///< of the deliveries' references
     };
 
     explicit CQVWMISATA_EventProv(const Shared& shared);
 
-    /// Everybody may subscribe to everything.
+    /// Allows every subscription.
     STDMETHODIMP AccessCheck(WBEM_CWSTR queryLanguage, WBEM_CWSTR query, long sidLength,
                              const BYTE* sid) override;
 
@@ -64,7 +64,7 @@ private:
     HRESULT FetchDefinitions(IWbemServices& services, IWbemContext* context, Definitions& fetched);
     void TakeRefreshTimeout() const;
 
-    ModuleReference module_;  // until all else is gone
+    ModuleReference module_;  // outlives the other members
     const Shared& shared_;
     EventDeliveries::Place place_;
     Definitions definitions_;

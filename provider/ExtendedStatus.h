@@ -9,8 +9,8 @@
 
 namespace qv::provider {
 
-/// The class __ExtendedStatus of a namespace, with which a provider can say more of an error than a
-/// code; fetched with the caller's context when the object is made.
+/// The class __ExtendedStatus, which describes an error in more detail than a code. It is fetched
+/// from the namespace, with the caller's context, on construction.
 class ExtendedStatus {
 public:
     ExtendedStatus(IWbemServices* services, IWbemContext* context) {
@@ -25,7 +25,7 @@ public:
                       : services->GetObject(name.Get(), 0, context, &definition_, nullptr);
     }
 
-    /// How the fetching went.
+    /// The status of the fetch.
     HRESULT Status() const { return status_; }
 
 private:

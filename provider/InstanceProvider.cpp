@@ -17,7 +17,7 @@ namespace qv::provider {
 using windows::Bstr;
 using windows::ComPtr;
 
-/// The namespace and the context of an initialisation.
+/// The namespace and the context of Initialize.
 struct CQVWMISATA_InstProv::Support {
     ComPtr<IWbemServices> services;
     ComPtr<IWbemContext> context;
@@ -46,7 +46,7 @@ HRESULT CQVWMISATA_InstProv::Initialize(LPWSTR, LONG, LPWSTR nameSpace, LPWSTR,
     if (services == nullptr || initSink == nullptr) {
         return windows::Hr(WBEM_E_INVALID_PARAMETER);
     }
-    // The object changes when all of it is there.
+    // Changes the object only when everything has succeeded.
     ComPtr<IClassFactory> pathParsers;
     if (FAILED(CoGetClassObject(windows::pathParserClassId, CLSCTX_INPROC_SERVER, nullptr,
                                 IID_PPV_ARGS(&pathParsers)))) {
@@ -113,7 +113,7 @@ HRESULT CQVWMISATA_InstProv::GetObjectAsync(const BSTR objectPath, long, IWbemCo
     ComPtr<IWbemClassObject> instance;
     const HRESULT resolved = ResolveObjectPath(objectPath, context, instance);
     if (FAILED(resolved)) {
-        // The sink hears nothing of it, unlike at the end of an enumeration, on purpose.
+        // Does not call the sink, unlike the end of an enumeration, on purpose.
         return resolved;
     }
     const HRESULT indicated = responseSink->Indicate(1, instance.GetAddressOf());

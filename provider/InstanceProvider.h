@@ -18,54 +18,51 @@
 namespace qv::provider {
 
 /// The instance and association provider. The management service creates it through its class
-/// factory, initialises it once for a namespace and then calls its request operations on any of
-/// its threads, several at once: they only read what Initialize stored. Whatever ends a request
-/// inside the builders, an exception too, reaches the caller.
+/// factory, initialises it once for a namespace and then calls its request operations on any of its
+/// threads, concurrently: they only read what Initialize stored. Failures inside the builders,
+/// including exceptions, reach the caller.
 class CQVWMISATA_InstProv
     : public windows::UnsupportedServices<windows::ComObject<IWbemProviderInit, IWbemServices>> {
 public:
-    /// What the instance provider objects of the process share. All of it outlives them.
+    /// What the process's instance provider objects share. All of it outlives them.
     struct Shared {
         ProviderLog& log;
-        LentLog& queryLog;  ///< of the data layer's queries that fail
+        LentLog& queryLog;  ///< for failed queries of the data layer
         const platform::QueryPort& service;
         const NativeAPI& api;
     };
 
     explicit CQVWMISATA_InstProv(const Shared& shared);
 
-    // Of the calls below, those that impersonate the caller give ClientImpersonation::Status() when
-    // that fails, and WBEM_E_INVALID_PARAMETER without a sink.
+    // The calls that impersonate return ClientImpersonation::Status() if impersonation fails, and
+    // WBEM_E_INVALID_PARAMETER for a null sink.
 
-    /// Keeps the namespace's services and its name for the requests to come; the other arguments
-    /// but the context are not looked at. Impersonates. Gives WBEM_E_INVALID_PARAMETER without
-    /// services too, WBEM_E_FAILED when the system has no path parser, WBEM_E_OUT_OF_MEMORY, or
-    /// what the sink answers to WBEM_S_INITIALIZED; the sink hears of success only. One that fails
-    /// changes nothing.
+    /// Stores the namespace pointer and name; ignores all other arguments except the context.
+    /// Impersonates. Also returns WBEM_E_INVALID_PARAMETER for a null namespace, WBEM_E_FAILED if
+    /// the system has no path parser, WBEM_E_OUT_OF_MEMORY, or the sink's answer to
+    /// WBEM_S_INITIALIZED. Calls the sink only on success. A failed call changes nothing.
     STDMETHODIMP Initialize(LPWSTR user, LONG flags, LPWSTR nameSpace, LPWSTR locale,
                             IWbemServices* services, IWbemContext* context,
                             IWbemProviderInitSink* initSink) override;
 
-    /// Indicates the instance that the path names, with all its properties. Impersonates. Gives the
-    /// path parser's status for a path that it refuses, the namespace's for a class that it does
-    /// not give, WBEM_E_NOT_FOUND when there is no such instance, the definition's when it spawns
-    /// none: a get that fails reaches no sink. Otherwise completes the sink with its own answer to
-    /// the instance, and gives what it answers to that.
+    /// Delivers the named instance with all properties. Impersonates. Returns the path parser's
+    /// status for a refused path, the namespace's failure to return the class, WBEM_E_NOT_FOUND for
+    /// a missing instance, or the failure of the spawn; the sink is then not called. Otherwise
+    /// passes the sink's answer to the instance to SetStatus and returns the result of SetStatus.
     STDMETHODIMP GetObjectAsync(const BSTR objectPath, long flags, IWbemContext* context,
                                 IWbemObjectSink* responseSink) override;
-    /// Indicates every instance of the class, each on its own. Impersonates. Gives WBEM_E_FAILED,
-    /// and the sink hears no end, when the namespace does not give the class or an instance has no
-    /// properties. Otherwise completes the sink, with its answer to the last instance (success
-    /// without one) or with the status of the instance that could not be spawned, and gives what it
-    /// answers to that.
+    /// Delivers each instance of the class separately. Impersonates. Returns WBEM_E_FAILED without
+    /// SetStatus if the class cannot be fetched or an instance has no properties. Otherwise passes
+    /// the sink's answer to the last instance (success if there is none), or the failure of a
+    /// spawn, to SetStatus and returns the result of SetStatus.
     STDMETHODIMP CreateInstanceEnumAsync(const BSTR className, long flags, IWbemContext* context,
                                          IWbemObjectSink* responseSink) override;
-    /// Refused with WBEM_E_NOT_SUPPORTED: the management service enumerates and filters by itself.
-    /// Impersonates; does not look at the sink.
+    /// Returns WBEM_E_NOT_SUPPORTED: the management service enumerates and filters by itself.
+    /// Impersonates; ignores the sink.
     STDMETHODIMP ExecQueryAsync(const BSTR queryLanguage, const BSTR query, long flags,
                                 IWbemContext* context, IWbemObjectSink* responseSink) override;
-    /// Refused with WBEM_E_PROVIDER_NOT_CAPABLE at once, as is DeleteInstanceAsync: nobody is
-    /// impersonated, the sink hears nothing.
+    /// Returns WBEM_E_PROVIDER_NOT_CAPABLE at once, as does DeleteInstanceAsync; neither
+    /// impersonates nor calls the sink.
     STDMETHODIMP PutInstanceAsync(IWbemClassObject* instance, long flags, IWbemContext* context,
                                   IWbemObjectSink* responseSink) override;
     STDMETHODIMP DeleteInstanceAsync(const BSTR objectPath, long flags, IWbemContext* context,
@@ -83,9 +80,9 @@ private:
     windows::ComPtr<IWbemServices> services_;
     windows::ComPtr<IClassFactory> pathParsers_;
     struct Support;
-    /// What the initialisation came with; outlives this object, on purpose.
+    /// The namespace and context of Initialize; outlives this object, on purpose.
     Support* support_ = nullptr;
-    /// \\server\namespace:, before every reference.
+    /// \\server\namespace:, the prefix of every reference.
     std::wstring namespacePrefix_;
 };
 

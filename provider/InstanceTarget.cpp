@@ -21,7 +21,7 @@ using windows::Variant;
 // The platform's usual true is -1; this one is 1, on purpose.
 constexpr VARIANT_BOOL publishedTrue = 1;
 
-/// A new array of `count` elements, owned by the variant.
+/// Creates an array of `count` elements, which the variant owns.
 SAFEARRAY* MakeArray(VARTYPE elementType, std::size_t count, VARIANT& out) {
     SAFEARRAY* array = SafeArrayCreateVector(elementType, 0, static_cast<ULONG>(count));
     if (array == nullptr) {

@@ -10,17 +10,17 @@
 
 namespace qv::provider {
 
-/// Stores the typed value of a record's entry. A reference is `namespacePrefix`
-/// (\\server\namespace:), as it stands, and the entry's text. An array without elements is VT_NULL.
-/// Returns WBEM_E_INVALID_CIM_TYPE for a type that is not published. Raises RequestError with
-/// Status::outOfMemory when there is no room.
+/// Converts the typed value of a record's entry. A reference becomes `namespacePrefix`
+/// (\\server\namespace:), unchanged, followed by the entry's text. An array without elements
+/// becomes VT_NULL. Returns WBEM_E_INVALID_CIM_TYPE for a type that is not published. Throws
+/// RequestError with Status::outOfMemory if memory runs out.
 HRESULT ToVariant(const PropertyEntry& entry, std::wstring_view namespacePrefix,
                   windows::Variant& value);
 
-/// An instance of the management service. Each operation raises as ToVariant does.
+/// An instance of the management service. Each operation throws as ToVariant does.
 class InstanceTarget final : public PropertyTarget {
 public:
-    /// Both outlive the object.
+    /// Both must outlive the object.
     InstanceTarget(IWbemClassObject& instance, std::wstring_view namespacePrefix)
         : instance_(instance), namespacePrefix_(namespacePrefix) {}
 

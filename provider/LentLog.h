@@ -10,17 +10,18 @@
 
 namespace qv::provider {
 
-/// The legacy log as a provider object opens it when it is made. Null without memory: its lines are
-/// lost then.
+/// Opens the legacy log of a new provider object. Returns null if memory runs out: its lines are
+/// then lost.
 std::shared_ptr<const LegacyLog> OpenLegacyLog(std::string_view prefix);
 
-/// A log that a provider object lends when it is initialised: its legacy log, under the level that
-/// the common log has then. Silent before.
+/// The legacy log of the provider object that was initialised last, at the common log's level of
+/// that moment. Silent before.
 class LentLog : public platform::LogPort {
 public:
-    /// `guard`, which outlives the object, is held for a copy at a time. Monitor threads, which may
-    /// be ended at any point, write to a log like this: the guard, not an atomic pointer with a
-    /// lock of its own, keeps what they hold from staying locked.
+    /// `guard` must outlive the object; it is held only while a pointer is copied. Monitor threads,
+    /// which may be terminated at any point, write to such a log. MonitorThreads holds this guard
+    /// while it stops them, so a terminated thread never leaves it locked; the lock inside an
+    /// atomic pointer would be out of its reach.
     explicit LentLog(std::mutex& guard) : guard_(guard) {}
 
     void Attach(std::shared_ptr<const LegacyLog> log, LogLevel level);

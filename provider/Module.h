@@ -6,8 +6,7 @@
 
 namespace qv::provider {
 
-/// Keeps the library loaded while it lives: a member of every object that the library hands out,
-/// held by each server lock.
+/// Keeps the library loaded. Every object that the library creates has one.
 class ModuleReference {
 public:
     ModuleReference();
@@ -16,17 +15,17 @@ public:
     ~ModuleReference();
 };
 
-/// Keeps the library in use and mapped while it lives, even where its user frees it early: for a
-/// thread that the library starts.
+/// Keeps the library in use and mapped, even if its user frees it early: for a thread that the
+/// library starts.
 class LibraryUse {
 public:
     LibraryUse();
     LibraryUse(const LibraryUse&) = delete;
     LibraryUse& operator=(const LibraryUse&) = delete;
-    /// Never on the thread itself: it could return into a library that is gone.
+    /// Must not run on the thread itself: the code to return to could be unloaded.
     ~LibraryUse();
 
-    /// Leaves it to the caller to let the library go: a thread does so with
+    /// Leaves the loader's reference to the caller: a thread drops it with
     /// FreeLibraryAndExitThread.
     HMODULE Detach() { return std::exchange(mapped_, nullptr); }
 
@@ -38,7 +37,7 @@ private:
 /// Counts IClassFactory::LockServer calls.
 void LockModule(bool lock);
 
-/// Whether an object, a lock or a thread still needs the library.
+/// Returns whether an object, a server lock or a thread still needs the library.
 bool IsModuleInUse();
 
 /// The library's own instance handle, set when the library is loaded.

@@ -17,15 +17,14 @@ namespace {
 
 constexpr DWORD pause = static_cast<DWORD>(CSATAHBA_EVENTS::interval.count());
 
-/// How long, in milliseconds, the end of all threads is waited for.
+/// How long, in milliseconds, EndAll waits for the end of all threads.
 constexpr DWORD longestEnd = 5000;
 
-/// How long, in milliseconds, a thread in a cycle is given to come to rest, and how often that is
-/// looked at.
+/// How long, in milliseconds, EndAll waits for the threads' cycles to end, and how often it checks.
 constexpr DWORD usualCycle = 500;
 constexpr DWORD look = 10;
 
-/// Keeps every other thread out of a heap while it lives.
+/// Locks a heap while it lives.
 class HeldHeap {
 public:
     explicit HeldHeap(HANDLE heap) : heap_(heap), held_(HeapLock(heap)) {}
@@ -42,8 +41,7 @@ private:
     BOOL held_;
 };
 
-/// Keeps other threads from being in the middle of starting, of ending, or of loading a library
-/// while it lives.
+/// While it lives, no other thread is in the middle of starting, ending or loading a library.
 class HeldLoader {
 public:
     HeldLoader()
@@ -57,7 +55,7 @@ public:
     }
 
 private:
-    // No import library has them.
+    // These are in no import library.
     template <typename Function>
     static Function Find(const char* name) {
         return reinterpret_cast<Function>(
@@ -72,8 +70,8 @@ private:
     bool held_;
 };
 
-/// Stops a thread. The request alone lets it run on for a moment; its registers can be read only
-/// when it has stopped.
+/// Suspends a thread. After the request alone the thread runs on for a moment; its registers can be
+/// read only when it has stopped.
 void Stop(HANDLE thread) {
     SuspendThread(thread);
     CONTEXT registers{};
@@ -81,8 +79,8 @@ void Stop(HANDLE thread) {
     GetThreadContext(thread, &registers);
 }
 
-/// A pointer of each thread's own. Unlike a thread_local variable it takes no memory, and no lock
-/// that an ended thread could leave locked.
+/// A pointer per thread. Unlike a thread_local variable it allocates no memory and takes no lock
+/// that a terminated thread could leave locked.
 class ThreadPointer {
 public:
     ThreadPointer() : index_(TlsAlloc()) {}
@@ -90,7 +88,7 @@ public:
     ThreadPointer& operator=(const ThreadPointer&) = delete;
     ~ThreadPointer() { TlsFree(index_); }
 
-    /// False when the system has no room for it.
+    /// False if the system has no slot left.
     bool Set(void* value) const { return TlsSetValue(index_, value) != FALSE; }
     /// Null until the thread sets it.
     void* Get() const { return TlsGetValue(index_); }
@@ -108,7 +106,7 @@ struct MonitorThreads::Thread {
     LibraryUse library{};
     windows::KernelHandle handle{};
     std::atomic<bool> resting = false;  ///< between two cycles
-    bool leaving = false;               ///< nobody ends it, the record is its own
+    bool leaving = false;               ///< exits by itself and owns this record
     EventDelivery inFlight{};
 };
 
@@ -121,14 +119,14 @@ MonitorThreads::~MonitorThreads() = default;
 DWORD WINAPI MonitorThreads::Run(void* parameter) {
     auto* const thread = static_cast<Thread*>(parameter);
     if (!ownThread.Set(thread)) {
-        return 0;  // as if the system had refused it
+        return 0;  // as if the system had refused the thread
     }
     CoInitializeEx(nullptr, COINIT_MULTITHREADED);
     for (;;) {
         try {
             thread->monitor.RunCycle();
         } catch (const std::exception&) {
-            // Without memory the cycle is cut short; the next one begins anew.
+            // If memory runs out, the cycle is cut short; the next one starts anew.
         }
         if (thread->leaving) {
             break;
@@ -158,7 +156,7 @@ void MonitorThreads::StartOne() {
 void MonitorThreads::EndAll() noexcept {
     LetOwnThreadGo();
     AwaitRest();
-    // The end of one hands the inventory's named lock to another: none may go on by then.
+    // Terminating one passes the inventory's named lock to another, which must not run by then.
     StopAll();
     for (const auto& thread : threads_) {
         TerminateThread(thread->handle.Get(), 0);
@@ -170,7 +168,7 @@ EventDelivery& MonitorThreads::InFlight() {
     return static_cast<Thread*>(ownThread.Get())->inFlight;
 }
 
-/// Called inside a pass of the own thread, which leaves at its end.
+/// Called inside a cycle of the calling thread, which exits at the cycle's end.
 void MonitorThreads::LetOwnThreadGo() noexcept {
     const auto own = std::ranges::find(threads_, ownThread.Get(),
                                        [](const auto& thread) -> void* { return thread.get(); });
@@ -180,7 +178,7 @@ void MonitorThreads::LetOwnThreadGo() noexcept {
     }
 }
 
-/// A thread that leaves its rest meanwhile comes as far as the lock of the inventory.
+/// A thread that starts a cycle meanwhile gets no further than the inventory's lock.
 void MonitorThreads::AwaitRest() const {
     const auto rests = [](const auto& thread) { return thread->resting.load(); };
     for (DWORD waited = 0; waited < usualCycle && !std::ranges::all_of(threads_, rests);
@@ -190,7 +188,7 @@ void MonitorThreads::AwaitRest() const {
 }
 
 void MonitorThreads::StopAll() const {
-    // From the outside in: who has one of these locks may want a later one, never an earlier.
+    // In this order: the owner of one of these locks may want a later one, never an earlier one.
     const auto inventory = inventory_.HoldMembers();
     const std::lock_guard held(guard_);
     const HeldLoader loader;

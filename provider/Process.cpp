@@ -15,15 +15,15 @@
 namespace qv::provider {
 namespace {
 
-/// Everything that the provider objects of the process share, there from the loading of the library
-/// to its unloading and made, in this order, under the loader lock: the constructors do no more
-/// than bookkeeping.
+/// Everything that the process's provider objects share. It exists from the loading of the library
+/// to its unloading and is created, in this order, under the loader lock: the constructors do only
+/// bookkeeping.
 struct Process {
     ProviderLog log{L"QVWMISATA"};
 
-    /// Guards what the monitor's threads read of the provider objects. Held for a few copies at a
-    /// time; a std::mutex, which is locked for ever when a thread dies inside it, does because
-    /// whoever ends such a thread holds it while it stops the thread.
+    /// Guards what the monitor threads read of the provider objects. Held only while a few
+    /// references are copied. A std::mutex, which stays locked if its owner dies, is enough:
+    /// MonitorThreads holds it while it suspends a thread that it terminates.
     std::mutex guard;
 
     windows::WmiQueryPort service;

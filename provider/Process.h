@@ -6,8 +6,7 @@
 
 namespace qv::provider {
 
-// New provider objects, each made of what the process has one of; null without memory. Not to be
-// called under the loader lock.
+// Return a new provider object, or null if memory runs out. Not under the loader lock.
 
 windows::ComPtr<CQVWMISATA_InstProv> MakeInstanceProvider();
 windows::ComPtr<CQVWMISATA_EventProv> MakeEventProvider();

@@ -108,7 +108,7 @@ HRESULT RegisterLibrary() {
 }
 
 HRESULT UnregisterLibrary() {
-    // Tells the platform; the tree goes in any case, also where only parts of it were left.
+    // Informs the platform; the tree is removed in any case, also if only parts of it are left.
     UnRegisterTypeLib(typeLibraryId, 1, 0, LOCALE_NEUTRAL, SYS_WIN64);
     const bool typeLibraryGone = RemoveTree(std::wstring(L"TypeLib\\") + typeLibraryText);
     bool classesGone = RemoveTree(std::wstring(L"AppID\\") + applicationId);

@@ -7,11 +7,11 @@ namespace qv::provider {
 // Self-registration of both classes, their program IDs, the application ID and the type library
 // under HKLM\SOFTWARE\Classes, where the management service's host looks.
 
-/// Registers; what was written is removed again when a step fails. Gives SELFREG_E_CLASS or
-/// SELFREG_E_TYPELIB then.
+/// Registers the library; undoes everything if a step fails and returns SELFREG_E_CLASS or
+/// SELFREG_E_TYPELIB.
 HRESULT RegisterLibrary();
 
-/// Removes all that RegisterLibrary writes; what is not there counts as removed.
+/// Removes all entries; missing ones are skipped.
 HRESULT UnregisterLibrary();
 
 }  // namespace qv::provider

@@ -16,7 +16,7 @@ enum class PropertyType : std::uint32_t {
     integer = 9,       ///< the same as int32
     text = 10,         ///< the same as string
     boolean = 11,      ///< true exactly for the text "TRUE" in any letter case
-    reference = 14,    ///< relative object path; published behind the namespace path prefix
+    reference = 14,    ///< relative object path; published after the namespace path prefix
     string = 16,       ///< string
     stringArray = 17,  ///< texts joined by listSeparator
     int32Array = 19,   ///< decimal numbers joined by listSeparator
@@ -26,7 +26,7 @@ enum class PropertyType : std::uint32_t {
 /// The separator between the elements in the text of an array value.
 inline constexpr std::string_view listSeparator = "*-*";
 
-/// One property as it was put. The value is text for every type, numbers in decimal.
+/// One property as it was put. The value is text for every type; numbers are decimal.
 struct PropertyEntry {
     std::string name;
     std::string value;

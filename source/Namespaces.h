@@ -6,11 +6,11 @@ namespace qv {
 
 // The namespaces of the management service.
 
-/// Where the operating system describes the host.
+/// The operating system's description of the host.
 inline constexpr std::string_view cimNamespace = R"(root\CIMv2)";
-/// Where its drivers do.
+/// The operating system's drivers.
 inline constexpr std::string_view wmiNamespace = R"(root\wmi)";
-/// The provider's own, which other providers of the family publish in too.
+/// The provider's own namespace, in which other providers of the family publish too.
 inline constexpr std::string_view providerNamespace = R"(root\QVQ)";
 
 }  // namespace qv

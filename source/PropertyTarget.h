@@ -12,12 +12,12 @@ class PropertyTarget {
 public:
     virtual ~PropertyTarget() = default;
 
-    /// Puts the typed value of a record's entry (ToTypedValue), a reference behind the prefix of
-    /// the instance's namespace. Returns why the entry was not taken: Status::invalidCimType for a
-    /// type that is not published, else the instance's own answer.
+    /// Puts the typed value of a record's entry (ToTypedValue); a reference is put after the prefix
+    /// of the instance's namespace. Returns why the entry was refused: Status::invalidCimType for a
+    /// type that is not published, otherwise the instance's own status.
     virtual Status Put(const PropertyEntry& property) = 0;
 
-    /// The same of a text that no record holds and no code page narrows.
+    /// Puts a wide text without converting it to the code page.
     virtual Status PutWideText(std::string_view name, std::wstring_view text) = 0;
 };
 

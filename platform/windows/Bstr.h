@@ -16,7 +16,7 @@ class Bstr {
 public:
     Bstr() = default;
 
-    /// A copy of the text. Raises RequestError with Status::outOfMemory when there is no room.
+    /// Copies the text. Throws RequestError with Status::outOfMemory if memory runs out.
     explicit Bstr(std::wstring_view text)
         : text_(SysAllocStringLen(text.data(), static_cast<UINT>(text.size()))) {
         if (text_ == nullptr) {
@@ -35,18 +35,18 @@ public:
 
     BSTR Get() const { return text_; }
 
-    /// For an out parameter; what was held is freed.
+    /// For an out parameter; frees the current string.
     BSTR* Receive() {
         SysFreeString(Detach());
         return &text_;
     }
 
-    /// Hands the string over to the caller.
+    /// Passes the string to the caller, who frees it.
     BSTR Detach() { return std::exchange(text_, nullptr); }
 
     std::wstring_view View() const { return ViewOf(text_); }
 
-    /// The characters of a system string, which may be null: a null is an empty text.
+    /// Returns the characters of a system string; none for null.
     static std::wstring_view ViewOf(BSTR text) { return {text, SysStringLen(text)}; }
 
 private:

@@ -13,8 +13,8 @@ namespace qv::windows {
 
 using Microsoft::WRL::ComPtr;
 
-/// Base of every COM object: counts references, from any thread, and answers QueryInterface with
-/// the interfaces listed; the first of them is the object's identity. Created by MakeObject.
+/// Base of every COM object. Counts references, on any thread, and answers QueryInterface for the
+/// listed interfaces; the first one is the object's identity. MakeObject creates it.
 template <typename... Interfaces>
 class ComObject : public Interfaces... {
 public:
@@ -60,7 +60,7 @@ private:
 };
 
 /// Takes over the caller's reference to an object, which may be null. ComPtr::Attach does not: the
-/// toolchain's adds a reference of its own.
+/// toolchain's version adds a reference.
 template <typename T>
 ComPtr<T> Adopt(T* object) {
     ComPtr<T> owner;
@@ -68,7 +68,7 @@ ComPtr<T> Adopt(T* object) {
     return owner;
 }
 
-/// A new object with one reference, held by the result.
+/// Creates an object with one reference, which the result holds.
 template <typename T, typename... Arguments>
 ComPtr<T> MakeObject(Arguments&&... arguments) {
     return Adopt(new T(std::forward<Arguments>(arguments)...));

@@ -6,17 +6,17 @@
 
 namespace qv::windows {
 
-/// What a file handle is when there is no file: CreateFileW and FindFirstFileW answer it.
+/// The null value of file handles (CreateFileW, FindFirstFileW).
 struct NoFile {
     static HANDLE Value() { return INVALID_HANDLE_VALUE; }
 };
 
-/// What a kernel object's handle is when there is no object: CreateMutexW and its like answer it.
+/// The null value of kernel object handles (CreateMutexW).
 struct NoObject {
     static constexpr HANDLE Value() { return nullptr; }
 };
 
-/// Owns a handle and closes it. `Nothing` names the value that stands for no handle.
+/// Owns a handle and closes it. `Nothing` defines the null value.
 template <typename Nothing>
 class OwnedHandle {
 public:
@@ -44,10 +44,10 @@ public:
         }
     }
 
-    /// Gives the handle up: the caller closes it.
+    /// Passes the handle to the caller, who closes it.
     HANDLE Release() { return std::exchange(handle_, Nothing::Value()); }
 
-    /// For an out parameter; what was held is closed.
+    /// For an out parameter; closes the current handle.
     HANDLE* Receive() {
         Reset();
         return &handle_;
@@ -61,8 +61,8 @@ using FileHandle = OwnedHandle<NoFile>;
 /// Threads, events, mutexes, tokens.
 using KernelHandle = OwnedHandle<NoObject>;
 
-/// Holds a mutex from construction, which waits for it without a time limit, to destruction. A
-/// mutex whose owner died counts as acquired. Belongs to the thread that made it.
+/// Holds a mutex while it lives. The constructor waits without a time limit; a mutex whose owner
+/// died counts as acquired. It belongs to the thread that created it.
 class HeldMutex {
 public:
     explicit HeldMutex(HANDLE mutex) : mutex_(mutex) {
@@ -79,7 +79,7 @@ public:
         }
     }
 
-    /// 0 when the mutex is held, otherwise the system error code of the wait.
+    /// 0 if the mutex is held, otherwise the system error code of the wait.
     DWORD Error() const { return error_; }
 
 private:

@@ -5,12 +5,12 @@
 
 namespace qv::windows {
 
-/// A lock that is a named mutex of the system. A mutex whose owner's thread was ended counts as
-/// acquired, and so does one that the system has no room for.
+/// A lock that is a named system mutex. A mutex whose owner thread was terminated counts as
+/// acquired, and so does one for which the system has no resources.
 class KernelMutex : public platform::NamedLock {
 public:
-    /// Creates the mutex or opens the one of that name, without owning it. A mutex of that name
-    /// that is denied to this process is replaced by one of the process's own.
+    /// Creates the mutex, or opens the one of that name, without owning it. If this process is
+    /// denied access to it, uses a private mutex instead.
     explicit KernelMutex(const wchar_t* name);
 
     bool TryAcquireFor(std::chrono::milliseconds limit) override;

@@ -8,7 +8,8 @@
 namespace qv::windows {
 namespace {
 
-// The parser's success does not say that a text fitted: a buffer that stays as it was is empty.
+// The parser may report success for a text that does not fit: the buffer is then unchanged, that
+// is, empty.
 using TextBuffer = std::array<wchar_t, 1000>;
 
 }  // namespace
@@ -30,7 +31,7 @@ HRESULT ParsePath(IClassFactory& parsers, LPCWSTR objectPath, PathTexts& texts) 
         return status;
     }
     if (length > relative.size()) {
-        // An empty text in its place would ask for every instance of the class.
+        // An empty text would request every instance of the class.
         return Hr(WBEM_E_BUFFER_TOO_SMALL);
     }
     TextBuffer className{};

@@ -10,7 +10,7 @@ bool IsText(DWORD type) {
     return type == REG_SZ || type == REG_EXPAND_SZ;
 }
 
-/// Stored text need not be terminated, nor be a whole number of characters.
+/// Stored text may lack a terminator, and its size may be no whole number of characters.
 std::wstring TextOf(std::wstring stored, DWORD bytes) {
     stored.resize(bytes / sizeof(wchar_t));
     stored.resize(std::min(stored.find(L'\0'), stored.size()));
@@ -45,7 +45,7 @@ LSTATUS RegistryKey::ReadText(const wchar_t* name, std::wstring& text) const {
     DWORD bytes = 0;
     LSTATUS status = RegQueryValueExW(key_, name, nullptr, &type, nullptr, &bytes);
     std::wstring stored;
-    // Repeated only while another process makes the value longer between the two questions.
+    // Repeats only if another process makes the value longer between the two calls.
     do {
         if (status == ERROR_SUCCESS && !IsText(type)) {
             return ERROR_INVALID_DATATYPE;

@@ -10,7 +10,7 @@ public:
     std::int64_t SecondsSince1970() const override;
     platform::LocalTime Local() const override;
 
-    /// The zone as the system has it; in standard time when the system does not know the season.
+    /// Returns the system's time zone, in standard time if the system does not know the season.
     platform::TimeZone Zone() const override;
 };
 

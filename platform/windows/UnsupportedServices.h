@@ -7,8 +7,8 @@
 
 namespace qv::windows {
 
-/// An IWbemServices of which every operation answers WBEM_E_NOT_SUPPORTED; a derived class
-/// overrides what it does. `Base` is the ComObject that lists IWbemServices.
+/// An IWbemServices whose operations all return WBEM_E_NOT_SUPPORTED; a derived class overrides
+/// those that it supports. `Base` is the ComObject that lists IWbemServices.
 template <typename Base>
 class UnsupportedServices : public Base {
     using Text = const BSTR;

@@ -6,8 +6,8 @@
 
 namespace qv::windows {
 
-/// Owns a VARIANT. Comparison and copying are left out: what they should mean for arrays and
-/// objects differs by use.
+/// Owns a VARIANT. It has no comparison and no copy: their meaning for arrays and objects depends
+/// on the use.
 class Variant {
 public:
     Variant() { VariantInit(&value_); }
@@ -17,10 +17,10 @@ public:
 
     const VARIANT& Get() const { return value_; }
 
-    /// For a call that takes a VARIANT it does not change.
+    /// For a call that takes a VARIANT without changing it.
     VARIANT* Pass() { return &value_; }
 
-    /// For an out parameter; what was held is cleared and the type is VT_EMPTY again.
+    /// For an out parameter; clears the current value to VT_EMPTY.
     VARIANT* Receive() {
         VariantClear(&value_);
         return &value_;

@@ -7,13 +7,13 @@
 
 namespace qv::windows {
 
-/// A code of the management service as the HRESULT that operations return; wbemcli.h has the codes
-/// as an unsigned enumeration.
+/// Returns a management service code as the HRESULT that operations return; wbemcli.h declares the
+/// codes as an unsigned enumeration.
 constexpr HRESULT Hr(WBEMSTATUS status) {
     return static_cast<HRESULT>(status);
 }
 
-/// The same code in both types.
+/// Returns the same code in the other type.
 constexpr HRESULT ToHresult(Status status) {
     return static_cast<HRESULT>(status);
 }
@@ -21,7 +21,7 @@ constexpr Status ToStatus(HRESULT result) {
     return static_cast<Status>(result);
 }
 
-/// Raises RequestError with the status of a call that failed.
+/// Throws RequestError with the status of a failed call.
 inline void ThrowIfFailed(HRESULT result) {
     if (FAILED(result)) {
         throw RequestError(ToStatus(result));

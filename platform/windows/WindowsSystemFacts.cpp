@@ -17,7 +17,7 @@
 namespace qv::windows {
 namespace {
 
-/// Winsock for as long as it lives.
+/// Keeps Winsock initialised while it lives.
 class WinsockSession {
 public:
     WinsockSession() {
@@ -58,7 +58,7 @@ void AppendAddresses(const IP_ADAPTER_ADDRESSES& adapter, std::vector<std::strin
 }  // namespace
 
 platform::OsVersion WindowsSystemFacts::Version() const {
-    // The documented call answers with the version that the host program declares itself for.
+    // The documented call returns the version for which the host program declares support.
     using GetVersionCall = LONG(WINAPI*)(OSVERSIONINFOW*);
     const auto getVersion = reinterpret_cast<GetVersionCall>(
         reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "RtlGetVersion")));
@@ -80,7 +80,7 @@ Status WindowsSystemFacts::NetworkAddresses(std::vector<std::string>& addresses)
     if (measured != ERROR_BUFFER_OVERFLOW) {
         return Status::failed;
     }
-    // In whole adapters, for their alignment.
+    // Whole adapters, for their alignment.
     std::vector<IP_ADAPTER_ADDRESSES> buffer(size / sizeof(IP_ADAPTER_ADDRESSES) + 1);
     if (EnumerateAdapters(buffer.data(), size) != ERROR_SUCCESS) {
         return Status::failed;

@@ -9,8 +9,8 @@ class WindowsSystemFacts : public platform::SystemFacts {
 public:
     platform::OsVersion Version() const override;
 
-    /// An address that the system cannot write as text is left out. The adapters are enumerated
-    /// twice: for the size of the answer, and for the answer.
+    /// Leaves out an address that the system cannot convert to text. Enumerates the adapters twice:
+    /// for the size of the result, and for the result.
     Status NetworkAddresses(std::vector<std::string>& addresses) const override;
 
     Status NewGuid(std::string& guid) const override;

@@ -36,8 +36,8 @@ HRESULT Submit(IWbemServices& services, std::string_view query,
                               &results);
 }
 
-// A failure ends the reading and what was read counts; a time-out does not: a slow source is
-// waited for as long as it takes.
+// A failure ends the reading, and the rows read so far count. A timeout does not: the loop waits
+// for a slow source without a time limit.
 void ReadAll(IEnumWbemClassObject& results, platform::Rows& rows) {
     for (HRESULT status = Hr(WBEM_S_NO_ERROR); status != Hr(WBEM_S_FALSE);) {
         std::array<IWbemClassObject*, batchSize> batch{};
@@ -80,7 +80,7 @@ Status WmiQueryPort::RunWqlQuery(std::string_view nameSpace, std::string_view qu
     rows.clear();
     return error.status();
 } catch (const std::bad_alloc&) {
-    // A list that is cut short would pass for the whole: to the monitor, for disks that are gone.
+    // A truncated list would pass for a complete one: the monitor would report disks as gone.
     rows.clear();
     return Status::outOfMemory;
 }

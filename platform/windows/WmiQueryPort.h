@@ -4,9 +4,9 @@
 
 namespace qv::windows {
 
-/// Source rows from the management service. Every query connects anew through the administrative
-/// locator, so that it runs with the provider's own rights, not with those of the caller. The
-/// calling thread is initialised for COM.
+/// Source rows from the management service. Every query opens a connection of its own through the
+/// administrative locator, so that it runs with the provider's rights and not the caller's. The
+/// calling thread must be initialised for COM.
 class WmiQueryPort : public platform::QueryPort {
 public:
     Status RunWqlQuery(std::string_view nameSpace, std::string_view query,

@@ -11,8 +11,8 @@
 namespace qv::windows {
 namespace {
 
-/// The elements of an array of one dimension, locked while it lives. `Element` is what the array's
-/// type says.
+/// The elements of an array of one dimension, which is locked while this lives. `Element` must
+/// match the array's type.
 template <typename Element>
 class LockedArray {
 public:

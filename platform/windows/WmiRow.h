@@ -9,8 +9,8 @@
 
 namespace qv::windows {
 
-/// The core's value of a VARIANT as IWbemClassObject::Get delivers it. Text is converted to the
-/// ANSI code page.
+/// Converts a VARIANT from IWbemClassObject::Get to the core's value. Text is converted to the ANSI
+/// code page.
 platform::Value ToValue(const VARIANT& variant);
 
 /// An object of the management service as a source row.

@@ -32,8 +32,8 @@ consteval GUID ToGuid(std::wstring_view text) {
     return id;
 }
 
-// The class IDs that the library is known by. Those who load it know them too, and the MOF of the
-// providers and the type library name them.
+// The library's class IDs. Programs that load it use them; the providers' MOF and the type library
+// contain them.
 
 inline constexpr const wchar_t* instanceProviderText = L"{3F6A2C1E-5B7D-4E90-A1C3-7D2E9F4B8A06}";
 inline constexpr GUID instanceProviderId = ToGuid(instanceProviderText);

@@ -60,7 +60,7 @@ void AddSourceOptions(CLI::App& command, Options& options) {
         ->type_name("DIR");
     command
         .add_option("--installed", options.installedMof,
-                    "MOF of classes that the namespace has already, to try an installation on")
+                    "MOF files of existing classes; checks whether the installation would succeed")
         ->type_name("FILE");
 }
 

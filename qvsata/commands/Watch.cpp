@@ -41,7 +41,7 @@ void AddWatch(CLI::App& program) {
     };
     const auto arguments = std::make_shared<Arguments>();
     CLI::App* command = program.add_subcommand(
-        "watch", "announces disks that appear, change their status or go, until Ctrl+C");
+        "watch", "announces disks that appear, change status or disappear; stops at Ctrl+C");
     AddSourceOptions(*command, arguments->options);
     command
         ->add_option("--then", arguments->options.laterHosts,

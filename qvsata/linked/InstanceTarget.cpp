@@ -50,7 +50,7 @@ CimValue NumberOf(std::int32_t number, CimType type) {
                                    : std::int64_t{number};
 }
 
-/// Returns the number in a text, with blanks around it ignored; nothing for another text.
+/// Returns the number in a text, ignoring blanks around it; nothing for any other text.
 std::optional<std::int32_t> ParseInt32(std::string_view text) {
     const auto first = text.find_first_not_of(' ');
     if (first == std::string_view::npos) {
@@ -64,7 +64,7 @@ std::optional<std::int32_t> ParseInt32(std::string_view text) {
 }
 
 /// Converts a scalar by the rules of hosting/PutRules.h, as far as records need them; returns
-/// nothing for a value that the type does not take.
+/// nothing for a value that the type does not accept.
 struct ConvertScalar {
     CimType type;
 
@@ -100,7 +100,7 @@ struct ConvertScalar {
         if (type == CimType::uint8) {
             return std::int64_t{number};
         }
-        // A number is not widened.
+        // Numbers are not widened.
         return IsText(type) ? std::optional<CimValue>(std::to_string(number)) : std::nullopt;
     }
 
@@ -114,7 +114,7 @@ struct ConvertScalar {
     }
 };
 
-/// Converts an array in the same way; its elements are not converted.
+/// Converts an array in the same way, but not its elements.
 struct ConvertArray {
     CimType type;
 

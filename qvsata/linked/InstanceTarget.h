@@ -7,13 +7,14 @@
 
 namespace qv::service {
 
-/// A portable instance that is filled as the library fills one of the management service. Each put
-/// is recorded with its result: Status::notFound for a property that the class lacks,
-/// status::typeMismatch for a value that the property's type does not take. An entry of no
-/// published type is not put.
+/// A portable instance that is filled as the library fills an instance of the management service.
+/// Each put is recorded with its result: Status::notFound for a property that the class lacks,
+/// status::typeMismatch for a value that the property's type does not accept. An entry of an
+/// unpublished type is not put.
 class InstanceTarget final : public PropertyTarget {
 public:
-    /// Both outlive the object; `namespacePrefix` (\\server\namespace:) stands before references.
+    /// Both must outlive the object; `namespacePrefix` (\\server\namespace:) is put before
+    /// references.
     InstanceTarget(Instance& instance, std::string_view namespacePrefix)
         : instance_(instance), namespacePrefix_(namespacePrefix) {}
 

@@ -1,4 +1,4 @@
-// How associations are built from their endpoints, whatever the class.
+// The rules by which associations are built from their endpoints, whatever the class.
 #include <new>
 
 #include "catalogue/Catalogue.h"
@@ -15,7 +15,7 @@ const Request any{"QV_Any", mode::keysOnly, {}};
 
 class AssociationsTest : public testing::Test, protected AssociatedHost {
 protected:
-    // The pairs of disks and extents under a rule and a further condition.
+    // Returns the number of pairs of disks and extents under a rule and a further condition.
     std::size_t PairsOfDisksAndExtents(MatchRule rule, const FurtherCondition& condition) const {
         return api
             .BuildAssociationPairs(any, {"Antecedent", "QV_SATADiskDrive", "DeviceID"},
@@ -145,7 +145,7 @@ TEST_F(AssociationsTest, TakeAMissingKeyForAnEmptyOne) {
     ForgetHostName();
     // The host's Name and the disks' SystemName are both missing: equal.
     EXPECT_EQ(All("QV_WinComputerSystemSATADiskDrive").size(), 3U);
-    // Whatever it is compared with contains it.
+    // It is contained in every text.
     EXPECT_EQ(All("QV_SATAHostedCollection").size(), 1U);
 }
 
@@ -169,7 +169,7 @@ TEST_F(AssociationsTest, BuildTheSecondClassThoughTheFirstHasNoInstances) {
     EXPECT_EQ(host.asked, InCimv2({controllersQuery, controllersQuery}));
 }
 
-// The first query of the text raises.
+// The first query of the text throws.
 class RaisingHost : public ScriptedHost {
 public:
     Status RunWqlQuery(std::string_view nameSpace, std::string_view query,

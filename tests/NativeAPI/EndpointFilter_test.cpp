@@ -17,7 +17,7 @@ protected:
     std::size_t CountOf(std::string_view className, const EndpointFilter& endpoint) const {
         return Of(className, endpoint).size();
     }
-    // Whether the request is answered without a single query.
+    // Returns whether the request is answered without a query.
     bool IsRefused(std::string_view className, const EndpointFilter& endpoint) const {
         host.asked.clear();
         return Of(className, endpoint).empty() && host.asked.empty();

@@ -1,5 +1,5 @@
-// Pairs and triples of endpoints with generated keys, held against three nested loops that test
-// everything.
+// Pairs and triples of endpoints with generated keys, compared with three nested loops that test
+// every combination.
 #include "catalogue/Catalogue.h"
 #include "tests/support/AssociatedHost.h"
 #include "tests/support/GeneratedKeys.h"

@@ -6,7 +6,7 @@
 
 namespace qv {
 
-// Where GoogleTest looks for it.
+// In the namespace in which GoogleTest looks for it.
 void PrintTo(const GroupStatus& status, std::ostream* out) {
     *out << status.code << " " << status.text;
 }
@@ -75,7 +75,7 @@ TEST(GroupStatus, RepeatsThePreviousDiskForADiskWithoutCode) {
 TEST(GroupStatus, ARepeatedCodeIsAppliedAgain) {
     // Degraded after a failure is OK; degraded once more is degraded.
     EXPECT_EQ(Of({6, 3, none}), degraded);
-    // The repeated code is the unknown one, which changes nothing.
+    // The repeated code is the unknown one and changes nothing.
     EXPECT_EQ(Of({6, 0, none}), error);
 }
 

@@ -29,7 +29,7 @@ TEST_P(KeyPairingTest, FindsWhatTestingEveryPairFinds) {
             pairs += partners.size();
         }
     }
-    // The generator makes pairs of every kind: were there none, nothing would be compared.
+    // Checks that the generator makes pairs of every kind: otherwise nothing would be compared.
     EXPECT_EQ(pairs > 3000, GetParam() <= 10) << pairs;
 }
 

@@ -34,7 +34,7 @@ protected:
         return api.getQV_SATADiskDrive({"QV_SATADiskDrive", mode, path});
     }
 
-    // The one value of a property of the one disk built from a row.
+    // Returns the one value of a property of the one disk built from a row.
     std::string ValueOf(const Properties& row, std::string_view name) {
         const Values values = ValuesOf(Build({row}), name);
         EXPECT_EQ(values.size(), 1U) << name;

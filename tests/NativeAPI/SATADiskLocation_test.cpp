@@ -21,14 +21,14 @@ protected:
                      With(Controller(channelId), {{"Caption", "ATA Channel 0"}})});
     }
 
-    // The description of a disk on a controller with this device ID.
+    // Returns the description of a disk on a controller with this device ID.
     std::string DescriptionOn(const std::string& deviceId) {
         host.Answer(controllersQuery, {With(Controller(deviceId), {{"Caption", "C"}})});
         host.Answer(controllerLinksQuery, {ControllerLink(deviceId, diskId)});
         return ValuesOf(All(diskLocationClass), "Description").at(0);
     }
 
-    // The location tag of a disk with this plug-and-play device ID.
+    // Returns the location tag of a disk with this plug-and-play device ID.
     std::string TagOf(const std::string& pnpDeviceId) {
         host.Answer(disksQuery, {Disk(pnpDeviceId)});
         return ValuesOf(All(diskLocationClass), "ElementLocationTag").at(0);

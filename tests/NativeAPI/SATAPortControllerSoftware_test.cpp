@@ -16,7 +16,7 @@ constexpr const char* families[] = {"msahci", "pciide", "pciidex", "atapi"};
 
 class SATAPortControllerSoftwareTest : public testing::Test, public Builders {
 public:
-    // The one controller of the host is served by this driver.
+    // Sets the driver of the host's one controller.
     SATAPortControllerSoftwareTest& ServedBy(const std::string& driverName) {
         host.Answer(controllersQuery, {Controller(ahciId)});
         ServeWith(host, ahciId, driverName);

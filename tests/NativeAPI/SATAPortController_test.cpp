@@ -33,7 +33,7 @@ protected:
         return api.getQV_SATAPortController({"QV_SATAPortController", mode, path});
     }
 
-    // The one value of a property of the one controller built from a row.
+    // Returns the one value of a property of the one controller built from a row.
     std::string ValueOf(const Properties& row, std::string_view name) {
         const Values values = ValuesOf(Build({row}), name);
         EXPECT_EQ(values.size(), 1U) << name;

@@ -14,7 +14,7 @@ constexpr const char* storageCollectionClass = "QV_SATAStorageCollection";
 
 class SATAStorageCollectionTest : public testing::Test, public Builders {
 public:
-    // The host publishes disks with these OperationalStatus values.
+    // Makes the host publish disks with these OperationalStatus values.
     SATAStorageCollectionTest& WithDisks(std::vector<platform::Value> statuses) {
         std::vector<Properties> rows;
         for (platform::Value& status : statuses) {
@@ -24,7 +24,7 @@ public:
         return *this;
     }
 
-    // The code and the text of the group.
+    // Returns the code and the text of the group.
     Values Status() {
         const RecordList records = All(storageCollectionClass);
         return {ValuesOf(records, "GroupOperationalStatus").at(0),

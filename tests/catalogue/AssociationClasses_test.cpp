@@ -1,5 +1,4 @@
-// The instances of each association class on one host: which endpoints, in which order, under which
-// roles.
+// The instances of each association class on one host: endpoints, order and roles.
 #include "tests/support/AssociatedHost.h"
 
 namespace qv::test {
@@ -17,8 +16,8 @@ protected:
     const std::string target2Key = disk2Key + " connected to " + ahciKey;
     const PropertyEntry currentAndInstalled = Numbers("ElementSoftwareStatus", "2*-*6");
 
-    // A software class of a controller with what it belongs to. The identity of the channel's
-    // driver belongs to no controller.
+    // Returns the records that associate a controller's software class with its owner. The identity
+    // of the channel's driver belongs to no controller.
     RecordList OfSoftware(const std::string& association, const std::string& software) {
         return WithAdded(Associated(association, {"Antecedent", "Dependent"},
                                     {{SoftwarePath(software, ahciKey), ControllerPath(ahciKey)},

@@ -7,7 +7,7 @@
 namespace qv::test {
 namespace {
 
-// An association in a form that both tables have: its ends and rules in turn, then its property.
+// An association in a form that both tables share: its ends and rules in turn, then its property.
 using Parameters = std::vector<std::string>;
 
 std::string Printed(std::string_view role, std::string_view className, std::string_view key) {

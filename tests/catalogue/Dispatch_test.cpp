@@ -1,3 +1,4 @@
+// How a request selects a builder by class name and a record by key.
 #include <gtest/gtest.h>
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// What becomes of a request when memory runs out while a row of its source is read.
+// The result of a request when memory runs out while a row of its source is read.
 #include <gtest/gtest.h>
 
 #include <new>
@@ -11,11 +11,11 @@
 namespace qv::test {
 namespace {
 
-/// Which read of a property finds no memory.
+/// Selects the property read that finds no memory.
 struct ReadScript {
-    std::size_t failing = 0;  ///< its number, from 1 on
-    std::size_t run = 0;      ///< how many there were so far
-    std::string property;     ///< what it was to read; empty while it did not come
+    std::size_t failing = 0;  ///< its number, from 1
+    std::size_t run = 0;      ///< the number of reads so far
+    std::string property;     ///< the property that it reads; empty until then
 };
 
 class ScarceRow : public platform::Row {
@@ -39,7 +39,7 @@ private:
     ReadScript& script_;
 };
 
-/// The rows of another port, read by a script.
+/// Another port's rows, read under a script.
 class ScarcePort : public platform::QueryPort {
 public:
     ScarcePort(const platform::QueryPort& sound, ReadScript& script)
@@ -62,7 +62,7 @@ private:
 /// How a request ended.
 enum class End { sound, outOfMemory, standardException };
 
-// The source properties that are no texts.
+// The source properties that are not texts.
 const std::set<std::string> numbersAndFlags{
     "ProtocolSupported", "Capabilities",     "Index",      "Partitions",
     "SectorsPerTrack",   "BytesPerSector",   "TotalHeads", "TracksPerCylinder",

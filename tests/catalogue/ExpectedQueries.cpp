@@ -39,20 +39,20 @@ const std::map<std::string, std::string> noPosition{
     {"Description", "Standard ATA Disk Drive at ,"},
     {"ElementName", "Standard ATA Disk Drive at ,"}};
 
-// Most classes ask for the same whatever is wanted.
+// Most classes run the same queries whatever is requested.
 ExpectedQueries Always(const char* className, const std::string& keys, const Queries& queries,
                        const Failures& failures) {
     return {className, keys, queries, queries, queries, failures};
 }
 
-// The classes with a serial number ask for the media of each instance that is filled.
+// The classes with a serial number query the media of each instance that is filled.
 ExpectedQueries WithMedia(const char* className, const std::string& keys,
                           const std::set<std::string>& ofMedia) {
     return {className, keys,           {disks, media, media},
             {disks},   {disks, media}, {nothing, ExpectedFailure{true, ofMedia}}};
 }
 
-// The keys of the host and the class, in the order of most classes.
+// Returns the keys of the host and the class, in the order of most classes.
 std::string OnHost(const std::string& className) {
     return R"(SystemName="host.example.org",CreationClassName=")" + className +
            R"(",SystemCreationClassName="QV_WinComputerSystem")";

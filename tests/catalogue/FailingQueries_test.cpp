@@ -1,4 +1,4 @@
-// What each instance class gives when one of its queries fails, each query in turn.
+// What each instance class publishes if one of its queries fails, each query in turn.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -11,7 +11,7 @@
 namespace qv::test {
 namespace {
 
-/// Answers as another port does, but for one query that fails: the one with this number from 1 on.
+/// Answers as another port, except for the query of this number, from 1, which fails.
 class NthQueryFails : public platform::QueryPort {
 public:
     NthQueryFails(const platform::QueryPort& answers, std::size_t failing)
@@ -88,7 +88,7 @@ TEST_F(FailingQueriesTableTest, HasTheFailureOfEachQuery) {
     for (const ExpectedQueries& one : QueriesOfInstanceClasses()) {
         host.asked.clear();
         api.BuildInstances(one.className, mode::allProperties, {});
-        // The software classes ask for the devices of the channel too: one query without answer.
+        // The software classes also query the devices of the channel: one query is unanswered.
         EXPECT_EQ(one.failures.size(), host.asked.size()) << one.className;
     }
 }

@@ -1,4 +1,4 @@
-// Each property that a class publishes is a test of its own, named Class_Property.
+// Each published property of a class, in a test of its own named Class_Property.
 #include <gtest/gtest.h>
 
 #include <map>
@@ -10,7 +10,7 @@ namespace qv::test {
 namespace {
 
 struct PropertyRow {
-    std::string name;  // Class_Property, with the driver and the number of the put where needed
+    std::string name;  // Class_Property, with driver and number of the put if needed
     std::string className;
     std::string driver;
     std::size_t position;

@@ -1,5 +1,5 @@
-// Which queries each instance class runs, in which order, how often and in which namespace: for all
-// instances, for their keys and for the one with a path.
+// The queries of each instance class, their order, number and namespace: for all instances, for
+// their keys and for the instance with a path.
 #include <gtest/gtest.h>
 
 #include "tests/catalogue/ExpectedQueries.h"
@@ -9,7 +9,7 @@
 namespace qv::test {
 namespace {
 
-// A controller with a channel, a disk on either and a disk of another interface type.
+// A controller with a channel, a disk on each, and a disk of another interface type.
 class QueriesTest : public Builders, public testing::TestWithParam<ExpectedQueries> {
 protected:
     QueriesTest() {

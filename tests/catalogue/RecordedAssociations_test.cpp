@@ -1,4 +1,4 @@
-// The associations of the recorded hosts, held against counts of their source rows and against the
+// The associations of the recorded hosts, compared with counts of their source rows and with the
 // plain cross product of the endpoints.
 #include <gtest/gtest.h>
 
@@ -47,8 +47,8 @@ protected:
             std::ranges::count_if(texts, [&](const auto& text) { return Contains(text, part); }));
     }
 
-    // The devices with the other part that links name with a controller with the one part. A device
-    // can have several links.
+    // Returns the number of devices with `devicePart` that links connect to a controller with
+    // `controllerPart`. A device can have several links.
     std::size_t CountLinks(std::string_view controllerPart, std::string_view devicePart) const {
         std::set<std::string> devices;
         for (const auto& link : Rows("Win32_IDEControllerDevice")) {
@@ -61,7 +61,8 @@ protected:
         return devices.size();
     }
 
-    // The links of an IDE disk, by its plug-and-play ID, whose controller has the part.
+    // Returns the number of IDE disks, by plug-and-play ID, that are linked to a controller with
+    // the part.
     std::size_t CountLinkedDisks(std::string_view controllerPart) const {
         std::size_t count = 0;
         for (const auto& disk : Rows("Win32_DiskDrive")) {
@@ -77,7 +78,8 @@ protected:
         return count;
     }
 
-    // The software identities of a class that are those of a controller, not of a channel.
+    // Returns the number of software identities of a class that belong to a controller and not to a
+    // channel.
     std::size_t CountOfControllers(std::string_view className) const {
         const auto ids = ValuesOf(All(className), "InstanceID");
         return static_cast<std::size_t>(
@@ -113,7 +115,7 @@ protected:
         return counts;
     }
 
-    // The object paths that the records refer to, one list per record.
+    // Returns the object paths that the records refer to, one list per record.
     static std::vector<std::vector<std::string>> References(const RecordList& records) {
         std::vector<std::vector<std::string>> references;
         for (const InstanceRecord& record : records) {

@@ -13,7 +13,7 @@
 
 namespace qv::test {
 
-/// The system's facts as a test sets them.
+/// The system's facts, set by a test.
 class SystemStandIn : public platform::SystemFacts {
 public:
     platform::OsVersion Version() const override { return version; }
@@ -35,7 +35,7 @@ private:
     mutable int guids_ = 0;
 };
 
-/// An indication that keeps what is put on it, wide texts in UTF-8, and refuses one property.
+/// An indication that records its puts, wide texts in UTF-8, and refuses one property.
 class IndicationStandIn : public PropertyTarget {
 public:
     Status Put(const PropertyEntry& property) override {
@@ -57,7 +57,7 @@ public:
         return names;
     }
 
-    /// The value and the type of a property; an empty name marks one that was not put.
+    /// Returns the value and type of a property; with an empty name if it was not put.
     PropertyEntry Find(std::string_view name) const {
         const auto found = std::ranges::find(puts, name, &PropertyEntry::name);
         return found == puts.end() ? PropertyEntry{} : *found;
@@ -69,7 +69,7 @@ public:
     Status refusal = static_cast<Status>(0x80041002);
 };
 
-/// What is queried in root\QVQ of others; ScriptedHost answers nothing until a test says so.
+/// The queries in root\QVQ; ScriptedHost answers none until a test scripts it.
 inline const std::string packageLinks = "select * from QV_ComputerSystemPackage";
 inline const std::string firmwareLinks = "select * from QV_SystemROMElementFirmwareIdentity";
 inline const std::string softwareQuery = "select * from QV_SoftwareIdentity";

@@ -121,7 +121,7 @@ INSTANTIATE_TEST_SUITE_P(Alert, AlertIndicationOsTypeTest,
                              return name;
                          });
 
-/// A property that the indication refuses, and the last one that it still took.
+/// A property that the indication refuses, and the last one that it accepts before.
 struct Refusal {
     const char* refused;
     const char* lastPut;

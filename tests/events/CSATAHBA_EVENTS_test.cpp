@@ -9,7 +9,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-/// Keeps the events as "event device".
+/// Records the events as "event device".
 class ReceiverStandIn : public EventReceiver {
 public:
     explicit ReceiverStandIn(const LockStandIn& lock) : lock_(lock) {}
@@ -21,7 +21,7 @@ public:
         lockHeld = lockHeld || lock_.held;
     }
 
-    /// What came since the last call.
+    /// Returns the events since the last call.
     std::vector<std::string> Take() { return std::exchange(events, {}); }
 
     std::vector<std::string> events;
@@ -34,7 +34,7 @@ private:
 
 class CSATAHBA_EVENTSTest : public testing::Test {
 protected:
-    /// The first cycle finds nothing, and so do the events' receiver and the log.
+    /// Runs a first cycle without disks, which leaves no event and no log line.
     void SetUp() override {
         host.SetDisks({});
         monitor.RunCycle();
@@ -42,7 +42,7 @@ protected:
         host.asked.clear();
     }
 
-    /// The events of the next cycle, in which the host has these disks.
+    /// Returns the events of the next cycle, in which the host has these disks.
     std::vector<std::string> Cycle(
         const std::vector<std::pair<std::string, std::string>>& idsAndStatuses) {
         host.SetDisks(idsAndStatuses);
@@ -164,7 +164,7 @@ TEST_F(CSATAHBA_EVENTSTest, AreRaisedWithoutALineFromLevelFourOn) {
     EXPECT_THAT(host.log, IsEmpty());
 }
 
-/// Tells no time once: when it is asked first.
+/// Fails at the first request for the time.
 class StumblingClock : public ClockStandIn {
 public:
     platform::LocalTime Local() const override {
@@ -175,7 +175,7 @@ private:
     mutable bool stumbles_ = true;
 };
 
-/// Has no memory for its first line.
+/// Runs out of memory at its first line.
 class StumblingLog : public platform::LogPort {
 public:
     LogLevel Level() const override { return LogLevel::information; }
@@ -270,7 +270,7 @@ TEST_F(CSATAHBA_EVENTSTest, OfAPassOnItsOwnAreComparedWithThePreviousCycle) {
     host.SetDisks({{"A", "Error"}});
     EXPECT_EQ(monitor.EventThreadCheckforEvents(), 0);
     EXPECT_THAT(receiver.Take(), ElementsAre("603 A"));
-    // The previous list is as it was: only a cycle replaces it.
+    // The previous list is unchanged: only a cycle replaces it.
     EXPECT_EQ(monitor.EventThreadCheckforEvents(), 0);
     EXPECT_THAT(receiver.Take(), ElementsAre("603 A"));
 }

@@ -36,7 +36,7 @@ std::string EventOf(std::uint32_t oldStatus, std::uint32_t newStatus) {
     return events.empty() ? "" : events.front().first;
 }
 
-/// The table of transitions as it is agreed on with those who read the events, case by case.
+/// The table of transitions as agreed with the consumers of the events, case by case.
 std::string AgreedEvent(std::uint32_t oldStatus, std::uint32_t newStatus) {
     if (oldStatus == newStatus) {
         return "";
@@ -171,7 +171,7 @@ TEST(DiskChanges, FollowTheCurrentListAndThenThePreviousOne) {
                             std::pair("613", "Gone2"), std::pair("613", "Gone1")));
 }
 
-// The comparison entry by entry, as it is told above, without any shortcut.
+// The reference: compares entry by entry, without any shortcut.
 Events PlainEvents(const DiskList& current, DiskList& previous) {
     Events events;
     const auto find = [](DiskList& in, const std::string& id) {

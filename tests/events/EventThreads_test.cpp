@@ -1,4 +1,4 @@
-// Several threads at once on the one inventory, for the thread sanitizer.
+// Several threads at once on one inventory, for the thread sanitizer.
 #include <atomic>
 #include <mutex>
 #include <thread>
@@ -10,7 +10,7 @@
 namespace qv::test {
 namespace {
 
-/// Without the mutex's own timed wait, which this sanitizer does not know.
+/// A lock without a timed wait, which this sanitizer does not support.
 class MutexLock : public platform::NamedLock {
 public:
     bool TryAcquireFor(std::chrono::milliseconds limit) override {
@@ -29,8 +29,8 @@ private:
     std::mutex mutex_;
 };
 
-/// A host of fifty disks; the status of half of them changes with every look, and a few come and
-/// go.
+/// A host of fifty disks. At each poll the status of half of them changes, and a few appear or
+/// disappear.
 class RestlessHost : public platform::QueryPort, public platform::HostFacts {
 public:
     Status RunWqlQuery(std::string_view nameSpace, std::string_view,

@@ -14,14 +14,14 @@ std::filesystem::path GoldenFile(std::string_view name) {
     return source / "tests" / "golden" / (std::string(name) + ".txt");
 }
 
-/// Takes the first line off a text.
+/// Removes the first line of a text and returns it.
 std::string_view TakeLine(std::string_view& text) {
     const std::string_view line = text.substr(0, text.find('\n'));
     text.remove_prefix(std::min(line.size() + 1, text.size()));
     return line;
 }
 
-/// The recorded hosts of a folder, in the order of their names.
+/// Returns the recorded hosts of a folder, sorted by name.
 std::vector<std::filesystem::path> HostsIn(const std::filesystem::path& folder) {
     std::vector<std::filesystem::path> files;
     for (const auto& entry : std::filesystem::directory_iterator(folder)) {

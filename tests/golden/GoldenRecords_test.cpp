@@ -1,4 +1,4 @@
-// What the builders make of each recorded host is what its golden file holds.
+// The builders publish what each recorded host's golden file contains.
 #include <gtest/gtest.h>
 
 #include "catalogue/Classes.h"

@@ -7,14 +7,14 @@
 
 namespace qv::test {
 
-/// The type of VARIANT in which a value is published.
+/// Returns the VARIANT type in which a value is published.
 inline std::uint16_t VariantType(const TypedValue& value) {
     constexpr std::uint16_t array = 0x2000;
     constexpr std::uint16_t types[] = {1, 8, 8, 17, 3, 11, array | 8, array | 3};
     return types[value.index()];
 }
 
-/// A value as an instance holds it; `prefix`: the server and the namespace of references.
+/// Returns a value as an instance holds it; `prefix`: the server and the namespace of references.
 inline service::CimValue AsPublished(const TypedValue& value, const std::string& prefix) {
     using service::CimValue;
     struct Converter {
@@ -34,7 +34,7 @@ inline service::CimValue AsPublished(const TypedValue& value, const std::string&
     return std::visit(Converter{prefix}, value);
 }
 
-/// A record in the form in which its instance is published.
+/// Returns a record in the form of its published instance.
 inline PublishedInstance AsPublished(const InstanceRecord& record, const std::string& prefix) {
     PublishedInstance instance{record.className, {}};
     for (const PropertyEntry& entry : record.properties) {

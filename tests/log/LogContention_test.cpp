@@ -46,7 +46,7 @@ protected:
         return windows::KernelHandle(process.hProcess);
     }
 
-    /// Runs the writers to their end; none may have had a line refused.
+    /// Runs the writers to their end; fails if one had a line refused.
     void RunWriters() const {
         std::vector<windows::KernelHandle> processes;
         for (int writer = 0; writer < writers; ++writer) {
@@ -60,8 +60,8 @@ protected:
         }
     }
 
-    /// The line numbers of each writer, in the order of the file; lines that are not whole fail
-    /// the test.
+    /// Returns the line numbers of each writer, in the order of the file; incomplete lines fail the
+    /// test.
     std::map<int, std::vector<int>> NumbersIn(const std::vector<std::wstring>& lines) const {
         static const std::wregex whole(
             LR"(\d\d/\d\d/\d{4} \d\d:\d\d:\d\d\.\d{3} \[Information\] )"

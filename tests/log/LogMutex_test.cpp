@@ -15,7 +15,7 @@ constexpr auto name = L"Global\\QVLogMutexTest";
 
 using AceAndAccount = std::pair<BYTE, WELL_KNOWN_SID_TYPE>;
 
-/// The kinds of the mutex's access entries, in order, with the accounts that they are for.
+/// Returns the types of the mutex's access entries, in order, with their accounts.
 std::vector<AceAndAccount> AccessEntriesOf(HANDLE mutex) {
     PACL entries = nullptr;
     PSECURITY_DESCRIPTOR descriptor = nullptr;

@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::uint32_t invalidParameter = 87;
 
-/// The module is asked for as "mod" and its component as "comp".
+/// Reads the settings of the module "mod" and the component "comp".
 std::uint32_t Read(LogSettings& settings, FolderSetting folder = FolderSetting::read) {
     return ReadLogSettings(L"mod", L"comp", folder, settings);
 }

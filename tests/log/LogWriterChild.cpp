@@ -1,6 +1,6 @@
-// Writes numbered lines to a common log: log_writer_child REGISTRY MODULE WRITER LINES, where
-// REGISTRY is a key below HKEY_CURRENT_USER that stands in for the local machine's hive. Exits with
-// the number of lines that the log refused.
+// Writes numbered lines to a common log: log_writer_child REGISTRY MODULE WRITER LINES. REGISTRY is
+// a key below HKEY_CURRENT_USER that replaces HKEY_LOCAL_MACHINE. The exit code is the number of
+// lines that the log refused.
 
 #include <windows.h>
 

@@ -1,4 +1,4 @@
-// The factory, through the entry points that COM calls.
+// The class factory through the entry points that COM calls.
 #include "tests/provider/ProviderTest.h"
 
 namespace qv::test {

@@ -1,4 +1,4 @@
-// The check of the caller in front of each request operation, with real tokens.
+// The check of the caller before each request operation, with real tokens.
 #include <ostream>
 
 #include "tests/provider/ProviderTest.h"
@@ -60,7 +60,7 @@ INSTANTIATE_TEST_SUITE_P(
                                   windows::Hr(WBEM_E_NOT_SUPPORTED)}),
     [](const auto& row) { return std::string(row.param.name); });
 
-// The system opens no token of an anonymous caller.
+// The system cannot open the token of an anonymous caller.
 TEST_P(ClientImpersonationOf, ReturnsTheSystemErrorOfAnAnonymousCaller) {
     BeCalledBy(SecurityAnonymous);
     EXPECT_EQ(Call(), HRESULT_FROM_WIN32(ERROR_CANT_OPEN_ANONYMOUS));
@@ -134,7 +134,7 @@ TEST_P(ClientImpersonationOf, ReturnsTheSystemErrorOfATokenThatCannotBeRead) {
     ExpectNothingDone();
 }
 
-// What the library reads as the level of whatever token.
+// The level that the library reads from any token.
 DWORD levelRead = 0;
 
 BOOL WINAPI ReadLevel(HANDLE, TOKEN_INFORMATION_CLASS information, void* level, DWORD room,

@@ -1,4 +1,4 @@
-// What the monitor never hands over, and a delivery drops all the same.
+// Events that the monitor never delivers and a delivery drops.
 #include "provider/EventDelivery.h"
 
 #include <gmock/gmock.h>

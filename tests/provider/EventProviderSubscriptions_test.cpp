@@ -1,3 +1,4 @@
+// What a subscription starts and delivers: threads, polls and indications.
 #include "tests/provider/EventTest.h"
 
 namespace qv::test {
@@ -118,7 +119,7 @@ TEST_F(EventProviderSubscriptionsTest, GoesOnWhenTheSinkRejectsAnIndication) {
     EXPECT_THAT(sink->Events(), ElementsAre(L"600 A", L"600 B"));
 }
 
-/// Has no memory for the first indication.
+/// Runs out of memory at the first indication.
 class ExhaustedSink : public EventSink {
 public:
     STDMETHODIMP Indicate(long count, IWbemClassObject** indications) override {

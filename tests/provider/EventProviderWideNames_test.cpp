@@ -1,4 +1,4 @@
-// Names of the host that the process's code page, which has no Cyrillic letter, cannot hold.
+// Host names that the process's code page, which has no Cyrillic letter, cannot represent.
 #include "tests/provider/EventTest.h"
 #include "tests/support/windows/CyrillicComputerName.h"
 
@@ -14,7 +14,7 @@ protected:
                       {{{L"__SERVER", L"СЕРВЕР"}}});
     }
 
-    /// A property of the indication of a new disk.
+    /// Returns a property of the indication of a new disk.
     std::wstring Indicated(const std::wstring& name) {
         const CyrillicComputerName cyrillic(library.Module());
         Subscribe({{}, {{L"A"}}});
@@ -29,7 +29,7 @@ TEST_F(EventProviderWideNamesTest, AreWhatAnIndicationSaysOfItsSystem) {
     EXPECT_EQ(Indicated(L"SystemName"), L"сервер");
 }
 
-// The key of the disk is that of its record, which is narrow.
+// The disk's key is that of its record, which is narrow.
 TEST_F(EventProviderWideNamesTest, StandBeforeTheReferenceToTheDisk) {
     EXPECT_EQ(Indicated(L"AlertingManagedElement"),
               L"\\\\СЕРВЕР\\root\\QVQ:QV_SATADiskDrive.CreationClassName=\"QV_SATADiskDrive\","

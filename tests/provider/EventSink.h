@@ -11,7 +11,7 @@
 
 namespace qv::test {
 
-/// Where indications are delivered to.
+/// The sink of the indications.
 class EventSink : public SinkStandIn {
 public:
     Gate gate;  ///< each delivery passes it
@@ -22,7 +22,7 @@ public:
         return result;
     }
 
-    /// "event device" of each indication so far.
+    /// Returns "event device" for each indication so far.
     std::vector<std::wstring> Events() const {
         std::vector<std::wstring> events;
         for (const auto& indication : objects.All()) {
@@ -32,7 +32,7 @@ public:
         return events;
     }
 
-    /// Waits, at most ten seconds, until there are so many indications.
+    /// Waits at most ten seconds for `count` indications.
     bool HasReceived(std::size_t count) const {
         for (int turn = 0; turn < 1000 && ObjectCount() < count; ++turn) {
             Sleep(10);

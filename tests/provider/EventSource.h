@@ -21,10 +21,10 @@ struct DiskStandIn {
 };
 using Disks = std::vector<DiskStandIn>;
 
-/// The management service as the monitor asks it for disks, of which there are ten at most.
+/// The management service as the monitor queries it, with ten disks at most.
 class EventSource : public SourceStandIn {
 public:
-    /// The disks at one look after the other from now on, the last ones for good.
+    /// Sets the disks of the next polls; the last ones stay.
     void SetLooks(std::vector<Disks> looks) {
         const windows::HeldMutex held(mutex_.Get());
         looks_ = std::move(looks);
@@ -33,7 +33,7 @@ public:
 
     Gate gate;  ///< each query for disks passes it
 
-    /// How often the disks were looked at.
+    /// Returns the number of polls.
     std::size_t LookCount() const { return looked_; }
 
     QueryScript Find(const std::wstring& query) override {
@@ -65,7 +65,7 @@ private:
         return InOneBatch(std::move(rows));
     }
 
-    /// A kernel mutex: a thread may be ended by force while it holds it.
+    /// A kernel mutex: a thread may be terminated while it holds it.
     windows::KernelHandle mutex_{CreateMutexW(nullptr, FALSE, nullptr)};
     std::vector<Disks> looks_{{}};
     std::size_t firstLook_ = 0;

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 #include <wbemprov.h>
 #include <windows.h>
-// Behind windows.h, which it needs.
+// After windows.h, which it needs.
 #include <tlhelp32.h>
 
 #include <optional>
@@ -29,7 +29,7 @@ using ::testing::IsEmpty;
 using ::testing::SizeIs;
 using windows::ComPtr;
 
-/// How many threads the process has.
+/// Returns the number of threads of the process.
 inline int ThreadCount() {
     const windows::FileHandle snapshot(CreateToolhelp32Snapshot(TH32CS_SNAPTHREAD, 0));
     THREADENTRY32 entry{};
@@ -42,15 +42,15 @@ inline int ThreadCount() {
     return count;
 }
 
-/// How many references there are to an object that no other thread uses.
+/// Returns the number of references to an object that no other thread uses.
 inline ULONG ReferencesTo(IUnknown& object) {
     object.AddRef();
     return object.Release();
 }
 
-/// A fresh library between stand-ins for the management service, with log files and settings of its
-/// own. Whatever a test did, at its end no thread of the library is left, the thread of the test is
-/// its own, and the library could be unloaded.
+/// A fresh library between stand-ins for the management service, with its own log files and
+/// settings. Checks after each test that no thread of the library is left, that the test's thread
+/// has its own identity, and that the library could be unloaded.
 class EventTest : public ::testing::Test {
 protected:
     EventTest() { SendLogsTo(folder, *settings); }
@@ -87,26 +87,26 @@ protected:
         return events->ProvideEvents(to, 0);
     }
 
-    /// Initialised, and the machine's own hive is back, which tells the host's name.
+    /// Initialises the provider and restores the machine's own hive, which tells the host's name.
     void BeInitialised() {
         ASSERT_EQ(Initialize(), S_OK);
         settings.reset();
     }
 
-    /// An initialised provider whose first thread stands in its first cycle with these looks at the
-    /// disks: one for the subscription, then two for each cycle.
+    /// Subscribes through an initialised provider whose first thread is in its first cycle.
+    /// `looks`: the disks of each poll, one poll for the subscription, then two for each cycle.
     void Subscribe(std::vector<Disks> looks) {
         source.SetLooks(std::move(looks));
         BeInitialised();
         ASSERT_EQ(ProvideEvents(sink.Get()), S_OK);
     }
 
-    /// The lines of the common log so far, without their times.
+    /// Returns the lines of the common log so far, without their times.
     std::vector<std::wstring> Logged() const { return CommonLogLines(folder); }
     std::string LegacyLogged() const { return LegacyLogText(folder); }
 
     ScratchFolder folder;
-    /// What the library reads until it is initialised.
+    /// The library's settings until it is initialised.
     std::optional<ScratchRegistry> settings{std::in_place};
     FreshLibrary library;
     EventSource source;
@@ -120,7 +120,7 @@ protected:
     int threadsBefore = 0;
 };
 
-/// A line of the common log.
+/// Returns a line of the common log.
 inline std::wstring Line(const std::wstring& level, const std::wstring& operation,
                          const std::wstring& text) {
     return L"[" + level + L"] CQVWMISATA_EventProv::" + operation + L"| " + text;

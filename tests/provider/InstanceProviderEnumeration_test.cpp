@@ -1,4 +1,4 @@
-// CreateInstanceEnumAsync, on the class of controller locations where the class does not matter.
+// CreateInstanceEnumAsync; on the class of controller locations if the class does not matter.
 #include "tests/provider/ProviderTest.h"
 
 namespace qv::test {

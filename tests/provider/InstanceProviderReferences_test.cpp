@@ -1,4 +1,4 @@
-// References to other instances: what stands before them as published and as asked for.
+// References to other instances: their prefix as published and as requested.
 #include "tests/provider/ProviderTest.h"
 #include "tests/support/windows/CyrillicComputerName.h"
 
@@ -8,7 +8,7 @@ namespace {
 const std::wstring association = L"QV_SATAPortControllerPhysicalPackageSATAControllerLocation";
 const std::wstring key = LocationName(L"A");
 
-/// Both ends, with `quote` around their keys.
+/// Returns a path with both ends, with `quote` around their keys.
 std::wstring Package(const std::wstring& quote) {
     return L"QV_SATAPortControllerPhysicalPackage.CreationClassName=" + quote +
            L"QV_SATAPortControllerPhysicalPackage" + quote + L",Tag=" + quote + key + quote;

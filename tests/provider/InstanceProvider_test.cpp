@@ -131,7 +131,7 @@ TEST_F(InstanceProviderTest, LeavesTheProviderAsItWasWhenItFails) {
     EXPECT_THAT(nameSpace->gets.All(), ::testing::SizeIs(1));
 }
 
-// The next allocation of the library after it got the factory of path parsers fails.
+// Set: the library's next allocation after it got the factory of path parsers fails.
 bool memoryIsShort = false;
 
 HRESULT WINAPI GetFactoryAndBeShortOfMemory(REFCLSID classId, DWORD context, void* server,

@@ -64,7 +64,7 @@ INSTANTIATE_TEST_SUITE_P(
         Conversion{"Type8Negative", 8, "-12", VT_I4, L"-12"},
         Conversion{"Type9Largest", 9, "2147483647", VT_I4, L"2147483647"},
         Conversion{"Type9Empty", 9, "", VT_I4, L"0"},
-        // The stored true is 1, not the platform's -1.
+        // True is stored as 1, not as the platform's -1.
         Conversion{"Type11UpperCase", 11, "TRUE", VT_BOOL, L"1"},
         Conversion{"Type11LowerCase", 11, "true", VT_BOOL, L"1"},
         Conversion{"Type11Yes", 11, "yes", VT_BOOL, L"0"},

@@ -1,5 +1,5 @@
-// The line that a failed query leaves in the legacy log of the provider object that asked last to
-// be initialised.
+// The line of a failed query in the legacy log of the provider object whose initialisation was
+// requested last.
 #include "tests/provider/ProviderTest.h"
 #include "tests/support/windows/LogFiles.h"
 
@@ -8,7 +8,7 @@ namespace {
 
 class LentLogTest : public ProviderTest {
 protected:
-    /// A provider object made under these settings of the legacy log.
+    /// Creates a provider object under these settings of the legacy log.
     void MakeProvider(std::uint32_t level) {
         ScratchRegistry settings;
         SendLogsTo(folder, settings);

@@ -1,4 +1,4 @@
-// The library as a file: what it exports, needs and carries.
+// The library as a file: exports, imports and resources.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <objbase.h>
@@ -71,7 +71,7 @@ std::wstring HelpText(ITypeLib& types, INT index) {
     return std::wstring(text.View());
 }
 
-/// What a type of a library is; TKIND_MAX when the library lacks it.
+/// Returns the kind of a type in a library; TKIND_MAX if it is missing.
 TYPEKIND KindOf(ITypeLib& types, const CLSID& id) {
     ComPtr<ITypeInfo> info;
     TYPEATTR* attributes = nullptr;

@@ -12,7 +12,7 @@ namespace {
 
 std::optional<ScratchFolder> libraryLogFolder;
 
-/// The settings count when the library opens its log, at its first line.
+/// The library reads the settings when it opens its log, at the first line.
 class LibraryLogEnvironment : public ::testing::Environment {
 public:
     void SetUp() override {

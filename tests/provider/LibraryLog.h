@@ -11,7 +11,7 @@ class LibraryLog {
 public:
     static std::size_t LineCount();
 
-    /// The lines behind the first `from`, without their times.
+    /// Returns the lines after the first `from`, without their times.
     static std::vector<std::wstring> LinesFrom(std::size_t from);
 };
 

@@ -1,4 +1,4 @@
-// Ten thousand requests of all kinds on eight threads: what they leave behind.
+// What ten thousand requests of all kinds on eight threads leave behind.
 #include <atomic>
 #include <iostream>
 
@@ -25,7 +25,7 @@ protected:
         BeReady();
     }
 
-    /// One request; each kind answers differently.
+    /// Runs one request; each kind has a different result.
     HRESULT Request(int kind) {
         const bool denied = kind == 0;
         const auto ownCaller = windows::MakeObject<CallerStandIn>(denied ? SecurityIdentification
@@ -62,7 +62,7 @@ protected:
             case 9:
                 return enumerate(L"QV_SATAPortControllerProductSATAPortController", ownSink.Get());
             case 10:
-                // Not initialised: what an initialisation keeps outlives its object, on purpose.
+                // Not initialised: the arguments of Initialize outlive the object, on purpose.
                 library.Make(instanceProviderId);
                 return S_OK;
             case 11:
@@ -73,7 +73,7 @@ protected:
         }
     }
 
-    /// What a request of each kind returns.
+    /// Returns the expected result of a request of each kind.
     static HRESULT Expected(int kind) {
         static constexpr std::array<HRESULT, kindCount> results{
             windows::Hr(WBEM_E_ACCESS_DENIED),
@@ -118,7 +118,7 @@ protected:
 };
 
 TEST_F(LoadTest, LeavesNothingBehind) {
-    // What is made once and kept, by the library, by COM and by this program, is made here.
+    // The library, COM and this program create here what they create once and keep.
     Serve(requests / 5);
     const ProcessUsage before = ProcessUsage::Now();
     Serve(requests / 2);
@@ -132,8 +132,7 @@ TEST_F(LoadTest, LeavesNothingBehind) {
     EXPECT_EQ(wrongResults, 0);
     EXPECT_EQ(impersonated, 0);
     EXPECT_EQ(InstanceStandIn::Living(), 0);
-    // One lost handle or six lost bytes in a request of only one of the kinds would show: 384
-    // requests are of each kind.
+    // Shows one lost handle or six lost bytes in the requests of a single kind: each kind has 384.
     EXPECT_LE(after.handles, middle.handles + 8);
     EXPECT_LE(after.heapBytes, middle.heapBytes + 2000);
 

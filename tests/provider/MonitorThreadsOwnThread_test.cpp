@@ -1,4 +1,4 @@
-// The end of a provider on one of its own threads: a consumer drops the last reference to it.
+// A provider that ends on one of its own threads: a consumer releases its last reference.
 #include <array>
 #include <atomic>
 
@@ -7,7 +7,7 @@
 namespace qv::test {
 namespace {
 
-/// The last reference to a provider, and the thread that gives it back.
+/// The last reference to a provider, and the thread that releases it.
 class LastReference {
 public:
     void Hold(ComPtr<IWbemProviderInit>& provider) { provider_ = provider.Detach(); }
@@ -22,12 +22,12 @@ public:
         }
     }
 
-    /// Waits until the provider is gone.
+    /// Waits until the reference is released.
     void MustBeGivenBack() const {
         Demand(WaitForSingleObject(given_.Get(), 20000) == WAIT_OBJECT_0,
                "the end of a provider on its own thread froze the process\n");
     }
-    /// Whether the thread ended within ten seconds.
+    /// Returns whether the thread ended within ten seconds.
     bool ThreadHasEnded() const {
         return WaitForSingleObject(thread_.Get(), 10000) == WAIT_OBJECT_0;
     }
@@ -69,21 +69,21 @@ private:
 
 class MonitorThreadsOwnThreadTest : public EventTest {
 protected:
-    /// A provider one of whose threads stands in the first delivery to the sink.
+    /// Creates a provider one of whose threads is in the first delivery to the sink.
     void BeginADelivery() {
         dropping->gate.Close();
         Subscribe({{}, {{L"A"}, {L"B"}}});
         ASSERT_TRUE(dropping->gate.SomebodyCame());
     }
 
-    /// The delivery goes on and drops the provider.
+    /// Continues the delivery, which releases the provider.
     void Drop() {
         last.Hold(init);
         dropping->gate.Open();
         last.MustBeGivenBack();
     }
 
-    /// Whether a new provider finds out and delivers that a disk appeared.
+    /// Expects a new provider to detect and deliver a new disk.
     void ExpectThatTheNextOneWorks() {
         const ShortSleeps sleeps(library.Module());
         const auto next = windows::MakeObject<EventSink>();
@@ -128,7 +128,7 @@ TEST_F(MonitorThreadsOwnThreadTest, EndsWhenItsProviderGoesWithTheFormerSink) {
     sink->gate.Close();
     Subscribe({{}, {{L"A"}}});
     ASSERT_TRUE(sink->gate.SomebodyCame());
-    // The second thread comes no further than its first query.
+    // The second thread gets no further than its first query.
     source.gate.Close();
     ASSERT_EQ(ProvideEvents(later.Get()), S_OK);
     last.Hold(init);
@@ -145,7 +145,7 @@ TEST_F(MonitorThreadsOwnThreadTest, EndsWhenItsProviderGoesWithTheFormerSink) {
 TEST_F(MonitorThreadsOwnThreadTest, EndsTheOthersOfItsProvider) {
     sink = dropping;
     BeginADelivery();
-    // They come no further than their first query, or to the lock behind it.
+    // They get no further than their first query, or the lock after it.
     source.gate.Close();
     ASSERT_EQ(ProvideEvents(sink.Get()), S_OK);
     ASSERT_EQ(ProvideEvents(sink.Get()), S_OK);
@@ -156,7 +156,7 @@ TEST_F(MonitorThreadsOwnThreadTest, EndsTheOthersOfItsProvider) {
 }
 
 TEST_F(MonitorThreadsOwnThreadTest, RaisesTheRestOfItsPassToTheProviderThatIsLeft) {
-    // The older provider's thread stands in a delivery and looks no more.
+    // The older provider's thread is in a delivery and polls no more.
     const auto other = windows::MakeObject<DroppingSink>(last);
     other->gate.Close();
     source.SetLooks({{}, {{L"FIRST"}}});

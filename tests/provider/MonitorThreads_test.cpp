@@ -1,4 +1,4 @@
-// The end of a provider whose threads stand anywhere.
+// The end of a provider whose threads are anywhere in their cycles.
 #include <random>
 #include <thread>
 
@@ -17,8 +17,8 @@ protected:
         settings.reset();
     }
 
-    /// A provider that is asked for events so often. Two threads can hide a change from each other;
-    /// a test that waits for an event starts one.
+    /// Creates a provider with this number of subscriptions. Two threads can hide a change from
+    /// each other; a test that waits for an event starts one.
     void Begin(int subscriptions = 2) {
         Make(init);
         ASSERT_EQ(Initialize(), S_OK);
@@ -27,13 +27,13 @@ protected:
         }
     }
 
-    /// Ends it: no thread is left.
+    /// Releases the provider; expects that no thread is left.
     void End() {
         init.Reset();
         ASSERT_EQ(ThreadCount(), threadsBefore);
     }
 
-    /// Whether a new provider finds out and delivers that a disk appeared.
+    /// Expects a new provider to detect and deliver a new disk.
     void ExpectThatTheNextOneWorks() {
         const ShortSleeps sleeps(library.Module());
         source.gate.Open();
@@ -68,7 +68,7 @@ TEST_F(MonitorThreadsTest, EndsThreadsThatSleep) {
 }
 
 TEST_F(MonitorThreadsTest, EndsAThreadThatHoldsTheInventorysLockWhileItsQueryRuns) {
-    // The first subscription looks at the disks itself.
+    // The first subscription polls the disks itself.
     Begin();
     End();
     for (int round = 0; round < rounds; ++round) {
@@ -122,7 +122,7 @@ TEST_F(MonitorThreadsTest, GivesBackWhatAThreadWasDeliveringWith) {
     EXPECT_EQ(ReferencesTo(*indications.front().Get()), 2U);  // here and at the sink
 }
 
-/// Another thread that needs the locks of the process when a monitor's thread is being ended.
+/// Another thread that needs the locks of the process while a monitor thread is terminated.
 class LockUser {
 public:
     LockUser() { wanted = got = 0; }
@@ -130,7 +130,7 @@ public:
     LockUser& operator=(const LockUser&) = delete;
     ~LockUser() { SetEvent(begin.Get()); }
 
-    /// In place of TerminateThread.
+    /// Replaces TerminateThread.
     static BOOL WINAPI UseLocksAndTerminate(HANDLE thread, DWORD exitCode) {
         ++wanted;
         SetEvent(begin.Get());
@@ -168,7 +168,7 @@ TEST_F(MonitorThreadsTest, HoldsNoLockOfTheProcessWhenItEndsAThread) {
     EXPECT_EQ(ThreadCount(), threadsBefore);
 }
 
-/// Keeps the threads that the library ends from ending, until it goes.
+/// Keeps threads that the library terminates from ending, until it is destroyed.
 class ThreadsThatDoNotEnd {
 public:
     explicit ThreadsThatDoNotEnd(HMODULE library)
@@ -192,7 +192,7 @@ private:
 };
 
 TEST_F(MonitorThreadsTest, GoesOnWithoutAThreadThatDoesNotEnd) {
-    // A library of its own, which stays loaded.
+    // A library for this test, which stays loaded.
     const FreshLibrary stuck;
     ComPtr<IWbemProviderInit> provider;
     stuck.Make(eventProviderId).As(&provider);
@@ -209,7 +209,8 @@ TEST_F(MonitorThreadsTest, GoesOnWithoutAThreadThatDoesNotEnd) {
                "the provider waits for ever for a thread that does not end\n");
     }
     EXPECT_EQ(stuck.CanUnloadNow(), S_FALSE);
-    // What is kept for the thread: nothing runs in the library any more, and its file is to go.
+    // Releases what is kept for the thread: no code of the library runs any more, and its file is
+    // deleted.
     FreeLibrary(stuck.Module());
     ExpectThatTheNextOneWorks();
 }

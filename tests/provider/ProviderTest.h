@@ -31,7 +31,7 @@ inline constexpr const wchar_t* mediaQuery = L"SELECT * FROM Win32_PhysicalMedia
 inline constexpr const wchar_t* definitionQuery =
     LR"(SELECT * FROM meta_class WHERE __CLASS = "QV_WinComputerSystem")";
 
-/// A Win32_IDEController row that is a port controller; "device" is its device number and caption.
+/// A Win32_IDEController row of a port controller; `device` is its device number and caption.
 inline Cells ControllerRow(const std::wstring& device) {
     return {{L"DeviceID", L"PCI\\VEN_8086&DEV_" + device + L"&REV_01\\3&1"}, {L"Caption", device}};
 }
@@ -40,14 +40,14 @@ inline std::wstring LocationName(const std::wstring& device) {
     return L"PCI&VEN_8086&DEV_" + device + L"&REV_01&3&1";
 }
 
-/// The path of the controller's QV_SATAControllerLocation when the name is that of LocationName.
+/// Returns the path of the controller's QV_SATAControllerLocation, with the name of LocationName.
 inline std::wstring LocationPath(const std::wstring& name, const std::wstring& device) {
     return L"QV_SATAControllerLocation.Name=\"" + name + L"\",PhysicalPosition=\"" + device +
            L" with Device ID: " + device + L"\"";
 }
 
-/// The real library between stand-ins for the management service. Whatever a test did, the thread
-/// is its own at its end and the library could be unloaded.
+/// The real library between stand-ins for the management service. Checks after each test that the
+/// thread has its own identity and that the library could be unloaded.
 class ProviderTest : public ::testing::Test {
 protected:
     ProviderTest() {
@@ -70,7 +70,7 @@ protected:
         return init->Initialize(nullptr, 0, nameSpaceName.data(), nullptr, services, context.Get(),
                                 toldTo);
     }
-    /// Initialised, and the stand-ins know nothing of it.
+    /// Initialises the provider and clears the stand-ins' records.
     void BeReady() {
         ASSERT_EQ(Initialize(), S_OK);
         caller->calls.clear();
@@ -96,7 +96,7 @@ protected:
                                         context.Get(), sink.Get());
     }
 
-    /// What the library logged since it was made ready.
+    /// Returns what the library logged since BeReady.
     std::vector<std::wstring> Logged() const { return LibraryLog::LinesFrom(lines); }
 
     const ProviderLibrary& library = ProviderLibrary::Get();

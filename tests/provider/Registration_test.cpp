@@ -1,4 +1,4 @@
-// Self-registration, in the machine's own hive: what is written is removed again.
+// Self-registration in the machine's own hive; the tests remove what is written.
 #include <objbase.h>
 #include <olectl.h>
 
@@ -20,7 +20,7 @@ const std::wstring eventId = L"{9C4E7B21-0D3A-4F6B-8E15-2A9C6D3F7B40}";
 const std::wstring applicationId = L"{5E1D9A37-6C2B-4A8F-9D04-B3F7E2C16A95}";
 const std::wstring typesId = L"{B7C0D5E4-18A2-4B6F-9C37-64E1F0A8D2B9}";
 
-/// The entries of one dump that are not in the other.
+/// Returns the entries of one dump that the other lacks.
 RegistryDump Without(const RegistryDump& dump, const RegistryDump& other) {
     RegistryDump left;
     std::ranges::set_difference(dump, other, std::inserter(left, left.end()));
@@ -31,7 +31,7 @@ RegistryDump Classes() {
     return DumpOf(HKEY_LOCAL_MACHINE, root);
 }
 
-/// The registration is not there before and after each test. A dump takes seconds.
+/// Nothing is registered before and after each test. A dump takes seconds.
 class RegistrationTest : public ::testing::Test {
 protected:
     static void SetUpTestSuite() {
@@ -41,7 +41,7 @@ protected:
     static void TearDownTestSuite() { EXPECT_EQ(Classes(), before); }
     void TearDown() override { library.UnregisterServer(); }
 
-    /// What is there now and was not before.
+    /// Returns the entries that were added.
     static RegistryDump Added() { return Without(Classes(), before); }
 
     inline static RegistryDump before;
@@ -86,7 +86,7 @@ std::wstring InLowerCase(std::wstring text) {
     return text;
 }
 
-/// Moves what is of the type library out of a dump.
+/// Moves the type library's entries out of a dump.
 RegistryDump TakeTypeLibrary(RegistryDump& dump) {
     const auto isTypes = [](const auto& entry) {
         return InLowerCase(entry.first).find(InLowerCase(L"\\TypeLib\\" + typesId)) !=
@@ -116,10 +116,10 @@ TEST_F(RegistrationTest, WritesBothClassesTheApplicationAndTheTypeLibrary) {
         {root + L"\\AppID\\QVWMISATA.dll|AppID", applicationId},
     });
     RegistryDump added = Added();
-    // Programs of 32 bits see the keys that they share with others a second time.
+    // 32-bit programs see shared keys a second time.
     std::erase_if(
         added, [](const auto& entry) { return entry.first.starts_with(root + L"\\Wow6432Node"); });
-    // The platform writes the type library's key, where and in what form it likes.
+    // The platform chooses where and in what form it writes the type library's key.
     const RegistryDump types = TakeTypeLibrary(added);
     EXPECT_EQ(ValueAt(types, L"\\1.0|"), L"QVWMISATA 1.0 Type Library");
     EXPECT_TRUE(ValueAt(types, L"\\1.0\\0\\win64|").ends_with(path));
@@ -155,8 +155,8 @@ TEST_F(RegistrationTest, RepairsARegistrationOfAnotherFile) {
     EXPECT_EQ(Classes(), once);
 }
 
-/// What an object is that COM makes of a program ID. Each of the two classes has an interface that
-/// the other lacks.
+/// Returns the kind of object that COM creates for a program ID. Each of the two classes has an
+/// interface that the other lacks.
 std::string MadeBy(const wchar_t* programId) {
     CLSID classId{};
     ComPtr<IWbemProviderInit> made;

@@ -1,4 +1,4 @@
-// ControllerLinks against the plain walk over every link and every controller, on generated hosts.
+// ControllerLinks, compared with a plain search of every link and controller, on generated hosts.
 #include <gtest/gtest.h>
 
 #include <array>
@@ -23,7 +23,7 @@ std::string DeviceIdOf(const std::string& path) {
     return StripBackslashes(quoted.substr(0, quoted.size() - 1));
 }
 
-// The controller of the last link for which `isOwn` holds of the Dependent.
+// Returns the controller of the last link whose Dependent `isOwn` accepts.
 template <typename Predicate>
 const platform::Row* LastLink(const platform::Rows& links, const platform::Rows& controllers,
                               Predicate isOwn) {
@@ -44,7 +44,7 @@ const platform::Row* LastLink(const platform::Rows& links, const platform::Rows&
 }
 
 TEST(ControllerLinksOracle, FindWhatThePlainWalkFinds) {
-    // Few and similar IDs, so that most of them meet.
+    // Few and similar IDs, so that most of them match.
     constexpr std::array ids{"A", "a", R"(A\)", R"(\a)", "AB", R"(a\B)", "b", ""};
     std::mt19937 random(20240601);
     const auto anyOf = [&random, &ids] {

@@ -1,4 +1,4 @@
-// The controllers of disks and channels by their links, of source/SourceRules.
+// The controllers of disks and channels by their links (source/SourceRules).
 #include <gtest/gtest.h>
 
 #include "source/PropertyReaders.h"
@@ -8,7 +8,7 @@
 namespace qv::test {
 namespace {
 
-// The caption of the controller found; "none" without one.
+// Returns the caption of the controller; "none" for null.
 std::string CaptionOf(const platform::Row* controller) {
     return controller == nullptr ? "none" : TextOrEmpty(*controller, "Caption");
 }

@@ -18,7 +18,7 @@ protected:
         host.Answer(predictionsQuery, {});
     }
 
-    /// The inventory of one disk row and the failure-prediction rows given.
+    /// Returns the inventory of one disk row with these failure-prediction rows.
     DiskList DisksOf(Properties disk, std::vector<Properties> predictions) {
         host.Answer(disksQuery, {std::move(disk)});
         host.Answer(predictionsQuery, std::move(predictions));

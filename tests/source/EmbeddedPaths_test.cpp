@@ -52,7 +52,7 @@ TEST(EmbeddedPaths, TakesOneReferenceInAStep) {
     EXPECT_EQ(path, "xy");
 }
 
-// The step says that there is more to do and does nothing, so that the whole never ends.
+// The step reports that more remains and changes nothing, so that the removal never ends.
 TEST(EmbeddedPaths, RepeatsAStepWithoutAColonForEver) {
     std::string path = R"(C.K="a:\\\\S")";
     EXPECT_TRUE(ReduceFirstEmbeddedPath(path));

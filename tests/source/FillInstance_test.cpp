@@ -12,7 +12,7 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-/// An instance that is asked for everything and lacks one property.
+/// An instance that records its puts and lacks one property.
 class TargetStandIn : public PropertyTarget {
 public:
     Status Put(const PropertyEntry& property) override {

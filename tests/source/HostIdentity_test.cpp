@@ -29,7 +29,7 @@ protected:
         return name;
     }
 
-    // BuildComputerSystemPath must fail with the status and leave its output.
+    // Expects BuildComputerSystemPath to fail with the status and to leave its output unchanged.
     void ExpectNoPath(Status status = Status::failed) {
         std::wstring path = L"before";
         EXPECT_EQ(BuildComputerSystemPath(host, host, path), status);

@@ -44,7 +44,7 @@ TEST_F(LoggedQueryPortTest, HandsOnWhyAQueryFailed) {
     EXPECT_EQ(queries.RunWqlQuery("root\\CIMv2", disks, rows), invalidClass);
 }
 
-/// A log without memory for its lines.
+/// A log that runs out of memory at each line.
 class ExhaustedLog : public platform::LogPort {
 public:
     LogLevel Level() const override { return LogLevel::debug; }

@@ -1,4 +1,4 @@
-// PartitionLinks against the plain walk over every link and every partition, on generated hosts.
+// PartitionLinks, compared with a plain search of every link and partition, on generated hosts.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -36,7 +36,7 @@ std::vector<const platform::Row*> LinkedPartitions(const platform::Rows& links,
     return matched;
 }
 
-// Backslashes in place of one of the generator's letters.
+// Replaces one of the generator's letters by backslashes.
 std::string WithBackslashes(std::string key) {
     std::ranges::replace(key, '&', '\\');
     return key;

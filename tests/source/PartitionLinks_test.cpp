@@ -1,4 +1,4 @@
-// The partitions of disks by their links, of source/SourceRules.
+// The partitions of disks by their links (source/SourceRules).
 #include <gtest/gtest.h>
 
 #include "source/PropertyReaders.h"
@@ -8,7 +8,7 @@
 namespace qv::test {
 namespace {
 
-// The DeviceIDs of a disk's partitions, in order.
+// Returns the DeviceIDs of a disk's partitions, in order.
 std::vector<std::string> PartitionsOf(std::string_view devicePath, std::vector<Properties> links,
                                       std::vector<Properties> partitions) {
     const platform::Rows disks = RowsOf({Disk("a disk", std::string(devicePath))});

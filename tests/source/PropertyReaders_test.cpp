@@ -17,8 +17,8 @@ using Integers = std::vector<std::int32_t>;
 
 constexpr std::int32_t lowest = std::numeric_limits<std::int32_t>::min();
 
-/// A value of each kind that the management service delivers, and what each reader makes of it;
-/// nothing where the reader refuses the kind.
+/// A value of each kind that the management service delivers, and the result of each reader; empty
+/// if the reader refuses the kind.
 struct Kind {
     const char* name;
     Value value;
@@ -127,7 +127,7 @@ TEST(PropertyReaders, GetStringPropertyGivesTheStatusOfAFailedReadAndLeavesTheOu
     EXPECT_EQ(text, "before");
 }
 
-/// A row none of whose properties can be read.
+/// A row whose properties cannot be read.
 class UnreadableRow : public platform::Row {
 public:
     explicit UnreadableRow(std::optional<Status> status) : status_(status) {}
@@ -138,7 +138,7 @@ public:
     Status GetWideText(std::string_view, std::wstring&) const override { return Status::failed; }
 
 private:
-    std::optional<Status> status_;  ///< of the reads; nothing: they find no memory
+    std::optional<Status> status_;  ///< of the reads; empty: they run out of memory
 };
 
 TEST(PropertyReaders, GetStringPropertyEndsTheRequestWhenThereIsNoMemoryForTheText) {

@@ -7,7 +7,7 @@
 namespace qv::test {
 namespace {
 
-// The serial number of the media row found for a disk; "none" without one.
+// Returns the serial number of the media row found for a disk; "none" if there is none.
 std::string SerialOf(const Properties& disk, const platform::Rows& media) {
     const platform::Row* found = FindMediaOfDisk(ScriptedRow(disk), media);
     return found == nullptr ? "none" : std::get<std::string>(found->Get("SerialNumber").value);

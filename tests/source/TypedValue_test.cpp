@@ -10,7 +10,7 @@ namespace {
 using Strings = std::vector<std::string>;
 using Integers = std::vector<std::int32_t>;
 
-// The value published for a text under a type, or nothing when the property is skipped.
+// Returns the published value of a text under a type; nothing if the property is skipped.
 std::optional<TypedValue> Convert(PropertyType type, std::string text) {
     TypedValue value;
     if (!ToTypedValue({"Name", std::move(text), type, false}, value)) {

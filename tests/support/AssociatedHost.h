@@ -8,7 +8,7 @@
 #include "tests/support/Builders.h"
 #include "tests/support/Records.h"
 
-// A host on which every association class has instances, and the object paths of what it publishes.
+// A host on which every association class has instances, and the object paths that it publishes.
 
 namespace qv::test {
 
@@ -17,7 +17,7 @@ inline const std::string diskExtent = "QV_SATADiskDriveStorageExtent";
 inline const std::string triple = "QV_SATAInitiatorTargetLogicalUnitPath";
 
 /// Two controllers, two channels of the second one, and three disks: the first on the first
-/// channel, the second on the first controller, the third attached to nothing that is known.
+/// channel, the second on the first controller, the third attached to nothing known.
 struct AssociatedHost : Builders {
     AssociatedHost() {
         host.Answer(controllersQuery, {Controller(ahciId), Controller(ideId), Controller(channelA),
@@ -119,10 +119,10 @@ inline PropertyEntry Reference(std::string role, std::string path) {
     return {std::move(role), std::move(path), PropertyType::reference, true};
 }
 
-/// Endpoints that belong together: their object paths, in the order of the roles.
+/// The object paths of endpoints that belong together, in the order of the roles.
 using Endpoints = std::vector<std::string>;
 
-/// The records of an association class without a fixed property.
+/// Returns the records of an association class without a fixed property.
 inline RecordList Associated(std::string_view className, const std::vector<std::string>& roles,
                              const std::vector<Endpoints>& associations) {
     RecordList records;
@@ -136,7 +136,7 @@ inline RecordList Associated(std::string_view className, const std::vector<std::
     return records;
 }
 
-/// The records with a property behind the others.
+/// Returns the records with a property appended to each.
 inline RecordList WithAdded(RecordList records, const PropertyEntry& added) {
     for (InstanceRecord& record : records) {
         record.properties.push_back(added);

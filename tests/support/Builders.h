@@ -8,7 +8,7 @@
 
 namespace qv::test {
 
-/// A host that the test scripts, and the builders that ask it.
+/// A host that the test scripts, and the builders that query it.
 struct Builders {
     ScriptedHost host;
     NativeAPI api{PublishedCatalogue(), host, host, host};
@@ -22,7 +22,7 @@ struct Builders {
     RecordList At(std::string_view className, std::string_view path) const {
         return api.BuildInstances(className, mode::allProperties, path);
     }
-    /// Takes the host its name.
+    /// Removes the host's name.
     void ForgetHostName() { host.names.clear(); }
 };
 

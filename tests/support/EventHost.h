@@ -18,7 +18,7 @@ namespace qv::test {
 inline constexpr const char* predictionsQuery =
     "SELECT * FROM MSStorageDriver_FailurePredictStatus";
 
-/// A clock that stands where a test sets it.
+/// A clock that a test sets.
 class ClockStandIn : public platform::Clock {
 public:
     std::int64_t SecondsSince1970() const override { return seconds; }
@@ -30,7 +30,7 @@ public:
     platform::TimeZone zone;
 };
 
-/// A lock that somebody else gives up after a number of waits, and that knows whether it is held.
+/// A lock that another owner releases after a number of waits; it records whether it is held.
 class LockStandIn : public platform::NamedLock {
 public:
     bool TryAcquireFor(std::chrono::milliseconds limit) override {
@@ -49,7 +49,7 @@ public:
     int releases = 0;
 };
 
-/// A disk of interface type IDE with this plug-and-play ID.
+/// Returns a disk of interface type IDE with this plug-and-play ID.
 inline Properties IdeDisk(const std::string& id, const std::string& status = "OK") {
     return {{"InterfaceType", std::string("IDE")},
             {"PNPDeviceID", id},
@@ -60,15 +60,15 @@ inline Properties IdeDisk(const std::string& id, const std::string& status = "OK
             {"Name", std::string("PHYSICALDRIVE0")}};
 }
 
-/// The failure-prediction row of a plug-and-play device.
+/// Returns the failure-prediction row of a plug-and-play device.
 inline Properties Prediction(const std::string& id) {
     return {{"InstanceName", id + "_0"}, {"PredictFailure", std::string("no")}};
 }
 
-/// A scripted host between whose looks disks come, go and change.
+/// A scripted host whose disks appear, disappear and change between polls.
 class EventHost : public ScriptedHost {
 public:
-    /// Disks that all have their failure-prediction rows.
+    /// Sets the disks, each with its failure-prediction row.
     void SetDisks(const std::vector<std::pair<std::string, std::string>>& idsAndStatuses) {
         std::vector<Properties> disks;
         std::vector<Properties> predictions;

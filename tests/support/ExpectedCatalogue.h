@@ -9,13 +9,13 @@
 
 #include "tests/support/Records.h"
 
-// What the catalogue is expected to be. The lists are written by hand: ExpectedInstanceClasses.cpp,
+// The expected catalogue. The lists are written by hand: ExpectedInstanceClasses.cpp,
 // ExpectedAssociations.cpp and ExpectedEventProperties.cpp. The tests of the tables, of the MOF
 // files and of what is published read them.
 
 namespace qv::test {
 
-/// What the number of a class's instances is that of.
+/// What a class's instance count equals.
 enum class Quantity {
     one,                   ///< always one
     disks,                 ///< disks of interface type IDE
@@ -28,7 +28,7 @@ enum class Quantity {
     familiesOfControllers  ///< families whose first row is a controller
 };
 
-/// A class of the hierarchy and its superclass, which is empty for the root.
+/// A class of the hierarchy and its superclass, empty for the root.
 struct ExpectedNode {
     std::string name;
     std::string superclass;
@@ -36,7 +36,7 @@ struct ExpectedNode {
 
 /// A property: what is put for it on the small host, and its type in the MOF files.
 struct ExpectedProperty {
-    /// With the usual type for what is put: uint16, string or boolean, or a list of them.
+    /// Uses the usual type of what is put: uint16, string or boolean, or an array of them.
     ExpectedProperty(PropertyEntry entry);
     ExpectedProperty(PropertyEntry entry, std::string type)
         : put(std::move(entry)), mofType(std::move(type)) {}
@@ -48,7 +48,7 @@ using PropertyTable = std::vector<ExpectedProperty>;
 
 /// The properties of an instance class, in the order in which they are put.
 struct ExpectedTable {
-    std::string driver;  ///< the one that serves the controller, where the properties depend on it
+    std::string driver;  ///< the controller's driver, if the properties depend on it
     PropertyTable properties;
 };
 
@@ -58,7 +58,7 @@ struct ExpectedInstanceClass {
     std::vector<ExpectedTable> tables;
 };
 
-/// An end of an association: its role, its class and the property by which its instances are told.
+/// An end of an association: its role, its class and the property that identifies its instances.
 struct ExpectedEnd {
     std::string role;
     std::string className;
@@ -80,25 +80,25 @@ struct ExpectedEventProperty {
     std::string mofType;
 };
 
-/// In the order of definition, each class below its superclass.
+/// Returns the classes in the order of definition, each after its superclass.
 const std::vector<ExpectedNode>& ExpectedHierarchy();
 
-/// In the order in which a requested name is compared with theirs, the associations behind the
-/// instance classes.
+/// Returns the classes in the order in which a requested name is compared with their names; the
+/// associations follow the instance classes.
 const std::vector<ExpectedInstanceClass>& ExpectedInstanceClasses();
 const std::vector<ExpectedAssociation>& ExpectedAssociations();
 
-/// How many of each there are.
+/// The number of classes of each kind.
 extern const std::size_t instanceClassTotal;
 extern const std::size_t associationTotal;
 
-/// The names of both, of the instance classes and of the associations.
+/// Returns the names of the instance classes and of the associations.
 std::vector<std::string> ExpectedClassNames();
 std::vector<std::string> ExpectedInstanceClassNames();
 std::vector<std::string> ExpectedAssociationNames();
 
-/// The record of the one instance that an instance class has on the small host (OneDiskHost, and
-/// what the class's own table says); `driver`: the one that serves the controller.
+/// Returns the record of the one instance that an instance class has on the small host (OneDiskHost
+/// and the class's own table). `driver`: the controller's driver.
 InstanceRecord ExpectedRecord(std::string_view className, std::string_view driver = {});
 
 const std::vector<ExpectedEventProperty>& ExpectedEventProperties();

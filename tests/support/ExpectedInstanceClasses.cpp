@@ -1,7 +1,7 @@
-// What each instance class publishes of the small host, property by property in the order of the
-// puts, the type of each property in the MOF files, and the classes that these are of. Written by
-// hand: the tests of a class compare whole records with its table, those of the properties and of
-// the MOF files each row of it.
+// What each instance class publishes on the small host, property by property in the order of the
+// puts, the MOF type of each property, and the list of these classes. Written by hand: the tests of
+// a class compare whole records with its table; those of the properties and of the MOF files
+// compare each row.
 #include "tests/support/ExpectedCatalogue.h"
 #include "tests/support/SourceRows.h"
 
@@ -15,7 +15,7 @@ PropertyTable WinComputerSystemTable() {
     return {Key("CreationClassName", systemClass), Key("Name", theHost)};
 }
 
-/// Of a controller that supports protocol 37.
+/// For a controller that supports protocol 37.
 PropertyTable SATAPortControllerTable() {
     return {Key("SystemName", theHost),
             Key("CreationClassName", "QV_SATAPortController"),
@@ -33,7 +33,7 @@ PropertyTable SATAPortControllerTable() {
             Number("ControllerVersion", "02")};
 }
 
-/// Of the channel behind the controller.
+/// For the channel of the controller.
 PropertyTable SATALogicalPortTable() {
     const std::string label = "IDECHANNEL with ID: 4&2E6E9E8&0&0";
     return {Key("DeviceID", channelKey + " connected to " + ahciKey),
@@ -60,7 +60,7 @@ PropertyTable ISATAProtocolEndpointTable() {
             Text("OtherTypeDescription", "IDE/ATA/SATA")};
 }
 
-/// Of the disk behind the channel.
+/// For the disk on the channel.
 PropertyTable TSATAProtocolEndpointTable() {
     const std::string caption = "Protocol Endpoint for " + diskId;
     return {Key("Name", diskKey + " connected to " + channelKey),
@@ -78,7 +78,7 @@ struct FamilyTexts {
     std::string name, classification, caption, description, manufacturer;
 };
 
-/// Of the controller's software; `hasVersion`: the class and the family have a VersionString.
+/// For the controller's software; `hasVersion`: the class and the family have a VersionString.
 PropertyTable SoftwareTable(const std::string& className, const FamilyTexts& texts,
                             bool hasVersion) {
     PropertyTable table{Key("InstanceID", "QV:" + className + ":" + ahciKey),
@@ -97,7 +97,7 @@ PropertyTable SoftwareTable(const std::string& className, const FamilyTexts& tex
     return table;
 }
 
-/// Of the controller when it is served by `driver`.
+/// For the controller with `driver`.
 PropertyTable SATAPortControllerBIOSTable(const std::string& driver) {
     const FamilyTexts sata{"SATA BIOS", "6", "SATA BIOS", "SATA BIOS",
                            "Standard SATA Controllers BIOS"};
@@ -107,7 +107,7 @@ PropertyTable SATAPortControllerBIOSTable(const std::string& driver) {
                          driver != "atapi");
 }
 
-/// Of the controller when it is served by `driver`.
+/// For the controller with `driver`.
 PropertyTable SATAPortControllerFWTable(const std::string& driver) {
     const FamilyTexts sata{"SATA firmware", "10", "SATA firmware", "SATA firmware",
                            "Standard SATA Controllers firmware"};
@@ -117,7 +117,7 @@ PropertyTable SATAPortControllerFWTable(const std::string& driver) {
                          driver != "atapi");
 }
 
-/// Of the controller when it is served by `driver`.
+/// For the controller with `driver`.
 PropertyTable SATAPortControllerDriverTable(const std::string& driver) {
     const std::string sata = "Standard SATA Controllers Driver";
     const std::string ide = "Standard IDE ATA/ATAPI Controllers Driver";
@@ -134,7 +134,7 @@ PropertyTable SATAPortControllerProductTable() {
             Text("ElementName", "the caption with Device ID: 2922")};
 }
 
-/// The tag's description is put twice; the later one is published.
+/// The tag's description is put twice; the later put is published.
 PropertyTable SATAControllerLocationTable() {
     const std::string position = "the caption with Device ID: 2922";
     return {Key("Name", ahciKey),
@@ -158,7 +158,7 @@ PropertyTable SATAPortControllerPhysicalPackageTable() {
             Text("SerialNumber", ahciId)};
 }
 
-/// Of `fullDisk` with the serial number SN1.
+/// For `fullDisk` with the serial number SN1.
 PropertyTable SATADiskDriveTable() {
     return {
         Key("DeviceID", "IDE&DISKX&5&1"),
@@ -190,7 +190,7 @@ PropertyTable SATADiskDriveTable() {
         {Text("TotalTracks", "15504255"), "uint64"}};
 }
 
-/// Of the disk with one partition.
+/// For the disk with one partition.
 PropertyTable SATAStorageExtentTable() {
     const auto flag = [](std::string name, std::string value) {
         return PropertyEntry{std::move(name), std::move(value), PropertyType{11}, false};
@@ -214,7 +214,7 @@ PropertyTable SATAStorageExtentTable() {
             flag("PrimaryPartition", "TRUE")};
 }
 
-/// Of the disk with the serial number SN1.
+/// For the disk with the serial number SN1.
 PropertyTable SATADiskDriveFWTable() {
     const std::string title = "Disk Drive Firmware";
     return {Key("InstanceID", diskKey),
@@ -231,7 +231,7 @@ PropertyTable SATADiskDriveFWTable() {
             Text("SerialNumber", "SN1")};
 }
 
-/// Of the disk with the serial number SN1.
+/// For the disk with the serial number SN1.
 PropertyTable SATADiskPhysicalPackageTable() {
     return {Key("CreationClassName", "QV_SATADiskPhysicalPackage"),
             Key("Tag", diskKey),
@@ -243,7 +243,7 @@ PropertyTable SATADiskPhysicalPackageTable() {
             Text("Name", drive0)};
 }
 
-/// Of the disk on a channel whose caption is "ATA Channel 0".
+/// For the disk on a channel whose caption is "ATA Channel 0".
 PropertyTable SATADiskLocationTable() {
     const std::string description = "Standard ATA Disk Drive at ATA Channel 0,2E6E9E8";
     return {Key("Name", diskKey),
@@ -255,7 +255,7 @@ PropertyTable SATADiskLocationTable() {
             Text("ElementLocationTag", "SCSI ID: 0.0.0")};
 }
 
-/// Of a host with one disk, which is degraded.
+/// For a host with one disk, which is degraded.
 PropertyTable SATAStorageCollectionTable() {
     const std::string title = "Disk Drives Consolidated Status";
     return {Key("InstanceID", std::string(theHost) + " QV:QV_SATAStorageCollection"),
@@ -266,7 +266,7 @@ PropertyTable SATAStorageCollectionTable() {
             Texts("GroupStatusDescriptions", "Degraded")};
 }
 
-/// The tables of a software class of the controller, one for each driver.
+/// Returns the tables of a controller's software class, one per driver.
 std::vector<ExpectedTable> ByDriver(PropertyTable (*tableOf)(const std::string& driver)) {
     std::vector<ExpectedTable> tables;
     for (const char* const driver : {"msahci", "pciide", "pciidex", "atapi"}) {

@@ -6,9 +6,9 @@
 
 namespace qv::test {
 
-/// Generates lists of keys that have much to do with each other: empty ones, repetitions,
-/// beginnings, ends and inner parts of other keys, other letter cases, keys joined to lists and to
-/// longer keys. The same seed gives the same keys on every system.
+/// Generates lists of similar keys: empty ones, repetitions, beginnings, ends and inner parts of
+/// other keys, other letter cases, keys joined to lists and to longer keys. The same seed generates
+/// the same keys on every system.
 class KeyGenerator {
 public:
     explicit KeyGenerator(std::uint32_t seed) : random_(seed) {}
@@ -59,7 +59,7 @@ private:
         }
     }
 
-    // Few different letters, so that one key often occurs in another by chance.
+    // Few different letters, so that a key often occurs in another by chance.
     std::string Fresh() {
         static constexpr char letters[] = {'a', 'A', 'b', '&', '*', '-', '\xC4'};
         std::string key(1 + Below(4), ' ');

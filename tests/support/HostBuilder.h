@@ -9,10 +9,9 @@
 
 namespace qv::test {
 
-/// Puts a recorded host together in a test's own words. A disk, partition, controller and so on
-/// comes with the properties that a usual one has; those that the test gives replace or complete
-/// them. What belongs to something ("the disk's partition", "the controller's channel") refers to
-/// the one that was named last.
+/// Builds a recorded host in a test's own words. Each disk, partition, controller and so on has the
+/// properties of a usual one; the test's properties replace or complete them. Dependent objects
+/// ("the disk's partition", "the controller's channel") refer to the owner that was named last.
 ///
 ///     HostBuilder host;
 ///     host.Controller(R"(PCI\VEN_8086&REV_02\3)").Channel(R"(PCIIDE\IDECHANNEL\4&0)");

@@ -7,7 +7,7 @@
 
 namespace qv::test {
 
-/// What PairKeys finds, the plain way: every pair is tested, in order.
+/// The reference for PairKeys: tests every pair, in order.
 inline Partners PairPlainly(const std::vector<std::string>& first,
                             const std::vector<std::string>& second, MatchRule rule) {
     Partners partners(first.size());

@@ -11,7 +11,7 @@
 
 namespace qv::test {
 
-/// What a client gets that asks a recorded host.
+/// Returns a recorded host's answer to a client.
 inline service::Answer Ask(const service::RecordedHost& host, std::string_view nameSpace,
                            std::string_view query) {
     const auto opened =
@@ -20,14 +20,14 @@ inline service::Answer Ask(const service::RecordedHost& host, std::string_view n
                   : service::Answer{service::status::invalidNamespace, {}, {}};
 }
 
-/// The property of an object; null when it has none of that name.
+/// Returns the property of an object; null if it has none of that name.
 inline std::optional<service::CimValue> ValueOf(const service::Object& object,
                                                 std::string_view name) {
     const auto property = object.Find(name);
     return property ? std::optional(property->value) : std::nullopt;
 }
 
-/// The names of recorded namespaces or classes, in order.
+/// Returns the names of recorded namespaces or classes, in order.
 template <typename Named>
 std::vector<std::string> NamesOf(const Named& named) {
     std::vector<std::string> names;

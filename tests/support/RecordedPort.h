@@ -8,7 +8,7 @@
 
 namespace qv::test {
 
-/// A recorded host in the place of the machine, for the core alone.
+/// A recorded host in place of the machine, for the core alone.
 class RecordedPort : public platform::QueryPort, public platform::HostFacts {
 public:
     explicit RecordedPort(const service::RecordedHost& host)

@@ -13,8 +13,8 @@
 
 namespace qv::test {
 
-/// The portable core on a recorded host, without a management service. The core's question for its
-/// own published disks is answered with what it builds.
+/// The portable core on a recorded host, without a management service. The core's query for its own
+/// published disks returns what it builds.
 class RecordedProvider : public RecordedPort {
 public:
     explicit RecordedProvider(const service::RecordedHost& host) : RecordedPort(host) {}
@@ -31,17 +31,17 @@ public:
         return Status::noError;
     }
 
-    /// The instances of a class.
+    /// Returns the instances of a class.
     RecordList All(std::string_view className) const {
         return api_.BuildAllInstances(className, mode::allProperties);
     }
-    /// The instances of a class with an object path.
+    /// Returns the instances of a class with an object path.
     RecordList At(std::string_view className, std::string_view path) const {
         return api_.BuildInstances(className, mode::allProperties, path);
     }
 
 private:
-    /// The disk's status as a client of the management service reads it.
+    /// Returns the disk's status as a client of the management service reads it.
     static Properties ReadBack(const InstanceRecord& disk) {
         TypedValue status;
         ToTypedValue(GetPropertyEntry(disk, "OperationalStatus"), status);

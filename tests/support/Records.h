@@ -9,7 +9,7 @@
 
 #include "source/InstanceRecord.h"
 
-// How tests write the records that they expect, and how GoogleTest prints those that it got.
+// How tests write expected records, and how GoogleTest prints records.
 
 namespace qv {
 
@@ -32,7 +32,7 @@ inline void PrintTo(const InstanceRecord& record, std::ostream* out) {
 
 namespace qv::test {
 
-// The type codes are written as numbers: a record carries them to where it is filled.
+// The type codes are numbers: a record carries them to the instance.
 
 inline PropertyEntry Key(std::string name, std::string value) {
     return {std::move(name), std::move(value), PropertyType{16}, true};
@@ -60,7 +60,7 @@ inline InstanceRecord Record(std::string_view className, std::vector<PropertyEnt
     return record;
 }
 
-/// The record of a class that was asked for in another spelling.
+/// Returns the record of a class requested in another spelling.
 inline InstanceRecord SpelledAs(const std::string& className, InstanceRecord record) {
     record.className = className;
     std::ranges::find(record.properties, "CreationClassName", &PropertyEntry::name)->value =
@@ -68,7 +68,7 @@ inline InstanceRecord SpelledAs(const std::string& className, InstanceRecord rec
     return record;
 }
 
-/// The values of the properties called `name`, one for each record that has it.
+/// Returns the values of the properties called `name`, one for each record that has it.
 inline std::vector<std::string> ValuesOf(const RecordList& records, std::string_view name) {
     std::vector<std::string> values;
     for (const InstanceRecord& record : records) {
@@ -81,7 +81,7 @@ inline std::vector<std::string> ValuesOf(const RecordList& records, std::string_
     return values;
 }
 
-/// The names of a record's properties, in order.
+/// Returns the names of a record's properties, in order.
 inline std::vector<std::string> NamesOf(const InstanceRecord& record) {
     std::vector<std::string> names;
     for (const PropertyEntry& entry : record.properties) {

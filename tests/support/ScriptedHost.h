@@ -16,7 +16,7 @@ namespace qv::test {
 
 using Properties = std::map<std::string, platform::Value, std::less<>>;
 
-/// A row that holds exactly the properties it was given, texts in UTF-8.
+/// A row with exactly the given properties, texts in UTF-8.
 class ScriptedRow : public platform::Row {
 public:
     explicit ScriptedRow(Properties properties) : properties_(std::move(properties)) {}
@@ -43,9 +43,9 @@ private:
     Properties properties_;
 };
 
-/// A host that answers query texts exactly as a test scripted them and remembers what was asked.
-/// A text that was not scripted fails. The host's name is "host.example.org", its log's level 3,
-/// and its code page has no characters but those of ASCII.
+/// A host that answers the query texts that a test scripted and records the queries. An unscripted
+/// query fails. The host's name is "host.example.org", its log's level 3, and its code page has
+/// ASCII characters only.
 class ScriptedHost : public platform::QueryPort,
                      public platform::HostFacts,
                      public platform::LogPort {
@@ -98,13 +98,13 @@ public:
         log.emplace_back(static_cast<int>(lineLevel), text);
     }
 
-    /// "namespace: query", in the order in which they were run.
+    /// "namespace: query", in order of execution.
     mutable std::vector<std::string> asked;
-    /// The names that the system gives; a format that is missing fails with error 1.
+    /// The host's names; a missing format fails with error 1.
     std::map<platform::NameFormat, platform::ComputerName> names;
     /// The log's configured level.
     int level = 3;
-    /// The level and the text of each line that was logged.
+    /// Level and text of each logged line.
     std::vector<std::pair<int, std::string>> log;
 
 private:

@@ -28,7 +28,7 @@ inline const std::string diskId = R"(IDE\DISKXYZ_1.0\5&1A2B3C&0&0.0.0)";
 inline const std::string diskKey = "IDE&DISKXYZ_1.0&5&1A2B3C&0&0.0.0";
 inline const std::string drive0 = R"(\\.\PHYSICALDRIVE0)";
 
-/// The relative path of an object with the key DeviceID, backslashes doubled.
+/// Returns the relative path of an object with the key DeviceID, backslashes doubled.
 inline std::string RelativePath(std::string_view className, std::string_view deviceId) {
     std::string path = std::string(className) + ".DeviceID=\"";
     for (const char character : deviceId) {
@@ -37,12 +37,12 @@ inline std::string RelativePath(std::string_view className, std::string_view dev
     return path + "\"";
 }
 
-/// The same with server and namespace.
+/// As RelativePath, with server and namespace.
 inline std::string FullPath(std::string_view className, std::string_view deviceId) {
     return R"(\\SRV\root\CIMv2:)" + RelativePath(className, deviceId);
 }
 
-/// Rows with these properties.
+/// Returns rows with these properties.
 inline platform::Rows RowsOf(std::vector<Properties> properties) {
     platform::Rows rows;
     for (Properties& one : properties) {
@@ -51,7 +51,7 @@ inline platform::Rows RowsOf(std::vector<Properties> properties) {
     return rows;
 }
 
-/// `base` with the properties of `changes` set.
+/// Returns `base` with the properties of `changes` set.
 inline Properties With(Properties base, const Properties& changes) {
     for (const auto& [name, value] : changes) {
         base[name] = value;
@@ -59,12 +59,12 @@ inline Properties With(Properties base, const Properties& changes) {
     return base;
 }
 
-/// `base` with one property set.
+/// Returns `base` with one property set.
 inline Properties With(Properties base, const std::string& name, platform::Value value) {
     return With(std::move(base), Properties{{name, std::move(value)}});
 }
 
-/// `base` without one property.
+/// Returns `base` without one property.
 inline Properties Without(Properties base, const std::string& name) {
     base.erase(name);
     return base;
@@ -96,8 +96,8 @@ inline Properties Disk(const std::string& pnpDeviceId, const std::string& device
         {"Manufacturer", "disk maker"}, {"FirmwareRevision", "fw 1.0"}, {"Status", "Degraded"}};
 }
 
-/// A Win32_DiskDrive row with every property that is read. Each has a value of its own, so that
-/// none can stand in for another.
+/// A Win32_DiskDrive row with every property that is read. Each value is different, so that none
+/// can replace another unnoticed.
 inline const Properties fullDisk{
     {"DeviceID", R"(\\.\PHYSICALDRIVE0)"},
     {"PNPDeviceID", R"(IDE\DISKX\5&1)"},
@@ -157,7 +157,7 @@ inline std::string DriversOf(const std::string& deviceId) {
            "} where assocclass=Win32_SystemDriverPNPEntity";
 }
 
-/// Scripts the plug-and-play device of a controller row and the driver that serves it.
+/// Scripts a controller row's plug-and-play device and its driver.
 inline void ServeWith(ScriptedHost& host, const std::string& controllerId,
                       const std::string& driverName) {
     host.Answer(DevicesOf(controllerId), {{{"__CLASS", "Win32_PnPEntity"},
@@ -166,7 +166,7 @@ inline void ServeWith(ScriptedHost& host, const std::string& controllerId,
                 {{{"__CLASS", "Win32_SystemDriver"}, {"Name", driverName}}});
 }
 
-/// The texts with "root\CIMv2: " before each, as ScriptedHost::asked has them.
+/// Returns the texts with "root\CIMv2: " before each, as in ScriptedHost::asked.
 inline std::vector<std::string> InCimv2(std::vector<std::string> queries) {
     for (std::string& query : queries) {
         query.insert(0, "root\\CIMv2: ");

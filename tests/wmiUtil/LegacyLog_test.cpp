@@ -15,7 +15,7 @@ namespace {
 constexpr auto prefix = "QVWMISATA::CQVWMISATA_EventProv::";
 constexpr auto defaultFile = L"C:\\windows\\system32\\wbem\\logs\\qvwbems.log";
 
-/// Whether the log writes a line of that severity to that file, which then is as it was.
+/// Returns whether the log writes a line of that severity to that file; restores the file.
 bool Writes(const LegacyLog& log, const std::wstring& to, std::uint32_t severity = 5) {
     const bool existed = std::filesystem::exists(to);
     const std::string before = existed ? ReadBytesOf(to) : "";

@@ -1,6 +1,5 @@
-// The associations that the library delivers, held against a plain reading of how their classes
-// pair the endpoints that it delivers: every pair, and tests of two texts that share no code with
-// the library.
+// The delivered associations, compared with a plain pairing of the delivered endpoints: every pair,
+// and tests of two texts that share no code with the library.
 #include <algorithm>
 #include <map>
 
@@ -42,7 +41,7 @@ protected:
         return role + " = " + host_.prefix + PathOf(instance, host_.prefix);
     }
 
-    /// The references of each delivered association, in the order of the puts.
+    /// Returns the references of each delivered association, in the order of the puts.
     std::vector<References> Delivered(const std::string& className) const {
         std::vector<References> delivered;
         for (const PublishedInstance& association : All(className)) {
@@ -57,7 +56,8 @@ protected:
         return delivered;
     }
 
-    /// The ways from the first ends to the last ones, told by plain loops over all instances.
+    /// Returns the chains from the first ends to the last ones, found by plain loops over all
+    /// instances.
     std::vector<References> Derived(const ExpectedAssociation& association) const {
         std::vector<References> derived;
         for (const PublishedInstance& one : All(association.ends[0].className)) {
@@ -66,7 +66,7 @@ protected:
         return derived;
     }
 
-    /// Appends the ways that go on from an instance of the end at `place`.
+    /// Appends the chains that continue from an instance of the end at `place`.
     void Follow(const ExpectedAssociation& association, std::size_t place,
                 const PublishedInstance& instance, References way,
                 std::vector<References>& derived) const {

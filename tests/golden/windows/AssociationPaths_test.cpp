@@ -1,5 +1,5 @@
 // Each association is fetched from the library by its path: as the embedded management service
-// hands it over, under other server names, and with its keys in another order.
+// passes it, with other server names, and with its keys in another order.
 #include <algorithm>
 
 #include "qvsata/cim/ObjectPathParser.h"
@@ -20,17 +20,17 @@ std::string Replaced(std::string text, const std::string& from, const std::strin
     return text;
 }
 
-/// The path that a client reads from an object: its keys in alphabetical order.
+/// Returns the path that a client reads from an object: its keys in alphabetical order.
 std::string PathGiven(const service::Object& object) {
     return service::TextOf(object, "__RELPATH");
 }
 
-/// The path whose keys stand in the order of the library.
+/// Returns the path with the keys in the library's order.
 std::string PathAsPut(const service::Object& object) {
     return dynamic_cast<const service::Instance&>(object).PathAsPut();
 }
 
-/// \\server\root\QVQ: with its backslashes doubled, as it stands inside a key.
+/// Returns \\server\root\QVQ: with its backslashes doubled, as inside a key.
 std::string EmbeddedPrefix(const std::string& server) {
     return Replaced(NamespacePrefix(server), "\\", "\\\\");
 }
@@ -51,7 +51,7 @@ protected:
         return puts;
     }
 
-    /// The path has to lead to the one object with the same puts, whatever its references' server.
+    /// Expects the path to find the one object with the same puts, ignoring the references' server.
     void ExpectFound(const std::string& path, const service::Object& object) {
         const service::ProviderAnswer answer = host_.Host().Provider().Get(path);
         ASSERT_EQ(answer.Status(), S_OK) << path;
@@ -102,7 +102,8 @@ INSTANTIATE_TEST_SUITE_P(ShippedHosts, AssociationPathsTest, testing::ValuesIn(S
 INSTANTIATE_TEST_SUITE_P(RealMachines, AssociationPathsTest, testing::ValuesIn(RealMachines()),
                          HostName);
 
-/// A host with one way from a channel over a disk to its extent, and the path of that way.
+/// A host with one chain of a channel, a disk and its extent, and the object path of the
+/// association.
 class AssociationPathsOfThreeTest : public testing::Test {
 protected:
     static service::RecordedHost OneDisk(const std::string& server) {

@@ -8,7 +8,7 @@
 #include "qvsata/cim/CimValue.h"
 #include "tests/support/HostBuilder.h"
 
-// What each class publishes of one host when one of its queries fails.
+// What each class publishes on one host if one of its queries fails.
 
 namespace qv::test {
 
@@ -16,27 +16,27 @@ using Lines = std::vector<std::string>;
 using Names = std::set<std::string>;
 using Changes = std::map<std::string, service::CimValue>;
 
-/// An instance that is published though a query failed: all of it but for some properties.
+/// An instance that is published although a query failed, and how it differs.
 struct Kept {
-    std::size_t place;  ///< among the instances that are published when no query fails
+    std::size_t place;  ///< among the instances published without a failure
     Names without{};    ///< the properties that it lacks
     Changes with{};     ///< the properties that have another value
 };
 using Instances = std::vector<Kept>;
 
-/// What is published when one of a class's queries fails.
+/// What is published if one of a class's queries fails.
 struct QueryFailure {
     const char* query;    ///< what follows "SELECT * FROM ", or the query itself
-    Instances refused;    ///< when it cannot be connected or submitted
-    unsigned long rows;   ///< how many of its rows come when it breaks off
-    Instances brokenOff;  ///< when it breaks off after them
+    Instances refused;    ///< published if it cannot be connected or submitted
+    unsigned long rows;   ///< how many of its rows arrive before it breaks off
+    Instances brokenOff;  ///< published if it breaks off after them
 };
 
-/// The failures of a class's queries, in the order in which they are made.
+/// The failures of a class's queries, in the order of the queries.
 struct ClassFailures {
     const char* className;
-    std::vector<const char*> telling;  ///< the properties that show which instance is which
-    Lines whole;                       ///< when no query fails: those properties, joined by "|"
+    std::vector<const char*> telling;  ///< the properties that identify the instances
+    Lines whole;                       ///< without a failure: those properties, joined by "|"
     std::vector<QueryFailure> queries;
 };
 
@@ -59,7 +59,7 @@ inline constexpr const char* channelDriver =
     R"(ASSOCIATORS OF {Win32_PnPEntity.DeviceID="PCIIDE\\IDECHANNEL\\5&0"} )"
     "where assocclass=Win32_SystemDriverPNPEntity";
 
-// Disk A failed and hangs on the channel, disk B hangs on the controller itself.
+// Disk A fails and is on the channel; disk B is on the controller itself.
 inline service::RecordedHost TwoDisks() {
     HostBuilder host;
     host.Controller(R"(PCI\VEN_1&DEV_2&REV_03\4)").Driver("pciide");
@@ -69,14 +69,14 @@ inline service::RecordedHost TwoDisks() {
     return host.Build();
 }
 
-// The texts by which the instances are told.
+// The texts that identify the instances.
 inline const std::string diskA = "IDE&DISKA&6&0";
 inline const std::string diskB = "IDE&DISKB&6&1";
 inline const std::string controller = "PCI&VEN_1&DEV_2&REV_03&4";
 inline const std::string channel = "PCIIDE&IDECHANNEL&5&0";
 inline const std::string to = " connected to ";
 
-// The instances that are published when no query fails.
+// The instances published without a failure.
 inline const Kept first{0};
 inline const Kept second{1};
 
@@ -89,12 +89,12 @@ inline const Changes noPosition{{"PhysicalPosition", ""},
 inline const Changes groupFailed{{"GroupOperationalStatus", std::vector<std::int64_t>{6}},
                                  {"GroupStatusDescriptions", std::vector<std::string>{"Error"}}};
 
-/// A class of controllers, which has one query: of its two rows the first is a controller.
+/// A class of controllers with one query, whose first of two rows is a controller.
 inline ClassFailures OfControllers(const char* className, const char* key) {
     return {className, {key}, {controller}, {{controllers, {}, 1, {first}}}};
 }
 
-/// A class of disks with properties from the rows of media, which each disk asks for anew.
+/// A class of disks with properties from the media rows, which are queried for each disk.
 inline ClassFailures WithMedia(const char* className, const char* key, const Names& ofMedia) {
     return {className,
             {key, "SerialNumber"},
@@ -104,7 +104,7 @@ inline ClassFailures WithMedia(const char* className, const char* key, const Nam
              {media, {first, {1, ofMedia}}, 1, {first, {1, ofMedia}}}}};
 }
 
-/// A class of controller software, one instance for the driver of each family.
+/// A class of controller software, one instance for each family's driver.
 inline ClassFailures OfDrivers(const char* className) {
     const std::string prefix = std::string("QV:") + className + ":";
     return {className,
@@ -135,7 +135,7 @@ inline const ClassFailures failures[] = {
     WithMedia("QV_SATADiskDriveFW", "InstanceID", {"SerialNumber"}),
     OfControllers("QV_SATAPortControllerPhysicalPackage", "Tag"),
     WithMedia("QV_SATADiskPhysicalPackage", "Tag", {"SerialNumber", "Name"}),
-    // Its query brings a second request into the library, whose queries follow.
+    // Its query causes a second request to the library, whose queries follow.
     {"QV_SATAStorageCollection",
      {"GroupOperationalStatus", "GroupStatusDescriptions"},
      {R"({2}|{"OK"})"},
@@ -154,7 +154,7 @@ inline const ClassFailures failures[] = {
       {controllers, {{0, {}, noPosition}, {1, {}, noPosition}}, 1, {{0, {}, noPosition}, second}}}},
     OfControllers("QV_SATAControllerLocation", "Name"),
     OfControllers("QV_SATAPortControllerProduct", "Name"),
-    // The first list of controllers is walked for channels, the second is searched for parents.
+    // The first list of controllers is searched for channels, the second for parents.
     {"QV_SATALogicalPort",
      {"DeviceID"},
      {channel + to + controller},

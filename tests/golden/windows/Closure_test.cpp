@@ -18,7 +18,7 @@ protected:
         return service::TextOf(object, "__RELPATH");
     }
 
-    /// The paths that each delivered association refers to.
+    /// Returns the paths that each delivered association refers to.
     std::vector<std::vector<std::string>> References() const {
         std::vector<std::vector<std::string>> references;
         for (const std::string& className : ExpectedAssociationNames()) {
@@ -34,7 +34,7 @@ protected:
         return references;
     }
 
-    /// The instance that a path leads to, by the path that a client would be given for it.
+    /// Returns the instance at a path, as the path that a client reads from it.
     std::string Follow(const std::string& path) {
         const auto known = followed_.find(path);
         if (known != followed_.end()) {
@@ -46,7 +46,7 @@ protected:
         return followed_[path] = answer.objects.empty() ? "" : RelativePath(*answer.objects[0]);
     }
 
-    /// The neighbours of each instance, as the associations give them.
+    /// Returns the neighbours of each instance according to the associations.
     std::map<std::string, Paths> Neighbours() {
         std::map<std::string, Paths> neighbours;
         for (const auto& ends : References()) {
@@ -63,7 +63,7 @@ protected:
 
     const WholeHost& whole_ = WholeHost::From(GetParam());
     PublishingHost host_{GetParam()};
-    /// Where each path leads, found out once for both tests.
+    /// Where each path leads, looked up once for both tests.
     std::map<std::string, std::string>& followed_ = followed[GetParam()];
 
 private:

@@ -1,4 +1,4 @@
-// What a client reads of the instances that the library delivers.
+// The values that a client reads from the delivered instances.
 #include "platform/windows/Variant.h"
 #include "qvsata/hosting/objects/ObjectFace.h"
 #include "tests/golden/windows/PublishingHost.h"

@@ -1,4 +1,4 @@
-// Source queries that fail for a cycle, and many events in one.
+// Source queries that fail for one cycle, and many events in one cycle.
 #include <gmock/gmock.h>
 
 #include <algorithm>
@@ -25,7 +25,7 @@ struct SourceClass {
 /// The queries of the disk inventory.
 class DrillFaultsTest : public ::testing::TestWithParam<SourceClass> {
 protected:
-    /// A recording in which the query fails.
+    /// Returns a recording in which the query fails.
     std::shared_ptr<const service::RecordedHost> Failing(
         const std::shared_ptr<const service::RecordedHost>& recording) const {
         auto failing = std::make_shared<service::RecordedHost>(*recording);
@@ -70,7 +70,7 @@ INSTANTIATE_TEST_SUITE_P(OfTheInventory, DrillFaultsTest,
 
 constexpr int many = 1000;
 
-/// A host of many disks that all have one status.
+/// Returns a host of many disks with one status.
 std::shared_ptr<const service::RecordedHost> ManyDisks(const std::string& status) {
     HostBuilder host;
     for (int index = 0; index < many; ++index) {
@@ -85,7 +85,7 @@ std::shared_ptr<const service::RecordedHost> ManyDisks(const std::string& status
     return recording;
 }
 
-/// An event for each of them, in their order.
+/// Returns an event for each disk, in their order.
 std::vector<std::string> EventOfEach(const std::string& eventId) {
     std::vector<std::string> events;
     for (int index = 0; index < many; ++index) {

@@ -22,8 +22,8 @@
 
 namespace qv::test {
 
-/// The library's own monitor thread on one recording after the other, a cycle for each, with log
-/// files of its own and without the pauses.
+/// Runs the library's own monitor thread on one recording after the other, one cycle for each, with
+/// log files of its own and without pauses.
 class DrillHost {
 public:
     using Recordings = std::vector<std::shared_ptr<const service::RecordedHost>>;
@@ -43,12 +43,12 @@ public:
         host_.emplace(options);
         pauses_.emplace(host_->ProviderModule());
         subscription_.emplace(*host_);
-        // The machine's own settings are back, which tell what it is.
+        // Restores the machine's own settings, which tell the host's name.
         settings_.reset();
     }
 
-    /// The indications of the cycle on the present recording. Behind it the next one is present,
-    /// and the monitor is held until the next cycle is asked for.
+    /// Returns the indications of the cycle on the current recording. Then selects the next
+    /// recording and holds the monitor until the next call.
     std::vector<PublishedInstance> RunCycle() {
         if (std::exchange(held_, true)) {
             pauses_->LetGo();
@@ -62,7 +62,7 @@ public:
         return indications;
     }
 
-    /// The indications of one cycle on each recording.
+    /// Returns the indications of one cycle on each recording.
     std::vector<PublishedInstance> RunAll() {
         std::vector<PublishedInstance> all;
         for (std::size_t cycle = 0; cycle < host_->Recordings()->Size(); ++cycle) {
@@ -71,17 +71,17 @@ public:
         return all;
     }
 
-    /// Ends the provider: its log is complete.
+    /// Ends the provider, which completes its log.
     void End() { subscription_->End(); }
 
-    /// The legacy log so far.
+    /// Returns the legacy log so far.
     std::string LegacyLog() const {
         const std::wstring file = folder_.File(L"legacy.log");
         return std::filesystem::exists(file) ? ReadBytesOf(file) : "";
     }
 
 private:
-    /// What was put, in the order of the puts.
+    /// Returns the puts, in order.
     static PublishedInstance Read(const service::Instance& object) {
         PublishedInstance instance{object.ClassName(), {}};
         for (const service::PutCall& put : object.Puts()) {
@@ -100,7 +100,7 @@ private:
     bool held_ = false;
 };
 
-/// The event's ID and the disk's device ID, joined by a blank.
+/// Returns event ID and disk device ID, joined by a blank.
 inline std::vector<std::string> EventsOf(const std::vector<PublishedInstance>& indications) {
     std::vector<std::string> events;
     for (const PublishedInstance& indication : indications) {
@@ -109,7 +109,7 @@ inline std::vector<std::string> EventsOf(const std::vector<PublishedInstance>& i
     return events;
 }
 
-/// The recordings of hosts/drill, in order.
+/// Returns the recordings of hosts/drill, in order.
 inline DrillHost::Recordings Drill() {
     DrillHost::Recordings recordings;
     for (const char* name : {"0-healthy", "1-degraded", "2-predicted", "3-failed", "4-recovered",

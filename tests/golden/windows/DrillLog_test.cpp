@@ -1,4 +1,4 @@
-// The lines that the monitor writes into the legacy log.
+// The lines that the monitor writes to the legacy log.
 #include <gmock/gmock.h>
 
 #include <regex>
@@ -12,7 +12,7 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
-/// The lines without their times, whose form is checked.
+/// Returns the lines without their times and checks the form of the times.
 std::vector<std::string> LinesOf(const std::string& log) {
     const std::regex form(R"( \[\d\d/\d\d/\d{4} \d\d:\d\d:\d\d:\d{3}\] (.*))");
     std::vector<std::string> lines;

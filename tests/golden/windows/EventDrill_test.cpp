@@ -1,4 +1,4 @@
-// What the event provider delivers for the drill is what the golden file holds.
+// The event provider delivers for the drill what the golden file contains.
 #include <gmock/gmock.h>
 
 #include <regex>
@@ -12,7 +12,7 @@ namespace {
 
 using ::testing::ElementsAre;
 
-/// What is different in each run, or on each machine, and the form it has.
+/// A value that differs by run or machine, and its form.
 struct Masked {
     const char* property;
     const char* form;
@@ -27,7 +27,7 @@ constexpr Masked masked[] = {
     {"NetworkAddresses", R"(\{("[0-9a-f.:%]+"(, "[0-9a-f.:%]+")*)?\})"},
 };
 
-/// The value as it is written in the golden file.
+/// Returns the value as the golden file has it.
 std::string Written(const PublishedProperty& property) {
     const std::string text = ValueText(property.value);
     const auto* found = std::ranges::find(masked, property.name, &Masked::property);

@@ -1,4 +1,4 @@
-// What the caller of the library sees when memory runs out while a row of its source is read.
+// What a caller of the library gets when memory runs out while a row of its source is read.
 #include <algorithm>
 
 #include "tests/golden/windows/FaultySource.h"

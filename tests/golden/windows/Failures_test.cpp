@@ -1,5 +1,5 @@
-// What a class publishes when one of its source queries cannot be connected, is refused or breaks
-// off: an empty list, or instances with less in them. The request itself succeeds.
+// What a class publishes if one of its source queries cannot be connected, is refused or breaks
+// off: an empty list, or less complete instances. The request itself succeeds.
 #include "tests/golden/windows/ClassFailures.h"
 #include "tests/golden/windows/FaultySource.h"
 
@@ -20,7 +20,7 @@ std::string WholeQuery(const std::string& query) {
     return nameSpace + (query.starts_with("ASSOCIATORS") ? query : "SELECT * FROM " + query);
 }
 
-/// All classes fail on one host, one after the other.
+/// Runs all classes on one host, one after the other.
 class FailuresTest : public testing::TestWithParam<ClassFailures> {
 protected:
     static void SetUpTestSuite() { host = std::make_unique<FaultyHost>(TwoDisks()); }
@@ -30,12 +30,12 @@ protected:
         return host->Publish(GetParam().className, fault);
     }
 
-    /// Every property of the instances, as text.
+    /// Returns every property of the instances, as text.
     static std::string Whole(const PublishedInstances& published) {
         return GoldenText({published}, NamespacePrefix("SRV01"));
     }
 
-    /// Those of the sound instances that are kept, as they then are.
+    /// Returns the remaining instances with their expected changes, as text.
     std::string WholeOf(const Instances& kept) const {
         PublishedInstances left{sound_.className, {}};
         for (const Kept& one : kept) {

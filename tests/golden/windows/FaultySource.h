@@ -23,20 +23,20 @@
 #include "tests/support/windows/CallList.h"
 #include "tests/support/windows/RegisteredFactory.h"
 
-// A recorded host one of whose queries fails. Each query comes on a connection of its own.
+// A recorded host one of whose queries fails. Each query uses its own connection.
 
 namespace qv::test {
 
-/// Where a query fails; `exhausted`: its rows come, and there is no memory to read one.
+/// Where a query fails; `exhausted`: memory runs out while one of its rows is read.
 enum class Stage { connecting, submitting, reading, exhausted };
 
 struct Fault {
-    std::size_t turn = 0;  ///< which of the queries, counted from 0
+    std::size_t turn = 0;  ///< the query's number, from 0
     Stage stage = Stage::connecting;
-    ULONG rows = 0;  ///< how many rows come before reading fails
+    ULONG rows = 0;  ///< how many rows arrive before reading fails
 };
 
-/// What becomes of the queries, and what they were.
+/// The fault, and the queries.
 struct FaultScript {
     std::optional<Fault> fault;
     std::size_t turn = 0;         ///< of the next connection
@@ -47,7 +47,7 @@ struct FaultScript {
     }
 };
 
-/// The results of a query, which its derived classes spoil.
+/// The results of a query; derived classes add the fault.
 class SpoiltResults : public windows::ComObject<IEnumWbemClassObject> {
     static constexpr HRESULT refused = windows::Hr(WBEM_E_NOT_SUPPORTED);
 
@@ -67,7 +67,7 @@ private:
     windows::ComPtr<IEnumWbemClassObject> whole_;
 };
 
-/// Gives so many rows of the whole result and then fails.
+/// Returns the given number of rows, then fails.
 class ShortResults : public SpoiltResults {
 public:
     ShortResults(windows::ComPtr<IEnumWbemClassObject> whole, ULONG rows)
@@ -88,7 +88,7 @@ private:
     ULONG left_;
 };
 
-/// Gives as many rows as there are, none of which can be read for want of memory.
+/// Returns every row, but reading a row throws std::bad_alloc.
 class ExhaustedResults : public SpoiltResults {
     class Row : public service::UnsupportedObject {
     public:
@@ -145,7 +145,7 @@ private:
     windows::ComPtr<IWbemServices> sound_;
 };
 
-/// Connects to a recorded host and to the library's namespace in the host that publishes.
+/// Connects to a recorded host and to the library's namespace in the publishing host.
 class FaultyLocator : public windows::ComObject<IWbemLocator> {
 public:
     FaultyLocator(FaultScript& script, service::Connector machine, PublishingHost* host)
@@ -183,8 +183,8 @@ private:
     PublishingHost* host_;
 };
 
-/// A publishing host whose queries come through a script. The locator that was registered first is
-/// the one that the library finds; while the host starts, its namespace is not there yet.
+/// A publishing host whose queries run through a script. The library finds the locator that was
+/// registered first; the host's namespace does not exist while the host starts.
 class FaultyHost {
 public:
     explicit FaultyHost(const service::RecordedHost& recorded)
@@ -196,19 +196,19 @@ public:
         host_ = std::make_unique<PublishingHost>(recorded);
     }
 
-    /// The instances of a class when there is the fault, or none.
+    /// Returns the instances of a class with or without a fault.
     PublishedInstances Publish(const char* className, std::optional<Fault> fault = {}) {
         Expect(fault);
         return host_->Publish(className);
     }
 
-    /// The provider, whose next request meets the fault, or none.
+    /// Returns the provider; the fault, if any, affects its next request.
     const service::ProviderObject& Provider(std::optional<Fault> fault = {}) {
         Expect(fault);
         return host_->Host().Provider();
     }
 
-    /// The queries of the last request that were submitted, as "namespace: query".
+    /// Returns the submitted queries of the last request, as "namespace: query".
     std::vector<std::string> Asked() const { return script_.asked.All(); }
 
 private:

@@ -1,4 +1,4 @@
-// What the library publishes for each recorded host is what its golden file holds.
+// The library publishes for each recorded host what its golden file contains.
 #include <map>
 
 #include "tests/golden/GoldenFiles.h"
@@ -17,7 +17,7 @@ TEST_P(GoldenTest, AreThoseOfTheGoldenFile) {
     EXPECT_EQ(FirstDifference(published, ReadGolden(name)), "");
 }
 
-// A class that refuses more than a text without anything in it has the wrong type.
+// An instance may refuse an empty text only; any other refusal means a wrong type in the class.
 TEST_P(GoldenTest, LoseNoValueThatThereIs) {
     for (const RefusedPut& refused : WholeHost::From(GetParam()).refused) {
         EXPECT_EQ(refused.value, service::CimValue("")) << refused.property;

@@ -1,4 +1,4 @@
-// How many instances of each class a host has, counted by hand in its recording.
+// The number of instances of each class on a host, counted by hand in its recording.
 #include <algorithm>
 #include <map>
 
@@ -11,7 +11,7 @@ namespace {
 
 using Counts = std::map<std::string, std::size_t>;
 
-/// What a recording holds, counted by hand.
+/// The counts of a recording, made by hand.
 struct Recording {
     const char* folder;  ///< of the source tree
     const char* host;
@@ -21,7 +21,7 @@ struct Recording {
     std::size_t families;               ///< driver families among the drivers of controller rows
     std::size_t attachedChannels;       ///< channels with a link to a controller
     std::size_t attachedDisks;          ///< IDE disks with a link to a controller row
-    std::size_t disksOnChannels;        ///< those whose last link is to a channel
+    std::size_t disksOnChannels;        ///< IDE disks whose last link is to a channel
     std::size_t familiesOfControllers;  ///< families whose first row is a controller
 };
 

@@ -1,4 +1,4 @@
-// An instance by its path, in letters that are not those of its class.
+// An instance by its path, with the class name in another letter case.
 #include "tests/golden/windows/PublishingHost.h"
 #include "tests/support/HostBuilder.h"
 

@@ -1,5 +1,5 @@
-// The storage collection asks the management service for the library's own disks, which brings a
-// second request into the library while the first one is running.
+// The storage collection queries the management service for the library's own disks: a second
+// request enters the library while the first one is running.
 #include <algorithm>
 #include <array>
 #include <functional>
@@ -13,7 +13,7 @@ namespace {
 
 constexpr const char* degraded = R"({3}{"Degraded"})";
 
-/// The second of two disks decides: the group is degraded.
+/// Two disks; the second one makes the group degraded.
 service::RecordedHost TwoDisks() {
     HostBuilder host;
     host.Disk(0, R"(IDE\DISKA\5&0)");
@@ -34,7 +34,7 @@ std::string StatusOf(const PublishedInstances& collections) {
     return status;
 }
 
-/// The same of what a client of the namespace is answered.
+/// As above, for the answer that a client of the namespace gets.
 std::string StatusOf(const service::Answer& answer) {
     if (answer.objects.size() != 1) {
         return std::to_string(answer.objects.size()) + " collections, " + answer.message;

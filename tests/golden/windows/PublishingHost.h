@@ -18,7 +18,7 @@
 
 namespace qv::test {
 
-/// A put that the instance's class did not take.
+/// A put that the instance's class refused.
 struct RefusedPut {
     std::string property;  ///< Class.Property
     std::uint16_t variantType = 0;
@@ -39,7 +39,7 @@ public:
     const service::Namespace& Published() const { return host_.Published(); }
     const std::string& Prefix() const { return prefix_; }
 
-    /// The instances of one class, as the sink received them.
+    /// Returns the instances of one class, as the sink received them.
     PublishedInstances Publish(std::string_view className) {
         PublishedInstances published{std::string(className), {}};
         const service::ProviderAnswer answer = host_.Provider().Enumerate(className);
@@ -58,7 +58,7 @@ public:
         return all;
     }
 
-    /// The puts so far that were refused, in order.
+    /// Returns the refused puts so far, in order.
     const std::vector<RefusedPut>& Refused() const { return refused_; }
 
 private:

@@ -12,7 +12,7 @@ namespace qv::test {
 
 /// Everything that the library publishes for one recorded host.
 struct WholeHost {
-    std::string prefix;  ///< that of its paths
+    std::string prefix;  ///< of its paths
     std::vector<PublishedInstances> classes;
     std::vector<RefusedPut> refused;
 
@@ -20,7 +20,8 @@ struct WholeHost {
         return std::ranges::find(classes, className, &PublishedInstances::className)->instances;
     }
 
-    /// That of a recording, which is published once in this process. No other host may be there.
+    /// Returns the host of a recording, which is published once in this process. No other host may
+    /// exist then.
     static const WholeHost& From(const std::filesystem::path& recording) {
         static std::map<std::filesystem::path, WholeHost> known;
         auto found = known.find(recording);

@@ -16,7 +16,7 @@ using windows::KernelMutex;
 
 class KernelMutexTest : public ::testing::Test {
 protected:
-    /// Whether another thread gets the lock; if so it gives it back.
+    /// Returns whether another thread gets the lock, which it then releases.
     static bool AnotherThreadGets(KernelMutex& mutex) {
         return std::async(std::launch::async,
                           [&mutex] {

@@ -17,7 +17,7 @@ using windows::WindowsHostFacts;
 
 const WindowsHostFacts facts;
 
-/// What the system says.
+/// Returns the system's own name.
 std::wstring SystemName(COMPUTER_NAME_FORMAT format) {
     wchar_t name[256] = L"";
     DWORD length = 256;

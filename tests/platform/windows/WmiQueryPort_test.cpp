@@ -1,4 +1,4 @@
-// The query runner on a source that is scripted.
+// The query port on a scripted source.
 #include "platform/windows/WmiQueryPort.h"
 
 #include <gmock/gmock.h>
@@ -76,14 +76,14 @@ TEST_F(WmiQueryPortTest, ConnectsAnewForEachQuery) {
     EXPECT_EQ(source.connects.All().size(), 2U);
 }
 
-/// A system function itself, whatever this program's calls of it are replaced by.
+/// Returns the system function itself, even if this program's import of it is replaced.
 template <typename Function>
 Function* SystemFunction(const wchar_t* module, const char* name) {
     return reinterpret_cast<Function*>(
         reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(module), name)));
 }
 
-/// The calls of SysAllocStringLen that are still to succeed; the one behind them fails.
+/// The number of SysAllocStringLen calls that still succeed; the next one fails.
 int allocationsLeft = 0;
 
 BSTR WINAPI AllocateWhileAnyAreLeft(const OLECHAR* text, UINT length) {
@@ -92,7 +92,7 @@ BSTR WINAPI AllocateWhileAnyAreLeft(const OLECHAR* text, UINT length) {
     return allocationsLeft-- == 0 ? nullptr : allocate(text, length);
 }
 
-/// How many system strings of a query can be allocated: of its namespace, language and text.
+/// Parameter: how many of a query's strings can be allocated (namespace, language, text).
 class WmiQueryPortScarceStrings : public WmiQueryPortTest,
                                   public ::testing::WithParamInterface<int> {};
 

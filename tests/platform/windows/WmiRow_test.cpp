@@ -1,4 +1,4 @@
-// What the typed readers make of a VARIANT of the management service.
+// The results of the typed readers for VARIANTs of the management service.
 #include "platform/windows/WmiRow.h"
 
 #include <gmock/gmock.h>
@@ -26,7 +26,7 @@ using windows::MakeObject;
 using windows::Variant;
 using windows::WmiRow;
 
-/// A row of one property "P".
+/// A row with one property "P".
 class OneValue : public service::UnsupportedObject {
 public:
     explicit OneValue(VARIANT value) { VariantCopy(value_.Receive(), &value); }
@@ -44,7 +44,7 @@ WmiRow RowOf(const VARIANT& value) {
     return WmiRow(MakeObject<OneValue>(value));
 }
 
-/// A number's bits under a type; the lower ones count where the type is narrow.
+/// Returns a VARIANT of the type with these bits; a narrow type uses the lower ones.
 VARIANT Bits(VARTYPE type, std::uint32_t bits) {
     VARIANT value{};
     V_VT(&value) = type;
@@ -56,7 +56,7 @@ struct IntegerCase {
     const char* name;
     VARTYPE type;
     std::uint32_t bits;
-    std::optional<std::int32_t> number;  ///< none where the type is not accepted
+    std::optional<std::int32_t> number;  ///< empty if the type is refused
 };
 
 std::ostream& operator<<(std::ostream& stream, const IntegerCase& row) {
@@ -172,7 +172,7 @@ TEST(WmiRow, GivesTheStatusOfAReadThatFails) {
     EXPECT_EQ(GetUInt16Property(row, "Q", shortNumber), Status::failed);
 }
 
-/// Stores an array of the type from the lower bound on.
+/// Stores an array of the type that starts at the lower bound.
 template <typename Element>
 void StoreArray(Variant& value, VARTYPE type, LONG lower, const std::vector<Element>& elements) {
     VARIANT* array = value.Receive();

@@ -17,7 +17,7 @@ ObjectPath Parsed(std::string_view text) {
     return path.value_or(ObjectPath{});
 }
 
-// "reason at position", or "" for a text that is a path.
+// Returns "reason at position"; "" for a valid path.
 std::string PathRefusal(std::string_view text) {
     PathError error;
     return ParseObjectPath(text, &error) ? ""

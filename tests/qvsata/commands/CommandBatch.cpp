@@ -1,5 +1,5 @@
-// Runs the command lines of a file, one after another: an argument each between tabulators. Prints
-// what each prints, errors among it, and how it ends.
+// Runs the command lines of a file, whose arguments are separated by tabs. Prints each command's
+// output, errors and exit code.
 #include <cstdio>
 #include <fstream>
 #include <string>

@@ -10,7 +10,7 @@
 namespace qv::test {
 namespace {
 
-/// The level of the token that the thread has, if it has one.
+/// Returns the level of the thread's token, if it has one.
 std::optional<SECURITY_IMPERSONATION_LEVEL> ThreadLevel() {
     windows::KernelHandle token;
     if (!OpenThreadToken(GetCurrentThread(), TOKEN_QUERY, TRUE, token.Receive())) {

@@ -27,7 +27,7 @@ service::HostOptions FailingDisk() {
 
 class EventSubscriptionTest : public testing::Test {
 protected:
-    /// The IDs of the events of the cycle that is over next; the monitor is held behind it.
+    /// Returns the event IDs of the next cycle to end; the monitor is held after it.
     std::vector<std::string> NextCycle() {
         EXPECT_EQ(WaitForSingleObject(pauses_.CycleOver(), 10000), WAIT_OBJECT_0);
         return Taken();

@@ -27,15 +27,15 @@ using windows::ComPtr;
 using windows::Hr;
 using windows::Variant;
 
-/// A variant for a call of Put.
+/// Stores a text in a variant for a call of Put.
 inline VARIANT* TextVariant(Variant& variant, const wchar_t* text) {
     V_BSTR(variant.Receive()) = Bstr(text).Detach();
     V_VT(variant.Pass()) = VT_BSTR;
     return variant.Pass();
 }
 
-/// A provider that answers as the test says. An enumeration delivers one instance with the text of
-/// `Key` for each of `keys`, unless `enumerate` is set.
+/// A provider with scripted answers. An enumeration delivers one instance for each of `keys`, with
+/// that text as `Key`, unless `enumerate` is set.
 class FakeProvider final
     : public windows::UnsupportedServices<windows::ComObject<IWbemServices, IWbemProviderInit>> {
 public:
@@ -86,7 +86,7 @@ private:
     ComPtr<IWbemServices> services_;
 };
 
-/// The classes of the namespace that the tests are about.
+/// The classes of the test namespace.
 inline constexpr const char* testMof = R"(
 #pragma namespace("\\\\.\\root\\QVQ")
 [Abstract] class T_Base { [key] string Key; uint32 Number = 7; };
@@ -132,12 +132,12 @@ struct TestNamespace {
     }
 };
 
-/// The text of a property as a client reads it; empty when it has none.
+/// Returns the text of a property as a client reads it; empty if it has none.
 inline std::string ReadText(IWbemClassObject& object, std::string_view name) {
     return service::TextOf(*service::ReadObject(object), name);
 }
 
-/// A property as a client reads it.
+/// Returns a property as a client reads it.
 inline std::optional<service::ObjectProperty> ReadProperty(IWbemClassObject& object,
                                                            std::string_view name) {
     return service::ReadObject(object)->Find(name);

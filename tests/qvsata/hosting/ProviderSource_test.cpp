@@ -22,7 +22,7 @@ std::vector<std::string> Paths(const Answer& answer) {
     return paths;
 }
 
-/// Delivers one link between the disk and the port that are named.
+/// Delivers one link between the given disk and port.
 HRESULT DeliverLink(IWbemServices& services, const BSTR className, const wchar_t* disk,
                     const wchar_t* port, IWbemObjectSink* sink) {
     ComPtr<IWbemClassObject> type;
@@ -145,7 +145,7 @@ protected:
         };
     }
 
-    /// One instance with the key "a" of T_Disk, "b" of T_Port.
+    /// Delivers one instance with the key "a" of T_Disk, "b" of T_Port.
     static HRESULT Deliver(IWbemServices& services, const BSTR name, IWbemObjectSink* sink) {
         ComPtr<IWbemClassObject> type;
         services.GetObject(name, 0, nullptr, &type, nullptr);
@@ -160,7 +160,7 @@ protected:
 
     std::vector<std::string> Ask(const char* query) { return Paths(names_.names->Query(query)); }
 
-    /// The query has to fail as the enumeration of `className` does.
+    /// Expects the query to fail as the enumeration of `className`.
     void ExpectFailureOf(const wchar_t* className, const char* query) {
         failing_ = className;
         const Answer answer = names_.names->Query(query);
@@ -226,7 +226,7 @@ TEST_F(ProviderSourceAssociationsTest, AreFollowedNoFurtherAfterTheFirstFailure)
         if (std::wstring_view(name) != L"T_Link") {
             return Hr(WBEM_E_OUT_OF_MEMORY);
         }
-        // Two neighbours of one port, of two classes.
+        // Two neighbours of one port, of different classes.
         DeliverLink(services, name, L"T_Disk.Key=\"a\"", L"T_Port.Key=\"b\"", sink);
         return DeliverLink(services, name, L"T_Port.Key=\"c\"", L"T_Port.Key=\"b\"", sink);
     };
@@ -237,7 +237,7 @@ TEST_F(ProviderSourceAssociationsTest, AreFollowedNoFurtherAfterTheFirstFailure)
 
 TEST(ProviderSource, LetsTheProviderAskItOnEightThreadsAtOnce) {
     const TestNamespace names;
-    // Each request for ports asks the namespace for the disks first.
+    // Each request for ports first queries the namespace for the disks.
     names.fake->enumerate = [&names](IWbemServices& services, const BSTR name,
                                      IWbemObjectSink* sink) {
         if (std::wstring_view(name) == L"T_Port") {

@@ -7,7 +7,7 @@
 
 namespace qv::test {
 
-/// The message that reading a text into namespaces ends with; "no error" when it is read.
+/// Returns the error message of reading a text into namespaces; "no error" on success.
 inline std::string ErrorOf(std::string_view text, service::Namespaces& namespaces) {
     try {
         service::ReadMof(text, "a.mof", namespaces);
@@ -17,7 +17,7 @@ inline std::string ErrorOf(std::string_view text, service::Namespaces& namespace
     return "no error";
 }
 
-/// The same with nothing there before.
+/// As above, into empty namespaces.
 inline std::string ErrorOf(std::string_view text) {
     service::Namespaces namespaces;
     return ErrorOf(text, namespaces);

@@ -1,5 +1,5 @@
-// Class definitions that were shipped once and that the management service would have refused:
-// concrete CIM classes under our own. Each of them still fails here, at its place.
+// Class definitions that were once shipped and that the management service would have refused:
+// concrete CIM classes under the product's own. Each still fails here, with its position.
 
 #include <gmock/gmock.h>
 

@@ -1,5 +1,4 @@
-// The shipped files one after the other, as the MOF compiler takes them, into namespaces that are
-// not empty.
+// The shipped files in order, as the MOF compiler reads them, into namespaces that are not empty.
 
 #include <gmock/gmock.h>
 
@@ -23,7 +22,7 @@ std::string TextOf(std::string_view name) {
     return text.str();
 }
 
-/// The message of one shipped file.
+/// Returns the message of compiling one shipped file.
 std::string Compile(std::string_view name, Namespaces& namespaces) {
     return ErrorOf(TextOf(name), namespaces);
 }
@@ -33,8 +32,7 @@ std::string Without(std::string text, const std::string& part) {
     return at == std::string::npos ? "no " + part : text.erase(at, part.size());
 }
 
-/// A common schema of the time before the properties that were added last, with the two classes
-/// that were added last missing as well.
+/// Returns an older common schema, without the properties and the two classes that were added last.
 std::string OlderSchema() {
     std::string schema = TextOf("cim_schema.mof");
     schema = Without(schema, "    string IdentityInfoValue[];\n");
@@ -76,7 +74,7 @@ TEST(Installation, NamesWhatAnOlderCommonSchemaLacks) {
                          "(WBEM_E_ALREADY_EXISTS 0x80041019)"));
 }
 
-/// The same with a class that the published schema declares concrete, and ours does not.
+/// As above, with a class that the published schema declares concrete and ours abstract.
 std::string ConcreteSchema() {
     std::string schema = TextOf("cim_schema.mof");
     const std::string part = "Abstract, Description(\"System that can compute.\")";

@@ -1,4 +1,4 @@
-// What becomes of a class or an instance that is in the namespace already.
+// Definitions of classes and instances that the namespace already has.
 
 #include <gmock/gmock.h>
 
@@ -9,7 +9,7 @@ namespace {
 
 using namespace service;
 
-/// The message of a file that is read after another one.
+/// Returns the message of a file that is read after another one.
 std::string ErrorAfter(std::string_view first, std::string_view second) {
     Namespaces namespaces;
     ReadMof(first, "first.mof", namespaces);

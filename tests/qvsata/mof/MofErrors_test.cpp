@@ -1,4 +1,4 @@
-// What the MOF files refuse beside their rules: wrong grammar and values, each with its place.
+// Wrong grammar and values in MOF files, each refused with its position.
 #include <gmock/gmock.h>
 
 #include <array>

@@ -10,7 +10,7 @@ namespace {
 using namespace service;
 using testing::ElementsAre;
 
-/// The repository of root\default after one text.
+/// Returns the repository of root\default after one text.
 ClassRepository Read(std::string_view text) {
     Namespaces namespaces;
     ReadMof(text, "a.mof", namespaces);

@@ -1,4 +1,4 @@
-// The rules of docs/MOF-RULES.md, each with a text that breaks it and, where the line is fine, one
+// The rules of docs/MOF-RULES.md, each with a text that breaks it and, for borderline rules, one
 // that keeps it.
 
 #include <gmock/gmock.h>

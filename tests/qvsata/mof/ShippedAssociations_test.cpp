@@ -1,4 +1,4 @@
-// The shipped definitions of the association classes against the published catalogue.
+// The shipped association classes, compared with the published catalogue.
 #include <gmock/gmock.h>
 
 #include "tests/qvsata/mof/ShippedFiles.h"

@@ -1,4 +1,4 @@
-// The shipped class definitions against the published catalogue.
+// The shipped class definitions, compared with the published catalogue.
 #include <gmock/gmock.h>
 
 #include <map>
@@ -27,7 +27,7 @@ std::vector<std::string> KeyNames(const std::string& className) {
     return names;
 }
 
-/// A property's type as it is declared, "uint16[]"; empty when the class does not have it.
+/// Returns a property's declared type, "uint16[]"; empty if the class lacks the property.
 std::string TypeOf(const std::string& className, const std::string& property) {
     for (const PropertyDefinition& one : ShippedRepository().Properties(className)) {
         if (one.name == property) {
@@ -140,7 +140,7 @@ TEST(ShippedClasses, HaveAbstractParentsWhereAProviderMakesTheirInstances) {
 /// Each key or property of a class, "Class.Property", and its type.
 using Types = std::map<std::string, std::string>;
 
-/// The types of the properties that `expected` lists, as the shipped files declare them.
+/// Returns the declared types of the properties in `expected`.
 Types DeclaredTypes(const Types& expected) {
     Types declared;
     for (const auto& [path, type] : expected) {

@@ -14,7 +14,7 @@ inline std::string ShippedFile(std::string_view name) {
     return QV_SOURCE_DIR "/mof/" + std::string(name);
 }
 
-/// What the shipped files define, read once in the order of installation.
+/// Returns the definitions of the shipped files, read once in the order of installation.
 inline const service::Namespaces& Shipped() {
     static const service::Namespaces read = [] {
         service::Namespaces namespaces;
@@ -29,7 +29,7 @@ inline const service::Namespaces& Shipped() {
     return read;
 }
 
-/// The shipped classes and instances of root\QVQ.
+/// Returns the shipped classes and instances of root\QVQ.
 inline const service::ClassRepository& ShippedRepository() {
     return *Shipped().Find("root\\QVQ");
 }

@@ -1,4 +1,4 @@
-// How the shipped files register the providers, and how they remove them.
+// The registration and removal of the providers by the shipped files.
 #include <gmock/gmock.h>
 
 #include <array>
@@ -12,7 +12,7 @@ namespace {
 using namespace service;
 using testing::IsEmpty;
 
-/// The instance with that relative path; empty when it is not there.
+/// Returns the instance with that relative path; empty if it is missing.
 InstanceDefinition Registered(const std::string& relativePath) {
     for (const InstanceDefinition& instance : ShippedRepository().Instances()) {
         if (ShippedRepository().RelativePath(instance) == relativePath) {

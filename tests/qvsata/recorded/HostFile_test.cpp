@@ -21,7 +21,7 @@ RecordedHost Loaded(std::string_view json) {
     return ReadHostText(json, "h.json");
 }
 
-// A host with one row of one class.
+// Returns a host with one row of one class.
 std::string WithRow(const std::string& row) {
     return R"({"computer":{},"namespaces":{"root\\CIMv2":{"Win32_DiskDrive":[{},)" + row + "]}}}";
 }
@@ -53,7 +53,7 @@ std::optional<CimValue> LoadedValue(const std::string& value) {
     return ValueOf(*Ask(host, "root/cimv2", "SELECT * FROM Win32_DiskDrive").objects.at(1), "P");
 }
 
-// The JSON text in the folder's description of the format.
+// Returns the JSON text in the folder's description of the format.
 std::string DescribedHost() {
     std::ifstream file(std::filesystem::path(QV_SOURCE_DIR) / "hosts" / "README.md");
     std::ostringstream text;
@@ -64,7 +64,7 @@ std::string DescribedHost() {
     return all.substr(begin, all.find("```", begin) - begin);
 }
 
-// A file of the test's own that is gone with it.
+// A file for one test; the destructor deletes it.
 class FileOf {
 public:
     FileOf(const std::string& name, std::string_view text)

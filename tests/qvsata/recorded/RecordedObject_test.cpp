@@ -10,7 +10,7 @@ namespace {
 using namespace service;
 using testing::ElementsAre;
 
-// A row as its host answers with it.
+// A row as a query on its host returns it.
 class Answered {
 public:
     explicit Answered(ObjectPtr object) : object_(std::move(object)) {}

@@ -1,4 +1,4 @@
-// The recorded hosts of the hosts/ folder, and those of real machines in tests/hosts/.
+// The recorded hosts in hosts/ and the recordings of real machines in tests/hosts/.
 #include <gmock/gmock.h>
 
 #include <algorithm>
@@ -54,7 +54,7 @@ bool IsRecorded(const RecordedHost& host, const ObjectPath& path) {
     return found != nullptr && found->Find(path) != nullptr;
 }
 
-// What the references of a host name without there being such a row.
+// Returns the references of a host to rows that do not exist.
 std::vector<std::string> DanglingReferences(const RecordedHost& host) {
     std::vector<std::string> dangling;
     for (const char* name : {"Win32_DiskDriveToDiskPartition", "Win32_IDEControllerDevice",
@@ -71,7 +71,7 @@ std::vector<std::string> DanglingReferences(const RecordedHost& host) {
     return dangling;
 }
 
-// The paths that more than one row of a class has.
+// Returns the paths that several rows of a class share.
 std::vector<std::string> RepeatedPaths(const RecordedHost& host) {
     std::set<std::string> seen;
     std::vector<std::string> repeated;
@@ -88,8 +88,8 @@ std::vector<std::string> RepeatedPaths(const RecordedHost& host) {
     return repeated;
 }
 
-// The recordings in the lines of a folder's README.md that begin with `before`, up to the next
-// backtick.
+// Returns the recordings in the lines of a folder's README.md that begin with `before`, up to the
+// next backtick.
 std::vector<std::string> ListedBehind(std::string_view before,
                                       const std::filesystem::path& folder = shippedHosts) {
     std::vector<std::string> names;

@@ -25,7 +25,7 @@ RecordedHost SampleHost() {
     return host.Build();
 }
 
-// The relative paths of what a query gives, class names only where there is no path.
+// Returns the relative paths of a query's results; the class name if a result has no path.
 std::vector<std::string> Paths(const RecordedHost& host, const std::string& query) {
     const Answer answer = Ask(host, R"(root\CIMv2)", query);
     EXPECT_EQ(answer.status, Status::noError) << answer.message;

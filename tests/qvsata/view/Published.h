@@ -11,7 +11,7 @@ namespace qv::test {
 
 using view::PublishedObject;
 
-/// An instance with one key.
+/// Returns an instance with one key.
 inline PublishedObject Instance(const std::string& className, const std::string& key,
                                 const std::string& value) {
     PublishedObject object{className,
@@ -21,7 +21,7 @@ inline PublishedObject Instance(const std::string& className, const std::string&
     return object;
 }
 
-/// An association of two instances, with their paths as a provider writes them.
+/// Returns an association of two instances, with their paths as a provider writes them.
 inline PublishedObject Link(const std::string& className, const std::string& firstRole,
                             const PublishedObject& first, const std::string& secondRole,
                             const PublishedObject& second) {

@@ -12,7 +12,7 @@ using view::BuildTopology;
 using view::PublishedHost;
 using view::Topology;
 
-/// A host on which one channel and one disk hang off a controller, joined as published.
+/// A host with one channel and one disk on a controller, associated as published.
 class TopologyTest : public testing::Test {
 protected:
     void Add(PublishedObject object) { host_[object.className].push_back(std::move(object)); }
@@ -23,7 +23,7 @@ protected:
         return disk;
     }
 
-    /// The target endpoint of a disk that is connected to something.
+    /// Adds the target endpoint of a connected disk.
     PublishedObject AddTarget(const PublishedObject& disk, const std::string& connectedTo) {
         PublishedObject target = Instance("QV_TSATAProtocolEndpoint", "Name",
                                           disk.Text("DeviceID") + " connected to " + connectedTo);
@@ -43,7 +43,7 @@ protected:
         return controller;
     }
 
-    /// A channel of a controller; gives its initiator endpoint.
+    /// Adds a channel of a controller; returns its initiator endpoint.
     PublishedObject AddChannel(const std::string& id, const PublishedObject& controller) {
         const PublishedObject port = Instance("QV_SATALogicalPort", "DeviceID",
                                               id + " connected to " + controller.Text("DeviceID"));

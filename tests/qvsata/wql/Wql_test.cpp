@@ -16,7 +16,7 @@ Query ParsedQuery(std::string_view text) {
     return std::get<Query>(ParseWql(text));
 }
 
-// The message with which a text is refused; "" for a query.
+// Returns the error message for a text; "" for a valid query.
 std::string QueryRefusal(std::string_view text) {
     try {
         ParseWql(text);

@@ -7,8 +7,8 @@
 
 namespace qv::test {
 
-/// Calls as a stand-in recorded them, in order. Any thread may add to it, also one that is ended by
-/// force wherever it stands: there is no lock that would outlive its owner.
+/// The calls that a stand-in recorded, in order. Any thread may append, even one that can be
+/// terminated at any point: the list has no lock that could outlive its owner.
 template <typename Call>
 class CallList {
 public:
@@ -32,7 +32,7 @@ public:
         return calls;
     }
 
-    /// Forgets the calls so far. Nobody calls All at the same time.
+    /// Forgets the calls so far. Must not run at the same time as All.
     void Clear() {
         for (Node* node = last_.exchange(nullptr); node != nullptr;) {
             delete std::exchange(node, node->former);

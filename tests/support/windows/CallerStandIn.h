@@ -11,8 +11,8 @@
 
 namespace qv::test {
 
-/// The caller of a COM call, with real tokens: what CoImpersonateClient and CoRevertToSelf reach on
-/// a thread whose call context it is. Used by that thread only.
+/// The caller of a COM call, with real tokens. CoImpersonateClient and CoRevertToSelf reach it on a
+/// thread whose call context it is. Used by that thread only.
 class CallerStandIn : public windows::ComObject<IServerSecurity> {
 public:
     explicit CallerStandIn(SECURITY_IMPERSONATION_LEVEL level = SecurityImpersonation)
@@ -20,7 +20,7 @@ public:
 
     std::vector<HRESULT> impersonateResults;  ///< of the first calls; later ones succeed
     HRESULT revertResult = S_OK;
-    bool withoutToken = false;       ///< impersonation succeeds and leaves the thread as it was
+    bool withoutToken = false;       ///< impersonation succeeds without changing the thread
     std::vector<std::string> calls;  ///< "impersonate" and "revert"
 
     STDMETHODIMP QueryBlanket(DWORD*, DWORD*, OLECHAR**, DWORD*, DWORD*, void**, DWORD*) override {
@@ -56,7 +56,7 @@ private:
     std::size_t impersonations_ = 0;
 };
 
-/// Makes `caller` the caller of whatever the thread calls while it lives.
+/// Makes `caller` the caller of the thread's COM calls while it lives.
 class CallContext {
 public:
     explicit CallContext(CallerStandIn& caller) { CoSwitchCallContext(&caller, &former_); }
@@ -71,7 +71,7 @@ private:
     IUnknown* former_ = nullptr;
 };
 
-/// Whether the thread runs under its process's own identity.
+/// Returns whether the thread runs under its process's own identity.
 inline bool ThreadIsItsOwn() {
     windows::KernelHandle token;
     return !OpenThreadToken(GetCurrentThread(), TOKEN_QUERY, TRUE, token.Receive()) &&

@@ -8,13 +8,13 @@
 
 namespace qv::test {
 
-/// A class definition whose instances are InstanceStandIns. Set up before it is used; then any
-/// thread may spawn from it.
+/// A class definition whose instances are InstanceStandIns. Any thread may spawn from it once it is
+/// set up.
 class ClassStandIn : public service::UnsupportedObject {
 public:
     /// Properties that the instances refuse.
     std::set<std::wstring> undefined;
-    /// What the first spawns answer; later ones succeed.
+    /// The results of the first spawns; later ones succeed.
     std::vector<HRESULT> spawnResults;
     std::atomic<std::size_t> spawns = 0;
 

@@ -8,7 +8,7 @@
 
 namespace qv::test {
 
-/// While it lives, a module is told a name of the computer that the code page 1252 lacks.
+/// While it lives, a module receives a computer name that code page 1252 lacks.
 class CyrillicComputerName {
 public:
     static constexpr std::wstring_view name = L"сервер";

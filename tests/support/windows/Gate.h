@@ -8,8 +8,8 @@
 
 namespace qv::test {
 
-/// Ends the process at once unless `holds`, with `otherwise` on standard error: where a lock of the
-/// process is held for ever no test can report, nor the process exit.
+/// Ends the process at once unless `holds`, with `otherwise` on standard error: while a lock of the
+/// process is held for ever, no test can report and the process cannot exit.
 inline void Demand(bool holds, const char* otherwise) {
     if (!holds) {
         DWORD written = 0;
@@ -19,24 +19,24 @@ inline void Demand(bool holds, const char* otherwise) {
     }
 }
 
-/// A gate that lets threads through while it is open, and knows that one came. A thread may be
-/// ended by force while it stands there.
+/// A gate that lets threads through while it is open and records that one came. A thread may be
+/// terminated while it waits there.
 class Gate {
 public:
-    /// Called by whoever passes the gate.
+    /// Marks the arrival and waits until the gate is open.
     void Pass() {
         SetEvent(arrived_.Get());
         WaitForSingleObject(open_.Get(), INFINITE);
     }
 
     void Open() { SetEvent(open_.Get()); }
-    /// Closes the gate and forgets who came.
+    /// Closes the gate and forgets earlier arrivals.
     void Close() {
         ResetEvent(open_.Get());
         ResetEvent(arrived_.Get());
     }
 
-    /// Whether somebody came within ten seconds.
+    /// Returns whether a thread came within ten seconds.
     bool SomebodyCame() const {
         return WaitForSingleObject(arrived_.Get(), 10000) == WAIT_OBJECT_0;
     }

@@ -9,10 +9,10 @@
 
 namespace qv::test {
 
-/// Hears how an initialisation ended.
+/// Records the result of an initialisation.
 class InitSinkStandIn : public windows::ComObject<IWbemProviderInitSink> {
 public:
-    HRESULT result = S_OK;                        ///< what SetStatus answers
+    HRESULT result = S_OK;                        ///< what SetStatus returns
     std::vector<std::pair<LONG, LONG>> statuses;  ///< status and flags of each call
 
     STDMETHODIMP SetStatus(LONG status, LONG flags) override {

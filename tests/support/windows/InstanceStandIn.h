@@ -13,11 +13,11 @@
 
 namespace qv::test {
 
-/// What was put on an instance.
+/// A call of Put.
 struct PutCall {
     std::wstring name;
     VARTYPE type = VT_EMPTY;
-    std::wstring value;  ///< as VariantText has it
+    std::wstring value;  ///< in the form of VariantText
 
     bool operator==(const PutCall&) const = default;
 
@@ -35,24 +35,24 @@ public:
         ++living_;
     }
 
-    /// Every Put, in order, refused ones too.
+    /// Every Put, in order, including refused ones.
     std::vector<PutCall> puts;
 
-    /// What a reader of the instance finds under a name: the last Put that was accepted.
+    /// Returns what a reader of the instance finds under a name: the last accepted Put.
     std::wstring Value(std::wstring_view name) const {
         const auto last = std::find_if(puts.rbegin(), puts.rend(),
                                        [name](const PutCall& call) { return call.name == name; });
         return last == puts.rend() || undefined_.contains(last->name) ? L"(none)" : last->value;
     }
 
-    /// The names of the puts, in order.
+    /// Returns the names of the puts, in order.
     std::vector<std::wstring> Names() const {
         std::vector<std::wstring> names(puts.size());
         std::ranges::transform(puts, names.begin(), &PutCall::name);
         return names;
     }
 
-    /// How many there are in the process.
+    /// Returns the number of living instances in the process.
     static int Living() { return living_; }
 
     STDMETHODIMP Put(LPCWSTR name, LONG flags, VARIANT* value, CIMTYPE type) override {

@@ -25,13 +25,13 @@ public:
         return found;
     }
 
-    /// How many functions the module exports, those without a name included.
+    /// Returns the number of exported functions, including those without a name.
     DWORD ExportCount() const {
         return At<IMAGE_EXPORT_DIRECTORY>(Directory(IMAGE_DIRECTORY_ENTRY_EXPORT))
             .NumberOfFunctions;
     }
 
-    /// The modules that it imports, in lower case.
+    /// Returns the imported modules, in lower case.
     std::set<std::string> ImportedModules() const {
         std::set<std::string> found;
         for (const IMAGE_IMPORT_DESCRIPTOR* entry = Imports(); entry->Name != 0; ++entry) {
@@ -42,8 +42,8 @@ public:
         return found;
     }
 
-    /// Where the module keeps the address of an imported function; null when it imports none of
-    /// that name.
+    /// Returns where the module keeps the address of an imported function; null if it imports none
+    /// of that name.
     void** ImportSlot(const char* function) const {
         for (const IMAGE_IMPORT_DESCRIPTOR* entry = Imports(); entry->Name != 0; ++entry) {
             const auto* names = &At<IMAGE_THUNK_DATA>(entry->OriginalFirstThunk);

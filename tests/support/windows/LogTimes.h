@@ -7,7 +7,7 @@
 
 namespace qv::test {
 
-/// A local time as a number that orders as times do: year, month, day, time to the millisecond.
+/// Returns a local time, to the millisecond, as a number that increases with time.
 inline std::uint64_t OrderedTime(unsigned year, unsigned month, unsigned day, unsigned hour,
                                  unsigned minute, unsigned second, unsigned millisecond) {
     std::uint64_t time = year;
@@ -26,8 +26,8 @@ inline std::uint64_t LocalTimeNow() {
                        now.wMilliseconds);
 }
 
-/// The time that seven groups of digits (month, day, year, hour, minute, second, millisecond) of a
-/// regular expression's match tell.
+/// Returns the time in a regular expression's match of seven groups of digits: month, day, year,
+/// hour, minute, second, millisecond.
 template <typename Match>
 std::uint64_t TimeOf(const Match& match) {
     const auto number = [&](std::size_t group) {

@@ -1,4 +1,4 @@
-// The main() of all test programs on Windows: the tests run in the multi-threaded apartment, in
+// The main() of all test programs on Windows. The tests run in the multi-threaded apartment, in
 // which requests arrive.
 #include <gmock/gmock.h>
 #include <objbase.h>

@@ -10,7 +10,7 @@
 
 namespace qv::test {
 
-/// A class definition being fetched.
+/// A request for a class definition.
 struct GetCall {
     std::wstring className;
     long flags = -1;
@@ -19,12 +19,12 @@ struct GetCall {
     bool operator==(const GetCall&) const = default;
 };
 
-/// The management service as the provider sees it: answers GetObject for every class. Set up before
-/// a thread fetches.
+/// The management service as the provider sees it: answers GetObject for every class. Set it up
+/// before a thread calls it.
 class NamespaceStandIn : public windows::UnsupportedServices<windows::ComObject<IWbemServices>> {
 public:
     HRESULT getResult = S_OK;
-    std::map<std::wstring, HRESULT> getResults;  ///< of classes for which it is another one
+    std::map<std::wstring, HRESULT> getResults;  ///< by class; getResult for the others
     windows::ComPtr<ClassStandIn> definition = windows::MakeObject<ClassStandIn>();
     CallList<GetCall> gets;
 
@@ -44,7 +44,7 @@ public:
     }
 };
 
-/// A context, which the provider passes on and never looks into.
+/// A context, which the provider passes on and never reads.
 class ContextStandIn : public windows::ComObject<IWbemContext> {
     static constexpr HRESULT refused = windows::Hr(WBEM_E_NOT_SUPPORTED);
 

@@ -10,7 +10,7 @@
 
 namespace qv::test {
 
-/// What the parsers answer, set up before they are asked, and what they were asked.
+/// The answers of the parsers, set up before the first call, and the calls.
 struct PathScript {
     HRESULT created = S_OK;
     HRESULT setText = S_OK;
@@ -27,9 +27,9 @@ struct PathScript {
     CallList<Call> calls;
 };
 
-/// Splits \\server\namespace:Class.Keys or Class.Keys at the first ":" in front of any quote and
-/// gives the texts back as they were given. A buffer that is too small stays as it is and the call
-/// succeeds, as the platform's parser has it.
+/// Splits \\server\namespace:Class.Keys or Class.Keys at the first ":" before any quote and returns
+/// the texts unchanged. As with the platform's parser, a buffer that is too small stays unchanged
+/// and the call succeeds.
 class PathStandIn : public service::UnsupportedPath {
 public:
     explicit PathStandIn(PathScript& script) : script_(script) {}
@@ -66,7 +66,7 @@ private:
     std::wstring relative_;
 };
 
-/// Path parsers in front of the system's while it lives.
+/// Replaces the system's path parsers while it lives.
 class PathParserStandIn : public PathScript {
 public:
     PathParserStandIn()

@@ -8,7 +8,7 @@
 
 namespace qv::test {
 
-/// What the process holds of the system, to be compared with itself while no other thread runs.
+/// The system resources of the process, to be compared while no other thread runs.
 struct ProcessUsage {
     std::size_t handles = 0;    ///< open handles
     std::size_t heapBytes = 0;  ///< allocated bytes of all heaps
@@ -16,7 +16,7 @@ struct ProcessUsage {
     static ProcessUsage Now() { return {OpenHandles(), AllocatedBytes()}; }
 
 private:
-    /// Counted by asking after each: the system's own counter does not exist everywhere.
+    /// Counts by querying each handle: the system's own counter does not exist everywhere.
     static std::size_t OpenHandles() {
         std::size_t count = 0;
         for (std::uintptr_t value = 4; value < 0x8000; value += 4) {

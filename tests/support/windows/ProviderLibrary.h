@@ -18,10 +18,10 @@ inline constexpr CLSID instanceProviderId{
 inline constexpr CLSID eventProviderId{
     0x9C4E7B21, 0x0D3A, 0x4F6B, {0x8E, 0x15, 0x2A, 0x9C, 0x6D, 0x3F, 0x7B, 0x40}};
 
-/// The library, loaded from a file, behind its exports.
+/// The library, loaded from a file, and its exports.
 class ProviderLibrary {
 public:
-    /// The library as it was built, QV_LIBRARY, loaded for the rest of the process.
+    /// Returns the library as built, QV_LIBRARY, loaded for the rest of the process.
     static const ProviderLibrary& Get() {
         static const ProviderLibrary& library = *new ProviderLibrary(Path());
         return library;
@@ -42,7 +42,7 @@ public:
 
     HMODULE Module() const { return module_; }
 
-    /// Lets the library go before the end. Nothing else is called then.
+    /// Unloads the library early. No other call may follow.
     void Free() {
         if (const HMODULE module = std::exchange(module_, nullptr)) {
             FreeLibrary(module);
@@ -57,7 +57,7 @@ public:
     HRESULT RegisterServer() const { return Call<Plain>("DllRegisterServer"); }
     HRESULT UnregisterServer() const { return Call<Plain>("DllUnregisterServer"); }
 
-    /// A new object of a class.
+    /// Creates an object of a class.
     windows::ComPtr<IUnknown> Make(REFCLSID classId) const {
         windows::ComPtr<IClassFactory> factory;
         windows::ComPtr<IUnknown> object;
@@ -95,8 +95,7 @@ private:
     ScratchFolder folder_;
 };
 
-/// The library as it is after its loading, for one test: what it keeps for the process is that of
-/// no other test.
+/// A freshly loaded library for one test: it shares its process-wide state with no other test.
 class FreshLibrary : LibraryCopy, public ProviderLibrary {
 public:
     FreshLibrary() : ProviderLibrary(File()) {}

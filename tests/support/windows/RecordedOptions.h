@@ -12,13 +12,13 @@
 
 namespace qv::test {
 
-/// A recording of the source tree, such as "hosts/ahci-desktop.json".
+/// Returns a recording of the source tree, such as "hosts/ahci-desktop.json".
 inline std::shared_ptr<const service::RecordedHost> ShippedRecording(const std::string& name) {
     return std::make_shared<const service::RecordedHost>(
         service::ReadHostFile(std::string(QV_SOURCE_DIR "/") + name));
 }
 
-/// A library on a recorded host, with the class definitions that are shipped.
+/// Returns the options for a library on a recorded host, with the shipped class definitions.
 inline service::HostOptions RecordedOptions(std::shared_ptr<const service::RecordedHost> recorded,
                                             const char* library) {
     service::HostOptions options;

@@ -10,7 +10,7 @@
 
 namespace qv::test {
 
-/// A class factory that hands out what a function makes.
+/// A class factory whose objects come from a function.
 class FactoryStandIn : public windows::ComObject<IClassFactory> {
 public:
     using Maker = std::function<HRESULT(REFIID, void**)>;
@@ -27,7 +27,7 @@ private:
 };
 
 /// While it lives, every thread of the process's multi-threaded apartment gets its objects of a
-/// class from here, in place of the system's.
+/// class from this factory instead of the system's.
 class RegisteredFactory {
 public:
     RegisteredFactory(REFCLSID classId, FactoryStandIn::Maker maker) {

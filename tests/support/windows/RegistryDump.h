@@ -8,8 +8,8 @@
 
 namespace qv::test {
 
-/// What is below a registry key: "Key\Sub" for each key, "Key\Sub|Name" for each value of it with
-/// the value's text or, for another type, its type's number.
+/// The contents of a registry key: "Key\Sub" for each key, "Key\Sub|Name" for each value, with the
+/// value's text or, for another type, its type's number.
 using RegistryDump = std::map<std::wstring, std::wstring>;
 
 inline void AddKey(HKEY parent, const std::wstring& path, RegistryDump& dump) {

@@ -9,8 +9,8 @@
 
 namespace qv::test {
 
-/// While it lives, a module calls `replacement` in place of a system function: for the failures
-/// that a system in good health does not show.
+/// While it lives, a module calls `replacement` instead of a system function: for failures that a
+/// healthy system does not show.
 template <typename Function>
 class ReplacedImport {
 public:

@@ -14,7 +14,7 @@ namespace qv::test {
 using Cell = std::variant<std::nullptr_t, std::wstring, std::vector<LONG>>;
 using Cells = std::map<std::wstring, Cell>;
 
-/// A source object; a property that it lacks is WBEM_E_NOT_FOUND.
+/// A source object; Get returns WBEM_E_NOT_FOUND for a missing property.
 class RowStandIn : public service::UnsupportedObject {
 public:
     explicit RowStandIn(Cells cells) : cells_(std::move(cells)) {}

@@ -13,14 +13,14 @@
 
 namespace qv::test {
 
-/// An empty folder that goes with everything in it.
+/// An empty folder; the destructor deletes it with its contents.
 class ScratchFolder {
 public:
     ScratchFolder()
         : path_(std::filesystem::temp_directory_path() /
                 (L"QVLogTests." + std::to_wstring(GetCurrentProcessId()) + L"." +
                  std::to_wstring(++count_))) {
-        // What a process of this ID left when it was killed.
+        // Left by a killed process with this ID.
         std::filesystem::remove_all(path_);
         std::filesystem::create_directories(path_);
     }
@@ -60,8 +60,8 @@ inline void WriteBytesTo(const std::wstring& file, std::string_view bytes) {
         .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
 }
 
-/// The lines of a file of UTF-16 text without their line ends; what stands behind the last line end
-/// is a line too.
+/// Returns the lines of a file of UTF-16 text without their line ends, including a last line
+/// without one.
 inline std::vector<std::wstring> ReadLinesOf(const std::wstring& file) {
     const std::string bytes = ReadBytesOf(file);
     std::wstring text(bytes.size() / 2, L'\0');
@@ -78,7 +78,7 @@ inline std::vector<std::wstring> ReadLinesOf(const std::wstring& file) {
     return lines;
 }
 
-/// A common log's line behind its time: "[Level] text".
+/// Returns a common log's line without its time: "[Level] text".
 inline std::wstring TextOf(const std::wstring& line) {
     return line.substr(line.find(L'['));
 }

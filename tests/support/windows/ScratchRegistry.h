@@ -11,8 +11,8 @@
 
 namespace qv::test {
 
-/// Stands in for the local machine's hive in this process, so that settings of the machine neither
-/// influence a test nor are touched by it. Begins empty; what is in it goes with it.
+/// Replaces HKEY_LOCAL_MACHINE in this process, so that tests neither read nor change the machine's
+/// settings. It starts empty and is deleted with its contents.
 class ScratchRegistry {
 public:
     ScratchRegistry() : name_(L"Software\\QVLogTests." + std::to_wstring(GetCurrentProcessId())) {
@@ -28,7 +28,7 @@ public:
         RegDeleteTreeW(HKEY_CURRENT_USER, name_.c_str());
     }
 
-    /// The path of the stand-in below HKEY_CURRENT_USER.
+    /// Returns the path of the replacement below HKEY_CURRENT_USER.
     const std::wstring& Name() const { return name_; }
 
     void CreateKey(const wchar_t* path) { RegCloseKey(Open(path)); }
@@ -37,7 +37,7 @@ public:
         SetBytes(path, name, REG_DWORD, std::as_bytes(std::span(&number, 1)));
     }
 
-    /// Stored with its terminator.
+    /// Stores the text with its terminator.
     void SetText(const wchar_t* path, const wchar_t* name, const std::wstring& text,
                  DWORD type = REG_SZ) {
         SetBytes(path, name, type, std::as_bytes(std::span(text.c_str(), text.size() + 1)));

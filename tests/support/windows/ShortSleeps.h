@@ -8,8 +8,9 @@
 
 namespace qv::test {
 
-/// While it lives, no sleep of a module takes a second or longer: a monitor's thread goes round
-/// without resting. One that service::MonitorPauses holds sleeps in the program's own code.
+/// While it lives, no sleep of a module takes a second or longer, so that a monitor thread runs its
+/// cycles without pauses. A thread that service::MonitorPauses holds sleeps in the program's own
+/// code.
 class ShortSleeps {
 public:
     explicit ShortSleeps(HMODULE module = GetModuleHandleW(nullptr))
@@ -17,7 +18,7 @@ public:
         asked = 0;
     }
 
-    /// The last sleep of a second or longer that was asked for, in milliseconds.
+    /// The last requested sleep of a second or longer, in milliseconds.
     inline static std::atomic<DWORD> asked = 0;
 
 private:

@@ -11,19 +11,19 @@
 
 namespace qv::test {
 
-/// An operation's end as the sink heard of it.
+/// A call of SetStatus.
 struct StatusCall {
     long flags = -1;
     HRESULT result = E_UNEXPECTED;
-    bool withoutMore = false;  ///< neither a text nor an object came with it
+    bool withoutMore = false;  ///< without text and object
 
     bool operator==(const StatusCall&) const = default;
 };
 
-/// A sink; keeps what it is given. Set up before it is used; then any thread may deliver to it.
+/// A sink that records its calls. Any thread may deliver to it once it is set up.
 class SinkStandIn : public windows::ComObject<IWbemObjectSink> {
 public:
-    /// What the first calls of Indicate answer; later ones succeed.
+    /// The results of the first Indicate calls; later ones succeed.
     std::vector<HRESULT> indicateResults;
     HRESULT statusResult = S_OK;
 
@@ -57,7 +57,7 @@ private:
     std::atomic<std::size_t> indications_ = 0;
 };
 
-/// The end of a request that completed with `result`.
+/// The SetStatus of a request that completed with `result`.
 inline std::vector<StatusCall> CompletedWith(HRESULT result) {
     return {{WBEM_STATUS_COMPLETE, result, true}};
 }

@@ -14,17 +14,17 @@
 #include "tests/support/windows/RegisteredFactory.h"
 #include "tests/support/windows/RowStandIn.h"
 
-// The management service as the source of rows, behind the administrative locator.
+// A source of rows in place of the management service, behind the administrative locator.
 
 namespace qv::test {
 
-/// What one call of Next answers.
+/// The answer of one Next.
 struct Batch {
     HRESULT status = WBEM_S_FALSE;
     std::vector<windows::ComPtr<IWbemClassObject>> rows;
 };
 
-/// What becomes of a query. Behind the last batch Next answers WBEM_S_FALSE and no object.
+/// The answer to a query. After the last batch Next returns WBEM_S_FALSE and no object.
 struct QueryScript {
     HRESULT submitted = S_OK;
     std::vector<Batch> batches;
@@ -54,15 +54,15 @@ struct NextCall {
     bool operator==(const NextCall&) const = default;
 };
 
-/// Scripts the answers, set up before the source is asked, and what it was asked.
+/// The scripted answers, set up before the first query, and the calls.
 struct SourceScript {
     virtual ~SourceScript() = default;
 
     HRESULT created = S_OK;                       ///< creating the locator
     HRESULT connected = S_OK;                     ///< connecting to a namespace
-    std::map<std::wstring, QueryScript> queries;  ///< by text; another query gives no rows
+    std::map<std::wstring, QueryScript> queries;  ///< by text; other queries have no rows
 
-    /// Called as each Next returns its objects.
+    /// Called when a Next returns its objects.
     std::function<void()> afterNext = [] {};
 
     CallList<ConnectCall> connects;
@@ -74,7 +74,7 @@ struct SourceScript {
         queries[query] = InOneBatch(std::move(rows));
     }
 
-    /// What becomes of a query, on the thread that submits it.
+    /// Returns the answer to a query, on the thread that submits it.
     virtual QueryScript Find(const std::wstring& query) {
         const auto found = queries.find(query);
         return found == queries.end() ? QueryScript() : found->second;
@@ -169,7 +169,7 @@ private:
     SourceScript& source_;
 };
 
-/// A source in front of the system's while it lives.
+/// Replaces the system's source while it lives.
 class SourceStandIn : public SourceScript {
 public:
     SourceStandIn()

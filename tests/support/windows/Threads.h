@@ -5,7 +5,7 @@
 
 namespace qv::test {
 
-/// Runs `work(thread)` on `count` threads at once, numbered from 0, until the last one has ended.
+/// Runs `work(thread)` on `count` threads at once, numbered from 0, and waits for all of them.
 template <typename Work>
 void RunOnThreads(int count, const Work& work) {
     std::vector<std::jthread> threads;
@@ -14,7 +14,7 @@ void RunOnThreads(int count, const Work& work) {
     }
 }
 
-/// Calls `work` so many times.
+/// Calls `work` `times` times.
 template <typename Work>
 void Repeat(int times, const Work& work) {
     for (int time = 0; time < times; ++time) {

@@ -10,7 +10,7 @@
 
 namespace qv::test {
 
-/// One element of an array of texts or of 32-bit numbers.
+/// Returns one element of an array of texts or of 32-bit numbers as text.
 inline std::wstring ElementText(SAFEARRAY* array, VARTYPE type, LONG index) {
     if (type == VT_BSTR) {
         windows::Bstr text;
@@ -22,8 +22,8 @@ inline std::wstring ElementText(SAFEARRAY* array, VARTYPE type, LONG index) {
     return std::to_wstring(number);
 }
 
-/// The value of a VARIANT, whose type is compared apart from it, as text: numbers and the bits of
-/// booleans in decimal, elements behind a "|" each, nothing for VT_NULL.
+/// Returns the value of a VARIANT as text, without its type: numbers and the bits of booleans in
+/// decimal, "|" before each element, nothing for VT_NULL.
 inline std::wstring VariantText(const VARIANT& value) {
     if ((V_VT(&value) & VT_ARRAY) != 0) {
         LONG upper = -1;

@@ -1,4 +1,4 @@
-// What every command says of input that it refuses: one line, and an exit code.
+// The answer of every command to bad input: one line and an exit code.
 #include <gmock/gmock.h>
 
 #include <algorithm>
@@ -13,7 +13,7 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::StartsWith;
 
-/// Runs the tool, which has to fail with one line on standard error; gives the line.
+/// Runs the tool, expects it to fail with one line on standard error, and returns the line.
 std::string Failure(const std::vector<std::string>& arguments, unsigned long exitCode) {
     const ToolRun run = RunTool(arguments);
     EXPECT_EQ(run.exitCode, exitCode);

@@ -22,7 +22,7 @@ inline std::vector<std::string> OnDesktop(std::vector<std::string> arguments) {
     return arguments;
 }
 
-/// The tool's JSON answer.
+/// Returns the tool's JSON answer.
 inline nlohmann::json Ask(std::vector<std::string> arguments) {
     arguments.insert(arguments.end(), {"--format", "json"});
     const ToolRun run = RunTool(OnDesktop(std::move(arguments)));
@@ -30,7 +30,7 @@ inline nlohmann::json Ask(std::vector<std::string> arguments) {
     return nlohmann::json::parse(run.output);
 }
 
-/// What a request that fails says on standard error; it prints nothing.
+/// Returns the standard error of a failing request, which prints nothing else.
 inline std::string DesktopFailure(std::vector<std::string> arguments) {
     const ToolRun run = RunTool(OnDesktop(std::move(arguments)));
     EXPECT_EQ(run.exitCode, 1U);
@@ -38,7 +38,7 @@ inline std::string DesktopFailure(std::vector<std::string> arguments) {
     return run.errors;
 }
 
-/// The path of the desktop's computer, in other letter case and another order of keys.
+/// The path of the desktop's computer, in another letter case and key order.
 inline const std::string desktopComputer =
     "qv_wincomputersystem.NAME=\"STUDY-desk.example.org\","
     "CreationClassName=\"QV_WinComputerSystem\"";

@@ -1,4 +1,4 @@
-// Recordings of machines in other languages: what the tool shows and finds of their texts.
+// Recordings of machines in other languages: texts that the tool shows and finds.
 #include <gmock/gmock.h>
 
 #include <fstream>
@@ -47,7 +47,7 @@ protected:
         return json::parse(Print(std::move(arguments)));
     }
 
-    /// A property of each object.
+    /// Returns a property of each object.
     static std::vector<json> Values(const json& objects, const char* name) {
         std::vector<json> values;
         for (const json& object : objects) {
@@ -56,7 +56,7 @@ protected:
         return values;
     }
 
-    /// A property of each recorded row of a class.
+    /// Returns a property of each recorded row of a class.
     static std::vector<json> Recorded(const char* className, const char* name) {
         std::ifstream file(Recording());
         return Values(json::parse(file)["namespaces"]["root\\CIMv2"][className], name);

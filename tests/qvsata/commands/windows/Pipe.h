@@ -8,7 +8,7 @@
 
 namespace qv::test {
 
-/// A pipe whose end for writing a child process inherits.
+/// A pipe whose write end a child process inherits.
 struct Pipe {
     windows::KernelHandle reader;
     windows::KernelHandle writer;

@@ -1,4 +1,4 @@
-// What is the same for every command: help, version, encoding, the choice of the machine.
+// Common to all commands: help, version, encoding, the choice of the machine.
 #include <gmock/gmock.h>
 
 #include "tests/qvsata/commands/windows/Desktop.h"
@@ -13,7 +13,7 @@ TEST(Program, AsksThisMachinesOwnManagementService) {
     const ToolRun run = RunTool({"enumerate", "QV_SATADiskDrive", "--live", "--format", "json"});
     ASSERT_EQ(run.exitCode, 0U) << run.errors;
     const json disks = json::parse(run.output);
-    // Wine has two disks with one device ID, and no status for either.
+    // Wine has two disks with one device ID and without status.
     ASSERT_EQ(disks.size(), 2U);
     EXPECT_EQ(disks[0]["DeviceID"], disks[1]["DeviceID"]);
     EXPECT_TRUE(disks[0]["OperationalStatus"].is_null());

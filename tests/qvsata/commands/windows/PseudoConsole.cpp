@@ -6,7 +6,7 @@
 namespace qv::test {
 namespace {
 
-// The headers have them only where Windows 10 is the oldest system supported.
+// The headers declare them only if Windows 10 is the oldest supported system.
 constexpr DWORD_PTR pseudoConsoleAttribute = 0x00020016;
 
 template <typename Function>

@@ -11,8 +11,8 @@
 
 namespace qv::test {
 
-/// A console that nobody sees, for a process whose keys a test presses or whose screen it reads.
-/// Windows has them from version 10 on.
+/// An invisible console for a process. A test presses its keys and reads its screen. Requires
+/// Windows 10.
 class PseudoConsole {
 public:
     PseudoConsole();
@@ -20,12 +20,12 @@ public:
     PseudoConsole& operator=(const PseudoConsole&) = delete;
     ~PseudoConsole();
 
-    /// For the STARTUPINFOEX of a process that is to be attached to it.
+    /// For the STARTUPINFOEX of a process that is attached to it.
     LPPROC_THREAD_ATTRIBUTE_LIST Attributes() const;
 
     void PressCtrlC() const;
 
-    /// Closes it; gives all that was to be seen, as a terminal is told it.
+    /// Closes the console and returns everything shown, as sent to a terminal.
     std::string Close();
 
 private:

@@ -1,5 +1,4 @@
-// The tool, for tests that cannot wait for the pauses of the provider's monitor, or that run it on
-// a console.
+// The tool without the pauses of the provider's monitor, and usable on a test's console.
 #include <windows.h>
 
 #include "qvsata/commands/Program.h"
@@ -7,7 +6,7 @@
 
 namespace {
 
-/// A process that was started without an output writes to its console. Windows sees to that by
+/// Lets a process that was started without an output write to its console. Windows does so by
 /// itself, Wine does not.
 void OpenOutput() {
     if (GetStdHandle(STD_OUTPUT_HANDLE) == nullptr) {

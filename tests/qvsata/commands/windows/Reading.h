@@ -13,24 +13,24 @@
 
 namespace qv::test {
 
-/// Reads what is written to a pipe, on a thread of its own.
+/// Reads a pipe on a thread of its own.
 class Reading {
 public:
-    /// `pipe`: its end for reading.
+    /// `pipe`: the read end.
     explicit Reading(windows::KernelHandle pipe)
         : reader_(std::move(pipe)), thread_([this] { Run(); }) {}
     Reading(const Reading&) = delete;
     Reading& operator=(const Reading&) = delete;
     ~Reading() { Join(); }
 
-    /// Waits until `text` was read; false when all was read without it.
+    /// Waits for `text`; returns false if the pipe ended without it.
     bool Await(const std::string& text) {
         std::unique_lock lock(mutex_);
         changed_.wait(lock, [&] { return done_ || text_.find(text) != std::string::npos; });
         return text_.find(text) != std::string::npos;
     }
 
-    /// All of it, once nobody can write any more.
+    /// Waits until every writer has closed the pipe; returns all of it.
     std::string Finish() {
         Join();
         return text_;

@@ -19,7 +19,7 @@ namespace {
 
 using windows::KernelHandle;
 
-/// An argument as the C runtime's rules have it on a command line.
+/// Returns an argument quoted by the C runtime's rules.
 std::wstring Quoted(const std::string& argument) {
     std::wstring quoted = L"\"";
     std::size_t backslashes = 0;
@@ -34,11 +34,11 @@ std::wstring Quoted(const std::string& argument) {
     return quoted + L'"';
 }
 
-/// A process of the tool whose standard output and error are read.
+/// A process of the tool, with its standard output and error.
 class ToolProcess {
 public:
-    /// `console`: the one that the process is attached to, which outlives it, and the destination
-    /// of its standard output if that is not redirected.
+    /// `console`: the console of the process, which it must not outlive, and the destination of its
+    /// standard output if that is not redirected.
     ToolProcess(const char* tool, const std::vector<std::string>& arguments,
                 const PseudoConsole* console = nullptr, Output destination = Output::redirected) {
         std::wstring command = Quoted(tool);
@@ -50,7 +50,7 @@ public:
         STARTUPINFOEXW startup{};
         startup.StartupInfo.cb = sizeof(startup);
         startup.StartupInfo.dwFlags = STARTF_USESTDHANDLES;
-        // Without one, it is the console's.
+        // Without a handle, output goes to the console.
         startup.StartupInfo.hStdOutput =
             destination == Output::redirected ? output.writer.Get() : nullptr;
         startup.StartupInfo.hStdError = errors.writer.Get();

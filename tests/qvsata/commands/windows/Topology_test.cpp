@@ -47,7 +47,7 @@ TEST(Topology, TreeOfAHostWithoutStorageSaysSo) {
 
 constexpr const char* failing = "hosts/mixed-buses-failing.json";
 
-/// A run of `topology` on a console, with the value of NO_COLOR.
+/// Runs `topology` on a console, with this value of NO_COLOR.
 ToolRun OnConsole(const char* host, Output destination, const wchar_t* noColour) {
     SetEnvironmentVariableW(L"NO_COLOR", noColour);
     ToolRun run = RunQuickToolOnConsole({"topology", "--host", SourceFile(host)}, destination);
@@ -60,7 +60,7 @@ const std::string red = "\x1B[91m";
 const std::string yellow = "\x1B[93m";
 const std::string green = "\x1B[32m";
 
-/// A screen on which nothing has one of these colours.
+/// Matches a screen without any of these colours.
 const auto isNotColoured =
     AllOf(Not(HasSubstr(red)), Not(HasSubstr(yellow)), Not(HasSubstr(green)));
 

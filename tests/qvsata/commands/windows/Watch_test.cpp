@@ -26,7 +26,7 @@ std::string Drill(const std::string& name) {
     return SourceFile("hosts/drill/" + name + ".json");
 }
 
-/// `watch` on these recordings of the drill, one after the other.
+/// Runs `watch` on these recordings of the drill, one after the other.
 std::vector<std::string> WatchDrill(const std::vector<std::string>& names,
                                     const std::vector<std::string>& more) {
     std::vector<std::string> arguments{"watch", "--host", Drill(names.front())};
@@ -130,7 +130,7 @@ TEST(Watch, RunsOnTheMachineItself) {
                 HasSubstr("root\\wmi MSStorageDriver_FailurePredictStatus: WBEM_E_INVALID_CLASS"));
 }
 
-/// Runs the tool, which has to fail with one line and nothing else; gives the line.
+/// Runs the tool, expects it to fail with one line and no other output, and returns the line.
 std::string WatchFailure(const std::vector<std::string>& arguments, unsigned long exitCode) {
     const ToolRun run = RunTool(arguments);
     EXPECT_EQ(run.exitCode, exitCode);

@@ -11,7 +11,7 @@ namespace {
 
 class EnumeratorTest : public testing::Test {
 protected:
-    /// Takes up to `count` objects; gives the keys of those returned.
+    /// Takes up to `count` objects; returns their keys.
     std::string Next(IEnumWbemClassObject& objects, ULONG count, HRESULT expected) {
         std::array<IWbemClassObject*, 4> batch{};
         ULONG returned = 0;

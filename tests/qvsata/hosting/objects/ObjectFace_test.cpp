@@ -15,7 +15,7 @@ struct GetType {
     CIMTYPE cimType;
 };
 
-// What Get delivers for a value that was put; a property without a value is VT_NULL.
+// What Get returns for a stored value; VT_NULL for a property without a value.
 class ObjectFaceTypes : public testing::TestWithParam<GetType> {};
 
 TEST_P(ObjectFaceTypes, AreThoseOfTheManagementService) {

@@ -5,7 +5,7 @@
 namespace qv::test {
 namespace {
 
-/// What this program, whose imports the tests patch, is told of its name.
+/// Returns the computer name that this program, whose imports the tests patch, receives.
 std::wstring NameIn(COMPUTER_NAME_FORMAT format, DWORD size = 100) {
     std::wstring name(100, L'\0');
     if (!GetComputerNameExW(format, name.data(), &size)) {

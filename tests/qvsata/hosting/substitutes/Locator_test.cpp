@@ -9,7 +9,7 @@
 namespace qv::test {
 namespace {
 
-/// The locator in front of the system's, as the provider meets it.
+/// The locator that replaces the system's, as the provider uses it.
 class LocatorTest : public testing::Test {
 protected:
     static std::shared_ptr<const service::RecordedHost> Host() {

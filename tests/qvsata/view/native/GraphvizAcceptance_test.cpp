@@ -1,4 +1,4 @@
-// Graphviz reads what the tool writes for it, whatever the names in the graph.
+// Graphviz accepts the tool's graphs, whatever their names.
 #include <gmock/gmock.h>
 #include <unistd.h>
 
@@ -16,7 +16,7 @@ namespace {
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-/// A folder of the test's own, which goes with it.
+/// A folder for one test; the destructor deletes it.
 class GraphvizAcceptanceTest : public testing::Test {
 protected:
     GraphvizAcceptanceTest() { std::filesystem::create_directory(folder_); }
