@@ -6,6 +6,7 @@
 #include <sstream>
 
 #include "SourceTree.h"
+#include "qvsata/cim/StatusCodes.h"
 #include "tests/support/RecordedAnswers.h"
 
 namespace qv::test {
@@ -171,12 +172,29 @@ TEST(HostFile, RefusesAFileOfAnotherShape) {
               R"(h.json: namespaces."root\\wmi": expected an object)");
 }
 
+TEST(HostFile, KnowsTheStatusWithWhichAClassFails) {
+    const RecordedHost host =
+        Loaded(R"({"computer":{},"namespaces":{"n":{"C":{"fails":"WBEM_E_ACCESS_DENIED"}}}})");
+    EXPECT_EQ(host.FindNamespace("n")->Find("C")->Failure(), status::accessDenied);
+}
+
+class HostFileFailureTest : public testing::TestWithParam<const char*> {};
+
+TEST_P(HostFileFailureTest, IsRefusedUnlessItIsAStatus) {
+    EXPECT_EQ(Refusal(std::string(R"({"computer":{},"namespaces":{"n":{"C":{"fails":)") +
+                      GetParam() + "}}}}"),
+              "h.json: namespaces.n.C.fails: expected true or the name of a status like "
+              "\"WBEM_E_ACCESS_DENIED\"");
+}
+
+INSTANTIATE_TEST_SUITE_P(Values, HostFileFailureTest,
+                         testing::Values("false", "null", "5", R"("denied")", "[]"));
+
 TEST(HostFile, RefusesARowListThatIsNone) {
     const std::string expected =
         R"(h.json: namespaces.n.C: expected a list of rows or {"fails": true})";
     EXPECT_EQ(Refusal(R"({"computer":{},"namespaces":{"n":{"C":{}}}})"), expected);
     EXPECT_EQ(Refusal(R"({"computer":{},"namespaces":{"n":{"C":true}}})"), expected);
-    EXPECT_EQ(Refusal(R"({"computer":{},"namespaces":{"n":{"C":{"fails":false}}}})"), expected);
     EXPECT_EQ(Refusal(R"({"computer":{},"namespaces":{"n":{"C":{"fails":true,"a":1}}}})"),
               expected);
     EXPECT_EQ(Refusal(R"({"computer":{},"namespaces":{"n":{"C":[3]}}})"),

@@ -26,10 +26,10 @@ TEST(Associators, AreKeptByRoles) {
     EXPECT_EQ(Ask({"associators", desktopComputer, "--result-role", "PartComponent"}).size(), 13U);
 }
 
-TEST(Associators, AreNoneForARoleThatNoAssociationHas) {
+TEST(Associators, NeedARoleThatAnAssociationHas) {
     const ToolRun run = RunTool(OnDesktop({"associators", desktopComputer, "--role", "Nobody"}));
-    EXPECT_EQ(run.exitCode, 0U);
-    EXPECT_EQ(run.output, "(none)\n");
+    EXPECT_EQ(run.exitCode, 1U);
+    EXPECT_EQ(run.errors, "qvsata: unknown role 'Nobody'\n");
 }
 
 TEST(Associators, AreWhatTheQueryGives) {

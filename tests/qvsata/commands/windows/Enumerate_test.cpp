@@ -40,8 +40,7 @@ TEST(Enumerate, GivesTheInstancesOfSubclasses) {
 }
 
 TEST(Enumerate, SaysThatThereAreNone) {
-    const std::string empty =
-        WriteFile("qvsata-empty.json", R"({"computer": {"netbios": "N"}, "namespaces": {}})");
+    const std::string empty = WriteFile("qvsata-empty.json", hostWithoutStorage);
     const ToolRun run = RunTool({"enumerate", "QV_SATADiskDrive", "--host", empty});
     EXPECT_EQ(run.exitCode, 0U) << run.errors;
     EXPECT_EQ(run.output, "(none)\n");

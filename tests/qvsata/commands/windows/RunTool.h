@@ -29,6 +29,12 @@ ToolRun RunQuickToolOnConsole(const std::vector<std::string>& arguments, Output 
 /// `text`.
 ToolRun InterruptQuickTool(const std::vector<std::string>& arguments, const std::string& text);
 
+/// The recording of a host whose classes are all without rows.
+inline constexpr const char* hostWithoutStorage =
+    R"({"computer": {"netbios": "N"}, "namespaces": {"root\\CIMv2": {"Win32_DiskDrive": [],
+        "Win32_IDEController": [], "Win32_IDEControllerDevice": [], "Win32_PhysicalMedia": [],
+        "Win32_DiskDriveToDiskPartition": [], "Win32_DiskPartition": []}}})";
+
 /// Returns the path of a file of the source tree, for an argument.
 std::string SourceFile(const std::string& name);
 

@@ -40,8 +40,7 @@ TEST(Topology, TreeShowsDisksOfAControllerWithoutChannels) {
 }
 
 TEST(Topology, TreeOfAHostWithoutStorageSaysSo) {
-    const std::string empty =
-        WriteFile("qvsata-bare.json", R"({"computer": {"netbios": "N"}, "namespaces": {}})");
+    const std::string empty = WriteFile("qvsata-bare.json", hostWithoutStorage);
     EXPECT_THAT(Topology(empty), HasSubstr("└─ no IDE or SATA controllers\nno disks"));
 }
 
