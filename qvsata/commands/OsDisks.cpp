@@ -1,11 +1,13 @@
 #include "qvsata/commands/OsDisks.h"
 
 #include <algorithm>
-#include <charconv>
+#include <limits>
 #include <utility>
 
 #include "qvsata/service/MachineQueries.h"
 #include "qvsata/view/Columns.h"
+#include "qvsata/view/SizeText.h"
+#include "source/Namespaces.h"
 #include "source/PropertyReaders.h"
 #include "source/SourceRules.h"
 #include "source/StatusMap.h"
@@ -14,7 +16,7 @@
 namespace qv::tool {
 namespace {
 
-platform::Rows RowsOf(const platform::QueryPort& machine, const std::string& nameSpace,
+platform::Rows RowsOf(const platform::QueryPort& machine, std::string_view nameSpace,
                       const std::string& className) {
     platform::Rows rows;
     machine.RunWqlQuery(nameSpace, "SELECT * FROM " + className, rows);
@@ -25,13 +27,13 @@ platform::Rows RowsOf(const platform::QueryPort& machine, const std::string& nam
 class DiskReader {
 public:
     explicit DiskReader(const platform::QueryPort& machine)
-        : media_(RowsOf(machine, cimv2, "Win32_PhysicalMedia")),
-          controllers_(RowsOf(machine, cimv2, "Win32_IDEController")),
-          links_(RowsOf(machine, cimv2, "Win32_IDEControllerDevice"), controllers_),
-          predictions_(RowsOf(machine, R"(root\wmi)", "MSStorageDriver_FailurePredictStatus")) {}
+        : media_(RowsOf(machine, cimNamespace, "Win32_PhysicalMedia")),
+          controllers_(RowsOf(machine, cimNamespace, "Win32_IDEController")),
+          links_(RowsOf(machine, cimNamespace, "Win32_IDEControllerDevice"), controllers_),
+          predictions_(RowsOf(machine, wmiNamespace, "MSStorageDriver_FailurePredictStatus")) {}
 
     static platform::Rows Disks(const platform::QueryPort& machine) {
-        return RowsOf(machine, cimv2, "Win32_DiskDrive");
+        return RowsOf(machine, cimNamespace, "Win32_DiskDrive");
     }
 
     view::OsDisk Describe(const platform::Row& row) const {
@@ -41,7 +43,7 @@ public:
             disk.number = number;
         }
         disk.model = view::Trimmed(TextOrEmpty(row, "Model"));
-        disk.size = SizeOf(row);
+        disk.size = view::BytesOf(TextOrEmpty(row, "Size"));
         disk.serialNumber = view::Trimmed(SerialNumberOf(row));
         disk.firmware = view::Trimmed(TextOrEmpty(row, "FirmwareRevision"));
         disk.bus = TextOrEmpty(row, "InterfaceType");
@@ -58,15 +60,6 @@ public:
     }
 
 private:
-    static constexpr const char* cimv2 = R"(root\CIMv2)";
-
-    static std::optional<std::uint64_t> SizeOf(const platform::Row& row) {
-        const std::string text = TextOrEmpty(row, "Size");
-        std::uint64_t bytes = 0;
-        const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), bytes);
-        return error == std::errc() && !text.empty() ? std::optional(bytes) : std::nullopt;
-    }
-
     std::string SerialNumberOf(const platform::Row& row) const {
         std::string deviceId;
         if (!Succeeded(GetStringProperty(row, "DeviceID", deviceId))) {

@@ -49,7 +49,7 @@ std::unique_ptr<service::ProviderHost> StartSession(const Options& options) {
     for (const std::string_view file : service::shippedClassFiles) {
         host.mofFiles.push_back(mofFolder / file);
     }
-    host.library = options.library.empty() ? here / "QVWMISATA.dll" : FromUtf8(options.library);
+    host.library = FromUtf8(options.library);
     host.registered = options.registered;
     if (const std::string reason = service::WhyNotStarted(host); !reason.empty()) {
         throw CommandError(reason);

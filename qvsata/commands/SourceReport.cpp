@@ -3,33 +3,28 @@
 #include <algorithm>
 
 #include "qvsata/cim/StatusCodes.h"
+#include "source/Namespaces.h"
 #include "source/Text.h"
 
 namespace qv::tool {
-namespace {
-
-constexpr std::string_view cimv2 = R"(root\CIMv2)";
-constexpr std::string_view wmi = R"(root\wmi)";
-
-}  // namespace
-
 const std::vector<SourceClass>& SourceClasses() {
     static const std::vector<SourceClass> classes{
-        {cimv2, "Win32_DiskDrive", "disks and what belongs to them cannot be published"},
-        {cimv2, "Win32_PhysicalMedia", "serial numbers of disks cannot be published"},
-        {cimv2, "Win32_IDEController", "controllers and channels cannot be published"},
-        {cimv2, "Win32_IDEControllerDevice",
+        {cimNamespace, "Win32_DiskDrive", "disks and what belongs to them cannot be published"},
+        {cimNamespace, "Win32_PhysicalMedia", "serial numbers of disks cannot be published"},
+        {cimNamespace, "Win32_IDEController", "controllers and channels cannot be published"},
+        {cimNamespace, "Win32_IDEControllerDevice",
          "where disks and channels are attached cannot be published"},
-        {cimv2, "Win32_DiskDriveToDiskPartition",
+        {cimNamespace, "Win32_DiskDriveToDiskPartition",
          "partitions of storage extents cannot be published"},
-        {cimv2, "Win32_DiskPartition", "partitions of storage extents cannot be published"},
-        {cimv2, "Win32_PnPDevice", "drivers, firmware and BIOS of controllers cannot be published"},
-        {cimv2, "Win32_SystemDriverPNPEntity",
+        {cimNamespace, "Win32_DiskPartition", "partitions of storage extents cannot be published"},
+        {cimNamespace, "Win32_PnPDevice",
          "drivers, firmware and BIOS of controllers cannot be published"},
-        {wmi, "MSStorageDriver_FailurePredictStatus",
+        {cimNamespace, "Win32_SystemDriverPNPEntity",
+         "drivers, firmware and BIOS of controllers cannot be published"},
+        {wmiNamespace, "MSStorageDriver_FailurePredictStatus",
          "disks cannot be watched, and predicted failures are not seen"},
-        {cimv2, "", "disks, controllers and what belongs to them cannot be published"},
-        {wmi, "", "disks cannot be watched, and predicted failures are not seen"},
+        {cimNamespace, "", "disks, controllers and what belongs to them cannot be published"},
+        {wmiNamespace, "", "disks cannot be watched, and predicted failures are not seen"},
     };
     return classes;
 }
@@ -56,7 +51,7 @@ std::vector<service::SourceQuery> UnreadSources(const std::vector<service::Sourc
 
 bool IsUnread(const std::vector<service::SourceQuery>& queries, std::string_view className) {
     return std::ranges::any_of(queries, [className](const service::SourceQuery& query) {
-        return !WasRead(query) && EqualsIgnoringCase(query.nameSpace, cimv2) &&
+        return !WasRead(query) && EqualsIgnoringCase(query.nameSpace, cimNamespace) &&
                (query.className.empty() || EqualsIgnoringCase(query.className, className));
     });
 }

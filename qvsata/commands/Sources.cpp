@@ -13,6 +13,7 @@
 #include "qvsata/output/Output.h"
 #include "qvsata/output/OutputJson.h"
 #include "qvsata/output/OutputText.h"
+#include "source/Namespaces.h"
 #include "source/Text.h"
 
 namespace qv::tool {
@@ -58,7 +59,7 @@ std::vector<SourceUse> ReadSources(const service::ProviderHost& host) {
     for (const PublishedClass& published : PublishedClasses()) {
         Take(host.Published().Enumerate(published.name));
     }
-    if (const service::Connection monitored = host.Machine()(R"(root\wmi)"); monitored.services) {
+    if (const service::Connection monitored = host.Machine()(wmiNamespace); monitored.services) {
         monitored.services->Query("SELECT * FROM MSStorageDriver_FailurePredictStatus");
     }
     const std::vector<service::SourceQuery> queries = host.Journal().Queries();

@@ -14,6 +14,7 @@
 #include "qvsata/service/JournaledMachine.h"
 #include "qvsata/service/PublishedNamespace.h"
 #include "qvsata/service/RecordedMachine.h"
+#include "qvsata/system/Process.h"
 #include "source/Namespaces.h"
 
 namespace qv::service {
@@ -66,7 +67,8 @@ ManagementHost::ManagementHost(const HostOptions& options)
         return windows::MakeObject<PathParser>()->QueryInterface(iid, object);
     });
     if (!options.registered) {
-        library_.emplace(options.library);
+        library_.emplace(options.library.empty() ? tool::ProgramFolder() / "QVWMISATA.dll"
+                                                 : options.library);
     }
     const windows::ComPtr<IUnknown> object = Create(provider::instanceProviderId);
     module_ = ModuleOf(*object.Get());

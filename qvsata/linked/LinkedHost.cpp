@@ -56,6 +56,9 @@ std::string WhyNotStarted(const HostOptions& options) {
     if (!options.recorded) {
         return std::string("--live") + needsWindows;
     }
+    if (!options.library.empty()) {
+        return std::string("--dll") + needsWindows;
+    }
     return options.registered ? std::string("--registered") + needsWindows : std::string();
 }
 

@@ -21,7 +21,7 @@ struct HostOptions {
     std::vector<std::shared_ptr<const RecordedHost>> laterRecordings;
     /// The MOF files of the provider's namespace, in reading order.
     std::vector<std::filesystem::path> mofFiles;
-    /// The provider's library.
+    /// The provider's library; empty: QVWMISATA.dll beside the program.
     std::filesystem::path library;
     /// True: the provider is created by its class ID, as registered on this machine, instead of
     /// from `library`.

@@ -28,7 +28,7 @@ std::string PartitionText(const Disk& disk) {
 
 }  // namespace
 
-std::vector<Cell> DiskCells(const Disk& disk) {
+CellRow DiskCells(const Disk& disk) {
     return {{StatusSpan(disk.status)},
             {{OrDash(disk.model)}},
             {{GigabytesText(disk.size)}, true},

@@ -1,5 +1,8 @@
 #include "qvsata/view/SizeText.h"
 
+#include <charconv>
+#include <system_error>
+
 namespace qv::view {
 namespace {
 
@@ -13,6 +16,13 @@ std::string Tenths(std::optional<std::uint64_t> bytes, std::uint64_t unit, const
 }
 
 }  // namespace
+
+std::optional<std::uint64_t> BytesOf(std::string_view text) {
+    std::uint64_t bytes = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), bytes);
+    return error == std::errc() && end == text.data() + text.size() ? std::optional(bytes)
+                                                                    : std::nullopt;
+}
 
 std::string GigabytesText(std::optional<std::uint64_t> bytes) {
     return Tenths(bytes, 1'000'000'000, "GB");

@@ -1,11 +1,11 @@
 #include "qvsata/view/Topology.h"
 
 #include <algorithm>
-#include <charconv>
 #include <utility>
 
 #include "qvsata/view/Columns.h"
 #include "qvsata/view/Partners.h"
+#include "qvsata/view/SizeText.h"
 #include "source/Text.h"
 
 namespace qv::view {
@@ -30,14 +30,6 @@ Health StatusOf(const PublishedObject& object, std::string_view codes, std::stri
 
 Health StatusOf(const PublishedObject& object) {
     return StatusOf(object, "OperationalStatus", "StatusDescriptions");
-}
-
-std::optional<std::uint64_t> Bytes(const std::string& text) {
-    std::uint64_t bytes = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), bytes);
-    return error == std::errc() && !text.empty() && end == text.data() + text.size()
-               ? std::optional(bytes)
-               : std::nullopt;
 }
 
 /// Returns the end of an endpoint's or a channel's key, which names what it is connected to.
@@ -190,7 +182,7 @@ private:
         disk.serialNumber = Trimmed(object.Text("SerialNumber"));
         disk.firmware = Trimmed(object.Text("FirmwareRevision"));
         disk.status = StatusOf(object);
-        disk.size = Bytes(object.Text("Size"));
+        disk.size = BytesOf(object.Text("Size"));
         if (const auto found = extents.find(extentIdentity); found != extents.end()) {
             const PublishedObject& extent = *found->second;
             disk.bootable = extent.Flag("Bootable");

@@ -24,11 +24,7 @@ class Writer {
 public:
     void Write(const Topology& topology, const std::vector<Node>& nodes) {
         for (const Disk* disk : DisksOf(topology)) {
-            const std::vector<Cell> cells = DiskCells(*disk);
-            widths_.resize(cells.size());
-            for (std::size_t column = 0; column < cells.size(); ++column) {
-                widths_[column] = std::max(widths_[column], WidthOf(cells[column].span.text));
-            }
+            WidenFor(DiskCells(*disk), widths_);
         }
         diskLevel_ = DeepestDisk(nodes, 1);
         WriteNodes(nodes, "", 1);
@@ -58,7 +54,7 @@ private:
                     branch += "─";
                 }
                 text_.push_back({branch + ' '});
-                WriteDisk(*node.disk);
+                AppendRow(DiskCells(*node.disk), widths_, text_);
                 continue;
             }
             text_.push_back({branch + ' '});
@@ -73,19 +69,6 @@ private:
 
     void WriteLine(const StyledText& line) {
         std::ranges::copy(line, std::back_inserter(text_));
-        text_.push_back({"\n"});
-    }
-
-    void WriteDisk(const Disk& disk) {
-        const std::vector<Cell> cells = DiskCells(disk);
-        std::string gap;
-        for (std::size_t column = 0; column < cells.size(); ++column) {
-            const Cell& cell = cells[column];
-            const std::string padding = Padding(widths_[column], cell.span.text);
-            text_.push_back({gap + (cell.toTheRight ? padding : "")});
-            text_.push_back(cell.span);
-            gap = (cell.toTheRight ? "" : padding) + (widths_[column] == 0 ? "" : "  ");
-        }
         text_.push_back({"\n"});
     }
 

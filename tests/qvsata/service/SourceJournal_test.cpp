@@ -1,0 +1,118 @@
+#include "qvsata/service/SourceJournal.h"
+
+#include <gmock/gmock.h>
+
+#include "qvsata/cim/StatusCodes.h"
+#include "qvsata/service/JournaledMachine.h"
+
+namespace qv::test {
+namespace {
+
+using namespace service;
+using testing::ElementsAre;
+using testing::Field;
+
+constexpr const char* disks = "SELECT * FROM Win32_DiskDrive";
+
+/// A machine with one namespace, which gives one answer.
+class AnsweringServices final : public Services {
+public:
+    explicit AnsweringServices(Answer answer) : answer_(std::move(answer)) {}
+
+    Answer Get(std::string_view) const override { return answer_; }
+    Answer Enumerate(std::string_view) const override { return answer_; }
+    Answer Query(std::string_view) const override { return answer_; }
+
+private:
+    Answer answer_;
+};
+
+class SourceJournalTest : public testing::Test {
+protected:
+    /// Returns how a query ends on a machine that gives this answer.
+    SourceQuery Ended(Answer answer, MachineKind kind = MachineKind::live) const {
+        const auto services = std::make_shared<const AnsweringServices>(std::move(answer));
+        const Connector machine = WithJournal(
+            [services](std::string_view) {
+                return Connection{Status::noError, services};
+            },
+            kind, journal);
+        machine(R"(root\CIMv2)").services->Query(disks);
+        return journal->Queries().back();
+    }
+
+    SourceQuery Refused(Status status, MachineKind kind) const {
+        WithJournal(
+            [status](std::string_view) {
+                return Connection{status, nullptr};
+            },
+            kind, journal)(R"(root\wmi)");
+        return journal->Queries().back();
+    }
+
+    void Note(const char* wql, SourceEnd end) const {
+        SourceJournal::End(journal->Begin("n", wql), Status::noError, 0, end);
+    }
+
+    std::shared_ptr<SourceJournal> journal = std::make_shared<SourceJournal>();
+};
+
+TEST_F(SourceJournalTest, HoldsAQueryWithItsClassRowsAndStatus) {
+    const SourceQuery query = Ended({Status::noError, {}, {nullptr, nullptr}});
+    EXPECT_EQ(query.nameSpace, R"(root\CIMv2)");
+    EXPECT_EQ(query.className, "Win32_DiskDrive");
+    EXPECT_EQ(query.text, disks);
+    EXPECT_EQ(query.rows, 2U);
+    EXPECT_TRUE(WasRead(query));
+}
+
+TEST_F(SourceJournalTest, TellsHowAQueryFailed) {
+    EXPECT_EQ(Ended({status::accessDenied, {}, {}}).end, SourceEnd::refusedAtSubmission);
+    EXPECT_EQ(Ended({status::accessDenied, {}, {nullptr}}).end, SourceEnd::brokenOff);
+    EXPECT_EQ(Ended({status::timedOut, {}, {}}).end, SourceEnd::timedOut);
+    EXPECT_EQ(Ended({status::invalidClass, {}, {}}).end, SourceEnd::unknownClass);
+    EXPECT_EQ(Ended({status::invalidClass, {}, {}}, MachineKind::recorded).end,
+              SourceEnd::neverRecorded);
+}
+
+TEST_F(SourceJournalTest, TellsHowAConnectionFailed) {
+    EXPECT_EQ(Refused(status::invalidNamespace, MachineKind::live).end,
+              SourceEnd::refusedAtConnection);
+    EXPECT_EQ(Refused(status::invalidNamespace, MachineKind::recorded).end,
+              SourceEnd::neverRecorded);
+    EXPECT_EQ(Refused(status::accessDenied, MachineKind::recorded).end,
+              SourceEnd::refusedAtConnection);
+}
+
+TEST_F(SourceJournalTest, HoldsARunningQueryAsPending) {
+    journal->Begin("n", disks);
+    EXPECT_EQ(journal->Queries()[0].end, SourceEnd::pending);
+}
+
+TEST_F(SourceJournalTest, ReturnsTheQueriesAfterTheSkippedOnes) {
+    Note("SELECT * FROM A", SourceEnd::answered);
+    Note("SELECT * FROM B", SourceEnd::answered);
+    EXPECT_EQ(journal->Size(), 2U);
+    EXPECT_THAT(journal->Queries(1), ElementsAre(Field(&SourceQuery::className, "B")));
+}
+
+TEST_F(SourceJournalTest, KeepsTheFirstOfEachFailureWhenItIsCondensed) {
+    Note("SELECT * FROM A", SourceEnd::brokenOff);
+    Note("SELECT * FROM B", SourceEnd::answered);
+    Note("SELECT Name FROM A", SourceEnd::brokenOff);
+    Note("SELECT * FROM C", SourceEnd::answered);
+    journal->Condense();
+    EXPECT_THAT(journal->Queries(), ElementsAre(Field(&SourceQuery::text, "SELECT * FROM A"),
+                                                Field(&SourceQuery::text, "SELECT * FROM C")));
+    EXPECT_EQ(journal->Size(), 4U);
+}
+
+TEST_F(SourceJournalTest, CountsOnAfterItWasCondensed) {
+    Note("SELECT * FROM A", SourceEnd::answered);
+    journal->Condense();
+    Note("SELECT * FROM B", SourceEnd::answered);
+    EXPECT_THAT(journal->Queries(1), ElementsAre(Field(&SourceQuery::className, "B")));
+}
+
+}  // namespace
+}  // namespace qv::test
