@@ -9,7 +9,7 @@ configure_file(${CMAKE_CURRENT_LIST_DIR}/SourceTree.h.in ${CMAKE_BINARY_DIR}/gen
 add_library(qv_test_fast_build INTERFACE)
 if(WIN32)
   target_compile_options(qv_test_fast_build INTERFACE -O0 -g0)
-  target_link_options(qv_test_fast_build INTERFACE -s)
+  target_link_options(qv_test_fast_build INTERFACE -s -B${PROJECT_SOURCE_DIR}/cmake/linker/)
 else()
   target_compile_options(qv_test_fast_build INTERFACE -fno-sanitize=undefined -g0)
 endif()
