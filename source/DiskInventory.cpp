@@ -91,9 +91,7 @@ void DiskInventory::RebuildDiskInventory() {
         }
         const std::string deviceId = ToUpper(TextOrEmpty(*disk, "PNPDeviceID"));
         for (const FailurePredictRecord& prediction : predictions) {
-            // An instance is the device and a suffix. An empty device ID matches every instance,
-            // on purpose.
-            if (prediction.instanceName.find(deviceId) != std::string::npos) {
+            if (IsPredictionOf(prediction.instanceName, deviceId)) {
                 foundDisks.push_back(DescribeDisk(*disk, deviceId, host_));
                 foundPredictions.push_back(prediction);
             }

@@ -121,6 +121,10 @@ std::string ChannelLabel(std::string_view channelId) {
     return label;
 }
 
+bool IsPredictionOf(std::string_view instanceName, std::string_view pnpDeviceId) {
+    return instanceName.find(pnpDeviceId) != std::string_view::npos;
+}
+
 const platform::Row* FindMediaOfDisk(const platform::Row& disk, const platform::Rows& media) {
     std::string deviceId;
     const bool known = Succeeded(GetStringProperty(disk, "DeviceID", deviceId));

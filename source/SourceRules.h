@@ -58,6 +58,11 @@ std::string ChannelLabel(std::string_view channelId);
 /// if a media row is compared with a disk whose DeviceID is not a text.
 const platform::Row* FindMediaOfDisk(const platform::Row& disk, const platform::Rows& media);
 
+/// Returns whether a MSStorageDriver_FailurePredictStatus row belongs to a disk: the row's
+/// InstanceName, which is the device and a suffix, contains the disk's PNPDeviceID. Both are in
+/// upper case. An empty ID is part of every name, on purpose.
+bool IsPredictionOf(std::string_view instanceName, std::string_view pnpDeviceId);
+
 /// Finds the Win32_IDEController row to which a device is attached, by the
 /// Win32_IDEControllerDevice rows that name the device as Dependent. The Antecedent names the
 /// controller: the first row whose __PATH equals it, ignoring case. Of several links of a device

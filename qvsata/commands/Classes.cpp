@@ -9,7 +9,8 @@
 #include "qvsata/commands/SourceReport.h"
 #include "qvsata/output/Output.h"
 #include "qvsata/output/OutputJson.h"
-#include "qvsata/output/OutputText.h"
+#include "qvsata/system/Console.h"
+#include "qvsata/view/TextTable.h"
 
 namespace qv::tool {
 namespace {
@@ -34,13 +35,15 @@ std::vector<ClassLine> CountInstances(const service::ProviderHost& host) {
     return lines;
 }
 
-std::string AsText(const std::vector<ClassLine>& lines) {
-    Table table{{"Class", "Kind", "Instances"}, {}};
+view::StyledText AsText(const std::vector<ClassLine>& lines) {
+    using view::Style;
+    view::TextTable table{{{{"Class"}}, {{"Kind"}}, {{"Instances"}, true}}, {}};
     for (const ClassLine& line : lines) {
-        table.rows.push_back({line.name, line.kind,
-                              line.instances ? std::to_string(*line.instances) : "not readable"});
+        const view::Span count = line.instances ? view::Span{std::to_string(*line.instances)}
+                                                : view::Span{"not readable", Style::caution};
+        table.rows.push_back({{{line.name}}, {{line.kind}}, {count, true}});
     }
-    return TableAsText(table);
+    return view::TableAsText(table, ColumnsOf(Stream::output));
 }
 
 std::string AsJson(const std::vector<ClassLine>& lines) {
@@ -52,7 +55,7 @@ std::string AsJson(const std::vector<ClassLine>& lines) {
         }
         array.push_back({{"class", line.name}, {"kind", line.kind}, {"instances", count}});
     }
-    return DocumentText(array);
+    return DocumentText({{"classes", array}});
 }
 
 std::string AsMof(const service::Namespace& nameSpace) {

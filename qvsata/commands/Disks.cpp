@@ -9,6 +9,7 @@
 #include "qvsata/output/OutputJson.h"
 #include "qvsata/system/Console.h"
 #include "qvsata/view/DiskTable.h"
+#include "qvsata/view/JsonValues.h"
 #include "qvsata/view/SerialNumber.h"
 
 namespace qv::tool {
@@ -16,14 +17,7 @@ namespace {
 
 enum class DisksFormat { text, json };
 
-template <typename Value>
-nlohmann::ordered_json OrNull(const std::optional<Value>& value) {
-    return value ? nlohmann::ordered_json(*value) : nlohmann::ordered_json();
-}
-
-nlohmann::ordered_json OrNull(const std::string& text) {
-    return text.empty() ? nlohmann::ordered_json() : nlohmann::ordered_json(text);
-}
+using view::OrNull;
 
 std::string AsJson(const std::vector<view::OsDisk>& disks) {
     nlohmann::ordered_json array = nlohmann::ordered_json::array();
@@ -36,20 +30,23 @@ std::string AsJson(const std::vector<view::OsDisk>& disks) {
              {"decodedSerialNumber", OrNull(view::DecodedSerialNumber(disk.serialNumber))},
              {"firmware", OrNull(disk.firmware)},
              {"bus", OrNull(disk.bus)},
-             {"attachedTo", OrNull(disk.attachment)},
+             {"attachedTo", OrNull(disk.attachmentName)},
+             {"attachedToId", OrNull(disk.attachment)},
              {"deviceId", OrNull(disk.deviceId)},
              {"status", OrNull(disk.health.code)},
              {"statusWord", disk.health.word},
              {"failurePredicted", disk.failureIsPredicted},
              {"published", disk.whyUnpublished.empty()},
-             {"whyUnpublished", OrNull(disk.whyUnpublished)}});
+             {"whyUnpublished", OrNull(disk.whyUnpublished)},
+             {"watched", disk.whyUnwatched.empty()},
+             {"whyUnwatched", OrNull(disk.whyUnwatched)}});
     }
-    return DocumentText(array);
+    return DocumentText({{"disks", array}});
 }
 
 void PrintTable(const service::ProviderHost& host, const std::vector<view::OsDisk>& disks) {
     if (!disks.empty()) {
-        return Print(view::DisksAsText(disks, ColumnsOf(Stream::output)));
+        return PrintFitted(view::DisksAsText(disks, ColumnsOf(Stream::output)));
     }
     const bool unread = IsUnread(host.Journal().Queries(), "Win32_DiskDrive");
     Print(unread ? "disks not readable\n" : "no disks\n");

@@ -16,24 +16,33 @@
 namespace qv::tool {
 namespace {
 
-platform::Rows RowsOf(const platform::QueryPort& machine, std::string_view nameSpace,
-                      const std::string& className) {
+struct ReadRows {
+    Status status;
     platform::Rows rows;
-    machine.RunWqlQuery(nameSpace, "SELECT * FROM " + className, rows);
-    return rows;
+};
+
+ReadRows Read(const platform::QueryPort& machine, std::string_view nameSpace,
+              const std::string& className) {
+    ReadRows read;
+    read.status = machine.RunWqlQuery(nameSpace, "SELECT * FROM " + className, read.rows);
+    return read;
+}
+
+platform::Rows RowsOf(const platform::QueryPort& machine, const std::string& className) {
+    return Read(machine, cimNamespace, className).rows;
 }
 
 /// Reads the rows once and describes disks with them.
 class DiskReader {
 public:
     explicit DiskReader(const platform::QueryPort& machine)
-        : media_(RowsOf(machine, cimNamespace, "Win32_PhysicalMedia")),
-          controllers_(RowsOf(machine, cimNamespace, "Win32_IDEController")),
-          links_(RowsOf(machine, cimNamespace, "Win32_IDEControllerDevice"), controllers_),
-          predictions_(RowsOf(machine, wmiNamespace, "MSStorageDriver_FailurePredictStatus")) {}
+        : media_(RowsOf(machine, "Win32_PhysicalMedia")),
+          controllers_(RowsOf(machine, "Win32_IDEController")),
+          links_(RowsOf(machine, "Win32_IDEControllerDevice"), controllers_),
+          predictions_(Read(machine, wmiNamespace, "MSStorageDriver_FailurePredictStatus")) {}
 
     static platform::Rows Disks(const platform::QueryPort& machine) {
-        return RowsOf(machine, cimNamespace, "Win32_DiskDrive");
+        return RowsOf(machine, "Win32_DiskDrive");
     }
 
     view::OsDisk Describe(const platform::Row& row) const {
@@ -50,12 +59,15 @@ public:
         disk.deviceId = TextOrEmpty(row, "PNPDeviceID");
         if (const auto* const controller = links_.ControllerOfDisk(disk.deviceId)) {
             disk.attachment = TextOrEmpty(*controller, "DeviceID");
+            disk.attachmentName = NameOf(*controller);
         }
         disk.health = HealthOf(row);
         disk.failureIsPredicted = IsPredictedToFail(disk.deviceId);
         if (!IsIdeDisk(row)) {
             disk.whyUnpublished = disk.bus.empty() ? "bus unknown" : "bus is " + disk.bus;
         }
+        disk.whyUnwatched =
+            disk.whyUnpublished.empty() ? WhyUnwatched(disk.deviceId) : disk.whyUnpublished;
         return disk;
     }
 
@@ -80,20 +92,45 @@ private:
         return {MapStatusToOperationalStatus(status, codes, words), status};
     }
 
-    bool IsPredictedToFail(const std::string& deviceId) const {
-        return std::ranges::any_of(predictions_, [&deviceId](const auto& row) {
-            bool predicted = false;
-            return Succeeded(GetBooleanProperty(*row, "PredictFailure", predicted)) && predicted &&
-                   !deviceId.empty() &&
-                   FoldCase(TextOrEmpty(*row, "InstanceName")).find(FoldCase(deviceId)) !=
-                       std::string::npos;
+    /// Returns a channel by its ID, a controller by its name; with the end of its ID if another
+    /// controller has that name.
+    std::string NameOf(const platform::Row& controller) const {
+        const std::string deviceId = TextOrEmpty(controller, "DeviceID");
+        const std::string instance = deviceId.substr(deviceId.rfind('\\') + 1);
+        if (IsChannel(deviceId)) {
+            return "channel " + instance;
+        }
+        const std::string name = TextOrEmpty(controller, "Name");
+        const auto namesakes = std::ranges::count_if(
+            controllers_, [&name](const auto& row) { return TextOrEmpty(*row, "Name") == name; });
+        return namesakes > 1 ? name + " (" + instance + ")" : name;
+    }
+
+    bool HasPrediction(const std::string& deviceId, bool thatFails) const {
+        const std::string compared = ToUpper(deviceId);
+        return std::ranges::any_of(predictions_.rows, [&](const auto& row) {
+            bool fails = false;
+            GetBooleanProperty(*row, "PredictFailure", fails);
+            return (fails || !thatFails) &&
+                   IsPredictionOf(ToUpper(TextOrEmpty(*row, "InstanceName")), compared);
         });
+    }
+
+    bool IsPredictedToFail(const std::string& deviceId) const {
+        return !deviceId.empty() && HasPrediction(deviceId, true);
+    }
+
+    std::string WhyUnwatched(const std::string& deviceId) const {
+        if (!Succeeded(predictions_.status)) {
+            return "failure predictions not readable";
+        }
+        return HasPrediction(deviceId, false) ? "" : "no failure-prediction row names it";
     }
 
     platform::Rows media_;
     platform::Rows controllers_;
     ControllerLinks links_;
-    platform::Rows predictions_;
+    ReadRows predictions_;
 };
 
 }  // namespace

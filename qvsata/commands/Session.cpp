@@ -72,10 +72,10 @@ void RunOnProvider(const Options& options,
         if (UnreadLines(host->Journal().Queries()).empty()) {
             throw;
         }
-        WriteError(std::string("qvsata: ") + error.what() + '\n');
+        WriteErrorFitted(std::string("qvsata: ") + error.what() + '\n');
     }
     if (const std::string unread = UnreadLines(host->Journal().Queries()); !unread.empty()) {
-        WriteError(unread);
+        WriteErrorFitted(unread);
         throw IncompleteAnswer();
     }
 }
@@ -90,7 +90,10 @@ service::ObjectList Take(service::Answer answer) {
 void PrintAnswer(const service::ProviderHost& host, service::Answer answer, Format format) {
     const service::ObjectList objects = Take(std::move(answer));
     const bool blind = objects.empty() && !UnreadSources(host.Journal().Queries()).empty();
-    Print(blind && format == Format::text ? "(not readable)\n" : FormatObjects(objects, format));
+    if (format != Format::text) {
+        return Print(FormatObjects(objects, format));
+    }
+    PrintFitted({{blind ? "(not readable)\n" : FormatObjects(objects, format)}});
 }
 
 }  // namespace qv::tool

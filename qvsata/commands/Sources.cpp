@@ -12,12 +12,15 @@
 #include "qvsata/commands/SourceReport.h"
 #include "qvsata/output/Output.h"
 #include "qvsata/output/OutputJson.h"
-#include "qvsata/output/OutputText.h"
+#include "qvsata/system/Console.h"
+#include "qvsata/view/TextTable.h"
 #include "source/Namespaces.h"
 #include "source/Text.h"
 
 namespace qv::tool {
 namespace {
+
+using view::Style;
 
 enum class SourcesFormat { text, json };
 
@@ -88,20 +91,28 @@ std::string StatusColumn(const SourceUse& use) {
     return !isMeant || meaning.empty() ? end : end + ", " + std::string(meaning);
 }
 
-std::string AsText(const std::vector<SourceUse>& uses) {
-    Table table{{"Namespace", "Class", "Rows", "ms", "Status"}, {}};
+view::StyledText AsText(const std::vector<SourceUse>& uses) {
+    constexpr std::size_t inTitle = 2;
+    view::TextTable table{
+        {{{"Namespace"}}, {{"Class"}}, {{"Rows"}, true}, {{"ms"}, true}, {{"Status"}}},
+        {},
+        inTitle};
     std::string losses;
     for (const SourceUse& use : uses) {
         const bool isRead = use.queries != 0 && WasRead(use.worst);
-        table.rows.push_back({std::string(use.source.nameSpace), std::string(use.source.name),
-                              isRead ? std::to_string(use.rows) : "-",
-                              use.queries == 0 ? "-" : Milliseconds(use.time), StatusColumn(use)});
+        table.rows.push_back({{{std::string(use.source.nameSpace)}},
+                              {{std::string(use.source.name)}},
+                              {{isRead ? std::to_string(use.rows) : "-"}, true},
+                              {{use.queries == 0 ? "-" : Milliseconds(use.time)}, true},
+                              {{StatusColumn(use), isRead ? Style::plain : Style::caution}}});
         if (use.queries != 0 && !isRead) {
             losses += "without " + std::string(use.source.name) + ": " +
                       std::string(use.source.loss) + '\n';
         }
     }
-    return TableAsText(table) + (losses.empty() ? "" : "\n" + losses);
+    view::StyledText text = view::TableAsText(table, ColumnsOf(Stream::output));
+    text.push_back({losses.empty() ? "" : '\n' + losses});
+    return text;
 }
 
 std::string AsJson(const std::vector<SourceUse>& uses) {
@@ -125,7 +136,7 @@ std::string AsJson(const std::vector<SourceUse>& uses) {
                          {"meaning", service::StatusMeaning(use.worst.status)},
                          {"loss", use.source.loss}});
     }
-    return DocumentText(array);
+    return DocumentText({{"sources", array}});
 }
 
 }  // namespace
@@ -145,7 +156,11 @@ void AddSources(CLI::App& program) {
     command->footer("Example: qvsata sources --host hosts/ahci-desktop.json");
     OnProvider(*command, arguments, [](const service::ProviderHost& host, const Arguments& given) {
         const std::vector<SourceUse> uses = ReadSources(host);
-        Print(given.format == SourcesFormat::json ? AsJson(uses) : AsText(uses));
+        if (given.format == SourcesFormat::json) {
+            Print(AsJson(uses));
+        } else {
+            PrintFitted(AsText(uses));
+        }
     });
 }
 

@@ -4,6 +4,7 @@
 #include "catalogue/Classes.h"
 #include "qvsata/commands/Commands.h"
 #include "qvsata/commands/Options.h"
+#include "qvsata/commands/OsDisks.h"
 #include "qvsata/commands/PublishedInstances.h"
 #include "qvsata/commands/Session.h"
 #include "qvsata/commands/SourceReport.h"
@@ -21,8 +22,8 @@ namespace {
 enum class View { tree, json, graph };
 
 view::Topology ReadTopology(const service::ProviderHost& host) {
-    view::Topology topology =
-        view::BuildTopology(ReadInstances(host.Published(), view::topologyClasses));
+    view::Topology topology = view::BuildTopology(
+        ReadInstances(host.Published(), view::topologyClasses), ReadOsDisks(host));
     const std::vector<service::SourceQuery> queries = host.Journal().Queries();
     topology.sight.disks = !IsUnread(queries, "Win32_DiskDrive");
     topology.sight.controllers = !IsUnread(queries, "Win32_IDEController");
@@ -59,7 +60,8 @@ void AddTopology(CLI::App& program) {
     OnProvider(*command, arguments, [](const service::ProviderHost& host, const Arguments& given) {
         switch (given.view) {
             case View::tree:
-                return Print(view::TopologyAsText(ReadTopology(host)));
+                return PrintFitted(
+                    view::TopologyAsText(ReadTopology(host), ColumnsOf(Stream::output)));
             case View::json:
                 return Print(DocumentText(view::TopologyAsJson(ReadTopology(host))));
             case View::graph:

@@ -1,10 +1,10 @@
 #include "qvsata/commands/WatchRun.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdio>
 
 #include "qvsata/cim/StatusCodes.h"
+#include "qvsata/commands/OsDisks.h"
 #include "qvsata/commands/PublishedInstances.h"
 #include "qvsata/commands/Session.h"
 #include "qvsata/commands/SourceReport.h"
@@ -13,27 +13,26 @@
 #include "qvsata/output/WaitingLine.h"
 #include "qvsata/system/Console.h"
 #include "qvsata/system/StopRequest.h"
+#include "qvsata/view/EventJson.h"
 #include "qvsata/view/EventLine.h"
+#include "qvsata/view/WatchedText.h"
 
 namespace qv::tool {
 namespace {
 
 using Clock = std::chrono::steady_clock;
 
-view::DiskStatuses ReadStatuses(const service::Namespace& nameSpace) {
-    constexpr std::string_view disks = "QV_SATADiskDrive";
-    return view::StatusesOf(view::InstancesOf(ReadInstances(nameSpace, std::array{disks}), disks));
-}
-
 /// Prints events up to the maximum number.
 class EventPrinter {
 public:
-    EventPrinter(const service::Namespace& nameSpace, std::optional<std::size_t> most,
+    /// Prints on standard error what is watched.
+    EventPrinter(const service::ProviderHost& host, std::optional<std::size_t> most,
                  EventFormat format)
-        : nameSpace_(nameSpace), left_(most), format_(format) {
-        if (format_ == EventFormat::text) {
-            statuses_ = ReadStatuses(nameSpace_);
-        }
+        : host_(host), left_(most), format_(format) {
+        const std::vector<view::OsDisk> disks = ReadOsDisks(host);
+        const bool unread = IsUnread(host.Journal().Queries(), "Win32_DiskDrive");
+        WriteErrorFitted(unread ? "disks not readable\n" : view::WatchedText(disks));
+        disks_ = view::KnownDisksOf(disks);
     }
 
     bool IsDone() const { return left_ == 0U; }
@@ -42,10 +41,7 @@ public:
         if (indications.empty()) {
             return;
         }
-        view::DiskStatuses now;
-        if (format_ == EventFormat::text) {
-            now = ReadStatuses(nameSpace_);
-        }
+        view::KnownDisks now = view::KnownDisksOf(ReadOsDisks(host_));
         for (const auto& indication : indications) {
             if (IsDone()) {
                 break;
@@ -56,28 +52,37 @@ public:
         if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
             throw CommandError("standard output cannot be written");
         }
-        statuses_ = std::move(now);
+        disks_ = std::move(now);
     }
 
 private:
-    void PrintOne(const service::Object& indication, const view::DiskStatuses& now) const {
-        if (format_ == EventFormat::json) {
-            tool::Print(ObjectAsJsonLine(indication));
-        } else {
-            tool::Print(view::EventLine(ReadObject(indication), statuses_, now));
+    void PrintOne(const service::Object& indication, const view::KnownDisks& now) const {
+        const view::DiskEvent event = view::DescribeEvent(ReadObject(indication), disks_, now);
+        if (format_ == EventFormat::text) {
+            return tool::Print(view::EventLine(event, ColumnsOf(Stream::output)));
         }
+        nlohmann::ordered_json members = ObjectAsJson(indication);
+        if (host_.Recordings() != nullptr) {
+            // The provider takes these from the machine on which it runs, not from the recording.
+            for (const char* const ofThisMachine : {"OSVersion", "OSType", "NetworkAddresses"}) {
+                members.erase(ofThisMachine);
+            }
+        }
+        nlohmann::ordered_json line = view::EventAsJson(event);
+        line["indication"] = std::move(members);
+        tool::Print(DocumentLine(line));
     }
 
-    const service::Namespace& nameSpace_;
+    const service::ProviderHost& host_;
     std::optional<std::size_t> left_;
     EventFormat format_;
-    view::DiskStatuses statuses_;  ///< as they were when events were printed last
+    view::KnownDisks disks_;  ///< as they were when events were printed last
 };
 
 class Watch {
 public:
     Watch(const service::ProviderHost& host, const WatchLimits& limits, EventFormat format)
-        : host_(host), printer_(host.Published(), limits.events, format), feed_(Subscribed(host)) {
+        : host_(host), printer_(host, limits.events, format), feed_(Subscribed(host)) {
         if (limits.time) {
             end_ = Clock::now() + *limits.time;
         }
@@ -85,6 +90,7 @@ public:
     }
 
     void Run() {
+        ReportUnread();
         using News = service::EventFeed::News;
         while (!printer_.IsDone() && !isReplayed_ && !IsOver()) {
             const News news = feed_->Await(LongestWait());
@@ -152,7 +158,7 @@ private:
         reported_ = host_.Journal().Size();
         const std::string unread = UnreadLines(queries);
         if (unread != unread_) {
-            WriteError(unread.empty() ? "qvsata: every source is readable again\n" : unread);
+            WriteErrorFitted(unread.empty() ? "qvsata: every source is readable again\n" : unread);
         }
         unread_ = unread;
         host_.Journal().Condense();

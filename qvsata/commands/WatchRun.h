@@ -17,11 +17,12 @@ struct WatchLimits {
     bool realTime = false;
 };
 
-/// The form of an event: a readable line, or one line with a JSON object that has every property of
-/// the indication.
+/// The form of an event: a readable line, or a JSON document in one line, with the indication in
+/// it.
 enum class EventFormat { text, json };
 
-/// Subscribes to the provider's events and prints each. The events of a monitor cycle are printed
+/// Says on standard error which disks are watched, subscribes to the provider's events and prints
+/// each. The events of a monitor cycle are printed
 /// when the cycle is over; then the host's next recording, if any, is selected. Throws CommandError
 /// if the subscription fails or standard output cannot be written.
 void RunWatch(const service::ProviderHost& host, const WatchLimits& limits, EventFormat format);

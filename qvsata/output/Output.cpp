@@ -4,6 +4,7 @@
 #include "qvsata/output/OutputMof.h"
 #include "qvsata/output/OutputText.h"
 #include "qvsata/system/Console.h"
+#include "qvsata/view/Wrapping.h"
 
 namespace qv::tool {
 
@@ -21,6 +22,14 @@ std::string FormatObjects(const service::ObjectList& objects, Format format) {
 
 void Print(const std::string& text) {
     Print(view::StyledText{{text}});
+}
+
+void PrintFitted(const view::StyledText& text) {
+    Print(view::Wrapped(text, ColumnsOf(Stream::output)));
+}
+
+void WriteErrorFitted(const std::string& text) {
+    WriteError(view::PlainText(view::Wrapped({{text}}, ColumnsOf(Stream::errors))));
 }
 
 }  // namespace qv::tool

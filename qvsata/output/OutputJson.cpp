@@ -1,9 +1,19 @@
 #include "qvsata/output/OutputJson.h"
 
+#include <charconv>
+#include <cstdint>
+
 namespace qv::tool {
 namespace {
 
 using nlohmann::ordered_json;
+
+template <typename Number>
+bool IsWhole(const std::string& text, Number& number) {
+    const char* const end = text.data() + text.size();
+    const auto [rest, error] = std::from_chars(text.data(), end, number);
+    return error == std::errc() && rest == end;
+}
 
 // One overload for what JSON writes differently, one for the rest.
 ordered_json AsJson(std::monostate) {
@@ -19,35 +29,60 @@ ordered_json AsJson(const service::CimValue& value) {
     return std::visit([](const auto& held) { return AsJson(held); }, value);
 }
 
-ordered_json AsJson(const service::Object& object) {
+/// Returns whole numbers as numbers: those of 64 bits are texts in an object.
+ordered_json AsJson(const service::ObjectProperty& property) {
+    const auto* const text = std::get_if<std::string>(&property.value);
+    if (text != nullptr && property.type == service::CimType::uint64) {
+        std::uint64_t number = 0;
+        if (IsWhole(*text, number)) {
+            return number;
+        }
+    }
+    if (text != nullptr && property.type == service::CimType::sint64) {
+        std::int64_t number = 0;
+        if (IsWhole(*text, number)) {
+            return number;
+        }
+    }
+    return AsJson(property.value);
+}
+
+ordered_json Versioned(const ordered_json& content) {
+    ordered_json document{{"formatVersion", jsonFormatVersion}};
+    document.update(content);
+    return document;
+}
+
+}  // namespace
+
+ordered_json ObjectAsJson(const service::Object& object) {
     ordered_json members = ordered_json::object();
     for (const char* name : {"__CLASS", "__RELPATH"}) {
         const auto property = object.Find(name);
         members[name] = property ? AsJson(property->value) : nullptr;
     }
     for (const service::ObjectProperty& property : service::ShownPropertiesOf(object)) {
-        members[property.name] = AsJson(property.value);
+        members[property.name] = AsJson(property);
     }
     return members;
 }
 
-}  // namespace
-
 std::string ObjectsAsJson(const service::ObjectList& objects) {
     ordered_json array = ordered_json::array();
     for (const auto& object : objects) {
-        array.push_back(AsJson(*object));
+        array.push_back(ObjectAsJson(*object));
     }
-    return DocumentText(array);
+    return DocumentText({{"objects", array}});
 }
 
-std::string ObjectAsJsonLine(const service::Object& object) {
-    return AsJson(object).dump(-1, ' ', false, ordered_json::error_handler_t::replace) + '\n';
-}
-
-std::string DocumentText(const ordered_json& document) {
+std::string DocumentText(const ordered_json& content) {
     constexpr int indent = 2;
-    return document.dump(indent, ' ', false, ordered_json::error_handler_t::replace) + '\n';
+    return Versioned(content).dump(indent, ' ', false, ordered_json::error_handler_t::replace) +
+           '\n';
+}
+
+std::string DocumentLine(const ordered_json& content) {
+    return Versioned(content).dump(-1, ' ', false, ordered_json::error_handler_t::replace) + '\n';
 }
 
 }  // namespace qv::tool

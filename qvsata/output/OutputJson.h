@@ -7,13 +7,21 @@
 
 namespace qv::tool {
 
-/// Returns objects as a JSON array; see FormatObjects.
+/// The version of all JSON output. It changes when a consumer would have to; docs/JSON.md says when
+/// that is.
+inline constexpr int jsonFormatVersion = 1;
+
+/// Returns objects as a JSON document, see FormatObjects.
 std::string ObjectsAsJson(const service::ObjectList& objects);
 
-/// Returns an object as one line with a JSON object; see FormatObjects.
-std::string ObjectAsJsonLine(const service::Object& object);
+/// Returns an object as a JSON object, see FormatObjects.
+nlohmann::ordered_json ObjectAsJson(const service::Object& object);
 
-/// Returns the text of a JSON document, indented and with a line feed at the end.
-std::string DocumentText(const nlohmann::ordered_json& document);
+/// Returns the text of a JSON document that has its format version, then the members of `content`;
+/// indented, with a line feed at the end.
+std::string DocumentText(const nlohmann::ordered_json& content);
+
+/// Returns the same as one line.
+std::string DocumentLine(const nlohmann::ordered_json& content);
 
 }  // namespace qv::tool

@@ -1,9 +1,9 @@
 #include "qvsata/output/OutputText.h"
 
 #include <algorithm>
-#include <ranges>
 
 #include "qvsata/mof/MofText.h"
+#include "qvsata/view/Characters.h"
 #include "qvsata/view/Columns.h"
 
 namespace qv::tool {
@@ -16,7 +16,7 @@ using view::WidthOf;
 /// Returns a text unchanged, and any other value as MOF writes it.
 std::string ValueText(const ObjectProperty& property) {
     const auto* text = std::get_if<std::string>(&property.value);
-    return text != nullptr ? *text : service::MofValueText(property.value);
+    return text != nullptr ? view::Printable(*text) : service::MofValueText(property.value);
 }
 
 std::string Block(const service::Object& object) {
@@ -24,7 +24,7 @@ std::string Block(const service::Object& object) {
     if (block.empty()) {
         block = service::TextOf(object, "__CLASS");
     }
-    block += '\n';
+    block = view::Printable(block) + '\n';
     std::vector<ObjectProperty> properties = service::ShownPropertiesOf(object);
     std::erase_if(properties, [](const ObjectProperty& property) {
         return std::holds_alternative<std::monostate>(property.value);
@@ -40,12 +40,6 @@ std::string Block(const service::Object& object) {
     return block;
 }
 
-bool IsNumber(const std::string& text) {
-    return !text.empty() && std::ranges::all_of(text, [](char character) {
-        return character >= '0' && character <= '9';
-    });
-}
-
 }  // namespace
 
 std::string ObjectsAsText(const service::ObjectList& objects) {
@@ -57,30 +51,6 @@ std::string ObjectsAsText(const service::ObjectList& objects) {
         text += text.empty() ? "" : "\n";
         text += Block(*object);
     }
-    return text;
-}
-
-std::string TableAsText(const Table& table) {
-    std::vector<std::size_t> widths;
-    std::ranges::transform(table.heading, std::back_inserter(widths), WidthOf);
-    for (const auto& row : table.rows) {
-        for (std::size_t column = 0; column < widths.size(); ++column) {
-            widths[column] = std::max(widths[column], WidthOf(row[column]));
-        }
-    }
-    std::string text;
-    const auto append = [&](const std::vector<std::string>& row) {
-        std::string line;
-        for (std::size_t column = 0; column < widths.size(); ++column) {
-            const std::string padding = Padding(widths[column], row[column]);
-            line += column == 0 ? "" : "  ";
-            line += IsNumber(row[column]) ? padding + row[column] : row[column] + padding;
-        }
-        line.erase(line.find_last_not_of(' ') + 1);
-        text += line + '\n';
-    };
-    append(table.heading);
-    std::ranges::for_each(table.rows, append);
     return text;
 }
 

@@ -2,11 +2,18 @@
 
 #include <algorithm>
 
+#include "qvsata/view/Characters.h"
+
 namespace qv::view {
 
 std::size_t WidthOf(std::string_view text) {
-    return static_cast<std::size_t>(std::ranges::count_if(
-        text, [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0) != 0x80; }));
+    std::size_t width = 0;
+    while (!text.empty()) {
+        const Character character = FirstCharacter(text);
+        width += ColumnsOf(character);
+        text.remove_prefix(character.bytes.size());
+    }
+    return width;
 }
 
 std::string Padding(std::size_t width, std::string_view text) {
@@ -22,8 +29,12 @@ std::string_view Trimmed(std::string_view text) {
     return text.substr(begin, text.find_last_not_of(blanks) - begin + 1);
 }
 
+std::string DriveNumberText(std::optional<std::int64_t> number) {
+    return number ? '#' + std::to_string(*number) : "-";
+}
+
 std::string OrDash(const std::string& text) {
-    return text.empty() ? "-" : text;
+    return text.empty() ? "-" : Printable(text);
 }
 
 }  // namespace qv::view

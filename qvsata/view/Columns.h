@@ -1,12 +1,14 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
 namespace qv::view {
 
-/// Returns the number of columns of a UTF-8 text: one per character.
+/// Returns the number of columns that a UTF-8 text takes on a terminal.
 std::size_t WidthOf(std::string_view text);
 
 /// Returns the blanks that pad a text to `width`; none if it is that wide already.
@@ -15,7 +17,10 @@ std::string Padding(std::size_t width, std::string_view text);
 /// Returns the text without blanks at its ends.
 std::string_view Trimmed(std::string_view text);
 
-/// Returns the text, or a dash if it is empty.
+/// Returns a drive number as people write it: "#0"; a dash without one.
+std::string DriveNumberText(std::optional<std::int64_t> number);
+
+/// Returns the printable text, see Printable; a dash if it is empty.
 std::string OrDash(const std::string& text);
 
 }  // namespace qv::view

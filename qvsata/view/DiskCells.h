@@ -5,7 +5,7 @@
 
 namespace qv::view {
 
-/// Returns the columns of a disk's line: status, model, size in GB and GiB, partition flags, serial
+/// Returns the columns of a disk's line: drive number, health, model, size in GB and GiB, serial
 /// number. Every disk has the same number of columns.
 CellRow DiskCells(const Disk& disk);
 

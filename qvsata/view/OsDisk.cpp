@@ -3,11 +3,7 @@
 namespace qv::view {
 
 Health HealthOf(const OsDisk& disk) {
-    constexpr std::int64_t predictedFailure = 5;
-    if (disk.failureIsPredicted && disk.health.code == 2) {
-        return {predictedFailure, disk.health.word + ", failure predicted"};
-    }
-    return disk.health;
+    return WithPrediction(disk.health, disk.failureIsPredicted);
 }
 
 }  // namespace qv::view

@@ -1,24 +1,29 @@
 #include "qvsata/view/StyledStatus.h"
 
+#include <string>
+#include <string_view>
+
+#include "qvsata/view/Characters.h"
+
 namespace qv::view {
-namespace {
-
-bool IsFine(const Health& status) {
-    return status.code == 2;
-}
-
-}  // namespace
 
 Style StyleOf(const Health& status) {
-    constexpr std::int64_t error = 6;
-    if (IsFine(status)) {
-        return Style::good;
+    switch (SeverityOf(status)) {
+        case Severity::fine:
+            return Style::good;
+        case Severity::failed:
+            return Style::bad;
+        case Severity::unknown:
+        case Severity::degraded:
+        case Severity::failurePredicted:
+            break;
     }
-    return status.code == error ? Style::bad : Style::caution;
+    return Style::caution;
 }
 
 Span StatusSpan(const Health& status) {
-    return {(IsFine(status) ? "" : "! ") + status.word, StyleOf(status)};
+    const std::string_view mark = SeverityOf(status) == Severity::fine ? "" : "! ";
+    return {std::string(mark) + Printable(status.word), StyleOf(status)};
 }
 
 }  // namespace qv::view

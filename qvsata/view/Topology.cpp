@@ -46,9 +46,18 @@ std::string ChannelName(const PublishedObject& port) {
     return name.starts_with(label) ? name.substr(label.size()) : name;
 }
 
+/// Returns the form in which IDs are compared: a published one is encoded.
+std::string ComparedId(const std::string& deviceId) {
+    return FoldCase(EncodeDeviceId(deviceId));
+}
+
 class Builder {
 public:
-    explicit Builder(const PublishedHost& host) : host_(host) {}
+    Builder(const PublishedHost& host, const std::vector<OsDisk>& osDisks) : host_(host) {
+        for (const OsDisk& disk : osDisks) {
+            osDisks_.emplace(ComparedId(disk.deviceId), &disk);
+        }
+    }
 
     Topology Build() {
         Topology topology;
@@ -174,8 +183,8 @@ private:
         return extents;
     }
 
-    static Disk MakeDisk(const PublishedObject& object, const ObjectByIdentity& extents,
-                         const std::string& extentIdentity) {
+    Disk MakeDisk(const PublishedObject& object, const ObjectByIdentity& extents,
+                  const std::string& extentIdentity) {
         Disk disk;
         disk.model = Trimmed(object.Text("Model"));
         disk.deviceId = object.Text("DeviceID");
@@ -189,6 +198,11 @@ private:
             disk.bootPartition = extent.Flag("BootPartition");
             disk.primaryPartition = extent.Flag("PrimaryPartition");
         }
+        if (const auto found = osDisks_.find(ComparedId(disk.deviceId)); found != osDisks_.end()) {
+            disk.number = found->second->number;
+            disk.failureIsPredicted = found->second->failureIsPredicted;
+            osDisks_.erase(found);
+        }
         return disk;
     }
 
@@ -201,6 +215,8 @@ private:
     using ChannelPlace = std::pair<std::vector<Channel>*, std::size_t>;
 
     const PublishedHost& host_;
+    /// Those that no published disk has taken, by their IDs; disks with one ID in their order.
+    std::multimap<std::string, const OsDisk*> osDisks_;
     std::vector<std::string> controllers_;  ///< identities, as in the topology
     std::map<std::string, ChannelPlace> channels_;
 };
@@ -211,8 +227,12 @@ void Append(const std::vector<Disk>& disks, std::vector<const Disk*>& all) {
 
 }  // namespace
 
-Topology BuildTopology(const PublishedHost& host) {
-    return Builder(host).Build();
+Topology BuildTopology(const PublishedHost& host, const std::vector<OsDisk>& osDisks) {
+    return Builder(host, osDisks).Build();
+}
+
+Health HealthOf(const Disk& disk) {
+    return WithPrediction(disk.status, disk.failureIsPredicted);
 }
 
 std::vector<const Disk*> DisksOf(const Topology& topology) {

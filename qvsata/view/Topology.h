@@ -7,22 +7,20 @@
 #include <string_view>
 #include <vector>
 
+#include "qvsata/view/Health.h"
+#include "qvsata/view/OsDisk.h"
 #include "qvsata/view/PublishedObject.h"
 
 namespace qv::view {
 
-/// The health that an instance reports.
-struct Health {
-    std::optional<std::int64_t> code;  ///< the first code, if any
-    std::string word;                  ///< never empty: "no status" if none is reported
-};
-
 struct Disk {
+    std::optional<std::int64_t> number;  ///< the operating system's drive number
     std::string model;
     std::string deviceId;
     std::string serialNumber;  ///< without blanks at its ends
     std::string firmware;
-    Health status;
+    Health status;                      ///< as published
+    bool failureIsPredicted = false;    ///< by a failure-prediction row; not published
     std::optional<std::uint64_t> size;  ///< bytes
     /// Flags of the partition that the disk's storage extent shows; unset if it shows none.
     std::optional<bool> bootable;
@@ -96,10 +94,15 @@ inline constexpr std::array<std::string_view, 18> topologyClasses{
 /// Builds the tree from the published instances and their associations. A disk belongs to the
 /// channel to which the path from its target endpoint leads, otherwise to the controller whose ID
 /// ends the endpoint's name. An association can match too many partners, because one device ID is
-/// the beginning of another; then the longest counts.
-Topology BuildTopology(const PublishedHost& host);
+/// the beginning of another; then the longest counts. A disk's drive number and whether its failure
+/// is predicted come from the disk of the operating system with its ID; of several, each serves one
+/// published disk, in order.
+Topology BuildTopology(const PublishedHost& host, const std::vector<OsDisk>& osDisks = {});
 
 /// Returns all disks of a host, in the order of the tree.
 std::vector<const Disk*> DisksOf(const Topology& topology);
+
+/// Returns the health of a disk in the tree, see WithPrediction.
+Health HealthOf(const Disk& disk);
 
 }  // namespace qv::view

@@ -1,18 +1,11 @@
 #include "qvsata/view/TopologyJson.h"
 
+#include "qvsata/view/JsonValues.h"
+
 namespace qv::view {
 namespace {
 
 using nlohmann::ordered_json;
-
-template <typename Value>
-ordered_json OrNull(const std::optional<Value>& value) {
-    return value ? ordered_json(*value) : ordered_json(nullptr);
-}
-
-ordered_json OrNull(const std::string& text) {
-    return text.empty() ? ordered_json(nullptr) : ordered_json(text);
-}
 
 void AddStatus(const Health& status, ordered_json& members) {
     members["status"] = status.word;
@@ -29,15 +22,17 @@ ordered_json Array(const std::vector<Item>& items, Convert convert) {
 }
 
 ordered_json DiskAsJson(const Disk& disk) {
-    ordered_json members{{"model", OrNull(disk.model)},
+    ordered_json members{{"number", OrNull(disk.number)},
+                         {"model", OrNull(disk.model)},
                          {"serialNumber", OrNull(disk.serialNumber)},
                          {"firmwareRevision", OrNull(disk.firmware)},
                          {"deviceId", disk.deviceId}};
     AddStatus(disk.status, members);
+    members["failurePredicted"] = disk.failureIsPredicted;
     members["sizeBytes"] = OrNull(disk.size);
-    members["bootable"] = OrNull(disk.bootable);
-    members["bootPartition"] = OrNull(disk.bootPartition);
-    members["primaryPartition"] = OrNull(disk.primaryPartition);
+    members["partition"] = {{"bootable", OrNull(disk.bootable)},
+                            {"boot", OrNull(disk.bootPartition)},
+                            {"primary", OrNull(disk.primaryPartition)}};
     return members;
 }
 

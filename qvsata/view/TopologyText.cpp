@@ -1,7 +1,9 @@
 #include "qvsata/view/TopologyText.h"
 
 #include <algorithm>
+#include <limits>
 
+#include "qvsata/view/Characters.h"
 #include "qvsata/view/Columns.h"
 #include "qvsata/view/DiskCells.h"
 #include "qvsata/view/StyledStatus.h"
@@ -11,22 +13,27 @@ namespace {
 
 /// A line of the tree and its child lines.
 struct Node {
-    StyledText title;
-    StyledText detail;  ///< a second line; none when it is empty
+    CellRow title;
+    CellRow detail;  ///< a second line; none when it is empty
     std::vector<Node> children;
     const Disk* disk = nullptr;  ///< the disk that the line shows; it has no title of its own
 };
 
 /// The tree branches in front of a node at one level.
 constexpr std::size_t levelWidth = 3;
+constexpr std::string_view gap = "  ";
 
 class Writer {
 public:
+    explicit Writer(std::optional<std::size_t> columns)
+        : columns_(columns.value_or(std::numeric_limits<std::size_t>::max())) {}
+
     void Write(const Topology& topology, const std::vector<Node>& nodes) {
         for (const Disk* disk : DisksOf(topology)) {
             WidenFor(DiskCells(*disk), widths_);
         }
         diskLevel_ = DeepestDisk(nodes, 1);
+        isAligned_ = levelWidth * diskLevel_ + WidthOfRow(widths_) <= columns_;
         WriteNodes(nodes, "", 1);
     }
 
@@ -45,36 +52,46 @@ private:
     void WriteNodes(const std::vector<Node>& nodes, const std::string& prefix, std::size_t level) {
         for (const Node& node : nodes) {
             const bool isLast = &node == &nodes.back();
-            std::string branch = prefix + (isLast ? "└─" : "├─");
+            const std::string branch = prefix + (isLast ? "└─" : "├─");
             const std::string below = prefix + (isLast ? "   " : "│  ");
             if (node.disk != nullptr) {
-                // Disks at every level share the same columns.
-                for (std::size_t dash = levelWidth * level; dash < levelWidth * diskLevel_;
-                     ++dash) {
-                    branch += "─";
-                }
-                text_.push_back({branch + ' '});
-                AppendRow(DiskCells(*node.disk), widths_, text_);
+                WriteDisk(*node.disk, branch, below, level);
                 continue;
             }
-            text_.push_back({branch + ' '});
-            WriteLine(node.title);
+            const std::string next = below + (node.children.empty() ? "   " : "│  ");
+            WriteLine(node.title, gap, branch + ' ', next);
             if (!node.detail.empty()) {
-                text_.push_back({below + (node.children.empty() ? "   " : "│  ")});
-                WriteLine(node.detail);
+                WriteLine(node.detail, " · ", next, next);
             }
             WriteNodes(node.children, below, level + 1);
         }
     }
 
-    void WriteLine(const StyledText& line) {
-        std::ranges::copy(line, std::back_inserter(text_));
-        text_.push_back({"\n"});
+    void WriteDisk(const Disk& disk, const std::string& branch, const std::string& below,
+                   std::size_t level) {
+        if (!isAligned_) {
+            return WriteLine(DiskCells(disk), gap, branch + ' ', below + "   ");
+        }
+        // Disks at every level share the same columns.
+        std::string line = branch;
+        for (std::size_t dash = levelWidth * level; dash < levelWidth * diskLevel_; ++dash) {
+            line += "─";
+        }
+        text_.push_back({line + ' '});
+        AppendRow(DiskCells(disk), widths_, text_);
     }
 
+    void WriteLine(const CellRow& cells, std::string_view between, const std::string& begin,
+                   const std::string& next) {
+        text_.push_back({begin});
+        AppendFlowed(cells, between, {WidthOf(begin), next, columns_}, text_);
+    }
+
+    const std::size_t columns_;
     StyledText text_;
     std::vector<std::size_t> widths_;
     std::size_t diskLevel_ = 0;
+    bool isAligned_ = true;  ///< whether the disks' lines fit with aligned columns
 };
 
 void AddDisks(const std::vector<Disk>& disks, std::vector<Node>& nodes) {
@@ -87,12 +104,11 @@ const Span notReadable{"not readable", Style::caution};
 
 Node ChannelNode(const Channel& channel, const Sight& sight) {
     Node node;
-    node.title = {{"channel " + OrDash(channel.name) + "  "}, StatusSpan(channel.status)};
+    node.title = {{{"channel " + OrDash(channel.name)}}, {StatusSpan(channel.status)}};
     if (channel.disks.empty() && sight.disks && sight.attachments) {
-        node.title.push_back({"  empty", Style::faint});
+        node.title.push_back({{"no disk", Style::faint}});
     } else if (channel.disks.empty()) {
-        node.title.push_back({"  disks "});
-        node.title.push_back(notReadable);
+        node.title.push_back({{"disks " + notReadable.text, notReadable.style}});
     }
     AddDisks(channel.disks, node.children);
     return node;
@@ -105,34 +121,38 @@ void AddChannels(const std::vector<Channel>& channels, const Sight& sight,
     });
 }
 
-StyledText SoftwareText(const Controller& controller) {
-    std::string text;
-    const auto append = [&text](const std::string& kind, const std::optional<Software>& software) {
+CellRow SoftwareCells(const Controller& controller) {
+    CellRow cells;
+    const auto append = [&cells](const std::string& kind, const std::optional<Software>& software) {
         if (software) {
-            text += text.empty() ? "" : " · ";
-            text += kind + software->name;
-            text += software->version.empty() ? "" : ' ' + software->version;
+            const std::string version =
+                software->version.empty() ? "" : ' ' + Printable(software->version);
+            cells.push_back({{kind + Printable(software->name) + version, Style::faint}});
         }
     };
     append("driver ", controller.driver);
     append("", controller.firmware);
     append("", controller.bios);
-    return text.empty() ? StyledText{} : StyledText{{text, Style::faint}};
+    return cells;
 }
 
 Node ControllerNode(const Controller& controller, const Sight& sight) {
     Node node;
-    node.title = {{OrDash(controller.name) + "  "}, StatusSpan(controller.status)};
-    node.detail = SoftwareText(controller);
+    node.title = {{{OrDash(controller.name)}}, {StatusSpan(controller.status)}};
+    node.detail = SoftwareCells(controller);
     AddChannels(controller.channels, sight, node.children);
     AddDisks(controller.disks, node.children);
     if (node.children.empty() && sight.disks && sight.controllers && sight.attachments) {
-        node.title.push_back({"  no channels, no disks", Style::faint});
+        node.title.push_back({{"no channels, no disks", Style::faint}});
     } else if (node.children.empty()) {
-        node.title.push_back({"  channels, disks "});
-        node.title.push_back(notReadable);
+        node.title.push_back({{"channels, disks " + notReadable.text, notReadable.style}});
     }
     return node;
+}
+
+/// Returns a line of its own, or one above others.
+Node Heading(std::string text, Style style = Style::plain) {
+    return {{{{std::move(text), style}}}, {}, {}, nullptr};
 }
 
 std::vector<Node> Nodes(const Topology& topology) {
@@ -142,70 +162,76 @@ std::vector<Node> Nodes(const Topology& topology) {
                                return ControllerNode(controller, topology.sight);
                            });
     if (!topology.sight.controllers) {
-        nodes.push_back({{{"IDE and SATA controllers "}, notReadable}, {}, {}, nullptr});
+        nodes.push_back(Heading("IDE and SATA controllers not readable", notReadable.style));
     } else if (nodes.empty()) {
-        nodes.push_back({{{"no IDE or SATA controllers", Style::faint}}, {}, {}, nullptr});
+        nodes.push_back(Heading("no IDE or SATA controllers", Style::faint));
     }
     if (!topology.looseChannels.empty()) {
-        Node group{{{"channels of unknown controllers"}}, {}, {}, nullptr};
+        Node group = Heading("channels of unknown controllers");
         AddChannels(topology.looseChannels, topology.sight, group.children);
         nodes.push_back(std::move(group));
     }
     if (!topology.looseDisks.empty()) {
         const bool unattached = topology.sight.controllers && topology.sight.attachments;
-        Node group{unattached ? StyledText{{"disks without a known attachment"}}
-                              : StyledText{{"disks whose attachment is "}, notReadable},
-                   {},
-                   {},
-                   nullptr};
+        Node group = unattached ? Heading("disks without a known attachment")
+                                : Heading("disks whose attachment is not readable", Style::caution);
         AddDisks(topology.looseDisks, group.children);
         nodes.push_back(std::move(group));
     }
     return nodes;
 }
 
-/// Counts the disks, in total and by status, the statuses in order of appearance.
-StyledText Summary(const Topology& topology) {
-    if (!topology.sight.disks) {
-        return {{"disks "}, notReadable};
-    }
-    const std::vector<const Disk*> disks = DisksOf(topology);
-    if (disks.empty()) {
-        return {{"no disks"}};
-    }
-    std::vector<std::pair<const Health*, std::size_t>> counts;
+/// Returns each health of the disks and how many have it, the best first.
+std::vector<std::pair<Health, std::size_t>> Counted(const std::vector<const Disk*>& disks) {
+    std::vector<std::pair<Health, std::size_t>> counts;
     for (const Disk* disk : disks) {
+        const Health health = HealthOf(*disk);
         const auto known = std::ranges::find_if(
-            counts, [disk](const auto& one) { return one.first->word == disk->status.word; });
+            counts, [&health](const auto& one) { return one.first.word == health.word; });
         if (known == counts.end()) {
-            counts.emplace_back(&disk->status, 1);
+            counts.emplace_back(health, 1);
         } else {
             ++known->second;
         }
     }
-    StyledText text{{std::to_string(disks.size()) + (disks.size() == 1 ? " disk" : " disks")}};
+    std::ranges::stable_sort(counts, {}, [](const auto& count) { return SeverityOf(count.first); });
+    return counts;
+}
+
+StyledText Summary(const Topology& topology) {
+    if (!topology.sight.disks) {
+        return {{"disks " + notReadable.text, notReadable.style}};
+    }
+    const std::vector<const Disk*> disks = DisksOf(topology);
+    const auto counts = Counted(disks);
+    if (counts.empty()) {
+        return {{"no disks"}};
+    }
+    std::string text = std::to_string(disks.size()) + (disks.size() == 1 ? " disk" : " disks");
     std::string separator = ": ";
-    for (const auto& [status, count] : counts) {
-        text.push_back({separator});
-        text.push_back({std::to_string(count) + ' ' + status->word, StyleOf(*status)});
+    for (const auto& [health, count] : counts) {
+        text += separator + std::to_string(count) + ' ' + Printable(health.word);
         separator = ", ";
     }
-    return text;
+    const Health& worst = counts.back().first;
+    StyledText summary{{text, StyleOf(worst)}};
+    if (topology.collection && SeverityOf(*topology.collection) != SeverityOf(worst)) {
+        summary.push_back({"; published consolidated status: "});
+        summary.push_back({Printable(topology.collection->word), StyleOf(*topology.collection)});
+    }
+    return summary;
 }
 
 }  // namespace
 
-StyledText TopologyAsText(const Topology& topology) {
-    Writer writer;
+StyledText TopologyAsText(const Topology& topology, std::optional<std::size_t> columns) {
+    Writer writer(columns);
     writer.Write(topology, Nodes(topology));
     StyledText text{
-        {(topology.computer.empty() ? "computer without a name" : topology.computer) + '\n'}};
+        {(topology.computer.empty() ? "computer without a name" : Printable(topology.computer)) +
+         '\n'}};
     std::ranges::move(writer.Take(), std::back_inserter(text));
     std::ranges::move(Summary(topology), std::back_inserter(text));
-    if (topology.collection && topology.sight.disks) {
-        text.push_back({"; consolidated status "});
-        text.push_back({topology.collection->word, StyleOf(*topology.collection)});
-    }
     text.push_back({"\n"});
     return text;
 }

@@ -1,14 +1,18 @@
 #pragma once
 
+#include <cstddef>
+#include <optional>
+
 #include "qvsata/view/StyledText.h"
 #include "qvsata/view/Topology.h"
 
 namespace qv::view {
 
-/// Returns a topology as a tree of lines: controllers, their channels, and the disks below them in
-/// aligned columns (status, model, size, partition flags, serial number). The last line counts the
-/// disks by status. A status that is not OK is prefixed with "!", so that it stands out without
-/// colours.
-StyledText TopologyAsText(const Topology& topology);
+/// Returns the tree, and a last line that counts the disks by their health, in the style of the
+/// worst. The published consolidated status follows if it differs from that.
+/// @param columns the width of the terminal: lines that are longer go on in the next line; unset
+/// for no limit
+StyledText TopologyAsText(const Topology& topology,
+                          std::optional<std::size_t> columns = std::nullopt);
 
 }  // namespace qv::view

@@ -138,7 +138,7 @@ TEST_F(UnreadDisks, AreNoEmptyAnswer) {
 }
 
 TEST_F(UnreadDisks, HaveNoCountOfInstances) {
-    const json classes = json::parse(On({"classes", "--format", "json"}).output);
+    const json classes = json::parse(On({"classes", "--format", "json"}).output)["classes"];
     EXPECT_TRUE(classes[1]["instances"].is_null());
     EXPECT_EQ(classes[0]["instances"], 1);
 }
@@ -161,7 +161,7 @@ TEST_F(UnreadSourcesTest, AreNoneOnACompleteRecording) {
     const Ending run = On({"sources", "--format", "json"});
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_THAT(run.errors, IsEmpty());
-    const json sources = json::parse(run.output);
+    const json sources = json::parse(run.output)["sources"];
     EXPECT_EQ(sources.size(), 9U);
     EXPECT_EQ(sources[0]["class"], "Win32_DiskDrive");
     EXPECT_EQ(sources[0]["rows"], 3);
@@ -170,7 +170,7 @@ TEST_F(UnreadSourcesTest, AreNoneOnACompleteRecording) {
 
 TEST_F(UnreadSourcesTest, WithoutAQueryAreNotAskedFor) {
     Spoil({R"(root\wmi)", "MSStorageDriver_FailurePredictStatus", ""}, {"WBEM_E_FAILED", ""});
-    EXPECT_EQ(On({"topology"}).exitCode, 0);
+    EXPECT_EQ(On({"classes"}).exitCode, 0);
 }
 
 }  // namespace

@@ -18,20 +18,18 @@ std::vector<Span> SpansOf(const Disk& disk) {
     return spans;
 }
 
-TEST(DiskCells, AreStatusModelSizesFlagsAndSerialNumber) {
+TEST(DiskCells, AreDriveNumberHealthModelSizesAndSerialNumber) {
     Disk disk;
+    disk.number = 12;
     disk.status = {2, "OK"};
     disk.model = "Test disk";
     disk.size = 500'105'249'280U;
-    disk.bootable = true;
-    disk.bootPartition = false;
-    disk.primaryPartition = true;
     disk.serialNumber = "S1";
-    EXPECT_EQ(SpansOf(disk), (std::vector<Span>{{"OK", Style::good},
+    EXPECT_EQ(SpansOf(disk), (std::vector<Span>{{"#12"},
+                                                {"OK", Style::good},
                                                 {"Test disk"},
                                                 {"500.1 GB"},
                                                 {"465.8 GiB", Style::faint},
-                                                {"bootable, primary"},
                                                 {"S/N S1"}}));
 }
 
@@ -41,23 +39,30 @@ TEST(DiskCells, OfADiskOfWhichNothingIsKnownAreDashes) {
     EXPECT_EQ(
         SpansOf(disk),
         (std::vector<Span>{
-            {"! no status", Style::caution}, {"-"}, {"-"}, {"-", Style::faint}, {""}, {"S/N -"}}));
+            {""}, {"! no status", Style::caution}, {"-"}, {"-"}, {"-", Style::faint}, {"S/N -"}}));
+}
+
+TEST(DiskCells, SayThatAFailureIsPredictedBesideAStatusOfOk) {
+    Disk disk;
+    disk.status = {2, "OK"};
+    disk.failureIsPredicted = true;
+    EXPECT_EQ(SpansOf(disk)[1], (Span{"! OK, failure predicted", Style::caution}));
 }
 
 TEST(DiskCells, RoundSizesToTheNearestTenth) {
     Disk disk;
     disk.size = 1'949'999'999U;
-    EXPECT_EQ(SpansOf(disk)[2].text, "1.9 GB");
+    EXPECT_EQ(SpansOf(disk)[3].text, "1.9 GB");
     disk.size = 1'950'000'000U;
-    EXPECT_EQ(SpansOf(disk)[2].text, "2.0 GB");
+    EXPECT_EQ(SpansOf(disk)[3].text, "2.0 GB");
 }
 
-TEST(DiskCells, StandToTheRightInTheColumnsOfSizesOnly) {
+TEST(DiskCells, StandToTheRightInTheColumnsOfNumbersOnly) {
     std::vector<bool> toTheRight;
     for (const view::Cell& cell : DiskCells(Disk())) {
         toTheRight.push_back(cell.toTheRight);
     }
-    EXPECT_EQ(toTheRight, (std::vector<bool>{false, false, true, true, false, false}));
+    EXPECT_EQ(toTheRight, (std::vector<bool>{true, false, false, true, true, false}));
 }
 
 }  // namespace

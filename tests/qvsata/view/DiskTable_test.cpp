@@ -9,28 +9,49 @@ using view::DisksAsText;
 using view::OsDisk;
 using view::PlainText;
 
-const OsDisk published{0,        "Model A", 240054796800, "SN1", "FW1", "IDE",
-                       "PCI\\A", "IDE\\A",  {2, "OK"},    false, ""};
-const OsDisk unpublished{10, "Model B", {},        "",   "",          "USB",
-                         "", "USB\\B",  {2, "OK"}, true, "bus is USB"};
+OsDisk Published() {
+    OsDisk disk;
+    disk.number = 0;
+    disk.model = "Model A";
+    disk.size = 240054796800;
+    disk.serialNumber = "SN1";
+    disk.firmware = "FW1";
+    disk.bus = "IDE";
+    disk.attachment = "PCI\\A";
+    disk.attachmentName = "AHCI";
+    disk.deviceId = "IDE\\A";
+    disk.health = {2, "OK"};
+    return disk;
+}
+
+OsDisk Unpublished() {
+    OsDisk disk;
+    disk.number = 10;
+    disk.model = "Model B";
+    disk.bus = "USB";
+    disk.health = {2, "OK"};
+    disk.failureIsPredicted = true;
+    disk.whyUnpublished = "bus is USB";
+    return disk;
+}
 
 TEST(DiskTable, HasALineForEachDisk) {
-    EXPECT_EQ(PlainText(DisksAsText({published, unpublished}, {})),
-              " #  Health                   Model        Size  Bus  Published       "
+    EXPECT_EQ(PlainText(DisksAsText({Published(), Unpublished()}, {})),
+              "  #  Health                   Model        Size  Bus  Published       "
               "Attached to  Firmware  S/N\n"
-              " 0  OK                       Model A  240.1 GB  IDE  yes             "
-              "PCI\\A        FW1       SN1\n"
-              "10  ! OK, failure predicted  Model B         -  USB  no: bus is USB  "
+              " #0  OK                       Model A  240.1 GB  IDE  yes             "
+              "AHCI         FW1       SN1\n"
+              "#10  ! OK, failure predicted  Model B         -  USB  no: bus is USB  "
               "-            -         -\n");
 }
 
 TEST(DiskTable, HasABlockForEachDiskWhereALineDoesNotFit) {
-    EXPECT_EQ(PlainText(DisksAsText({published}, 60)),
+    EXPECT_EQ(PlainText(DisksAsText({Published()}, 60)),
               "#0  OK  Model A\n"
               "    Size         240.1 GB\n"
               "    Bus          IDE\n"
               "    Published    yes\n"
-              "    Attached to  PCI\\A\n"
+              "    Attached to  AHCI\n"
               "    Firmware     FW1\n"
               "    S/N          SN1\n");
 }

@@ -2,95 +2,50 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
+#include "tests/qvsata/view/OsDisks.h"
 
 namespace qv::test {
 namespace {
 
 using namespace view;
 
-const std::string deviceId = "SCSI&DISK&VEN_HALDEN&PROD_HD4000F05&4&1&0&010000";
-
-PublishedObject Indication(const std::string& eventId) {
-    return {"QV_SATADeviceIndication",
-            "",
-            {{"EventID", eventId},
-             {"EventTime", "20240704090503.007000-000"},
-             {"DeviceID", deviceId},
-             {"DeviceModel", "Halden HD4000F05"}},
-            {}};
+DiskEvent Predicted() {
+    DiskEvent event;
+    event.meaning = MeaningOf("605");
+    event.eventId = "605";
+    event.time = "2024-07-04 09:05:03";
+    event.model = "Halden HD4000F05";
+    event.deviceId = "SCSI&DISK&4&1&0&010000";
+    event.before = NumberedDisk(2, {3, "Degraded"});
+    event.now = NumberedDisk(2, {5, "Pred Fail"});
+    return event;
 }
 
-std::string Line(const std::string& eventId, const DiskStatuses& before, const DiskStatuses& now) {
-    return PlainText(EventLine(Indication(eventId), before, now));
+TEST(EventLine, HasTimeIdMeaningNumberModelChangeAndDevice) {
+    EXPECT_EQ(PlainText(EventLine(Predicted())),
+              "2024-07-04 09:05:03  605  failure predicted  #2   Halden HD4000F05          "
+              "Degraded → Pred Fail    SCSI&DISK&4&1&0&010000\n");
 }
 
-Style StyleOf(const std::string& eventId) {
-    return EventLine(Indication(eventId), {}, {}).at(1).style;
+TEST(EventLine, GoesOnInTheNextLineOfANarrowTerminal) {
+    EXPECT_EQ(PlainText(EventLine(Predicted(), 60)),
+              "2024-07-04 09:05:03  605  failure predicted  #2\n"
+              "    Halden HD4000F05  Degraded → Pred Fail\n"
+              "    SCSI&DISK&4&1&0&010000\n");
 }
 
-PublishedObject DiskWith(const std::string& id, std::vector<std::string> statuses) {
-    return {"QV_SATADiskDrive",
-            "",
-            {{"DeviceID", id}, {"StatusDescriptions", std::move(statuses)}},
-            {}};
-}
-
-TEST(EventLine, HasTimeIdMeaningModelChangeAndDevice) {
-    EXPECT_EQ(Line("605", {{deviceId, "Degraded"}}, {{deviceId, "Pred Fail"}}),
-              "2024-07-04 09:05:03  605  failure predicted  Halden HD4000F05          "
-              "Degraded → Pred Fail    " +
-                  deviceId + "\n");
-}
-
-TEST(EventLine, SaysWhatEachEventMeans) {
-    const std::pair<const char*, const char*> meanings[] = {
-        {"600", "  600  disk appeared  "},    {"601", "  601  status unknown  "},
-        {"602", "  602  disk OK  "},          {"603", "  603  disk error  "},
-        {"604", "  604  disk degraded  "},    {"605", "  605  failure predicted  "},
-        {"613", "  613  disk disappeared  "}, {"699", "  699  other event  "}};
-    for (const auto& [eventId, words] : meanings) {
-        EXPECT_NE(Line(eventId, {}, {}).find(words), std::string::npos) << eventId;
-    }
-}
-
-TEST(EventLine, ColoursGoodAndBadNews) {
-    EXPECT_EQ(StyleOf("602"), Style::good);
-    EXPECT_EQ(StyleOf("603"), Style::bad);
-    EXPECT_EQ(StyleOf("604"), Style::caution);
-    EXPECT_EQ(StyleOf("605"), Style::bad);
-}
-
-TEST(EventLine, SaysHowANewDiskIs) {
-    EXPECT_NE(Line("600", {}, {{deviceId, "OK"}}).find("  new, OK  "), std::string::npos);
-    EXPECT_NE(Line("600", {}, {}).find("  new  "), std::string::npos);
-}
-
-TEST(EventLine, SaysHowADiskWasThatIsGone) {
-    EXPECT_NE(Line("613", {{deviceId, "Error"}}, {}).find("  gone, was Error  "),
+TEST(EventLine, OfAnUnknownDiskHasADashForItsNumber) {
+    DiskEvent event = Predicted();
+    event.before.reset();
+    event.now.reset();
+    EXPECT_NE(PlainText(EventLine(event)).find("failure predicted  -    Halden"),
               std::string::npos);
-    EXPECT_NE(Line("613", {}, {}).find("  gone  "), std::string::npos);
 }
 
-TEST(EventLine, SaysWhatIsKnownOfAChange) {
-    EXPECT_NE(Line("603", {}, {{deviceId, "Error"}}).find("  now Error  "), std::string::npos);
-    EXPECT_NE(Line("603", {{deviceId, "OK"}}, {}).find("  was OK  "), std::string::npos);
-}
-
-TEST(EventLine, LeavesATimeOfAnotherFormAsItIs) {
-    PublishedObject indication = Indication("600");
-    indication.values["EventTime"] = "then";
-    EXPECT_TRUE(PlainText(EventLine(indication, {}, {})).starts_with("then  600"));
-}
-
-TEST(EventLine, StatusesOfAreTheDescriptionsByDevice) {
-    const std::array disks{DiskWith("A", {"OK"}), DiskWith("B", {"Pred Fail"})};
-    EXPECT_EQ(StatusesOf(disks), (DiskStatuses{{"A", "OK"}, {"B", "Pred Fail"}}));
-}
-
-TEST(EventLine, StatusesOfSayWhenADiskHasNone) {
-    const std::array disks{DiskWith("A", {""}), DiskWith("B", {})};
-    EXPECT_EQ(StatusesOf(disks), (DiskStatuses{{"A", "no status"}, {"B", "no status"}}));
+TEST(EventLine, ShowsControlCharactersOfAModelAsCodes) {
+    DiskEvent event = Predicted();
+    event.model = "Evil\x1B[2J\nline";
+    EXPECT_NE(PlainText(EventLine(event)).find(R"(Evil\x1b[2J\x0aline)"), std::string::npos);
 }
 
 }  // namespace

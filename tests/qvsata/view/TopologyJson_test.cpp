@@ -14,6 +14,8 @@ TEST(TopologyJson, OfNothingHasEveryMember) {
 
 TEST(TopologyJson, NestsDisksInTheirChannel) {
     view::Disk disk;
+    disk.number = 3;
+    disk.failureIsPredicted = true;
     disk.model = "M";
     disk.deviceId = "D";
     disk.status = {5, "Pred Fail"};
@@ -32,9 +34,10 @@ TEST(TopologyJson, NestsDisksInTheirChannel) {
         "name": "AHCI", "deviceId": "C", "status": "OK", "statusCode": 2,
         "driver": {"name": "msahci", "version": null}, "firmware": null, "bios": null,
         "channels": [{"name": "4&0", "deviceId": "CH", "status": "no status", "statusCode": null,
-            "disks": [{"model": "M", "serialNumber": null, "firmwareRevision": null,
-                "deviceId": "D", "status": "Pred Fail", "statusCode": 5, "sizeBytes": 1000,
-                "bootable": false, "bootPartition": null, "primaryPartition": null}]}],
+            "disks": [{"number": 3, "model": "M", "serialNumber": null, "firmwareRevision": null,
+                "deviceId": "D", "status": "Pred Fail", "statusCode": 5,
+                "failurePredicted": true, "sizeBytes": 1000,
+                "partition": {"bootable": false, "boot": null, "primary": null}}]}],
         "disks": []}])"));
 }
 

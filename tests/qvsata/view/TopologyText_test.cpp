@@ -5,7 +5,9 @@
 namespace qv::test {
 namespace {
 
+using testing::AllOf;
 using testing::Contains;
+using testing::EndsWith;
 using testing::HasSubstr;
 using view::Disk;
 using view::Span;
@@ -37,26 +39,92 @@ TEST(TopologyText, SaysThatThereIsNothing) {
 TEST(TopologyText, AlignsDisksOfAllLevels) {
     Topology topology;
     topology.computer = "host";
-    Disk primary = MakeDisk("Long model", ok);
-    primary.primaryPartition = true;
+    Disk first = MakeDisk("Long model", ok);
+    first.number = 1;
+    Disk tenth = MakeDisk("Short", {6, "Error"});
+    tenth.number = 10;
     topology.controllers.push_back({"AHCI",
                                     "C",
                                     ok,
                                     view::Software{"msahci", ""},
                                     view::Software{"SATA firmware", "05"},
                                     {},
-                                    {{"4&0", "CH", ok, {primary}}, {"4&1", "CH", ok, {}}},
-                                    {MakeDisk("Short", {6, "Error"})}});
+                                    {{"4&0", "CH", ok, {first}}, {"4&1", "CH", ok, {}}},
+                                    {tenth}});
     topology.collection = ok;
     EXPECT_EQ(Text(topology),
               "host\n"
               "└─ AHCI  OK\n"
               "   │  driver msahci · SATA firmware 05\n"
               "   ├─ channel 4&0  OK\n"
-              "   │  └─ OK       Long model  500.1 GB  465.8 GiB  primary  S/N S1\n"
-              "   ├─ channel 4&1  OK  empty\n"
-              "   └──── ! Error  Short       500.1 GB  465.8 GiB           S/N S1\n"
-              "2 disks: 1 OK, 1 Error; consolidated status OK\n");
+              "   │  └─  #1  OK       Long model  500.1 GB  465.8 GiB  S/N S1\n"
+              "   ├─ channel 4&1  OK  no disk\n"
+              "   └──── #10  ! Error  Short       500.1 GB  465.8 GiB  S/N S1\n"
+              "2 disks: 1 OK, 1 Error; published consolidated status: OK\n");
+}
+
+TEST(TopologyText, BreaksLinesBetweenItemsOnANarrowTerminal) {
+    Topology topology;
+    topology.computer = "host";
+    Disk disk = MakeDisk("Some long model of a disk", ok);
+    disk.number = 1;
+    topology.controllers.push_back({"AHCI",
+                                    "C",
+                                    ok,
+                                    view::Software{"msahci", ""},
+                                    view::Software{"SATA firmware", "05"},
+                                    view::Software{"SATA BIOS", "05"},
+                                    {{"4&0", "CH", ok, {disk}}},
+                                    {}});
+    EXPECT_EQ(view::PlainText(view::TopologyAsText(topology, 44)),
+              "host\n"
+              "└─ AHCI  OK\n"
+              "   │  driver msahci · SATA firmware 05\n"
+              "   │  SATA BIOS 05\n"
+              "   └─ channel 4&0  OK\n"
+              "      └─ #1  OK  Some long model of a disk\n"
+              "            500.1 GB  465.8 GiB  S/N S1\n"
+              "1 disk: 1 OK\n");
+}
+
+Span SummaryOf(std::vector<Disk> disks) {
+    Topology topology;
+    topology.looseDisks = std::move(disks);
+    const view::StyledText text = view::TopologyAsText(topology);
+    return text.at(text.size() - 2);
+}
+
+TEST(TopologyText, SumsUpByTheWorstOfTheDisks) {
+    EXPECT_EQ(SummaryOf({MakeDisk("A", ok), MakeDisk("B", {5, "Pred Fail"}), MakeDisk("C", ok)}),
+              (Span{"3 disks: 2 OK, 1 Pred Fail", Style::caution}));
+    EXPECT_EQ(SummaryOf({MakeDisk("A", {6, "Error"}), MakeDisk("B", {3, "Degraded"})}),
+              (Span{"2 disks: 1 Degraded, 1 Error", Style::bad}));
+    EXPECT_EQ(SummaryOf({MakeDisk("A", ok)}), (Span{"1 disk: 1 OK", Style::good}));
+}
+
+TEST(TopologyText, SumsUpAPredictedFailureThatIsNotPublished) {
+    Topology topology;
+    topology.looseDisks = {MakeDisk("A", ok)};
+    topology.looseDisks[0].failureIsPredicted = true;
+    topology.collection = ok;
+    EXPECT_THAT(Text(topology), HasSubstr("\n1 disk: 1 OK, failure predicted; published "
+                                          "consolidated status: OK\n"));
+}
+
+TEST(TopologyText, KeepsQuietAboutAConsolidatedStatusThatSaysTheSame) {
+    Topology topology;
+    topology.looseDisks = {MakeDisk("A", {5, "Pred Fail"})};
+    topology.collection = {5, "Pred Fail"};
+    EXPECT_THAT(Text(topology), EndsWith("\n1 disk: 1 Pred Fail\n"));
+}
+
+TEST(TopologyText, ShowsControlCharactersOfDevicesAsCodes) {
+    Topology topology;
+    topology.computer = "host\x1B[2J";
+    topology.looseDisks = {MakeDisk("M\nOK", {2, "O\u202EK"})};
+    topology.looseDisks[0].serialNumber = "\x07";
+    EXPECT_THAT(Text(topology), AllOf(HasSubstr(R"(host\x1b[2J)"), HasSubstr(R"(M\x0aOK)"),
+                                      HasSubstr(R"(O\u202eK)"), HasSubstr(R"(S/N \x07)")));
 }
 
 TEST(TopologyText, GroupsDisksWithoutAttachment) {

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include "tests/qvsata/view/OsDisks.h"
 #include "tests/qvsata/view/Published.h"
 
 namespace qv::test {
@@ -147,6 +148,31 @@ TEST_F(TopologyTest, TrimsSerialNumbersAndReadsSizes) {
     const Topology topology = BuildTopology(host_);
     EXPECT_EQ(topology.looseDisks[0].serialNumber, "S1");
     EXPECT_EQ(topology.looseDisks[0].size, 18446744073709551615U);
+}
+
+TEST_F(TopologyTest, TakesTheDriveNumberAndThePredictionFromTheDiskWithItsId) {
+    AddDisk("IDE&DISKA&5");
+    AddDisk("IDE&DISKB&5");
+    view::OsDisk osDisk = NumberedDisk(4, {2, "OK"});
+    osDisk.deviceId = R"(IDE\DiskB\5)";
+    osDisk.failureIsPredicted = true;
+    const Topology topology = BuildTopology(host_, {osDisk});
+    EXPECT_FALSE(topology.looseDisks[0].number.has_value());
+    EXPECT_FALSE(topology.looseDisks[0].failureIsPredicted);
+    EXPECT_EQ(topology.looseDisks[1].number, 4);
+    EXPECT_TRUE(topology.looseDisks[1].failureIsPredicted);
+}
+
+TEST_F(TopologyTest, NumbersTwoDisksWithOneIdInTheirOrder) {
+    AddDisk("D");
+    AddDisk("D");
+    view::OsDisk first = NumberedDisk(1, {2, "OK"});
+    first.deviceId = "D";
+    view::OsDisk second = NumberedDisk(2, {2, "OK"});
+    second.deviceId = "D";
+    const Topology topology = BuildTopology(host_, {first, second});
+    EXPECT_EQ(topology.looseDisks[0].number, 1);
+    EXPECT_EQ(topology.looseDisks[1].number, 2);
 }
 
 TEST_F(TopologyTest, TakesFlagsFromTheDisksExtent) {

@@ -13,7 +13,7 @@ using testing::Not;
 using testing::StartsWith;
 
 TEST(Classes, ListsEveryPublishedClassWithKindAndCount) {
-    const json classes = Ask({"classes"});
+    const json classes = Ask({"classes"}, "classes");
     ASSERT_EQ(classes.size(), ExpectedClassNames().size());
     EXPECT_EQ(classes[1],
               json({{"class", "QV_SATADiskDrive"}, {"kind", "instance"}, {"instances", 3}}));

@@ -22,12 +22,14 @@ inline std::vector<std::string> OnDesktop(std::vector<std::string> arguments) {
     return arguments;
 }
 
-/// Returns the tool's JSON answer.
-inline nlohmann::json Ask(std::vector<std::string> arguments) {
+/// Returns a member of the tool's JSON answer.
+inline nlohmann::json Ask(std::vector<std::string> arguments, const char* member = "objects") {
     arguments.insert(arguments.end(), {"--format", "json"});
     const ToolRun run = RunTool(OnDesktop(std::move(arguments)));
     EXPECT_EQ(run.exitCode, 0U) << run.errors;
-    return nlohmann::json::parse(run.output);
+    const nlohmann::json document = nlohmann::json::parse(run.output);
+    EXPECT_EQ(document["formatVersion"], 1);
+    return document[member];
 }
 
 /// Returns the standard error of a failing request, which prints nothing else.

@@ -17,7 +17,7 @@ TEST(Enumerate, GivesTypedJson) {
     EXPECT_THAT(disks[0]["__RELPATH"].get<std::string>(),
                 StartsWith("QV_SATADiskDrive.CreationClassName=\"QV_SATADiskDrive\",DeviceID="));
     EXPECT_EQ(disks[0]["Index"], 0);
-    EXPECT_EQ(disks[0]["Size"], "240054796800");
+    EXPECT_EQ(disks[0]["Size"], 240054796800U);
     EXPECT_EQ(disks[0]["OperationalStatus"], json({2}));
     EXPECT_TRUE(disks[0]["InstallDate"].is_null());
 }

@@ -44,7 +44,7 @@ protected:
 
     static json Ask(std::vector<std::string> arguments) {
         arguments.insert(arguments.end(), {"--format", "json"});
-        return json::parse(Print(std::move(arguments)));
+        return json::parse(Print(std::move(arguments)))["objects"];
     }
 
     /// Returns a property of each object.

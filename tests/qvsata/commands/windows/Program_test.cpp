@@ -12,7 +12,7 @@ using testing::HasSubstr;
 TEST(Program, AsksThisMachinesOwnManagementService) {
     const ToolRun run = RunTool({"enumerate", "QV_SATADiskDrive", "--live", "--format", "json"});
     ASSERT_EQ(run.exitCode, 0U) << run.errors;
-    const json disks = json::parse(run.output);
+    const json disks = json::parse(run.output)["objects"];
     // Wine has two disks with one device ID and without status.
     ASSERT_EQ(disks.size(), 2U);
     EXPECT_EQ(disks[0]["DeviceID"], disks[1]["DeviceID"]);

@@ -54,13 +54,13 @@ TEST(Watch, AnnouncesWhatHappensFromRecordingToRecording) {
     const ToolRun run = RunQuickTool(WatchDrill(wholeDrill, {"--count", "7"}));
     EXPECT_EQ(run.exitCode, 0U) << run.errors;
     EXPECT_THAT(LinesOf(run.output),
-                ElementsAre(HasSubstr("  604  disk degraded      Halden HD4000F05 "),
-                            HasSubstr("  605  failure predicted  Halden HD4000F05 "),
-                            HasSubstr("  603  disk error         Halden HD4000F05 "),
-                            HasSubstr("  602  disk OK            Halden HD4000F05 "),
-                            HasSubstr("  601  status unknown     Halden HD4000F05 "),
-                            HasSubstr("  613  disk disappeared   Halden HD4000F05 "),
-                            HasSubstr("  600  disk appeared      Halden HD6000G02 ")));
+                ElementsAre(HasSubstr("  604  disk degraded      #1   Halden HD4000F05 "),
+                            HasSubstr("  605  failure predicted  #1   Halden HD4000F05 "),
+                            HasSubstr("  603  disk error         #1   Halden HD4000F05 "),
+                            HasSubstr("  602  disk OK            #1   Halden HD4000F05 "),
+                            HasSubstr("  601  status unknown     #1   Halden HD4000F05 "),
+                            HasSubstr("  613  disk disappeared   #1   Halden HD4000F05 "),
+                            HasSubstr("  600  disk appeared      #1   Halden HD6000G02 ")));
 }
 
 TEST(Watch, SaysWhenWhatAndWhich) {
@@ -74,7 +74,9 @@ TEST(Watch, SaysWhenWhatAndWhich) {
 TEST(Watch, SaysOnStandardErrorWhatItWaitsFor) {
     const ToolRun run =
         RunQuickTool(WatchDrill({"0-healthy", "1-degraded"}, {"--count", "1", "--real-time"}));
-    EXPECT_EQ(run.errors, "qvsata: looking at recording 2 of 2 in 30 s\n");
+    EXPECT_EQ(run.errors,
+              "watching 2 of 2 disks\n"
+              "qvsata: looking at recording 2 of 2 in 30 s\n");
 }
 
 TEST(Watch, GivesEachEventAsALineOfJson) {
@@ -84,19 +86,34 @@ TEST(Watch, GivesEachEventAsALineOfJson) {
     const std::vector<std::string> lines = LinesOf(run.output);
     ASSERT_THAT(lines, SizeIs(2));
     const json event = json::parse(lines[1]);
-    EXPECT_EQ(event["__CLASS"], "QV_SATADeviceIndication");
-    EXPECT_EQ(event["EventID"], "605");
-    EXPECT_EQ(event["DeviceModel"], "Halden HD4000F05");
-    EXPECT_EQ(event["AlertingElementFormat"], 2);
-    EXPECT_TRUE(event["NetworkAddresses"].is_array());
-    EXPECT_TRUE(event["RackName"].is_null());
+    EXPECT_EQ(event["formatVersion"], 1);
+    EXPECT_EQ(event["event"], "605");
+    EXPECT_EQ(event["severity"], "critical");
+    EXPECT_EQ(event["number"], 1);
+    EXPECT_EQ(event["oldStatus"], json({{"code", 3}, {"word", "Degraded"}}));
+    EXPECT_EQ(event["newStatus"], json({{"code", 5}, {"word", "Pred Fail"}}));
+    const json& indication = event["indication"];
+    EXPECT_EQ(indication["__CLASS"], "QV_SATADeviceIndication");
+    EXPECT_EQ(indication["EventID"], "605");
+    EXPECT_EQ(indication["DeviceModel"], "Halden HD4000F05");
+    EXPECT_EQ(indication["AlertingElementFormat"], 2);
+    EXPECT_TRUE(indication["RackName"].is_null());
+}
+
+TEST(Watch, OfARecordingTellsNothingOfTheMachineThatReplaysIt) {
+    const ToolRun run =
+        RunQuickTool(WatchDrill({"0-healthy", "1-degraded"}, {"--count", "1", "--format", "json"}));
+    const json indication = json::parse(run.output)["indication"];
+    EXPECT_FALSE(indication.contains("NetworkAddresses"));
+    EXPECT_FALSE(indication.contains("OSVersion"));
+    EXPECT_FALSE(indication.contains("OSType"));
 }
 
 TEST(Watch, EndsAReplayBehindItsLastRecordingWithoutTheProvidersPauses) {
     const ToolRun run = RunTool(WatchDrill(wholeDrill, {}));
     EXPECT_EQ(run.exitCode, 0U) << run.errors;
     EXPECT_THAT(LinesOf(run.output), SizeIs(7));
-    EXPECT_THAT(run.errors, IsEmpty());
+    EXPECT_EQ(run.errors, "watching 2 of 2 disks\n");
 }
 
 TEST(Watch, EndsAfterSoManyEventsOfOneCycle) {
@@ -111,7 +128,9 @@ TEST(Watch, EndsAfterSoManySeconds) {
     EXPECT_GE(std::chrono::steady_clock::now() - begin, std::chrono::seconds(2));
     EXPECT_EQ(run.exitCode, 0U);
     EXPECT_THAT(run.output, IsEmpty());
-    EXPECT_EQ(run.errors, "qvsata: looking at the disks again in 30 s\n");
+    EXPECT_EQ(run.errors,
+              "watching 2 of 2 disks\n"
+              "qvsata: looking at the disks again in 30 s\n");
 }
 
 TEST(Watch, EndsWhenItIsInterrupted) {

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace qv::view {
+
+/// A character at the beginning of a text.
+struct Character {
+    std::string_view bytes;        ///< as in the text
+    std::optional<char32_t> code;  ///< nothing for a byte that is not part of UTF-8
+};
+
+/// Returns the first character of a text, which must not be empty.
+Character FirstCharacter(std::string_view text);
+
+/// Returns the columns of a terminal that a character takes: none for a combining one, two for a
+/// wide one (Chinese, Japanese, Korean, emoji), otherwise one. Ranges: Unicode 15, the properties
+/// East_Asian_Width and General_Category, without those of rare scripts.
+std::size_t ColumnsOf(const Character& character);
+
+/// Returns a text of a device or of the operating system for a terminal. Characters that would
+/// control it, end its line or turn the direction of writing, and bytes that are not UTF-8, become
+/// "\x1b" or "\u202e".
+std::string Printable(std::string_view text);
+
+}  // namespace qv::view

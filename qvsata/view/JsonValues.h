@@ -1,0 +1,21 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "nlohmann/json.hpp"
+
+namespace qv::view {
+
+/// Returns a value, or null without one.
+template <typename Value>
+nlohmann::ordered_json OrNull(const std::optional<Value>& value) {
+    return value ? nlohmann::ordered_json(*value) : nlohmann::ordered_json(nullptr);
+}
+
+/// Returns a text, or null for an empty one: one that the system does not report.
+inline nlohmann::ordered_json OrNull(const std::string& text) {
+    return text.empty() ? nlohmann::ordered_json(nullptr) : nlohmann::ordered_json(text);
+}
+
+}  // namespace qv::view

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <vector>
+
+#include "qvsata/view/CellRow.h"
+
+namespace qv::view {
+
+/// A table with a heading.
+struct TextTable {
+    CellRow heading;
+    std::vector<CellRow> rows;  ///< each as long as the heading
+    std::size_t inTitle = 1;    ///< the columns that name a row
+};
+
+/// Returns the table's lines. Where a terminal of `columns` columns is too narrow for them, returns
+/// a block for each row instead: the columns that name it, then a line for each of the others.
+StyledText TableAsText(const TextTable& table, std::optional<std::size_t> columns);
+
+}  // namespace qv::view
