@@ -10,7 +10,7 @@
 #include "qvsata/output/Output.h"
 #include "qvsata/output/OutputJson.h"
 #include "qvsata/system/Console.h"
-#include "qvsata/view/TextTable.h"
+#include "qvsata/view/text/TextTable.h"
 
 namespace qv::tool {
 namespace {

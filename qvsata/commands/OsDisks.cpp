@@ -5,8 +5,8 @@
 #include <utility>
 
 #include "qvsata/service/MachineQueries.h"
-#include "qvsata/view/Columns.h"
 #include "qvsata/view/SizeText.h"
+#include "qvsata/view/text/Columns.h"
 #include "source/Namespaces.h"
 #include "source/PropertyReaders.h"
 #include "source/SourceRules.h"

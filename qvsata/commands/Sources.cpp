@@ -13,7 +13,7 @@
 #include "qvsata/output/Output.h"
 #include "qvsata/output/OutputJson.h"
 #include "qvsata/system/Console.h"
-#include "qvsata/view/TextTable.h"
+#include "qvsata/view/text/TextTable.h"
 #include "source/Namespaces.h"
 #include "source/Text.h"
 

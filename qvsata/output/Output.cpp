@@ -4,7 +4,7 @@
 #include "qvsata/output/OutputMof.h"
 #include "qvsata/output/OutputText.h"
 #include "qvsata/system/Console.h"
-#include "qvsata/view/Wrapping.h"
+#include "qvsata/view/text/Wrapping.h"
 
 namespace qv::tool {
 

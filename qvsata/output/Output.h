@@ -4,7 +4,7 @@
 
 #include "qvsata/cim/Object.h"
 #include "qvsata/output/Format.h"
-#include "qvsata/view/StyledText.h"
+#include "qvsata/view/text/StyledText.h"
 
 namespace qv::tool {
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "qvsata/mof/MofText.h"
-#include "qvsata/view/Characters.h"
-#include "qvsata/view/Columns.h"
+#include "qvsata/view/text/Characters.h"
+#include "qvsata/view/text/Columns.h"
 
 namespace qv::tool {
 namespace {

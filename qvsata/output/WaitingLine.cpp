@@ -1,7 +1,7 @@
 #include "qvsata/output/WaitingLine.h"
 
 #include "qvsata/system/Console.h"
-#include "qvsata/view/Columns.h"
+#include "qvsata/view/text/Columns.h"
 
 namespace qv::tool {
 WaitingLine::WaitingLine() : onConsole_(IsTerminal(Stream::errors)) {}

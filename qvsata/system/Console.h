@@ -4,7 +4,7 @@
 #include <optional>
 #include <string_view>
 
-#include "qvsata/view/StyledText.h"
+#include "qvsata/view/text/StyledText.h"
 
 namespace qv::tool {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "qvsata/view/Columns.h"
+#include "qvsata/view/text/Columns.h"
 
 namespace qv::view {
 namespace {

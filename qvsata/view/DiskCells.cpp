@@ -1,9 +1,9 @@
 #include "qvsata/view/DiskCells.h"
 
-#include "qvsata/view/Columns.h"
 #include "qvsata/view/SerialNumber.h"
 #include "qvsata/view/SizeText.h"
 #include "qvsata/view/StyledStatus.h"
+#include "qvsata/view/text/Columns.h"
 
 namespace qv::view {
 

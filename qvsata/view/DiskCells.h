@@ -1,7 +1,7 @@
 #pragma once
 
-#include "qvsata/view/CellRow.h"
 #include "qvsata/view/Topology.h"
+#include "qvsata/view/text/CellRow.h"
 
 namespace qv::view {
 

@@ -4,9 +4,9 @@
 #include <array>
 
 #include "events/DiskChanges.h"
-#include "qvsata/view/Characters.h"
-#include "qvsata/view/Columns.h"
 #include "qvsata/view/SerialNumber.h"
+#include "qvsata/view/text/Characters.h"
+#include "qvsata/view/text/Columns.h"
 #include "source/Text.h"
 
 namespace qv::view {

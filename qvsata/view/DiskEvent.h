@@ -8,7 +8,7 @@
 
 #include "qvsata/view/OsDisk.h"
 #include "qvsata/view/PublishedObject.h"
-#include "qvsata/view/StyledText.h"
+#include "qvsata/view/text/StyledText.h"
 
 namespace qv::view {
 

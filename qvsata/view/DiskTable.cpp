@@ -4,12 +4,12 @@
 #include <iterator>
 #include <string>
 
-#include "qvsata/view/Characters.h"
-#include "qvsata/view/Columns.h"
 #include "qvsata/view/SerialNumber.h"
 #include "qvsata/view/SizeText.h"
 #include "qvsata/view/StyledStatus.h"
-#include "qvsata/view/TextTable.h"
+#include "qvsata/view/text/Characters.h"
+#include "qvsata/view/text/Columns.h"
+#include "qvsata/view/text/TextTable.h"
 
 namespace qv::view {
 namespace {

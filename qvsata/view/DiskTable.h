@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "qvsata/view/OsDisk.h"
-#include "qvsata/view/StyledText.h"
+#include "qvsata/view/text/StyledText.h"
 
 namespace qv::view {
 

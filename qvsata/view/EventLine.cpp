@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "qvsata/view/CellRow.h"
-#include "qvsata/view/Columns.h"
+#include "qvsata/view/text/CellRow.h"
+#include "qvsata/view/text/Columns.h"
 
 namespace qv::view {
 namespace {

@@ -4,7 +4,7 @@
 #include <optional>
 
 #include "qvsata/view/DiskEvent.h"
-#include "qvsata/view/StyledText.h"
+#include "qvsata/view/text/StyledText.h"
 
 namespace qv::view {
 

@@ -4,7 +4,7 @@
 #include <charconv>
 #include <utility>
 
-#include "qvsata/view/Columns.h"
+#include "qvsata/view/text/Columns.h"
 
 namespace qv::view {
 namespace {

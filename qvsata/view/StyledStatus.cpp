@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "qvsata/view/Characters.h"
+#include "qvsata/view/text/Characters.h"
 
 namespace qv::view {
 

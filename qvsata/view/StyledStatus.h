@@ -1,7 +1,7 @@
 #pragma once
 
 #include "qvsata/view/Health.h"
-#include "qvsata/view/StyledText.h"
+#include "qvsata/view/text/StyledText.h"
 
 namespace qv::view {
 

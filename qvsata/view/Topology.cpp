@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "qvsata/view/Columns.h"
 #include "qvsata/view/Partners.h"
 #include "qvsata/view/SizeText.h"
+#include "qvsata/view/text/Columns.h"
 #include "source/Text.h"
 
 namespace qv::view {

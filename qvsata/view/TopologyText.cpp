@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <limits>
 
-#include "qvsata/view/Characters.h"
-#include "qvsata/view/Columns.h"
 #include "qvsata/view/DiskCells.h"
 #include "qvsata/view/StyledStatus.h"
+#include "qvsata/view/text/Characters.h"
+#include "qvsata/view/text/Columns.h"
 
 namespace qv::view {
 namespace {

@@ -3,8 +3,8 @@
 #include <cstddef>
 #include <optional>
 
-#include "qvsata/view/StyledText.h"
 #include "qvsata/view/Topology.h"
+#include "qvsata/view/text/StyledText.h"
 
 namespace qv::view {
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "qvsata/view/Characters.h"
-#include "qvsata/view/Columns.h"
+#include "qvsata/view/text/Characters.h"
+#include "qvsata/view/text/Columns.h"
 
 namespace qv::view {
 namespace {

@@ -7,7 +7,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "qvsata/view/Colour.h"
+#include "qvsata/view/text/Colour.h"
 
 namespace qv::tool {
 namespace {

@@ -11,7 +11,7 @@
 #include <string_view>
 
 #include "platform/windows/Text.h"
-#include "qvsata/view/Colour.h"
+#include "qvsata/view/text/Colour.h"
 
 namespace qv::tool {
 namespace {

@@ -1,4 +1,4 @@
-#include "qvsata/view/Colour.h"
+#include "qvsata/view/text/Colour.h"
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,7 @@
 #include <optional>
 #include <vector>
 
-#include "qvsata/view/CellRow.h"
+#include "qvsata/view/text/CellRow.h"
 
 namespace qv::view {
 

@@ -1,9 +1,9 @@
-#include "qvsata/view/CellRow.h"
+#include "qvsata/view/text/CellRow.h"
 
 #include <algorithm>
 #include <string>
 
-#include "qvsata/view/Columns.h"
+#include "qvsata/view/text/Columns.h"
 
 namespace qv::view {
 

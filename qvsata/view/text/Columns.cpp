@@ -1,8 +1,8 @@
-#include "qvsata/view/Columns.h"
+#include "qvsata/view/text/Columns.h"
 
 #include <algorithm>
 
-#include "qvsata/view/Characters.h"
+#include "qvsata/view/text/Characters.h"
 
 namespace qv::view {
 

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "qvsata/view/StyledText.h"
+#include "qvsata/view/text/StyledText.h"
 
 namespace qv::view {
 

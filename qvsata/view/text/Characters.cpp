@@ -1,4 +1,4 @@
-#include "qvsata/view/Characters.h"
+#include "qvsata/view/text/Characters.h"
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,4 @@
-#include "qvsata/view/Wrapping.h"
+#include "qvsata/view/text/Wrapping.h"
 
 #include <gtest/gtest.h>
 

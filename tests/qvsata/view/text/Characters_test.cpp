@@ -1,8 +1,8 @@
-#include "qvsata/view/Characters.h"
+#include "qvsata/view/text/Characters.h"
 
 #include <gtest/gtest.h>
 
-#include "qvsata/view/Columns.h"
+#include "qvsata/view/text/Columns.h"
 
 namespace qv::test {
 namespace {

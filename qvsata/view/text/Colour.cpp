@@ -1,4 +1,4 @@
-#include "qvsata/view/Colour.h"
+#include "qvsata/view/text/Colour.h"
 
 namespace qv::view {
 

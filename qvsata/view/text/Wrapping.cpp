@@ -1,9 +1,9 @@
-#include "qvsata/view/Wrapping.h"
+#include "qvsata/view/text/Wrapping.h"
 
 #include <algorithm>
 #include <utility>
 
-#include "qvsata/view/Columns.h"
+#include "qvsata/view/text/Columns.h"
 
 namespace qv::view {
 namespace {

@@ -1,8 +1,8 @@
-#include "qvsata/view/TextTable.h"
+#include "qvsata/view/text/TextTable.h"
 
 #include <algorithm>
 
-#include "qvsata/view/Columns.h"
+#include "qvsata/view/text/Columns.h"
 
 namespace qv::view {
 namespace {
