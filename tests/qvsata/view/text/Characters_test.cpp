@@ -7,13 +7,13 @@
 namespace qv::test {
 namespace {
 
-struct Text {
+struct DeviceText {
     const char* name;
     std::string text;
     std::string printable;
 };
 
-class CharactersText : public testing::TestWithParam<Text> {};
+class CharactersText : public testing::TestWithParam<DeviceText> {};
 
 TEST_P(CharactersText, IsPrintable) {
     EXPECT_EQ(view::Printable(GetParam().text), GetParam().printable);
@@ -21,19 +21,20 @@ TEST_P(CharactersText, IsPrintable) {
 
 INSTANTIATE_TEST_SUITE_P(
     Texts, CharactersText,
-    testing::Values(Text{"Plain", "Model A (Ä, 標準)", "Model A (Ä, 標準)"},
-                    Text{"Escape", "\x1B[31m", R"(\x1b[31m)"},
-                    Text{"LineFeed", "a\r\nb\tc", R"(a\x0d\x0ab\x09c)"},
-                    Text{"Zero", std::string("a\0b", 3), R"(a\x00b)"},
-                    Text{"Delete", "\x7F", R"(\x7f)"}, Text{"C1", "\xC2\x9B", R"(\x9b)"},
-                    Text{"RightToLeft", "a\u202Eb\u2066", R"(a\u202eb\u2066)"},
-                    Text{"LineSeparator", "\u2028", R"(\u2028)"},
-                    Text{"LoneByte", "\xFF", R"(\xff)"},
-                    Text{"CutCharacter", "\xE6\xA8", R"(\xe6\xa8)"},
-                    Text{"LongForm", "\xC0\x80", R"(\xc0\x80)"},
-                    Text{"Surrogate", "\xED\xA0\x80", R"(\xed\xa0\x80)"},
-                    Text{"BeyondUnicode", "\xF4\x90\x80\x80", R"(\xf4\x90\x80\x80)"},
-                    Text{"Emoji", "\U0001F4BE", "\U0001F4BE"}),
+    testing::Values(DeviceText{"Plain", "Model A (Ä, 標準)", "Model A (Ä, 標準)"},
+                    DeviceText{"Escape", "\x1B[31m", R"(\x1b[31m)"},
+                    DeviceText{"LineFeed", "a\r\nb\tc", R"(a\x0d\x0ab\x09c)"},
+                    DeviceText{"Zero", std::string("a\0b", 3), R"(a\x00b)"},
+                    DeviceText{"Delete", "\x7F", R"(\x7f)"},
+                    DeviceText{"C1", "\xC2\x9B", R"(\x9b)"},
+                    DeviceText{"RightToLeft", "a\u202Eb\u2066", R"(a\u202eb\u2066)"},
+                    DeviceText{"LineSeparator", "\u2028", R"(\u2028)"},
+                    DeviceText{"LoneByte", "\xFF", R"(\xff)"},
+                    DeviceText{"CutCharacter", "\xE6\xA8", R"(\xe6\xa8)"},
+                    DeviceText{"LongForm", "\xC0\x80", R"(\xc0\x80)"},
+                    DeviceText{"Surrogate", "\xED\xA0\x80", R"(\xed\xa0\x80)"},
+                    DeviceText{"BeyondUnicode", "\xF4\x90\x80\x80", R"(\xf4\x90\x80\x80)"},
+                    DeviceText{"Emoji", "\U0001F4BE", "\U0001F4BE"}),
     [](const auto& row) { return row.param.name; });
 
 struct Wide {
