@@ -66,4 +66,25 @@ std::string ToUtf8(std::wstring_view wide) {
     return utf8;
 }
 
+std::optional<std::string> Utf8OfUtf16(std::u16string_view utf16) {
+    const auto isIn = [](char32_t unit, char32_t first) {
+        constexpr char32_t halves = 0x400;
+        return unit >= first && unit < first + halves;
+    };
+    constexpr char32_t high = 0xD800;
+    constexpr char32_t low = 0xDC00;
+    std::string utf8;
+    for (std::size_t next = 0; next < utf16.size(); ++next) {
+        char32_t character = utf16[next];
+        if (isIn(character, high) && next + 1 < utf16.size() && isIn(utf16[next + 1], low)) {
+            ++next;
+            character = firstPair + ((character - high) << 10U) + (utf16[next] - low);
+        } else if (isIn(character, high) || isIn(character, low)) {
+            return std::nullopt;
+        }
+        AppendUtf8(utf8, character);
+    }
+    return utf8;
+}
+
 }  // namespace qv::service

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -10,5 +11,8 @@ namespace qv::service {
 
 std::wstring ToWide(std::string_view utf8);
 std::string ToUtf8(std::wstring_view wide);
+
+/// Returns UTF-16 as UTF-8; nothing if it is not well-formed.
+std::optional<std::string> Utf8OfUtf16(std::u16string_view utf16);
 
 }  // namespace qv::service

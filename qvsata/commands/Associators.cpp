@@ -1,7 +1,7 @@
 #include <memory>
 
 #include "qvsata/commands/Commands.h"
-#include "qvsata/commands/ExistingObject.h"
+#include "qvsata/commands/ObjectArgument.h"
 #include "qvsata/commands/Options.h"
 #include "qvsata/commands/Session.h"
 
@@ -10,15 +10,14 @@ namespace qv::tool {
 void AddAssociators(CLI::App& program) {
     struct Arguments {
         Options options;
-        std::string path;
+        ObjectArgument object;
         service::AssociatorsQuery query;
     };
     const auto arguments = std::make_shared<Arguments>();
     service::AssociatorsQuery& query = arguments->query;
     CLI::App* command =
         program.add_subcommand("associators", "the objects that associations join to an object");
-    command->add_option("PATH", arguments->path, "an object path, its keys in any order")
-        ->required();
+    AddObjectArgument(*command, arguments->object);
     command->add_option("--assoc", query.assocClass, "through associations of this class only")
         ->type_name("CLASS");
     command->add_option("--role", query.role, "the reference that names the object")
@@ -28,14 +27,12 @@ void AddAssociators(CLI::App& program) {
     command->add_option("--result-role", query.resultRole, "the reference that names the results")
         ->type_name("ROLE");
     AddOptions(*command, arguments->options);
-    command->footer(
-        "Example: qvsata associators 'QV_WinComputerSystem.CreationClassName="
-        "\"QV_WinComputerSystem\",Name=\"desk01.example.org\"' --result QV_SATADiskDrive --live");
+    command->footer("Example: qvsata associators --disk 0 --result QV_SATAStorageExtent --live");
     OnProvider(*command, arguments, [](const service::ProviderHost& host, Arguments& given) {
         const service::Namespace& nameSpace = host.Published();
         RequireClass(nameSpace, given.query.assocClass);
         RequireClass(nameSpace, given.query.resultClass);
-        given.query.path = ExistingObject(nameSpace, given.path);
+        given.query.path = ExistingObject(host, given.object);
         PrintAnswer(host, nameSpace.Query(given.query), given.options.format);
     });
 }

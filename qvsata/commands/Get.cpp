@@ -1,6 +1,7 @@
 #include <memory>
 
 #include "qvsata/commands/Commands.h"
+#include "qvsata/commands/ObjectArgument.h"
 #include "qvsata/commands/Options.h"
 #include "qvsata/commands/Session.h"
 
@@ -9,19 +10,22 @@ namespace qv::tool {
 void AddGet(CLI::App& program) {
     struct Arguments {
         Options options;
-        std::string path;
+        ObjectArgument object;
     };
     const auto arguments = std::make_shared<Arguments>();
     CLI::App* command =
         program.add_subcommand("get", "one instance by its path, or a class by its name");
-    command->add_option("PATH", arguments->path, "an object path, its keys in any order")
-        ->required();
+    AddObjectArgument(*command, arguments->object);
     AddOptions(*command, arguments->options);
     command->footer(
-        "Example: qvsata get 'QV_WinComputerSystem.CreationClassName=\"QV_WinComputerSystem\","
-        "Name=\"desk01.example.org\"' --live");
+        "Examples: qvsata get --disk 0 --live\n"
+        "          qvsata get \"QV_WinComputerSystem.CreationClassName='QV_WinComputerSystem',"
+        "Name='desk01.example.org'\" --live");
     OnProvider(*command, arguments, [](const service::ProviderHost& host, const Arguments& given) {
-        PrintAnswer(host, host.Published().GetInAnyOrder(given.path), given.options.format);
+        const service::Namespace& nameSpace = host.Published();
+        const std::string path = PathOf(host, given.object);
+        PrintAnswer(host, WithFittingPaths(nameSpace, path, nameSpace.GetInAnyOrder(path)),
+                    given.options.format);
     });
 }
 

@@ -1,6 +1,7 @@
 #include "qvsata/commands/Options.h"
 
 #include <algorithm>
+#include <charconv>
 
 namespace qv::tool {
 namespace {
@@ -14,7 +15,26 @@ std::string Alternatives(const std::vector<std::string>& names, const std::strin
     return text;
 }
 
+/// Accepts a whole number of at least 1.
+CLI::Validator Counted() {
+    return {[](const std::string& text) -> std::string {
+                constexpr unsigned most = 1000000000;
+                unsigned number = 0;
+                const char* end = text.data() + text.size();
+                const auto [rest, error] = std::from_chars(text.data(), end, number);
+                return error == std::errc() && rest == end && number >= 1 && number <= most
+                           ? ""
+                           : "'" + text + "' is not a whole number from 1 to " +
+                                 std::to_string(most);
+            },
+            ""};
+}
+
 }  // namespace
+
+void CheckCounted(CLI::Option* option, const char* unit) {
+    option->check(Counted())->type_name(unit);
+}
 
 void AddNamedFormats(CLI::App& command, const std::vector<std::string>& names,
                      std::function<void(std::size_t)> choose) {
@@ -48,6 +68,11 @@ void AddSourceOptions(CLI::App& command, Options& options) {
                 "give --host FILE for a recorded host or --live for this machine");
         }
     });
+
+    CheckCounted(command.add_option("--timeout", options.timeout,
+                                    "ends the command after so many seconds; one query of --live "
+                                    "may take half of them"),
+                 "SECONDS");
 
     auto* library =
         command.add_option("--dll", options.library, "the provider (default: beside this program)")

@@ -18,6 +18,8 @@ struct Options {
     std::string host;                     ///< file of a recorded host; empty without --host
     std::vector<std::string> laterHosts;  ///< files of later recordings of the host, in order
     bool live = false;
+    unsigned timeout = 0;                   ///< seconds for the command; 0: no limit
+    bool isEndless = false;                 ///< the timeout is for each query only
     std::string library;                    ///< empty: beside this program
     std::string mofFolder;                  ///< empty: beside this program
     std::vector<std::string> installedMof;  ///< files of classes that already exist
@@ -28,6 +30,9 @@ struct Options {
 /// Adds the options to a command; parsing the command line fills `options`. Exactly one of --host
 /// and --live is required.
 void AddOptions(CLI::App& command, Options& options);
+
+/// Makes a number of an option a whole number from 1 to 10^9 of a unit ("SECONDS").
+void CheckCounted(CLI::Option* option, const char* unit);
 
 /// Adds the same options without --format, for a command with its own formats.
 void AddSourceOptions(CLI::App& command, Options& options);

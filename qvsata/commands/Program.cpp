@@ -8,19 +8,19 @@
 #include <vector>
 
 #include "qvsata/commands/Commands.h"
+#include "qvsata/commands/ExitCodes.h"
 #include "qvsata/commands/Session.h"
+#include "qvsata/commands/UsageMessage.h"
+#include "qvsata/output/Output.h"
 #include "qvsata/system/Console.h"
 #include "qvsata/system/Process.h"
+#include "qvsata/view/text/Characters.h"
 
 namespace qv::tool {
 namespace {
 
-constexpr int failed = 1;
-constexpr int usageError = 2;
-constexpr int incomplete = 3;
-
 int Report(const std::string& message, int exitCode) {
-    std::fprintf(stderr, "qvsata: %s\n", message.c_str());
+    WriteErrorFitted("qvsata: " + view::Printable(message) + '\n');
     return exitCode;
 }
 
@@ -42,7 +42,7 @@ int Run(std::vector<std::string> arguments) {
         if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success)) {
             return program.exit(error);
         }
-        return Report(std::string(error.what()) + " (see --help)", usageError);
+        return Report(UsageMessage(program, error) + " (see --help)", usageError);
     }
 }
 

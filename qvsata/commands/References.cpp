@@ -1,7 +1,7 @@
 #include <memory>
 
 #include "qvsata/commands/Commands.h"
-#include "qvsata/commands/ExistingObject.h"
+#include "qvsata/commands/ObjectArgument.h"
 #include "qvsata/commands/Options.h"
 #include "qvsata/commands/Session.h"
 
@@ -10,27 +10,24 @@ namespace qv::tool {
 void AddReferences(CLI::App& program) {
     struct Arguments {
         Options options;
-        std::string path;
+        ObjectArgument object;
         service::ReferencesQuery query;
     };
     const auto arguments = std::make_shared<Arguments>();
     service::ReferencesQuery& query = arguments->query;
     CLI::App* command =
         program.add_subcommand("references", "the associations that name an object");
-    command->add_option("PATH", arguments->path, "an object path, its keys in any order")
-        ->required();
+    AddObjectArgument(*command, arguments->object);
     command->add_option("--assoc", query.resultClass, "associations of this class only")
         ->type_name("CLASS");
     command->add_option("--role", query.role, "the reference that names the object")
         ->type_name("ROLE");
     AddOptions(*command, arguments->options);
-    command->footer(
-        "Example: qvsata references 'QV_WinComputerSystem.CreationClassName="
-        "\"QV_WinComputerSystem\",Name=\"desk01.example.org\"' --live");
+    command->footer("Example: qvsata references --disk 0 --live");
     OnProvider(*command, arguments, [](const service::ProviderHost& host, Arguments& given) {
         const service::Namespace& nameSpace = host.Published();
         RequireClass(nameSpace, given.query.resultClass);
-        given.query.path = ExistingObject(nameSpace, given.path);
+        given.query.path = ExistingObject(host, given.object);
         PrintAnswer(host, nameSpace.Query(given.query), given.options.format);
     });
 }

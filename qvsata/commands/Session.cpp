@@ -1,10 +1,13 @@
 #include "qvsata/commands/Session.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <iterator>
 
 #include "qvsata/cim/StatusCodes.h"
+#include "qvsata/commands/Deadline.h"
+#include "qvsata/commands/ExitCodes.h"
 #include "qvsata/commands/SourceReport.h"
 #include "qvsata/mof/ShippedMof.h"
 #include "qvsata/output/Output.h"
@@ -37,9 +40,16 @@ std::vector<std::shared_ptr<const service::RecordedHost>> ReadLaterHosts(
     return hosts;
 }
 
-std::unique_ptr<service::ProviderHost> StartSession(const Options& options) {
+std::unique_ptr<service::ProviderHost> StartSession(
+    const Options& options, const std::shared_ptr<service::SourceJournal>& journal) {
     const path here = ProgramFolder();
     service::HostOptions host;
+    host.journal = journal;
+    if (options.timeout != 0) {
+        constexpr int queriesAtLeast = 2;
+        host.queryTimeout =
+            std::chrono::milliseconds(std::chrono::seconds(options.timeout)) / queriesAtLeast;
+    }
     if (!options.live) {
         host.recorded = ReadHost(options.host);
         host.laterRecordings = ReadLaterHosts(options, *host.recorded);
@@ -65,7 +75,16 @@ std::unique_ptr<service::ProviderHost> StartSession(const Options& options) {
 
 void RunOnProvider(const Options& options,
                    const std::function<void(const service::ProviderHost&)>& command) {
-    const auto host = StartSession(options);
+    const auto journal = std::make_shared<service::SourceJournal>();
+    std::optional<Deadline> deadline;
+    if (options.timeout != 0 && !options.isEndless) {
+        deadline.emplace(std::chrono::seconds(options.timeout), [&options, journal] {
+            // Threads that wait for a source cannot be ended in any other way.
+            WriteErrorFitted(TimeoutLines(journal->Queries(), options.timeout));
+            std::_Exit(incomplete);
+        });
+    }
+    const auto host = StartSession(options, journal);
     try {
         command(*host);
     } catch (const CommandError& error) {

@@ -24,9 +24,10 @@ public:
     IncompleteAnswer() : std::runtime_error("sources could not be read") {}
 };
 
-/// Starts the provider on the machine that the options name and runs a command on it. Then names on
-/// standard error each source that could not be read, a line each, and throws IncompleteAnswer if
-/// there is one; the command's own CommandError is printed before.
+/// Starts the provider on the machine that the options name and runs a command on it. When the time
+/// of the options is over, ends the process with the exit code of an incomplete answer. Otherwise
+/// names on standard error each source that could not be read, a line each, and throws
+/// IncompleteAnswer if there is one; the command's own CommandError is printed before.
 ///
 /// Throws CommandError, HostFileError, MofError or std::system_error; the messages of the last
 /// three name the file.

@@ -90,4 +90,9 @@ std::string UnreadLines(const std::vector<service::SourceQuery>& queries) {
     return lines;
 }
 
+std::string TimeoutLines(const std::vector<service::SourceQuery>& queries, unsigned seconds) {
+    return "qvsata: ended after " + std::to_string(seconds) +
+           (seconds == 1 ? " second" : " seconds") + '\n' + UnreadLines(queries);
+}
+
 }  // namespace qv::tool

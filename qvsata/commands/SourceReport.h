@@ -38,4 +38,8 @@ std::string SourceLine(const service::SourceQuery& query);
 /// Returns the lines on all sources that could not be read; empty if every source was read.
 std::string UnreadLines(const std::vector<service::SourceQuery>& queries);
 
+/// Returns the lines of a command that is ended after so many seconds: that it is, and the sources
+/// that could not be read or have not answered.
+std::string TimeoutLines(const std::vector<service::SourceQuery>& queries, unsigned seconds);
+
 }  // namespace qv::tool

@@ -13,6 +13,7 @@
 #include "qvsata/system/Console.h"
 #include "qvsata/view/AssociationGraph.h"
 #include "qvsata/view/Topology.h"
+#include "qvsata/view/TopologyGraph.h"
 #include "qvsata/view/TopologyJson.h"
 #include "qvsata/view/TopologyText.h"
 
@@ -48,16 +49,21 @@ void AddTopology(CLI::App& program) {
     struct Arguments {
         Options options;
         View view = View::tree;
+        bool all = false;
     };
     const auto arguments = std::make_shared<Arguments>();
     CLI::App* command = program.add_subcommand(
-        "topology", "the host as a tree: controllers, channels, disks (dot: the associations)");
+        "topology", "the host as a tree: controllers, channels, disks (dot: as a graph)");
     AddSourceOptions(*command, arguments->options);
     AddFormatOption<View>(*command,
                           {{"text", View::tree}, {"json", View::json}, {"dot", View::graph}},
                           arguments->view);
+    command->add_flag("--all", arguments->all, "with --format dot: every instance and association");
     command->footer("Example: qvsata topology --host hosts/ahci-desktop.json");
     OnProvider(*command, arguments, [](const service::ProviderHost& host, const Arguments& given) {
+        if (given.all && given.view != View::graph) {
+            throw CLI::ValidationError("--all", "needs --format dot");
+        }
         switch (given.view) {
             case View::tree:
                 return PrintFitted(
@@ -65,7 +71,8 @@ void AddTopology(CLI::App& program) {
             case View::json:
                 return Print(DocumentText(view::TopologyAsJson(ReadTopology(host))));
             case View::graph:
-                return Print(Graph(host.Published()));
+                return Print(given.all ? Graph(host.Published())
+                                       : view::TopologyAsGraph(ReadTopology(host)));
         }
     });
 }

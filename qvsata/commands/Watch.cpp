@@ -1,4 +1,3 @@
-#include <charconv>
 #include <chrono>
 #include <memory>
 
@@ -8,29 +7,6 @@
 #include "qvsata/commands/WatchRun.h"
 
 namespace qv::tool {
-namespace {
-
-/// Accepts a whole number of at least 1.
-CLI::Validator Counted() {
-    return {[](const std::string& text) -> std::string {
-                constexpr unsigned most = 1000000000;
-                unsigned number = 0;
-                const char* end = text.data() + text.size();
-                const auto [rest, error] = std::from_chars(text.data(), end, number);
-                return error == std::errc() && rest == end && number >= 1 && number <= most
-                           ? ""
-                           : "'" + text + "' is not a whole number from 1 to " +
-                                 std::to_string(most);
-            },
-            ""};
-}
-
-void CheckLimit(CLI::Option* option, const char* unit) {
-    option->check(Counted())->type_name(unit);
-}
-
-}  // namespace
-
 void AddWatch(CLI::App& program) {
     struct Arguments {
         Options options;
@@ -42,6 +18,7 @@ void AddWatch(CLI::App& program) {
     const auto arguments = std::make_shared<Arguments>();
     CLI::App* command = program.add_subcommand(
         "watch", "announces disks that appear, change status or disappear; stops at Ctrl+C");
+    arguments->options.isEndless = true;
     AddSourceOptions(*command, arguments->options);
     command
         ->add_option("--then", arguments->options.laterHosts,
@@ -50,9 +27,10 @@ void AddWatch(CLI::App& program) {
         ->needs(command->get_option("--host"))
         ->expected(1)
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
-    CheckLimit(command->add_option("--count", arguments->count, "ends after so many events"), "N");
-    CheckLimit(command->add_option("--for", arguments->seconds, "ends after so many seconds"),
-               "SECONDS");
+    CheckCounted(command->add_option("--count", arguments->count, "ends after so many events"),
+                 "N");
+    CheckCounted(command->add_option("--for", arguments->seconds, "ends after so many seconds"),
+                 "SECONDS");
     command->add_flag("--real-time", arguments->realTime,
                       "a replay waits as long as the provider does, and goes on after its end");
     AddFormatOption<EventFormat>(

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <chrono>
+#include <optional>
+
 #include "qvsata/service/Services.h"
 
 namespace qv::service {
@@ -8,6 +11,9 @@ namespace qv::service {
 /// read completely at once. Only one call runs at a time in the process, because Wine's management
 /// service crashes when two threads query it. The calling threads must be in the multithreaded
 /// apartment.
-Connector ConnectLive();
+/// @param timeout the longest time for the rows of one query, which ends with status::timedOut
+/// then; unset for no limit. A connection takes two minutes at most with a timeout
+/// (WBEM_FLAG_CONNECT_USE_MAX_WAIT).
+Connector ConnectLive(std::optional<std::chrono::milliseconds> timeout);
 
 }  // namespace qv::service

@@ -50,15 +50,17 @@ HMODULE ModuleOf(IUnknown& object) {
 }  // namespace
 
 ManagementHost::ManagementHost(const HostOptions& options)
-    : namespace_(
+    : journal_(options.journal),
+      namespace_(
           OpenPublished(ReadPublishedClasses(options.mofFiles),
                         options.recorded ? options.recorded->Computer().server : ThisComputer())),
       recordings_(options.recorded ? std::make_shared<RecordingSequence>(RecordingsOf(options))
                                    : nullptr),
       machine_(WithPublished(
           namespace_,
-          recordings_ ? WithJournal(ConnectRecorded(recordings_), MachineKind::recorded, journal_)
-                      : WithJournal(ConnectLive(), MachineKind::live, journal_))) {
+          recordings_
+              ? WithJournal(ConnectRecorded(recordings_), MachineKind::recorded, journal_)
+              : WithJournal(ConnectLive(options.queryTimeout), MachineKind::live, journal_))) {
     locator_.emplace(CLSID_WbemAdministrativeLocator,
                      [machine = machine_](REFIID iid, void** object) {
                          return windows::MakeObject<Locator>(machine)->QueryInterface(iid, object);

@@ -56,7 +56,7 @@ public:
 
 private:
     ComApartment apartment_;
-    std::shared_ptr<SourceJournal> journal_ = std::make_shared<SourceJournal>();
+    std::shared_ptr<SourceJournal> journal_;
     std::shared_ptr<Namespace> namespace_;
     std::shared_ptr<RecordingSequence> recordings_;
     Connector machine_;

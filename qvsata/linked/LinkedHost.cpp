@@ -18,6 +18,7 @@ class LinkedHost final : public ProviderHost {
 public:
     explicit LinkedHost(const HostOptions& options)
         : names_(options.recorded->Computer()),
+          journal_(options.journal),
           recordings_(std::make_shared<RecordingSequence>(RecordingsOf(options))),
           namespace_(OpenPublished(ReadPublishedClasses(options.mofFiles), names_.server)),
           machine_(WithPublished(namespace_, WithJournal(ConnectRecorded(recordings_),
@@ -39,7 +40,7 @@ public:
 
 private:
     ComputerNames names_;
-    std::shared_ptr<SourceJournal> journal_ = std::make_shared<SourceJournal>();
+    std::shared_ptr<SourceJournal> journal_;
     std::shared_ptr<RecordingSequence> recordings_;
     std::shared_ptr<Namespace> namespace_;
     Connector machine_;

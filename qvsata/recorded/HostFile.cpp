@@ -1,16 +1,14 @@
 #include "qvsata/recorded/HostFile.h"
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
 #include <cstdint>
-#include <fstream>
 #include <limits>
 #include <nlohmann/json.hpp>
 #include <set>
-#include <system_error>
 
 #include "qvsata/cim/StatusCodes.h"
+#include "qvsata/recorded/TextFile.h"
 #include "source/Text.h"
 
 namespace qv::service {
@@ -259,28 +257,7 @@ RecordedHost ReadHostText(std::string_view json, std::string_view name) {
 RecordedHost ReadHostFile(const std::filesystem::path& file) {
     const std::u8string utf8 = file.u8string();
     const std::string name(utf8.begin(), utf8.end());
-    std::error_code error;
-    const auto status = std::filesystem::status(file, error);
-    if (!std::filesystem::exists(status)) {
-        throw HostFileError(name + ": there is no such file");
-    }
-    if (std::filesystem::is_directory(status)) {
-        throw HostFileError(name + ": a directory, not a file");
-    }
-    std::ifstream stream(file, std::ios::binary);
-    if (!stream) {
-        throw HostFileError(name + ": the file cannot be read");
-    }
-    std::string text;
-    std::array<char, 16384> block;
-    do {
-        stream.read(block.data(), block.size());
-        text.append(block.data(), static_cast<std::size_t>(stream.gcount()));
-    } while (stream);
-    if (stream.bad()) {
-        throw HostFileError(name + ": the file cannot be read");
-    }
-    return ReadHostText(text, name);
+    return ReadHostText(ReadTextFile(file, name), name);
 }
 
 }  // namespace qv::service

@@ -18,7 +18,8 @@ public:
 /// Throws HostFileError.
 RecordedHost ReadHostText(std::string_view json, std::string_view name);
 
-/// Reads a recorded host from a file. Throws HostFileError.
+/// Reads a recorded host from a file in UTF-8, or in UTF-16 with a byte-order mark, as
+/// PowerShell 5.1 writes it. Throws HostFileError.
 RecordedHost ReadHostFile(const std::filesystem::path& file);
 
 }  // namespace qv::service

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -26,6 +28,10 @@ struct HostOptions {
     /// True: the provider is created by its class ID, as registered on this machine, instead of
     /// from `library`.
     bool registered = false;
+    /// The longest time for one query of the machine itself; unset for no limit.
+    std::optional<std::chrono::milliseconds> queryTimeout;
+    /// Notes all queries of the machine, from the start on; see ProviderHost::Journal.
+    std::shared_ptr<SourceJournal> journal = std::make_shared<SourceJournal>();
 };
 
 /// Returns the recordings of the options, in order; at least one.

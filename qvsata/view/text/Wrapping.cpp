@@ -39,14 +39,14 @@ private:
         const char first = piece.text.front();
         if (first == '\n') {
             Flush();
-            wrapped_.push_back(std::move(piece));
+            Append(piece);
             used_ = 0;
             indent_ = 0;
             isAtBegin_ = true;
         } else if (first == ' ') {
             Flush();
-            blanks_ = piece.text.size();
-            indent_ = isAtBegin_ ? blanks_ : indent_;
+            indent_ = isAtBegin_ ? piece.text.size() : indent_;
+            blanks_ = std::move(piece);
         } else {
             word_.push_back(std::move(piece));
         }
@@ -58,28 +58,37 @@ private:
             width += WidthOf(part.text);
         }
         constexpr std::size_t deeper = 4;
-        const bool isBroken = width > 0 && !isAtBegin_ && used_ + blanks_ + width > columns_;
-        if (isBroken) {
-            wrapped_.push_back({'\n' + std::string(indent_ + deeper, ' ')});
+        const std::size_t blanks = blanks_.text.size();
+        if (width > 0 && !isAtBegin_ && used_ + blanks + width > columns_) {
+            Append({'\n' + std::string(indent_ + deeper, ' ')});
             used_ = indent_ + deeper;
-        } else if (blanks_ > 0) {
-            wrapped_.push_back({std::string(blanks_, ' ')});
-            used_ += blanks_;
+        } else {
+            Append(blanks_);
+            used_ += blanks;
         }
-        blanks_ = 0;
+        blanks_ = {};
         if (width == 0) {
             return;
         }
-        std::ranges::move(word_, std::back_inserter(wrapped_));
+        std::ranges::for_each(word_, [this](const Span& part) { Append(part); });
         word_.clear();
         used_ += width;
         isAtBegin_ = false;
     }
 
+    /// Appends to the last piece if that has the same style: a terminal is told of each style once.
+    void Append(const Span& piece) {
+        if (!wrapped_.empty() && wrapped_.back().style == piece.style) {
+            wrapped_.back().text += piece.text;
+        } else if (!piece.text.empty()) {
+            wrapped_.push_back(piece);
+        }
+    }
+
     const std::size_t columns_;
     StyledText wrapped_;
-    StyledText word_;         ///< the word that has not ended, with the blanks before it
-    std::size_t blanks_ = 0;  ///< before the word
+    StyledText word_;         ///< the word that has not ended
+    Span blanks_;             ///< before the word
     std::size_t used_ = 0;    ///< columns of the line
     std::size_t indent_ = 0;  ///< of the line
     bool isAtBegin_ = true;   ///< whether the line has no word yet

@@ -6,6 +6,7 @@
 #include <condition_variable>
 #include <mutex>
 #include <string>
+#include <string_view>
 #include <thread>
 #include <utility>
 
@@ -13,9 +14,13 @@
 
 namespace qv::test {
 
-/// Reads a pipe on a thread of its own.
+/// Reads a pipe on a thread of its own, to its end or to an end mark.
 class Reading {
 public:
+    /// What a test writes behind the output of a process that has ended. A pipe ends only when all
+    /// its writers have closed it, and a service that the process started may have inherited it.
+    static constexpr std::string_view endMark = "\x1D(end)\x1D";
+
     /// `pipe`: the read end.
     explicit Reading(windows::KernelHandle pipe)
         : reader_(std::move(pipe)), thread_([this] { Run(); }) {}
@@ -30,7 +35,7 @@ public:
         return text_.find(text) != std::string::npos;
     }
 
-    /// Waits until every writer has closed the pipe; returns all of it.
+    /// Waits for the end; returns all that was read before it.
     std::string Finish() {
         Join();
         return text_;
@@ -51,6 +56,10 @@ private:
                read != 0) {
             const std::lock_guard lock(mutex_);
             text_.append(buffer.data(), read);
+            if (text_.ends_with(endMark)) {
+                text_.resize(text_.size() - endMark.size());
+                break;
+            }
             changed_.notify_all();
         }
         const std::lock_guard lock(mutex_);

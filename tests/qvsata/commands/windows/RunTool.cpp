@@ -6,6 +6,7 @@
 #include <fstream>
 #include <optional>
 #include <stdexcept>
+#include <thread>
 
 #include "SourceTree.h"
 #include "platform/windows/Handle.h"
@@ -65,7 +66,16 @@ public:
         const KernelHandle thread(started.hThread);
         output_.emplace(std::move(output.reader));
         errors_.emplace(std::move(errors.reader));
+        ender_ = std::thread(
+            [this, output = std::move(output.writer), errors = std::move(errors.writer)] {
+                WaitForSingleObject(process_.Get(), INFINITE);
+                WriteEnd(output);
+                WriteEnd(errors);
+            });
     }
+    ToolProcess(const ToolProcess&) = delete;
+    ToolProcess& operator=(const ToolProcess&) = delete;
+    ~ToolProcess() { ender_.join(); }
 
     Reading& Errors() { return *errors_; }
 
@@ -73,15 +83,21 @@ public:
         ToolRun run;
         run.output = output_->Finish();
         run.errors = errors_->Finish();
-        WaitForSingleObject(process_.Get(), INFINITE);
         GetExitCodeProcess(process_.Get(), &run.exitCode);
         return run;
     }
 
 private:
+    static void WriteEnd(const KernelHandle& pipe) {
+        DWORD written = 0;
+        WriteFile(pipe.Get(), Reading::endMark.data(), static_cast<DWORD>(Reading::endMark.size()),
+                  &written, nullptr);
+    }
+
     KernelHandle process_;
     std::optional<Reading> output_;
     std::optional<Reading> errors_;
+    std::thread ender_;  ///< writes the end marks when the process has ended
 };
 
 }  // namespace

@@ -33,7 +33,8 @@ ToolRun InterruptQuickTool(const std::vector<std::string>& arguments, const std:
 inline constexpr const char* hostWithoutStorage =
     R"({"computer": {"netbios": "N"}, "namespaces": {"root\\CIMv2": {"Win32_DiskDrive": [],
         "Win32_IDEController": [], "Win32_IDEControllerDevice": [], "Win32_PhysicalMedia": [],
-        "Win32_DiskDriveToDiskPartition": [], "Win32_DiskPartition": []}}})";
+        "Win32_DiskDriveToDiskPartition": [], "Win32_DiskPartition": []},
+        "root\\wmi": {"MSStorageDriver_FailurePredictStatus": []}}})";
 
 /// Returns the path of a file of the source tree, for an argument.
 std::string SourceFile(const std::string& name);

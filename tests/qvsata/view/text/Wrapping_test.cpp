@@ -37,7 +37,12 @@ TEST(Wrapping, KeepsLinesWithoutATerminal) {
 
 TEST(Wrapping, KeepsStylesAndWordsOfSeveralStyles) {
     EXPECT_EQ(Wrapped({{"one "}, {"two", Style::good}, {"three"}, {"\n"}}, 8),
-              (StyledText{{"one"}, {"\n    "}, {"two", Style::good}, {"three"}, {"\n"}}));
+              (StyledText{{"one\n    "}, {"two", Style::good}, {"three\n"}}));
+}
+
+TEST(Wrapping, KeepsWordsOfOneStyleTogether) {
+    EXPECT_EQ(Wrapped({{"a  "}, {"! Pred Fail", Style::caution}, {"  b\n"}}, 80),
+              (StyledText{{"a  "}, {"! Pred Fail", Style::caution}, {"  b\n"}}));
 }
 
 TEST(Wrapping, CountsColumnsNotBytes) {

@@ -1,0 +1,118 @@
+#include "qvsata/commands/ObjectArgument.h"
+
+#include <algorithm>
+
+#include "qvsata/cim/ObjectPathParser.h"
+#include "qvsata/commands/OsDisks.h"
+#include "qvsata/commands/Session.h"
+#include "qvsata/output/Output.h"
+#include "qvsata/view/text/Characters.h"
+#include "source/Text.h"
+
+namespace qv::tool {
+namespace {
+
+constexpr std::string_view diskClass = "QV_SATADiskDrive";
+
+bool Contains(const std::string& text, const std::string& part) {
+    return FoldCase(text).find(FoldCase(part)) != std::string::npos;
+}
+
+/// Returns whether the object has a key with that name, or any key, whose value contains the given
+/// one.
+bool HasKeyLike(const service::ObjectPath& object, const service::PathKey& given) {
+    return std::ranges::any_of(object.keys, [&given](const service::PathKey& key) {
+        return (given.name.empty() || EqualsIgnoringCase(key.name, given.name)) &&
+               Contains(key.value, given.value);
+    });
+}
+
+/// Returns the relative paths of the instances of the path's class that have all keys that the path
+/// gives, or keys that contain them.
+std::vector<std::string> FittingPaths(const service::Namespace& nameSpace,
+                                      const service::ObjectPath& given) {
+    std::vector<std::string> fitting;
+    for (const auto& object : nameSpace.Enumerate(given.className).objects) {
+        const std::string path = service::TextOf(*object, "__RELPATH");
+        const auto parsed = service::ParseObjectPath(path);
+        const bool fits = parsed && std::ranges::all_of(given.keys, [&](const auto& key) {
+                              return HasKeyLike(*parsed, key);
+                          });
+        if (fits) {
+            fitting.push_back(path);
+        }
+    }
+    return fitting;
+}
+
+}  // namespace
+
+void AddObjectArgument(CLI::App& command, ObjectArgument& object) {
+    CLI::Option* path =
+        command.add_option("PATH", object.path, "an object path, its keys in any order");
+    command.add_option("--disk", object.disk, "the published disk with this drive number")
+        ->type_name("N")
+        ->excludes(path);
+}
+
+std::string PathOf(const service::ProviderHost& host, const ObjectArgument& object) {
+    if (!object.disk) {
+        if (object.path.empty()) {
+            throw CLI::ValidationError("give the PATH of an object or --disk N");
+        }
+        return object.path;
+    }
+    const std::string name = "disk #" + std::to_string(*object.disk);
+    const std::vector<view::OsDisk> disks = ReadOsDisks(host);
+    const auto disk = std::ranges::find(disks, *object.disk, &view::OsDisk::number);
+    if (disk == disks.end()) {
+        throw CommandError(name + ": there is no such disk");
+    }
+    if (!disk->whyUnpublished.empty()) {
+        throw CommandError(name + " is not published: " + disk->whyUnpublished);
+    }
+    const std::string key = EncodeDeviceId(disk->deviceId);
+    for (const auto& published : Take(host.Published().Enumerate(diskClass))) {
+        if (EqualsIgnoringCase(service::TextOf(*published, "DeviceID"), key)) {
+            return service::TextOf(*published, "__RELPATH");
+        }
+    }
+    throw CommandError(name + ": no instance has its ID");
+}
+
+service::Answer WithFittingPaths(const service::Namespace& nameSpace, const std::string& path,
+                                 service::Answer answer) {
+    const auto parsed = service::ParseObjectPath(path);
+    if (Succeeded(answer.status) || !parsed) {
+        return answer;
+    }
+    std::string lines;
+    for (const std::string& fitting : FittingPaths(nameSpace, *parsed)) {
+        lines += "    " + view::Printable(fitting) + '\n';
+    }
+    if (!lines.empty()) {
+        WriteErrorFitted("paths that would fit:\n" + lines);
+    }
+    return answer;
+}
+
+service::ObjectPath ExistingObject(const service::ProviderHost& host,
+                                   const ObjectArgument& object) {
+    const service::Namespace& nameSpace = host.Published();
+    const std::string path = PathOf(host, object);
+    // Throws for a text that is not a path or names nothing.
+    Take(WithFittingPaths(nameSpace, path, nameSpace.GetInAnyOrder(path)));
+    service::ObjectPath parsed = service::ParseObjectPath(path).value();
+    if (!parsed.NamesInstance()) {
+        throw CommandError("'" + path + "' is a class; give the path of an object");
+    }
+    return parsed;
+}
+
+void RequireClass(const service::Namespace& nameSpace, const std::string& className) {
+    if (!className.empty() && !nameSpace.Classes().Find(className)) {
+        throw CommandError("unknown class '" + className + "'");
+    }
+}
+
+}  // namespace qv::tool
