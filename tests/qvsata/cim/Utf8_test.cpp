@@ -21,5 +21,15 @@ TEST(Utf8, IsMadeOfWideCharacters) {
     EXPECT_EQ(ToUtf8(L""), "");
 }
 
+TEST(Utf8, IsMadeOfUtf16) {
+    EXPECT_EQ(Utf8OfUtf16(u"aЖ磁𠮷z"), utf8);
+}
+
+TEST(Utf8, IsNotMadeOfHalfACharacterOfUtf16) {
+    EXPECT_EQ(Utf8OfUtf16({u"\xD842", 1}), std::nullopt);
+    EXPECT_EQ(Utf8OfUtf16({u"a\xDFB7", 2}), std::nullopt);
+    EXPECT_EQ(Utf8OfUtf16({u"\xD842z", 2}), std::nullopt);
+}
+
 }  // namespace
 }  // namespace qv::test

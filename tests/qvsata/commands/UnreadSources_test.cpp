@@ -7,8 +7,7 @@
 #include <tuple>
 #include "nlohmann/json.hpp"
 
-#include "SourceTree.h"
-#include "qvsata/commands/Program.h"
+#include "tests/qvsata/commands/RunHere.h"
 
 namespace qv::test {
 namespace {
@@ -31,20 +30,6 @@ struct Failure {
     const char* recorded;
     const char* shown;
 };
-
-struct Ending {
-    int exitCode;
-    std::string output;
-    std::string errors;
-};
-
-Ending RunHere(const std::vector<std::string>& arguments) {
-    testing::internal::CaptureStdout();
-    testing::internal::CaptureStderr();
-    const int exitCode = tool::RunCommand(arguments);
-    std::string output = testing::internal::GetCapturedStdout();
-    return {exitCode, std::move(output), testing::internal::GetCapturedStderr()};
-}
 
 /// A recording of its own for each test.
 class UnreadSourcesTest : public testing::Test {
@@ -113,6 +98,21 @@ INSTANTIATE_TEST_SUITE_P(
                         Failure{"", "never recorded"}),
         testing::Values(std::vector<std::string>{"topology"}, std::vector<std::string>{"classes"},
                         std::vector<std::string>{"enumerate", "CIM_ManagedElement"})));
+
+// The disks alone rest on these.
+INSTANTIATE_TEST_SUITE_P(
+    DiskCommands, EachUnreadSource,
+    testing::Combine(
+        testing::Values(
+            Source{cimv2, "Win32_DiskDrive", "disks and what belongs to them cannot be published"},
+            Source{cimv2, "Win32_PhysicalMedia", "serial numbers of disks cannot be published"},
+            Source{R"(root\wmi)", "MSStorageDriver_FailurePredictStatus",
+                   "disks cannot be watched, and predicted failures are not seen"}),
+        testing::Values(Failure{"WBEM_E_ACCESS_DENIED", "WBEM_E_ACCESS_DENIED (0x80041003)"},
+                        Failure{"WBEM_E_TIMED_OUT", "WBEM_E_TIMED_OUT (0x80041069)"},
+                        Failure{"", "never recorded"}),
+        testing::Values(std::vector<std::string>{"disks"}, std::vector<std::string>{"sources"},
+                        std::vector<std::string>{"topology", "--format", "json"})));
 
 class UnreadDisks : public UnreadSourcesTest {
 protected:
