@@ -10,6 +10,7 @@
 #include "qvsata/system/Console.h"
 #include "qvsata/view/DiskTable.h"
 #include "qvsata/view/JsonValues.h"
+#include "qvsata/view/KeyWarnings.h"
 #include "qvsata/view/SerialNumber.h"
 
 namespace qv::tool {
@@ -68,6 +69,7 @@ void AddDisks(CLI::App& program) {
     command->footer("Example: qvsata disks --host hosts/mixed-buses-failing.json");
     OnProvider(*command, arguments, [](const service::ProviderHost& host, const Arguments& given) {
         const std::vector<view::OsDisk> disks = ReadOsDisks(host);
+        WriteErrorFitted(view::KeyWarnings(disks));
         if (given.format == DisksFormat::json) {
             Print(AsJson(disks));
         } else {

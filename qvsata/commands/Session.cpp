@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <iterator>
+#include <map>
 
 #include "qvsata/cim/StatusCodes.h"
 #include "qvsata/commands/Deadline.h"
@@ -14,6 +15,7 @@
 #include "qvsata/recorded/HostFile.h"
 #include "qvsata/system/Console.h"
 #include "qvsata/system/Process.h"
+#include "qvsata/view/text/Characters.h"
 
 namespace qv::tool {
 namespace {
@@ -106,8 +108,27 @@ service::ObjectList Take(service::Answer answer) {
     return std::move(answer.objects);
 }
 
+namespace {
+
+/// Names on standard error the paths that several objects of an answer have.
+void WarnOfDoubles(const service::ObjectList& objects) {
+    std::map<std::string, std::size_t> counts;
+    for (const auto& object : objects) {
+        ++counts[service::TextOf(*object, "__RELPATH")];
+    }
+    for (const auto& [path, count] : counts) {
+        if (!path.empty() && count > 1) {
+            WriteErrorFitted("warning: " + std::to_string(count) + " objects have the path " +
+                             view::Printable(path) + '\n');
+        }
+    }
+}
+
+}  // namespace
+
 void PrintAnswer(const service::ProviderHost& host, service::Answer answer, Format format) {
     const service::ObjectList objects = Take(std::move(answer));
+    WarnOfDoubles(objects);
     const bool blind = objects.empty() && !UnreadSources(host.Journal().Queries()).empty();
     if (format != Format::text) {
         return Print(FormatObjects(objects, format));

@@ -12,6 +12,7 @@
 #include "qvsata/output/OutputJson.h"
 #include "qvsata/system/Console.h"
 #include "qvsata/view/AssociationGraph.h"
+#include "qvsata/view/KeyWarnings.h"
 #include "qvsata/view/Topology.h"
 #include "qvsata/view/TopologyGraph.h"
 #include "qvsata/view/TopologyJson.h"
@@ -23,8 +24,10 @@ namespace {
 enum class View { tree, json, graph };
 
 view::Topology ReadTopology(const service::ProviderHost& host) {
-    view::Topology topology = view::BuildTopology(
-        ReadInstances(host.Published(), view::topologyClasses), ReadOsDisks(host));
+    const std::vector<view::OsDisk> disks = ReadOsDisks(host);
+    WriteErrorFitted(view::KeyWarnings(disks));
+    view::Topology topology =
+        view::BuildTopology(ReadInstances(host.Published(), view::topologyClasses), disks);
     const std::vector<service::SourceQuery> queries = host.Journal().Queries();
     topology.sight.disks = !IsUnread(queries, "Win32_DiskDrive");
     topology.sight.controllers = !IsUnread(queries, "Win32_IDEController");

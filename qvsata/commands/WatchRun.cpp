@@ -15,6 +15,7 @@
 #include "qvsata/system/StopRequest.h"
 #include "qvsata/view/EventJson.h"
 #include "qvsata/view/EventLine.h"
+#include "qvsata/view/KeyWarnings.h"
 #include "qvsata/view/WatchedText.h"
 
 namespace qv::tool {
@@ -32,6 +33,7 @@ public:
         const std::vector<view::OsDisk> disks = ReadOsDisks(host);
         const bool unread = IsUnread(host.Journal().Queries(), "Win32_DiskDrive");
         WriteErrorFitted(unread ? "disks not readable\n" : view::WatchedText(disks));
+        WriteErrorFitted(view::KeyWarnings(disks));
         disks_ = view::KnownDisksOf(disks);
     }
 

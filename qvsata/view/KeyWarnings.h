@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "qvsata/view/OsDisk.h"
+
+namespace qv::view {
+
+/// Returns a line for each pair of published disks whose plug-and-play IDs are equal, or of which
+/// one is part of the other: keys and associations of the published instances do not tell such
+/// disks apart.
+std::string KeyWarnings(const std::vector<OsDisk>& disks);
+
+}  // namespace qv::view
