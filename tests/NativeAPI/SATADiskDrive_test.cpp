@@ -123,7 +123,8 @@ TEST_P(SATADiskDriveKeys, AreExactlyFourWithoutTheBitForAllProperties) {
     EXPECT_EQ(host.asked, InCimv2({disksQuery}));
 }
 
-INSTANTIATE_TEST_SUITE_P(EachMode, SATADiskDriveKeys, testing::Values(mode::keysOnly, 0U, 8U));
+INSTANTIATE_TEST_SUITE_P(EachMode, SATADiskDriveKeys, testing::Values(mode::keysOnly, 0U, 8U),
+                         [](const auto& mode) { return "Mode" + std::to_string(mode.param); });
 
 TEST_F(SATADiskDriveTest, InKeysOnlyModeHasThreeKeysWithoutAHostName) {
     ForgetHostName();

@@ -68,7 +68,8 @@ TEST_P(SATAPortControllerKeys, AreExactlyFourWithoutTheBitForAllProperties) {
               (Values{"SystemName", "CreationClassName", "SystemCreationClassName", "DeviceID"}));
 }
 
-INSTANTIATE_TEST_SUITE_P(EachMode, SATAPortControllerKeys, testing::Values(mode::keysOnly, 0U, 8U));
+INSTANTIATE_TEST_SUITE_P(EachMode, SATAPortControllerKeys, testing::Values(mode::keysOnly, 0U, 8U),
+                         [](const auto& mode) { return "Mode" + std::to_string(mode.param); });
 
 TEST_F(SATAPortControllerTest, LeavesSystemNameOutWithoutAHostName) {
     ForgetHostName();
