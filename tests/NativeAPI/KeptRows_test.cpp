@@ -1,6 +1,6 @@
 #include "NativeAPI/KeptRows.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include "source/PropertyReaders.h"
 #include "source/SourceRules.h"
@@ -11,14 +11,15 @@ namespace {
 
 using TextList = std::vector<std::string>;
 
+std::string PnpIdOf(const std::shared_ptr<const platform::Row>& row) {
+    return TextOrEmpty(*row, "PNPDeviceID");
+}
+
 TEST(KeptRows, QueryIdeDisksKeepsThePublishedDisksInTheirOrder) {
     ScriptedHost host;
     host.Answer(disksQuery, {Disk("B"), With(Disk("S"), "InterfaceType", "SCSI"), Disk("A")});
-    TextList ids;
-    for (const auto& disk : QueryIdeDisks(host)) {
-        ids.push_back(TextOrEmpty(*disk, "PNPDeviceID"));
-    }
-    EXPECT_EQ(ids, (TextList{"B", "A"}));
+    EXPECT_THAT(QueryIdeDisks(host), testing::ElementsAre(testing::ResultOf(PnpIdOf, "B"),
+                                                          testing::ResultOf(PnpIdOf, "A")));
     EXPECT_EQ(host.asked, InCimv2({disksQuery}));
 }
 

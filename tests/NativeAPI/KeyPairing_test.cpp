@@ -10,6 +10,14 @@ namespace {
 
 using Keys = std::vector<std::string>;
 
+std::size_t PairCount(const Partners& all) {
+    std::size_t pairs = 0;
+    for (const auto& partners : all) {
+        pairs += partners.size();
+    }
+    return pairs;
+}
+
 class KeyPairingTest : public testing::TestWithParam<std::uint32_t> {
 protected:
     MatchRule rule = static_cast<MatchRule>(GetParam());
@@ -25,9 +33,7 @@ TEST_P(KeyPairingTest, FindsWhatTestingEveryPairFinds) {
         ASSERT_EQ(PairKeys(first, second, rule), expected)
             << "seed " << seed << ": " << testing::PrintToString(first) << " with "
             << testing::PrintToString(second);
-        for (const auto& partners : expected) {
-            pairs += partners.size();
-        }
+        pairs += PairCount(expected);
     }
     // Checks that the generator makes pairs of every kind: otherwise nothing would be compared.
     EXPECT_EQ(pairs > 3000, GetParam() <= 10) << pairs;

@@ -1,11 +1,14 @@
 #include "NativeAPI/Request.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include "tests/support/Records.h"
 
 namespace qv::test {
 namespace {
+
+using testing::Each;
+using testing::ResultOf;
 
 TEST(Request, ModeBitsAreThoseOfTheRequests) {
     EXPECT_EQ(mode::allProperties, 2U);
@@ -14,12 +17,11 @@ TEST(Request, ModeBitsAreThoseOfTheRequests) {
 }
 
 TEST(Request, WantsAllPropertiesExactlyWithTheBitOfValueTwo) {
-    for (const std::uint32_t word : {2U, 3U, 6U, 10U, 0xFFFFFFFFU}) {
-        EXPECT_TRUE((Request{"C", word, ""}).WantsAllProperties()) << word;
-    }
-    for (const std::uint32_t word : {0U, 1U, 4U, 8U, 0xFFFFFFFDU}) {
-        EXPECT_FALSE((Request{"C", word, ""}).WantsAllProperties()) << word;
-    }
+    const auto wantsAll = [](std::uint32_t word) {
+        return Request{"C", word, ""}.WantsAllProperties();
+    };
+    EXPECT_THAT((std::vector{2U, 3U, 6U, 10U, 0xFFFFFFFFU}), Each(ResultOf(wantsAll, true)));
+    EXPECT_THAT((std::vector{0U, 1U, 4U, 8U, 0xFFFFFFFDU}), Each(ResultOf(wantsAll, false)));
 }
 
 TEST(Request, WithoutAPathAcceptsEveryRecord) {
@@ -35,10 +37,17 @@ TEST(Request, AcceptsTheRecordOfItsPathInAnyLetterCase) {
 
 TEST(Request, RefusesARecordOfAnotherPath) {
     const InstanceRecord record = Record("QV_C", {Key("K", "v"), Key("L", "w")});
-    for (const char* path : {R"(QV_C.K="x",L="w")", R"(QV_C.L="w",K="v")", R"(QV_C.K="v")",
-                             R"(QV_C.K="v",L="w",)", "QV_C", " "}) {
-        EXPECT_FALSE((Request{"QV_C", 2, path}).Accepts(record)) << path;
-    }
+    const std::vector<std::string> paths{R"(QV_C.K="x",L="w")",
+                                         R"(QV_C.L="w",K="v")",
+                                         R"(QV_C.K="v")",
+                                         R"(QV_C.K="v",L="w",)",
+                                         "QV_C",
+                                         " "};
+    EXPECT_THAT(paths, Each(ResultOf(
+                           [&record](const std::string& path) {
+                               return Request{"QV_C", 2, path}.Accepts(record);
+                           },
+                           false)));
 }
 
 }  // namespace

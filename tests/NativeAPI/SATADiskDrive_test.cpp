@@ -110,19 +110,21 @@ TEST_F(SATADiskDriveTest, PathOfNoDiskFindsNothing) {
     EXPECT_EQ(host.asked, InCimv2({disksQuery}));
 }
 
-TEST_F(SATADiskDriveTest, InKeysOnlyModeHasExactlyTheFourKeys) {
-    for (const std::uint32_t word : {mode::keysOnly, 0U, 8U}) {
-        host.asked.clear();
-        const RecordList records = Build({disk}, word);
-        ASSERT_EQ(records.size(), 1U);
-        EXPECT_EQ(records[0],
-                  Record("QV_SATADiskDrive",
-                         {Key("DeviceID", "IDE&DISKX&5&1"), Key("SystemName", "host.example.org"),
-                          Key("CreationClassName", "QV_SATADiskDrive"),
-                          Key("SystemCreationClassName", "QV_WinComputerSystem")}));
-        EXPECT_EQ(host.asked, InCimv2({disksQuery}));
-    }
+class SATADiskDriveKeys : public SATADiskDriveTest,
+                          public testing::WithParamInterface<std::uint32_t> {};
+
+TEST_P(SATADiskDriveKeys, AreExactlyFourWithoutTheBitForAllProperties) {
+    EXPECT_EQ(
+        Build({disk}, GetParam()),
+        RecordList{Record("QV_SATADiskDrive",
+                          {Key("DeviceID", "IDE&DISKX&5&1"), Key("SystemName", "host.example.org"),
+                           Key("CreationClassName", "QV_SATADiskDrive"),
+                           Key("SystemCreationClassName", "QV_WinComputerSystem")})});
+    EXPECT_EQ(host.asked, InCimv2({disksQuery}));
 }
+
+INSTANTIATE_TEST_SUITE_P(EachMode, SATADiskDriveKeys, testing::Values(mode::keysOnly, 0U, 8U),
+                         [](const auto& mode) { return "Mode" + std::to_string(mode.param); });
 
 TEST_F(SATADiskDriveTest, InKeysOnlyModeHasThreeKeysWithoutAHostName) {
     ForgetHostName();
@@ -163,12 +165,12 @@ TEST_F(SATADiskDriveTest, CapabilityOutsideTheMapIsPublishedAsUnknown) {
 }
 
 TEST_F(SATADiskDriveTest, WithoutCapabilitiesPublishesTwoEmptyTexts) {
-    for (const auto& row : {With(disk, "Capabilities", std::vector<std::uint16_t>{}),
-                            With(disk, "Capabilities", std::monostate{}),
-                            With(disk, "Capabilities", 3), Without(disk, "Capabilities")}) {
-        EXPECT_EQ(ValueOf(row, "Capabilities"), "");
-        EXPECT_EQ(ValueOf(row, "CapabilityDescriptions"), "");
-    }
+    const RecordList records =
+        Build({With(disk, "Capabilities", std::vector<std::uint16_t>{}),
+               With(disk, "Capabilities", std::monostate{}), With(disk, "Capabilities", 3),
+               Without(disk, "Capabilities")});
+    EXPECT_EQ(ValuesOf(records, "Capabilities"), (Values{"", "", "", ""}));
+    EXPECT_EQ(ValuesOf(records, "CapabilityDescriptions"), (Values{"", "", "", ""}));
 }
 
 TEST_F(SATADiskDriveTest, SerialNumberIsThatOfTheFirstOfTwoMediaRowsWithOneTag) {
@@ -244,24 +246,36 @@ TEST_F(SATADiskDriveTest, MissingTextsArePublishedEmptyAndMissingNumbersAsZero) 
                                 })});
 }
 
-TEST_F(SATADiskDriveTest, NumbersArePublishedAsSignedDecimals) {
-    for (const char* name : {"Index", "Partitions", "SectorsPerTrack", "BytesPerSector",
-                             "TracksPerCylinder", "TotalHeads"}) {
-        EXPECT_EQ(ValueOf(With(disk, name, std::uint32_t{0xFFFFFFFF}), name), "-1");
-        EXPECT_EQ(ValueOf(With(disk, name, std::uint32_t{0x80000000}), name), "-2147483648");
-        EXPECT_EQ(ValueOf(With(disk, name, std::int32_t{2147483647}), name), "2147483647");
-        EXPECT_EQ(ValueOf(With(disk, name, std::uint16_t{65535}), name), "65535");
-        EXPECT_EQ(ValueOf(With(disk, name, std::int8_t{-1}), name), "-1");
-        EXPECT_EQ(ValueOf(With(disk, name, "12"), name), "0");
-    }
+class SATADiskDriveNumbers : public SATADiskDriveTest,
+                             public testing::WithParamInterface<const char*> {};
+
+TEST_P(SATADiskDriveNumbers, ArePublishedAsSignedDecimals) {
+    const char* const name = GetParam();
+    EXPECT_EQ(ValueOf(With(disk, name, std::uint32_t{0xFFFFFFFF}), name), "-1");
+    EXPECT_EQ(ValueOf(With(disk, name, std::uint32_t{0x80000000}), name), "-2147483648");
+    EXPECT_EQ(ValueOf(With(disk, name, std::int32_t{2147483647}), name), "2147483647");
+    EXPECT_EQ(ValueOf(With(disk, name, std::uint16_t{65535}), name), "65535");
+    EXPECT_EQ(ValueOf(With(disk, name, std::int8_t{-1}), name), "-1");
+    EXPECT_EQ(ValueOf(With(disk, name, "12"), name), "0");
 }
 
-TEST_F(SATADiskDriveTest, CountsOf64BitsAreTextAndNothingElse) {
-    for (const char* name : {"Size", "TotalCylinders", "TotalSectors", "TotalTracks"}) {
-        EXPECT_EQ(ValueOf(With(disk, name, "18446744073709551615"), name), "18446744073709551615");
-        EXPECT_EQ(ValueOf(With(disk, name, 12), name), "");
-    }
+INSTANTIATE_TEST_SUITE_P(EachProperty, SATADiskDriveNumbers,
+                         testing::Values("Index", "Partitions", "SectorsPerTrack", "BytesPerSector",
+                                         "TracksPerCylinder", "TotalHeads"),
+                         [](const auto& name) { return name.param; });
+
+class SATADiskDriveCountsOf64Bits : public SATADiskDriveTest,
+                                    public testing::WithParamInterface<const char*> {};
+
+TEST_P(SATADiskDriveCountsOf64Bits, AreTextAndNothingElse) {
+    const char* const name = GetParam();
+    EXPECT_EQ(ValueOf(With(disk, name, "18446744073709551615"), name), "18446744073709551615");
+    EXPECT_EQ(ValueOf(With(disk, name, 12), name), "");
 }
+
+INSTANTIATE_TEST_SUITE_P(EachProperty, SATADiskDriveCountsOf64Bits,
+                         testing::Values("Size", "TotalCylinders", "TotalSectors", "TotalTracks"),
+                         [](const auto& name) { return name.param; });
 
 TEST_F(SATADiskDriveTest, RecordsFollowTheOrderOfTheirRows) {
     EXPECT_EQ(ValuesOf(Build({With(disk, "PNPDeviceID", "Z"), With(disk, "InterfaceType", "USB"),

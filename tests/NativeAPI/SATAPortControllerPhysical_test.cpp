@@ -20,6 +20,13 @@ protected:
     }
 };
 
+class SATAPortControllerPhysicalClasses : public SATAPortControllerPhysicalTest,
+                                          public testing::WithParamInterface<std::string> {};
+
+INSTANTIATE_TEST_SUITE_P(EachClass, SATAPortControllerPhysicalClasses,
+                         testing::Values(product, location, package),
+                         [](const auto& one) { return one.param; });
+
 TEST_F(SATAPortControllerPhysicalTest, ProductHasItsPropertiesInOrder) {
     EXPECT_EQ(All(product), RecordList{ExpectedRecord(product)});
 }
@@ -32,19 +39,14 @@ TEST_F(SATAPortControllerPhysicalTest, PackageHasItsPropertiesInOrder) {
     EXPECT_EQ(All(package), RecordList{ExpectedRecord(package)});
 }
 
-TEST_F(SATAPortControllerPhysicalTest, EachAsksForTheControllersOnce) {
-    for (const char* className : {product, location, package}) {
-        host.asked.clear();
-        All(className);
-        EXPECT_EQ(host.asked, InCimv2({controllersQuery})) << className;
-    }
+TEST_P(SATAPortControllerPhysicalClasses, AsksForTheControllersOnce) {
+    All(GetParam());
+    EXPECT_EQ(host.asked, InCimv2({controllersQuery}));
 }
 
-TEST_F(SATAPortControllerPhysicalTest, EachIsNoneWhenTheControllersCannotBeHad) {
+TEST_P(SATAPortControllerPhysicalClasses, IsNoneWhenTheControllersCannotBeHad) {
     host.Fail(controllersQuery);
-    for (const char* className : {product, location, package}) {
-        EXPECT_EQ(All(className), RecordList{}) << className;
-    }
+    EXPECT_EQ(All(GetParam()), RecordList{});
 }
 
 TEST_F(SATAPortControllerPhysicalTest, EachCarriesOnlyItsKeysWhenOnlyKeysAreAskedFor) {
@@ -70,11 +72,8 @@ TEST_F(SATAPortControllerPhysicalTest, EachIsFoundByItsPathInAnyLetterCase) {
               All(package));
 }
 
-TEST_F(SATAPortControllerPhysicalTest, EachIsNotFoundByAnotherPath) {
-    for (const char* className : {product, location, package}) {
-        EXPECT_EQ(At(className, std::string(className) + R"(.Name="x")"), RecordList{})
-            << className;
-    }
+TEST_P(SATAPortControllerPhysicalClasses, IsNotFoundByAnotherPath) {
+    EXPECT_EQ(At(GetParam(), GetParam() + R"(.Name="x")"), RecordList{});
 }
 
 TEST_F(SATAPortControllerPhysicalTest, PackageIsOfTheClassAsItWasAskedFor) {
@@ -103,17 +102,13 @@ TEST_F(SATAPortControllerPhysicalTest, MissingTextsAreEmptyTexts) {
     EXPECT_EQ(ValuesOf(All(package), "Name"), Values{""});
 }
 
-TEST_F(SATAPortControllerPhysicalTest, NoneCarriesTheHostsName) {
-    for (const char* className : {product, location, package}) {
-        EXPECT_EQ(ValuesOf(All(className), "SystemName"), Values{}) << className;
-    }
+TEST_P(SATAPortControllerPhysicalClasses, DoesNotCarryTheHostsName) {
+    EXPECT_EQ(ValuesOf(All(GetParam()), "SystemName"), Values{});
 }
 
-TEST_F(SATAPortControllerPhysicalTest, NoneIsOfAChannel) {
+TEST_P(SATAPortControllerPhysicalClasses, IsNotPublishedForAChannel) {
     host.Answer(controllersQuery, {Controller(channelId), Controller(R"(PCIIDE\IDECHANNEL\5)")});
-    for (const char* className : {product, location, package}) {
-        EXPECT_EQ(All(className), RecordList{}) << className;
-    }
+    EXPECT_EQ(All(GetParam()), RecordList{});
 }
 
 TEST_F(SATAPortControllerPhysicalTest, EachIsOnePerPortControllerInSourceOrder) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "source/Text.h"
 #include "tests/support/Builders.h"
 #include "tests/support/ExpectedCatalogue.h"
 #include "tests/support/Records.h"
@@ -12,7 +13,6 @@ using Values = std::vector<std::string>;
 constexpr const char* bios = "QV_SATAPortControllerBIOS";
 constexpr const char* firmware = "QV_SATAPortControllerFW";
 constexpr const char* driver = "QV_SATAPortControllerDriver";
-constexpr const char* families[] = {"msahci", "pciide", "pciidex", "atapi"};
 
 class SATAPortControllerSoftwareTest : public testing::Test, public Builders {
 public:
@@ -24,38 +24,54 @@ public:
     }
 };
 
-TEST_F(SATAPortControllerSoftwareTest, BiosOfEachFamilyHasItsPropertiesInOrder) {
-    for (const std::string name : families) {
-        EXPECT_EQ(ServedBy(name).All(bios), RecordList{ExpectedRecord(bios, name)});
-    }
+class SATAPortControllerSoftwareFamilies : public SATAPortControllerSoftwareTest,
+                                           public testing::WithParamInterface<const char*> {};
+
+TEST_P(SATAPortControllerSoftwareFamilies, BiosHasItsPropertiesInOrder) {
+    EXPECT_EQ(ServedBy(GetParam()).All(bios), RecordList{ExpectedRecord(bios, GetParam())});
 }
 
-TEST_F(SATAPortControllerSoftwareTest, FirmwareOfEachFamilyHasItsPropertiesInOrder) {
-    for (const std::string name : families) {
-        EXPECT_EQ(ServedBy(name).All(firmware), RecordList{ExpectedRecord(firmware, name)});
-    }
+TEST_P(SATAPortControllerSoftwareFamilies, FirmwareHasItsPropertiesInOrder) {
+    EXPECT_EQ(ServedBy(GetParam()).All(firmware), RecordList{ExpectedRecord(firmware, GetParam())});
 }
 
-TEST_F(SATAPortControllerSoftwareTest, DriverOfEachFamilyHasItsOwnNameAndNoVersion) {
-    for (const std::string name : families) {
-        EXPECT_EQ(ServedBy(name).All(driver), RecordList{ExpectedRecord(driver, name)});
-    }
+TEST_P(SATAPortControllerSoftwareFamilies, DriverHasItsOwnNameAndNoVersion) {
+    EXPECT_EQ(ServedBy(GetParam()).All(driver), RecordList{ExpectedRecord(driver, GetParam())});
 }
 
-TEST_F(SATAPortControllerSoftwareTest, IsFoundOverThePlugAndPlayDevicesOfEachControllerInTurn) {
+TEST_P(SATAPortControllerSoftwareFamilies, ClassificationsTellBiosFirmwareAndDriverApart) {
+    ServedBy(GetParam());
+    EXPECT_EQ(ValuesOf(All(bios), "Classifications"), Values{"6"});
+    EXPECT_EQ(ValuesOf(All(firmware), "Classifications"), Values{"10"});
+    EXPECT_EQ(ValuesOf(All(driver), "Classifications"), Values{"2"});
+}
+
+INSTANTIATE_TEST_SUITE_P(EachFamily, SATAPortControllerSoftwareFamilies,
+                         testing::Values("msahci", "pciide", "pciidex", "atapi"),
+                         [](const auto& family) { return family.param; });
+
+class SATAPortControllerSoftwareClasses : public SATAPortControllerSoftwareTest,
+                                          public testing::WithParamInterface<std::string> {
+protected:
+    std::string className = GetParam();
+};
+
+INSTANTIATE_TEST_SUITE_P(EachClass, SATAPortControllerSoftwareClasses,
+                         testing::Values(bios, firmware, driver),
+                         [](const auto& one) { return one.param; });
+
+TEST_P(SATAPortControllerSoftwareClasses, IsFoundOverThePlugAndPlayDevicesOfEachControllerInTurn) {
     host.Answer(controllersQuery, {Controller(ahciId), Controller(channelId)});
     ServeWith(host, ahciId, "pciide");
     ServeWith(host, channelId, "atapi");
     const auto expected = InCimv2({controllersQuery, DevicesOf(ahciId), DriversOf(ahciId),
                                    DevicesOf(channelId), DriversOf(channelId)});
-    for (const char* className : {bios, firmware, driver}) {
-        host.asked.clear();
-        All(className);
-        EXPECT_EQ(host.asked, expected);
-        host.asked.clear();
-        Keys(className);
-        EXPECT_EQ(host.asked, expected);
-    }
+    host.asked.clear();
+    All(className);
+    EXPECT_EQ(host.asked, expected);
+    host.asked.clear();
+    Keys(className);
+    EXPECT_EQ(host.asked, expected);
 }
 
 TEST_F(SATAPortControllerSoftwareTest, TheQueriesNameTheRelativePath) {
@@ -88,65 +104,44 @@ TEST_F(SATAPortControllerSoftwareTest, IsOneForEachFamilyThatTheHostHas) {
                       "QV:QV_SATAPortControllerBIOS:" + channelKey}));
 }
 
-TEST_F(SATAPortControllerSoftwareTest, ASecondControllerOfAFamilyHasNoneOfItsOwn) {
+TEST_P(SATAPortControllerSoftwareClasses, ASecondControllerOfAFamilyHasNoneOfItsOwn) {
     host.Answer(controllersQuery, {Controller(ahciId), Controller(R"(PCI\B&REV_1)")});
     ServeWith(host, ahciId, "pciidex");
     ServeWith(host, R"(PCI\B&REV_1)", "pciide");
-    for (const char* className : {bios, firmware, driver}) {
-        EXPECT_EQ(ValuesOf(All(className), "InstanceID"),
-                  Values{"QV:" + std::string(className) + ":" + ahciKey});
-    }
+    EXPECT_EQ(ValuesOf(All(className), "InstanceID"), Values{"QV:" + className + ":" + ahciKey});
 }
 
-TEST_F(SATAPortControllerSoftwareTest, APathThatNamesALaterControllerOfTheFamilyFindsNothing) {
+TEST_P(SATAPortControllerSoftwareClasses, APathThatNamesALaterControllerOfTheFamilyFindsNothing) {
     host.Answer(controllersQuery, {Controller(ahciId), Controller(R"(PCI\B&REV_1)")});
     ServeWith(host, ahciId, "msahci");
     ServeWith(host, R"(PCI\B&REV_1)", "msahci");
-    for (const std::string className : {bios, firmware, driver}) {
-        const std::string path = className + R"(.InstanceID="QV:)" + className;
-        EXPECT_EQ(At(className, path + R"(:PCI&B&REV_1")"), RecordList{});
-        EXPECT_EQ(ValuesOf(At(className, path + ":" + ahciKey + "\""), "InstanceID"),
-                  Values{"QV:" + className + ":" + ahciKey});
-    }
+    const std::string path = className + R"(.InstanceID="QV:)" + className;
+    EXPECT_EQ(At(className, path + R"(:PCI&B&REV_1")"), RecordList{});
+    EXPECT_EQ(ValuesOf(At(className, path + ":" + ahciKey + "\""), "InstanceID"),
+              Values{"QV:" + className + ":" + ahciKey});
 }
 
-TEST_F(SATAPortControllerSoftwareTest, IsFoundByItsPathInAnyLetterCase) {
+TEST_P(SATAPortControllerSoftwareClasses, IsFoundByItsPathInAnyLetterCase) {
     ServedBy("msahci");
-    for (const std::string className : {bios, firmware, driver}) {
-        EXPECT_EQ(
-            At(className, className + R"(.INSTANCEID="qv:)" + className + ":" + ahciKey + "\""),
-            All(className));
-    }
+    EXPECT_EQ(At(className, className + R"(.INSTANCEID="qv:)" + className + ":" + ahciKey + "\""),
+              All(className));
 }
 
-TEST_F(SATAPortControllerSoftwareTest, EachClassCarriesOnlyItsKeyWhenOnlyKeysAreAskedFor) {
+TEST_P(SATAPortControllerSoftwareClasses, CarriesOnlyItsKeyWhenOnlyKeysAreAskedFor) {
     ServedBy("msahci");
-    for (const std::string className :
-         {"qv_sataportcontrollerbios", "qv_sataportcontrollerfw", "qv_sataportcontrollerdriver"}) {
-        EXPECT_EQ(
-            Keys(className),
-            RecordList{Record(className, {Key("InstanceID", "QV:" + className + ":" + ahciKey)})});
-    }
+    const std::string lower = FoldCase(className);
+    EXPECT_EQ(Keys(lower),
+              RecordList{Record(lower, {Key("InstanceID", "QV:" + lower + ":" + ahciKey)})});
 }
 
-TEST_F(SATAPortControllerSoftwareTest, IdentityInfoValueKeepsTheBackslashesThatInstanceIDHasNot) {
+TEST_P(SATAPortControllerSoftwareClasses,
+       IdentityInfoValueKeepsTheBackslashesThatInstanceIDHasNot) {
     host.Answer(controllersQuery, {Controller(R"(PCI\VEN_8086&REV_02\3&1)")});
     ServeWith(host, R"(PCI\VEN_8086&REV_02\3&1)", "msahci");
-    for (const std::string className : {bios, firmware, driver}) {
-        EXPECT_EQ(ValuesOf(All(className), "IdentityInfoValue"),
-                  Values{R"(QVQ:PCI\VEN_8086&REV_02\3&1)"});
-        EXPECT_EQ(ValuesOf(All(className), "InstanceID"),
-                  Values{"QV:" + className + ":PCI&VEN_8086&REV_02&3&1"});
-    }
-}
-
-TEST_F(SATAPortControllerSoftwareTest, ClassificationsTellBiosFirmwareAndDriverApart) {
-    for (const char* family : families) {
-        ServedBy(family);
-        EXPECT_EQ(ValuesOf(All(bios), "Classifications"), Values{"6"}) << family;
-        EXPECT_EQ(ValuesOf(All(firmware), "Classifications"), Values{"10"}) << family;
-        EXPECT_EQ(ValuesOf(All(driver), "Classifications"), Values{"2"}) << family;
-    }
+    EXPECT_EQ(ValuesOf(All(className), "IdentityInfoValue"),
+              Values{R"(QVQ:PCI\VEN_8086&REV_02\3&1)"});
+    EXPECT_EQ(ValuesOf(All(className), "InstanceID"),
+              Values{"QV:" + className + ":PCI&VEN_8086&REV_02&3&1"});
 }
 
 TEST_F(SATAPortControllerSoftwareTest, DriverNamesAreComparedWithRegardToCase) {
@@ -184,25 +179,20 @@ TEST_F(SATAPortControllerSoftwareTest, AFailedAssociatorsQueryIsPassedOver) {
               Values{"QV:QV_SATAPortControllerDriver:" + ahciKey});
 }
 
-TEST_F(SATAPortControllerSoftwareTest, AnAssociatorsQueryWithoutRowsIsPassedOver) {
+TEST_P(SATAPortControllerSoftwareClasses, AnAssociatorsQueryWithoutRowsIsPassedOver) {
     host.Answer(controllersQuery,
                 {Controller("X&REV_1"), Controller("Y&REV_1"), Controller(ahciId)});
     host.Answer(DevicesOf("X&REV_1"), {});
     ServeWith(host, "Y&REV_1", "msahci");
     host.Answer(DriversOf("Y&REV_1"), {});
     ServeWith(host, ahciId, "msahci");
-    for (const std::string className : {bios, firmware, driver}) {
-        EXPECT_EQ(ValuesOf(All(className), "InstanceID"),
-                  Values{"QV:" + className + ":" + ahciKey});
-    }
+    EXPECT_EQ(ValuesOf(All(className), "InstanceID"), Values{"QV:" + className + ":" + ahciKey});
 }
 
-TEST_F(SATAPortControllerSoftwareTest, IsNoneWhenTheControllersCannotBeHad) {
+TEST_P(SATAPortControllerSoftwareClasses, IsNoneWhenTheControllersCannotBeHad) {
     ServedBy("msahci");
     host.Fail(controllersQuery);
-    for (const char* className : {bios, firmware, driver}) {
-        EXPECT_EQ(All(className), RecordList{});
-    }
+    EXPECT_EQ(All(className), RecordList{});
 }
 
 TEST_F(SATAPortControllerSoftwareTest, TheVersionOfAControllerWithoutRevisionIsEmpty) {

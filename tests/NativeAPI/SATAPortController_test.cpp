@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 
 #include "tests/support/Builders.h"
@@ -23,6 +24,11 @@ const std::string encodedId = "PCI&VEN_8086&DEV_2922&SUBSYS_12345678&REV_02&3&1A
 
 InstanceRecord FullPortController(const std::string& className = "QV_SATAPortController") {
     return SpelledAs(className, ExpectedRecord("QV_SATAPortController"));
+}
+
+// Returns the value of a record's property, to be changed.
+std::string& ValueIn(InstanceRecord& record, std::string_view name) {
+    return std::ranges::find(record.properties, name, &PropertyEntry::name)->value;
 }
 
 class SATAPortControllerTest : public testing::Test, public Builders {
@@ -52,14 +58,18 @@ TEST_F(SATAPortControllerTest, KeepsTheClassNameAsTheCallerSpelledIt) {
               RecordList{FullPortController("qv_sataPORTcontroller")});
 }
 
-TEST_F(SATAPortControllerTest, InKeysOnlyModeHasExactlyTheFourKeys) {
-    for (const std::uint32_t word : {mode::keysOnly, 0U, 8U}) {
-        const RecordList records = Build({controller}, word);
-        ASSERT_EQ(records.size(), 1U);
-        EXPECT_EQ(NamesOf(records[0]), (Values{"SystemName", "CreationClassName",
-                                               "SystemCreationClassName", "DeviceID"}));
-    }
+class SATAPortControllerKeys : public SATAPortControllerTest,
+                               public testing::WithParamInterface<std::uint32_t> {};
+
+TEST_P(SATAPortControllerKeys, AreExactlyFourWithoutTheBitForAllProperties) {
+    const RecordList records = Build({controller}, GetParam());
+    ASSERT_EQ(records.size(), 1U);
+    EXPECT_EQ(NamesOf(records[0]),
+              (Values{"SystemName", "CreationClassName", "SystemCreationClassName", "DeviceID"}));
 }
+
+INSTANTIATE_TEST_SUITE_P(EachMode, SATAPortControllerKeys, testing::Values(mode::keysOnly, 0U, 8U),
+                         [](const auto& mode) { return "Mode" + std::to_string(mode.param); });
 
 TEST_F(SATAPortControllerTest, LeavesSystemNameOutWithoutAHostName) {
     ForgetHostName();
@@ -149,17 +159,13 @@ TEST_F(SATAPortControllerTest, RecordsFollowTheOrderOfTheirRows) {
 
 TEST_F(SATAPortControllerTest, MissingSourceTextsArePublishedEmpty) {
     InstanceRecord expected = FullPortController();
-    for (PropertyEntry& entry : expected.properties) {
-        for (const char* name : {"Caption", "Name", "Description", "ElementName",
-                                 "OperationalStatus", "StatusDescriptions"}) {
-            if (entry.name == name) {
-                entry.value = "";
-            }
-        }
-        if (entry.name == "ProtocolSupported") {
-            entry.value = "0";
-        }
-    }
+    ValueIn(expected, "Caption") = "";
+    ValueIn(expected, "Name") = "";
+    ValueIn(expected, "Description") = "";
+    ValueIn(expected, "ElementName") = "";
+    ValueIn(expected, "OperationalStatus") = "";
+    ValueIn(expected, "StatusDescriptions") = "";
+    ValueIn(expected, "ProtocolSupported") = "0";
     EXPECT_EQ(Build({Properties{{"DeviceID", controller.at("DeviceID")}}}), RecordList{expected});
 }
 

@@ -7,7 +7,12 @@
 namespace qv::test {
 namespace {
 
-class WinComputerSystemTest : public testing::Test, public Builders {};
+class WinComputerSystemTest : public testing::Test, public Builders {
+protected:
+    RecordList InMode(std::uint32_t word) const {
+        return api.getQV_WinComputerSystem({"QV_WinComputerSystem", word, ""});
+    }
+};
 
 const InstanceRecord fullRecord = ExpectedRecord("QV_WinComputerSystem");
 
@@ -30,10 +35,9 @@ TEST_F(WinComputerSystemTest, GetOfAnotherNameReturnsTheLocalHost) {
 }
 
 TEST_F(WinComputerSystemTest, IgnoresTheMode) {
-    for (const std::uint32_t word : {0U, mode::keysOnly, mode::foundByKey}) {
-        EXPECT_EQ(api.getQV_WinComputerSystem({"QV_WinComputerSystem", word, ""}),
-                  RecordList{fullRecord});
-    }
+    EXPECT_EQ(InMode(0), RecordList{fullRecord});
+    EXPECT_EQ(InMode(mode::keysOnly), RecordList{fullRecord});
+    EXPECT_EQ(InMode(mode::foundByKey), RecordList{fullRecord});
 }
 
 TEST_F(WinComputerSystemTest, HasNoNameWithoutAHostName) {

@@ -26,21 +26,21 @@ protected:
     }
 };
 
-TEST_F(AssociationClassesTest, WinComputerSystemSATAPortController) {
+TEST_F(AssociationClassesTest, JoinTheHostWithEachController) {
     const char* name = "QV_WinComputerSystemSATAPortController";
     EXPECT_EQ(All(name), Associated(name, {"GroupComponent", "PartComponent"},
                                     {{systemPath, ControllerPath(ahciKey)},
                                      {systemPath, ControllerPath(ideKey)}}));
 }
 
-TEST_F(AssociationClassesTest, SATAPortControllerSATALogicalPort) {
+TEST_F(AssociationClassesTest, JoinAControllerWithEachOfItsPorts) {
     const char* name = "QV_SATAPortControllerSATALogicalPort";
     EXPECT_EQ(All(name), Associated(name, {"Antecedent", "Dependent"},
                                     {{ControllerPath(ideKey), PortPath(portAKey)},
                                      {ControllerPath(ideKey), PortPath(portBKey)}}));
 }
 
-TEST_F(AssociationClassesTest, SATAPortControllerPhysicalPackageSATAControllerLocation) {
+TEST_F(AssociationClassesTest, JoinAControllersPackageWithItsLocation) {
     const char* name = "QV_SATAPortControllerPhysicalPackageSATAControllerLocation";
     EXPECT_EQ(
         All(name),
@@ -52,7 +52,7 @@ TEST_F(AssociationClassesTest, SATAPortControllerPhysicalPackageSATAControllerLo
               LocationPath(controllerLocation, ideKey, "the caption with Device ID: 7010")}}));
 }
 
-TEST_F(AssociationClassesTest, SATAPortControllerProductSATAPortControllerPhysicalPackage) {
+TEST_F(AssociationClassesTest, JoinAControllersProductWithItsPackage) {
     const char* name = "QV_SATAPortControllerProductSATAPortControllerPhysicalPackage";
     EXPECT_EQ(All(name),
               Associated(name, {"GroupComponent", "PartComponent"},
@@ -60,14 +60,14 @@ TEST_F(AssociationClassesTest, SATAPortControllerProductSATAPortControllerPhysic
                           {ProductPath(ideKey, "01"), PackagePath(controllerPackage, ideKey)}}));
 }
 
-TEST_F(AssociationClassesTest, SATAPortControllerProductSATAPortController) {
+TEST_F(AssociationClassesTest, JoinAControllersProductWithTheController) {
     const char* name = "QV_SATAPortControllerProductSATAPortController";
     EXPECT_EQ(All(name), Associated(name, {"GroupComponent", "PartComponent"},
                                     {{ProductPath(ahciKey, "02"), ControllerPath(ahciKey)},
                                      {ProductPath(ideKey, "01"), ControllerPath(ideKey)}}));
 }
 
-TEST_F(AssociationClassesTest, SATAPortControllerPhysicalPackageSATAPortController) {
+TEST_F(AssociationClassesTest, JoinAControllersPackageWithTheController) {
     const char* name = "QV_SATAPortControllerPhysicalPackageSATAPortController";
     EXPECT_EQ(All(name),
               Associated(name, {"Antecedent", "Dependent"},
@@ -75,7 +75,7 @@ TEST_F(AssociationClassesTest, SATAPortControllerPhysicalPackageSATAPortControll
                           {PackagePath(controllerPackage, ideKey), ControllerPath(ideKey)}}));
 }
 
-TEST_F(AssociationClassesTest, WinComputerSystemSATAStorageExtent) {
+TEST_F(AssociationClassesTest, JoinTheHostWithEachExtent) {
     const char* name = "QV_WinComputerSystemSATAStorageExtent";
     EXPECT_EQ(All(name), Associated(name, {"GroupComponent", "PartComponent"},
                                     {{systemPath, ExtentPath(disk1Key)},
@@ -83,7 +83,7 @@ TEST_F(AssociationClassesTest, WinComputerSystemSATAStorageExtent) {
                                      {systemPath, ExtentPath(disk3Key)}}));
 }
 
-TEST_F(AssociationClassesTest, WinComputerSystemSATADiskDrive) {
+TEST_F(AssociationClassesTest, JoinTheHostWithEachDisk) {
     const char* name = "QV_WinComputerSystemSATADiskDrive";
     EXPECT_EQ(All(name), Associated(name, {"GroupComponent", "PartComponent"},
                                     {{systemPath, DiskPath(disk1Key)},
@@ -91,14 +91,14 @@ TEST_F(AssociationClassesTest, WinComputerSystemSATADiskDrive) {
                                      {systemPath, DiskPath(disk3Key)}}));
 }
 
-TEST_F(AssociationClassesTest, WinComputerSystemSATALogicalPort) {
+TEST_F(AssociationClassesTest, JoinTheHostWithEachPort) {
     const char* name = "QV_WinComputerSystemSATALogicalPort";
     EXPECT_EQ(All(name),
               Associated(name, {"GroupComponent", "PartComponent"},
                          {{systemPath, PortPath(portAKey)}, {systemPath, PortPath(portBKey)}}));
 }
 
-TEST_F(AssociationClassesTest, SATADiskDriveStorageExtent) {
+TEST_F(AssociationClassesTest, JoinADiskWithItsExtent) {
     const char* name = "QV_SATADiskDriveStorageExtent";
     EXPECT_EQ(All(name), Associated(name, {"Antecedent", "Dependent"},
                                     {{DiskPath(disk1Key), ExtentPath(disk1Key)},
@@ -106,7 +106,7 @@ TEST_F(AssociationClassesTest, SATADiskDriveStorageExtent) {
                                      {DiskPath(disk3Key), ExtentPath(disk3Key)}}));
 }
 
-TEST_F(AssociationClassesTest, SATADiskPhysicalPackageSATADiskDrive) {
+TEST_F(AssociationClassesTest, JoinADisksPackageWithTheDisk) {
     const char* name = "QV_SATADiskPhysicalPackageSATADiskDrive";
     EXPECT_EQ(All(name), Associated(name, {"Antecedent", "Dependent"},
                                     {{PackagePath(diskPackage, disk1Key), DiskPath(disk1Key)},
@@ -114,7 +114,7 @@ TEST_F(AssociationClassesTest, SATADiskPhysicalPackageSATADiskDrive) {
                                      {PackagePath(diskPackage, disk3Key), DiskPath(disk3Key)}}));
 }
 
-TEST_F(AssociationClassesTest, SATADiskPhysicalPackageSATADiskLocation) {
+TEST_F(AssociationClassesTest, JoinADisksPackageWithItsLocation) {
     const char* name = "QV_SATADiskPhysicalPackageSATADiskLocation";
     EXPECT_EQ(All(name), Associated(name, {"Element", "PhysicalLocation"},
                                     {{PackagePath(diskPackage, disk1Key),
@@ -125,7 +125,7 @@ TEST_F(AssociationClassesTest, SATADiskPhysicalPackageSATADiskLocation) {
                                       LocationPath(diskLocation, disk3Key, "")}}));
 }
 
-TEST_F(AssociationClassesTest, SATADiskDriveDiskDriveFW) {
+TEST_F(AssociationClassesTest, JoinADisksFirmwareWithTheDisk) {
     const char* name = "QV_SATADiskDriveDiskDriveFW";
     const auto firmware = [](const std::string& key) {
         return "QV_SATADiskDriveFW." + KeyText("InstanceID", key);
@@ -137,21 +137,21 @@ TEST_F(AssociationClassesTest, SATADiskDriveDiskDriveFW) {
                                    currentAndInstalled));
 }
 
-TEST_F(AssociationClassesTest, TSATAProtocolEndpointSATADiskDrive) {
+TEST_F(AssociationClassesTest, JoinATargetWithItsDisk) {
     const char* name = "QV_TSATAProtocolEndpointSATADiskDrive";
     EXPECT_EQ(All(name), Associated(name, {"AvailableSAP", "ManagedElement"},
                                     {{TargetPath(target1Key), DiskPath(disk1Key)},
                                      {TargetPath(target2Key), DiskPath(disk2Key)}}));
 }
 
-TEST_F(AssociationClassesTest, SATALogicalPortISATAProtocolEndpoint) {
+TEST_F(AssociationClassesTest, JoinAPortWithTheInitiatorOfItsChannel) {
     const char* name = "QV_SATALogicalPortISATAProtocolEndpoint";
     EXPECT_EQ(All(name), Associated(name, {"Antecedent", "Dependent"},
                                     {{PortPath(portAKey), InitiatorPath(channelAKey)},
                                      {PortPath(portBKey), InitiatorPath(channelBKey)}}));
 }
 
-TEST_F(AssociationClassesTest, SATAInitiatorTargetLogicalUnitPath) {
+TEST_F(AssociationClassesTest, JoinTheInitiatorTargetAndExtentOfADiskOnAChannel) {
     const char* name = "QV_SATAInitiatorTargetLogicalUnitPath";
     EXPECT_EQ(All(name), WithAdded(Associated(name, {"Initiator", "Target", "LogicalUnit"},
                                               {{InitiatorPath(channelAKey), TargetPath(target1Key),
@@ -159,7 +159,7 @@ TEST_F(AssociationClassesTest, SATAInitiatorTargetLogicalUnitPath) {
                                    Number("State", "2")));
 }
 
-TEST_F(AssociationClassesTest, SATAStorageCollectionSATADiskDrive) {
+TEST_F(AssociationClassesTest, JoinTheCollectionWithEachDisk) {
     const char* name = "QV_SATAStorageCollectionSATADiskDrive";
     EXPECT_EQ(All(name), Associated(name, {"Collection", "Member"},
                                     {{collectionPath, DiskPath(disk1Key)},
@@ -167,23 +167,23 @@ TEST_F(AssociationClassesTest, SATAStorageCollectionSATADiskDrive) {
                                      {collectionPath, DiskPath(disk3Key)}}));
 }
 
-TEST_F(AssociationClassesTest, SATAHostedCollection) {
+TEST_F(AssociationClassesTest, JoinTheHostWithTheCollection) {
     const char* name = "QV_SATAHostedCollection";
     EXPECT_EQ(All(name),
               Associated(name, {"Antecedent", "Dependent"}, {{systemPath, collectionPath}}));
 }
 
-TEST_F(AssociationClassesTest, SATAPortControllerFWSATAPortController) {
+TEST_F(AssociationClassesTest, JoinAControllersFirmwareWithTheController) {
     const char* name = "QV_SATAPortControllerFWSATAPortController";
     EXPECT_EQ(All(name), OfSoftware(name, "QV_SATAPortControllerFW"));
 }
 
-TEST_F(AssociationClassesTest, SATAPortControllerDriverSATAPortController) {
+TEST_F(AssociationClassesTest, JoinAControllersDriverWithTheController) {
     const char* name = "QV_SATAPortControllerDriverSATAPortController";
     EXPECT_EQ(All(name), OfSoftware(name, "QV_SATAPortControllerDriver"));
 }
 
-TEST_F(AssociationClassesTest, SATAPortControllerBIOSSATAPortController) {
+TEST_F(AssociationClassesTest, JoinAControllersBiosWithTheController) {
     const char* name = "QV_SATAPortControllerBIOSSATAPortController";
     EXPECT_EQ(All(name), OfSoftware(name, "QV_SATAPortControllerBIOS"));
 }

@@ -1,5 +1,5 @@
 // The result of a request when memory runs out while a row of its source is read.
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <new>
 #include <set>
@@ -68,6 +68,13 @@ const std::set<std::string> numbersAndFlags{
     "SectorsPerTrack",   "BytesPerSector",   "TotalHeads", "TracksPerCylinder",
     "OperationalStatus", "PrimaryPartition", "Bootable",   "BootPartition"};
 
+End ExpectedEnd(const std::string& property) {
+    return numbersAndFlags.contains(property) ? End::standardException : End::outOfMemory;
+}
+
+/// The properties whose reads found no memory, and how their requests ended.
+using FailedReads = std::vector<std::pair<std::string, End>>;
+
 class ExhaustedMemoryTest : public OneDiskHost, public testing::TestWithParam<std::size_t> {
 protected:
     End Publish(std::string_view className, ReadScript& script) {
@@ -83,23 +90,30 @@ protected:
         }
         return End::sound;
     }
+
+    /// Runs a request for each of its reads, which fails.
+    FailedReads FailEachRead(std::string_view className) {
+        FailedReads reads;
+        for (;;) {
+            ReadScript script{reads.size() + 1, 0, {}};
+            const End end = Publish(className, script);
+            if (script.property.empty()) {
+                EXPECT_EQ(end, End::sound);
+                return reads;
+            }
+            reads.emplace_back(script.property, end);
+        }
+    }
 };
 
 TEST_P(ExhaustedMemoryTest, EndsTheRequestAtWhateverReadWithTheErrorOfItsKind) {
     const std::string_view className = PublishedClasses()[GetParam()].name;
-    for (std::size_t read = 1;; ++read) {
-        ReadScript script{read, 0, {}};
-        const End end = Publish(className, script);
-        if (script.property.empty()) {
-            EXPECT_EQ(end, End::sound);
-            // The host itself is not read from rows.
-            EXPECT_EQ(read == 1, className == "QV_WinComputerSystem");
-            return;
-        }
-        const End expected =
-            numbersAndFlags.contains(script.property) ? End::standardException : End::outOfMemory;
-        EXPECT_EQ(end, expected) << "read " << read << ": " << script.property;
-    }
+    const FailedReads reads = FailEachRead(className);
+    EXPECT_THAT(reads, testing::Each(testing::Truly([](const auto& read) {
+                    return read.second == ExpectedEnd(read.first);
+                })));
+    // The host itself is not read from rows.
+    EXPECT_EQ(reads.empty(), className == "QV_WinComputerSystem");
 }
 
 INSTANTIATE_TEST_SUITE_P(EachClass, ExhaustedMemoryTest,

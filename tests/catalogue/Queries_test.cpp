@@ -33,28 +33,32 @@ protected:
     }
 };
 
-TEST_P(QueriesTest, AllInstances) {
+TEST_P(QueriesTest, AreTheExpectedOnesForAllInstances) {
     All(GetParam().className);
     EXPECT_EQ(host.asked, GetParam().all);
 }
 
-TEST_P(QueriesTest, TheirKeys) {
+TEST_P(QueriesTest, AreTheExpectedOnesForTheKeys) {
     Keys(GetParam().className);
     EXPECT_EQ(host.asked, GetParam().keysOnly);
 }
 
-TEST_P(QueriesTest, TheOneWithAPath) {
+TEST_P(QueriesTest, AreTheExpectedOnesForAPath) {
     const std::string path = std::string(GetParam().className) + "." + GetParam().keys;
     EXPECT_EQ(At(GetParam().className, path).size(), 1U);
     EXPECT_EQ(host.asked, GetParam().byPath);
 }
 
-TEST(Queries, TableHoldsEveryInstanceClassInTheOrderOfTheCatalogue) {
-    std::vector<std::string> inTable;
+std::vector<std::string> TableNames() {
+    std::vector<std::string> names;
     for (const ExpectedQueries& one : QueriesOfInstanceClasses()) {
-        inTable.emplace_back(one.className);
+        names.emplace_back(one.className);
     }
-    EXPECT_EQ(inTable, ExpectedInstanceClassNames());
+    return names;
+}
+
+TEST(Queries, TableHoldsEveryInstanceClassInTheOrderOfTheCatalogue) {
+    EXPECT_EQ(TableNames(), ExpectedInstanceClassNames());
 }
 
 INSTANTIATE_TEST_SUITE_P(EachClass, QueriesTest, testing::ValuesIn(QueriesOfInstanceClasses()),

@@ -44,10 +44,12 @@ TEST_F(AlertVendorFactsTest, LetAnAlertThroughThatNobodyElseKnows) {
 }
 
 TEST_F(AlertVendorFactsTest, LetAnAlertThroughForWhichThereAreNoRows) {
-    for (const std::string& query :
-         {packageLinks, firmwareLinks, softwareQuery, enclosureQuery, bladeQuery, metadataQuery}) {
-        host.Answer(query, {});
-    }
+    host.Answer(packageLinks, {});
+    host.Answer(firmwareLinks, {});
+    host.Answer(softwareQuery, {});
+    host.Answer(enclosureQuery, {});
+    host.Answer(bladeQuery, {});
+    host.Answer(metadataQuery, {});
     EXPECT_THAT(Copied(PutSystemIdentity(indication, host)), IsEmpty());
     EXPECT_THAT(Copied(PutProviderVersion(indication, host)), IsEmpty());
     EXPECT_THAT(Copied(PutEnclosureLocation(indication, host)), IsEmpty());
@@ -220,10 +222,12 @@ TEST_F(AlertVendorFactsTest, FailWhenTheIndicationRefusesWhatTheyRepeat) {
     host.Answer(metadataQuery, {{{"Severity", 3}, {"Summary", "S"}}});
     host.Answer(enclosureQuery, {{{"Name", "E1"}}});
     host.Answer(softwareQuery, {SoftwareRow(Texts{"qvwmiver.dll"}, 1)});
-    for (const char* refused : {"PerceivedSeverity", "EnclosureName", "ProviderVersion"}) {
-        indication.refused = refused;
-        EXPECT_EQ(Fill(), indication.refusal) << refused;
-    }
+    indication.refused = "PerceivedSeverity";
+    EXPECT_EQ(Fill(), indication.refusal);
+    indication.refused = "EnclosureName";
+    EXPECT_EQ(Fill(), indication.refusal);
+    indication.refused = "ProviderVersion";
+    EXPECT_EQ(Fill(), indication.refusal);
 }
 
 }  // namespace

@@ -57,7 +57,7 @@ TEST(DeviceIndication, SaysTheFormatOfTheReferenceAsANumber) {
     EXPECT_EQ(std::get<std::int32_t>(value), 2);
 }
 
-class FilledIndication : public test::AlertTest {
+class DeviceIndicationTest : public test::AlertTest {
 protected:
     Status FillFrom(const InstanceRecord& event) {
         return FillDeviceIndication(indication, event, {host, host, system, clock});
@@ -66,7 +66,7 @@ protected:
     const InstanceRecord someEvent = BuildDeviceIndication(SomeDisk(), "605", someTime);
 };
 
-TEST_F(FilledIndication, SaysWhatEveryAlertSaysAndThenWhatTheEventSays) {
+TEST_F(DeviceIndicationTest, SaysWhatEveryAlertSaysAndThenWhatTheEventSays) {
     EXPECT_EQ(FillFrom(someEvent), Status::noError);
     EXPECT_THAT(indication.Names(),
                 ElementsAre("ProviderName", "EventID", "IndicationIdentifier", "IndicationTime",
@@ -77,14 +77,14 @@ TEST_F(FilledIndication, SaysWhatEveryAlertSaysAndThenWhatTheEventSays) {
     EXPECT_EQ(indication.Value("EventID"), "605");
 }
 
-TEST_F(FilledIndication, LacksWhatItRefusesOfTheEvent) {
+TEST_F(DeviceIndicationTest, LacksWhatItRefusesOfTheEvent) {
     indication.refused = "DeviceID";
     EXPECT_EQ(FillFrom(someEvent), Status::noError);
     EXPECT_THAT(indication.Names(), testing::Not(testing::Contains("DeviceID")));
     EXPECT_THAT(indication.Names(), testing::Contains("DeviceModel"));
 }
 
-TEST_F(FilledIndication, EndsAtAPropertyOfEveryAlertThatItRefuses) {
+TEST_F(DeviceIndicationTest, EndsAtAPropertyOfEveryAlertThatItRefuses) {
     indication.refused = "OSType";
     EXPECT_EQ(FillFrom(someEvent), indication.refusal);
     EXPECT_EQ(indication.Names().back(), "OSVersion");

@@ -14,7 +14,7 @@ constexpr SYSTEMTIME earlyMoment = {.wYear = 2024,
                                     .wSecond = 3,
                                     .wMilliseconds = 7};
 
-TEST(LogLevel, HasANameForEachLevel) {
+TEST(LogLine, NameOfIsTheNameOfEachLevel) {
     EXPECT_EQ(NameOf(LogLevel{0}), L"N/A");
     EXPECT_EQ(NameOf(LogLevel{1}), L"Debug");
     EXPECT_EQ(NameOf(LogLevel{2}), L"Verbose");
@@ -23,7 +23,7 @@ TEST(LogLevel, HasANameForEachLevel) {
     EXPECT_EQ(NameOf(LogLevel{5}), L"Error");
 }
 
-TEST(LogLevel, HasNoNameForWhatIsNoLevel) {
+TEST(LogLine, NameOfIsNotAvailableForWhatIsNoLevel) {
     EXPECT_EQ(NameOf(LogLevel{6}), L"N/A");
     EXPECT_EQ(NameOf(LogLevel::silent), L"N/A");
 }

@@ -39,7 +39,7 @@ std::vector<AceAndAccount> AccessEntriesOf(HANDLE mutex) {
     return found;
 }
 
-TEST(LogMutexName, IsTheUpperCasedPlaceWithoutBackslashes) {
+TEST(LogMutex, IsNamedAfterTheUpperCasedPlaceWithoutBackslashes) {
     EXPECT_EQ(LogMutexName(L"C:\\Windows\\system32\\wbem\\logs\\", L"QvWmiSata"),
               L"Global\\C:WINDOWSSYSTEM32WBEMLOGSQVWMISATA");
 }

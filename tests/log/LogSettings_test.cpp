@@ -18,8 +18,17 @@ std::uint32_t Read(LogSettings& settings, FolderSetting folder = FolderSetting::
     return ReadLogSettings(L"mod", L"comp", folder, settings);
 }
 
+using Number = std::optional<std::uint32_t>;
+
 class LogSettingsTest : public ::testing::Test {
 protected:
+    /// Sets a number of the common log's key unless it is to be missing.
+    void Set(const wchar_t* name, Number number) {
+        if (number) {
+            registry.SetNumber(commonLogKey, name, *number);
+        }
+    }
+
     void SetValidNumbers() {
         registry.SetNumber(commonLogKey, L"LogLevel", 3);
         registry.SetNumber(commonLogKey, L"LogMaxSize", 0x80000);
@@ -102,8 +111,6 @@ TEST_F(LogSettingsTest, NumbersOfAnotherTypeOrSizeAreAnInvalidParameter) {
     EXPECT_EQ(settings.maxSize, 2097152U);
 }
 
-using Number = std::optional<std::uint32_t>;
-
 struct LevelCase {
     const char* name;
     Number general;
@@ -118,14 +125,7 @@ std::ostream& operator<<(std::ostream& stream, const LevelCase& row) {
                   << row.module.value_or(999) << " component " << row.component.value_or(999);
 }
 
-class LogSettingsLevel : public LogSettingsTest, public ::testing::WithParamInterface<LevelCase> {
-protected:
-    void Set(const wchar_t* name, Number number) {
-        if (number) {
-            registry.SetNumber(commonLogKey, name, *number);
-        }
-    }
-};
+class LogSettingsLevel : public LogSettingsTest, public ::testing::WithParamInterface<LevelCase> {};
 
 TEST_P(LogSettingsLevel, IsTheMostSpecificValidOneBelowValidOnes) {
     const LevelCase& row = GetParam();
@@ -180,12 +180,8 @@ class LogSettingsSize : public LogSettingsTest, public ::testing::WithParamInter
 TEST_P(LogSettingsSize, IsTheMostSpecificValidOneBelowAValidOne) {
     const SizeCase& row = GetParam();
     registry.SetNumber(commonLogKey, L"LogLevel", 3);
-    if (row.general) {
-        registry.SetNumber(commonLogKey, L"LogMaxSize", *row.general);
-    }
-    if (row.module) {
-        registry.SetNumber(commonLogKey, L"LogMaxSize (MOD)", *row.module);
-    }
+    Set(L"LogMaxSize", row.general);
+    Set(L"LogMaxSize (MOD)", row.module);
     EXPECT_EQ(Read(settings), row.result);
     EXPECT_EQ(settings.maxSize, row.size);
 }

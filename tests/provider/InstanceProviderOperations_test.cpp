@@ -38,10 +38,10 @@ std::ostream& operator<<(std::ostream& stream, const Operation& operation) {
     return stream << operation.name;
 }
 
-class InstanceProviderUnsupported : public InstanceProviderOperationsTest,
-                                    public ::testing::WithParamInterface<Operation> {};
+class InstanceProviderOperationsUnsupported : public InstanceProviderOperationsTest,
+                                              public ::testing::WithParamInterface<Operation> {};
 
-TEST_P(InstanceProviderUnsupported, IsRefusedWithoutACaller) {
+TEST_P(InstanceProviderOperationsUnsupported, IsRefusedWithoutACaller) {
     EXPECT_EQ(GetParam().call(*provider.Get(), sink.Get()), windows::Hr(WBEM_E_NOT_SUPPORTED));
     EXPECT_TRUE(sink->Untouched());
 }
@@ -50,7 +50,7 @@ using Services = IWbemServices;
 using Sink = IWbemObjectSink*;
 
 // clang-format off
-INSTANTIATE_TEST_SUITE_P(All, InstanceProviderUnsupported, ::testing::Values(
+INSTANTIATE_TEST_SUITE_P(All, InstanceProviderOperationsUnsupported, ::testing::Values(
     Operation{"OpenNamespace", [](Services& s, Sink) { return s.OpenNamespace(nullptr, 0, nullptr, nullptr, nullptr); }},
     Operation{"CancelAsyncCall", [](Services& s, Sink sink) { return s.CancelAsyncCall(sink); }},
     Operation{"QueryObjectSink", [](Services& s, Sink) { return s.QueryObjectSink(0, nullptr); }},

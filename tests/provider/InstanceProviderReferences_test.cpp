@@ -23,6 +23,12 @@ class InstanceProviderReferencesTest : public ProviderTest {
 protected:
     InstanceProviderReferencesTest() { source.Answer(controllersQuery, {ControllerRow(L"A")}); }
 
+    /// Names the server in letters that the process's code page lacks.
+    void NameTheServerInCyrillic() {
+        ASSERT_EQ(GetACP(), 1252U);
+        source.Answer(definitionQuery, {{{L"__SERVER", L"СЕРВЕР"}}});
+    }
+
     void ExpectReferencesBehind(const std::wstring& prefix) {
         ASSERT_EQ(sink->ObjectCount(), 1U);
         EXPECT_THAT(sink->Instance(0).puts,
@@ -55,22 +61,15 @@ TEST_F(InstanceProviderReferencesTest, AreFoundUnderAnotherServersName) {
     ExpectReferencesBehind(L"\\\\SRV\\root\\QVQ:");
 }
 
-/// A process whose code page has no Cyrillic letter.
-class InstanceProviderWideReferencesTest : public InstanceProviderReferencesTest {
-protected:
-    void SetUp() override {
-        ASSERT_EQ(GetACP(), 1252U);
-        source.Answer(definitionQuery, {{{L"__SERVER", L"СЕРВЕР"}}});
-    }
-};
-
-TEST_F(InstanceProviderWideReferencesTest, KeepAServersNameThatTheCodePageLacks) {
+TEST_F(InstanceProviderReferencesTest, KeepAServersNameThatTheCodePageLacks) {
+    NameTheServerInCyrillic();
     BeReady();
     EXPECT_EQ(Enumerate(association), S_OK);
     ExpectReferencesBehind(L"\\\\СЕРВЕР\\root\\QVQ:");
 }
 
-TEST_F(InstanceProviderWideReferencesTest, KeepItInAnInstanceThatIsFetchedByItsPath) {
+TEST_F(InstanceProviderReferencesTest, KeepSuchAServersNameInAnInstanceThatIsFetchedByItsPath) {
+    NameTheServerInCyrillic();
     BeReady();
     const std::wstring here = LR"(\\\\СЕРВЕР\\root\\QVQ:)";
     EXPECT_EQ(Get(association + L".Element=\"" + here + Package(L"\\\"") +
@@ -79,14 +78,16 @@ TEST_F(InstanceProviderWideReferencesTest, KeepItInAnInstanceThatIsFetchedByItsP
     ExpectReferencesBehind(L"\\\\СЕРВЕР\\root\\QVQ:");
 }
 
-TEST_F(InstanceProviderWideReferencesTest, KeepANamespaceThatTheCodePageLacks) {
+TEST_F(InstanceProviderReferencesTest, KeepANamespaceThatTheCodePageLacks) {
+    NameTheServerInCyrillic();
     nameSpaceName = L"root\\ДИСКИ";
     BeReady();
     EXPECT_EQ(Enumerate(association), S_OK);
     ExpectReferencesBehind(L"\\\\СЕРВЕР\\root\\ДИСКИ:");
 }
 
-TEST_F(InstanceProviderWideReferencesTest, HoldTheNameOfTheHostInTheCodePage) {
+TEST_F(InstanceProviderReferencesTest, HoldTheNameOfTheHostInTheCodePage) {
+    NameTheServerInCyrillic();
     const CyrillicComputerName cyrillic(library.Module());
     source.Answer(disksQuery, {{{L"InterfaceType", L"IDE"}, {L"PNPDeviceID", L"IDE\\X"}}});
     BeReady();

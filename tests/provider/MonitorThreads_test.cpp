@@ -27,6 +27,13 @@ protected:
         }
     }
 
+    /// Waits until the disks have been looked at this often.
+    void WaitForLooks(std::size_t count) const {
+        while (source.LookCount() < count) {
+            Sleep(1);
+        }
+    }
+
     /// Releases the provider; expects that no thread is left.
     void End() {
         init.Reset();
@@ -58,9 +65,7 @@ TEST_F(MonitorThreadsTest, EndsThreadsThatSleep) {
     for (int round = 0; round < rounds; ++round) {
         const std::size_t looks = source.LookCount();
         Begin();
-        while (source.LookCount() < looks + 4) {
-            Sleep(1);
-        }
+        WaitForLooks(looks + 4);
         Sleep(5);
         End();
     }

@@ -43,35 +43,63 @@ const platform::Row* LastLink(const platform::Rows& links, const platform::Rows&
     return found;
 }
 
-TEST(ControllerLinksOracle, FindWhatThePlainWalkFinds) {
-    // Few and similar IDs, so that most of them match.
-    constexpr std::array ids{"A", "a", R"(A\)", R"(\a)", "AB", R"(a\B)", "b", ""};
-    std::mt19937 random(20240601);
-    const auto anyOf = [&random, &ids] {
-        return std::string(
-            ids[std::uniform_int_distribution<std::size_t>(0, ids.size() - 1)(random)]);
-    };
-    for (int round = 0; round < 300; ++round) {
+// Few and similar IDs, so that most of them match.
+constexpr std::array ids{"A", "a", R"(A\)", R"(\a)", "AB", R"(a\B)", "b", ""};
+
+struct LinkedControllers {
+    explicit LinkedControllers(std::mt19937& random) {
+        const auto anyOf = [&random] {
+            return std::string(
+                ids[std::uniform_int_distribution<std::size_t>(0, ids.size() - 1)(random)]);
+        };
         std::vector<Properties> linkRows;
         std::vector<Properties> controllerRows;
         for (int count = 0; count < 6; ++count) {
             linkRows.push_back(ControllerLink(anyOf(), anyOf()));
             controllerRows.push_back(Controller(anyOf()));
         }
-        const platform::Rows links = RowsOf(linkRows);
-        const platform::Rows controllers = RowsOf(controllerRows);
-        const ControllerLinks indexed(links, controllers);
-        for (const std::string id : ids) {
-            const std::string path = FullPath("Win32_IDEController", id);
-            EXPECT_EQ(indexed.ControllerOfDisk(id),
-                      LastLink(links, controllers, [&id](const std::string& dependent) {
-                          return EqualsIgnoringCase(DeviceIdOf(dependent), StripBackslashes(id));
-                      }));
-            EXPECT_EQ(indexed.ControllerOfChannel(path),
-                      LastLink(links, controllers, [&path](const std::string& dependent) {
-                          return Tail(dependent) == Tail(path);
-                      }));
-        }
+        links = RowsOf(linkRows);
+        controllers = RowsOf(controllerRows);
+    }
+
+    platform::Rows links;
+    platform::Rows controllers;
+};
+
+// The controllers of each ID, as a disk's and as a channel's.
+using Found = std::vector<std::pair<const platform::Row*, const platform::Row*>>;
+
+Found IndexedControllers(const LinkedControllers& host) {
+    const ControllerLinks indexed(host.links, host.controllers);
+    Found found;
+    for (const char* id : ids) {
+        found.emplace_back(indexed.ControllerOfDisk(id),
+                           indexed.ControllerOfChannel(FullPath("Win32_IDEController", id)));
+    }
+    return found;
+}
+
+Found WalkedControllers(const LinkedControllers& host) {
+    Found found;
+    for (const char* id : ids) {
+        const std::string path = FullPath("Win32_IDEController", id);
+        found.emplace_back(
+            LastLink(host.links, host.controllers,
+                     [id](const std::string& dependent) {
+                         return EqualsIgnoringCase(DeviceIdOf(dependent), StripBackslashes(id));
+                     }),
+            LastLink(host.links, host.controllers, [&path](const std::string& dependent) {
+                return Tail(dependent) == Tail(path);
+            }));
+    }
+    return found;
+}
+
+TEST(ControllerLinksOracle, FindWhatThePlainWalkFinds) {
+    std::mt19937 random(20240601);
+    for (int round = 0; round < 300; ++round) {
+        const LinkedControllers host(random);
+        ASSERT_EQ(IndexedControllers(host), WalkedControllers(host)) << "round " << round;
     }
 }
 

@@ -89,11 +89,15 @@ TEST_F(DiskInventoryTest, IsEmptyOnAHostWithoutFailurePrediction) {
 }
 
 TEST_F(DiskInventoryTest, HoldsNoDiskOfAnotherInterface) {
-    for (const char* type : {"SCSI", "USB", "ide", ""}) {
+    const auto diskOfInterface = [](const char* type) {
         Properties disk = IdeDisk("A");
-        disk["InterfaceType"] = std::string(type);
-        EXPECT_THAT(DisksOf(disk, {Prediction("A")}), IsEmpty()) << type;
-    }
+        disk["InterfaceType"] = type;
+        return disk;
+    };
+    EXPECT_THAT(DisksOf(diskOfInterface("SCSI"), {Prediction("A")}), IsEmpty());
+    EXPECT_THAT(DisksOf(diskOfInterface("USB"), {Prediction("A")}), IsEmpty());
+    EXPECT_THAT(DisksOf(diskOfInterface("ide"), {Prediction("A")}), IsEmpty());
+    EXPECT_THAT(DisksOf(diskOfInterface(""), {Prediction("A")}), IsEmpty());
 }
 
 TEST_F(DiskInventoryTest, HoldsNoDiskWhoseInterfaceCannotBeRead) {
@@ -140,18 +144,24 @@ TEST_F(DiskInventoryTest, GivesAStatusTextThatItDoesNotKnowTheCodeZero) {
                                            Field(&DiskRecord::status, "Starting"))));
 }
 
-TEST_F(DiskInventoryTest, KeepsWhatItHasWhenEitherQueryFails) {
+class DiskInventoryFailureTest : public DiskInventoryTest,
+                                 public testing::WithParamInterface<const char*> {};
+
+TEST_P(DiskInventoryFailureTest, KeepsWhatItHas) {
     host.SetDisks({{"A", "OK"}});
     inventory.RefreshDiskInventoryNow();
-    for (const char* query : {disksQuery, predictionsQuery}) {
-        host.SetDisks({{"B", "OK"}, {"C", "OK"}});
-        host.Fail(query);
-        EXPECT_EQ(inventory.RefreshDiskInventoryNow(), 0) << query;
-        EXPECT_THAT(inventory.Disks(), ElementsAre(Field(&DiskRecord::deviceId, "A"))) << query;
-        EXPECT_THAT(inventory.FailurePredictions(), SizeIs(1)) << query;
-        EXPECT_EQ(inventory.MatchedDisks(), 1) << query;
-    }
+    host.SetDisks({{"B", "OK"}, {"C", "OK"}});
+    host.Fail(GetParam());
+    EXPECT_EQ(inventory.RefreshDiskInventoryNow(), 0);
+    EXPECT_THAT(inventory.Disks(), ElementsAre(Field(&DiskRecord::deviceId, "A")));
+    EXPECT_THAT(inventory.FailurePredictions(), SizeIs(1));
+    EXPECT_EQ(inventory.MatchedDisks(), 1);
 }
+
+INSTANTIATE_TEST_SUITE_P(EachQuery, DiskInventoryFailureTest,
+                         testing::Values(disksQuery, predictionsQuery), [](const auto& query) {
+                             return query.param == disksQuery ? "Disks" : "Predictions";
+                         });
 
 TEST_F(DiskInventoryTest, ReplacesWhatItHasWhenThereIsNothingAnyMore) {
     host.SetDisks({{"A", "OK"}});

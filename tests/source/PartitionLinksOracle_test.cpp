@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <map>
 
 #include "source/PropertyReaders.h"
 #include "source/SourceRules.h"
@@ -42,36 +43,75 @@ std::string WithBackslashes(std::string key) {
     return key;
 }
 
+platform::Rows DeviceRows(const std::vector<std::string>& keys) {
+    std::vector<Properties> rows;
+    for (const std::string& key : keys) {
+        rows.push_back({{"DeviceID", WithBackslashes(key)}});
+    }
+    return RowsOf(rows);
+}
+
+// Returns a link from each antecedent to each dependent.
+platform::Rows LinkRows(const std::vector<std::string>& dependents,
+                        const std::vector<std::string>& antecedents) {
+    std::vector<Properties> rows;
+    for (const std::string& antecedent : antecedents) {
+        for (const std::string& dependent : dependents) {
+            rows.push_back({{"Antecedent", WithBackslashes(antecedent)},
+                            {"Dependent", WithBackslashes(dependent)}});
+        }
+    }
+    return RowsOf(rows);
+}
+
+struct GeneratedHost {
+    explicit GeneratedHost(KeyGenerator generator)
+        : disks(DeviceRows(generator.Keys())), partitions(DeviceRows(generator.Keys())) {
+        const std::vector<std::string> dependents = generator.Keys();
+        links = LinkRows(dependents, generator.Keys());
+    }
+
+    platform::Rows disks;
+    platform::Rows partitions;
+    platform::Rows links;
+};
+
+using PartitionsByDisk = std::map<std::string, std::vector<const platform::Row*>>;
+
+PartitionsByDisk IndexedPartitions(const GeneratedHost& host) {
+    const PartitionLinks indexed(host.disks, host.links, host.partitions);
+    PartitionsByDisk found;
+    for (const auto& disk : host.disks) {
+        const std::string deviceId = TextOrEmpty(*disk, "DeviceID");
+        found[deviceId] = indexed.PartitionsOfDisk(deviceId);
+    }
+    return found;
+}
+
+PartitionsByDisk WalkedPartitions(const GeneratedHost& host) {
+    PartitionsByDisk found;
+    for (const auto& disk : host.disks) {
+        const std::string deviceId = TextOrEmpty(*disk, "DeviceID");
+        found[deviceId] = LinkedPartitions(host.links, host.partitions, deviceId);
+    }
+    return found;
+}
+
+std::size_t PartitionCount(const PartitionsByDisk& found) {
+    std::size_t count = 0;
+    for (const auto& [deviceId, partitions] : found) {
+        count += partitions.size();
+    }
+    return count;
+}
+
 TEST(PartitionLinksOracle, FindWhatThePlainWalkFinds) {
     std::size_t found = 0;
     for (std::uint32_t seed = 0; seed < 2000; ++seed) {
-        KeyGenerator generator(seed);
-        std::vector<Properties> diskRows;
-        std::vector<Properties> partitionRows;
-        std::vector<Properties> linkRows;
-        for (const std::string& key : generator.Keys()) {
-            diskRows.push_back({{"DeviceID", WithBackslashes(key)}});
-        }
-        for (const std::string& key : generator.Keys()) {
-            partitionRows.push_back({{"DeviceID", WithBackslashes(key)}});
-        }
-        const std::vector<std::string> dependents = generator.Keys();
-        for (const std::string& antecedent : generator.Keys()) {
-            for (const std::string& dependent : dependents) {
-                linkRows.push_back({{"Antecedent", WithBackslashes(antecedent)},
-                                    {"Dependent", WithBackslashes(dependent)}});
-            }
-        }
-        const platform::Rows disks = RowsOf(diskRows);
-        const platform::Rows links = RowsOf(linkRows);
-        const platform::Rows partitions = RowsOf(partitionRows);
-        const PartitionLinks indexed(disks, links, partitions);
-        for (const auto& disk : disks) {
-            const std::string deviceId = TextOrEmpty(*disk, "DeviceID");
-            const auto walked = LinkedPartitions(links, partitions, deviceId);
-            EXPECT_EQ(indexed.PartitionsOfDisk(deviceId), walked) << seed << ' ' << deviceId;
-            found += walked.size();
-        }
+        const GeneratedHost host{KeyGenerator(seed)};
+        const PartitionsByDisk walked = WalkedPartitions(host);
+        ASSERT_EQ(IndexedPartitions(host), walked) << "seed " << seed;
+        found += PartitionCount(walked);
     }
     EXPECT_GT(found, 10000U) << "the generated hosts have too few partitions to tell anything";
 }

@@ -29,29 +29,29 @@ struct Kind {
 };
 
 const std::array kinds{
-    Kind{"null", std::monostate{}, {}, {}, {}, {}},
-    Kind{"text", "12", "12", {}, {}, {}},
-    Kind{"empty text", "", "", {}, {}, {}},
-    Kind{"false", false, {}, false, {}, {}},
-    Kind{"true", true, {}, true, {}, {}},
-    Kind{"int8", std::int8_t{-3}, {}, {}, -3, {}},
-    Kind{"lowest int8", std::int8_t{-128}, {}, {}, -128, {}},
-    Kind{"uint8", std::uint8_t{255}, {}, {}, 255, {}},
-    Kind{"int16", std::int16_t{-300}, {}, {}, -300, {}},
-    Kind{"lowest int16", std::int16_t{-32768}, {}, {}, -32768, {}},
-    Kind{"uint16", std::uint16_t{65535}, {}, {}, 65535, {}},
-    Kind{"int32", std::int32_t{-70000}, {}, {}, -70000, {}},
-    Kind{"lowest int32", lowest, {}, {}, lowest, {}},
-    Kind{"highest int32", std::int32_t{2147483647}, {}, {}, 2147483647, {}},
-    Kind{"uint32", std::uint32_t{70000}, {}, {}, 70000, {}},
-    Kind{"uint32 with the topmost bit", std::uint32_t{0x80000000}, {}, {}, lowest, {}},
-    Kind{"highest uint32", std::uint32_t{0xFFFFFFFF}, {}, {}, -1, {}},
-    Kind{"int16 array", std::vector<std::int16_t>{1, -1}, {}, {}, {}, Integers{1, 65535}},
-    Kind{"uint16 array", std::vector<std::uint16_t>{2, 65535}, {}, {}, {}, Integers{2, 65535}},
-    Kind{"int32 array", std::vector<std::int32_t>{3, -1}, {}, {}, {}, Integers{3, -1}},
-    Kind{"uint32 array", std::vector<std::uint32_t>{4, 0xFFFFFFFF}, {}, {}, {}, Integers{4, -1}},
-    Kind{"empty array", std::vector<std::int32_t>{}, {}, {}, {}, Integers{}},
-    Kind{"unread", platform::UnreadValue{}, {}, {}, {}, {}},
+    Kind{"Null", std::monostate{}, {}, {}, {}, {}},
+    Kind{"Text", "12", "12", {}, {}, {}},
+    Kind{"EmptyText", "", "", {}, {}, {}},
+    Kind{"False", false, {}, false, {}, {}},
+    Kind{"True", true, {}, true, {}, {}},
+    Kind{"Int8", std::int8_t{-3}, {}, {}, -3, {}},
+    Kind{"LowestInt8", std::int8_t{-128}, {}, {}, -128, {}},
+    Kind{"UInt8", std::uint8_t{255}, {}, {}, 255, {}},
+    Kind{"Int16", std::int16_t{-300}, {}, {}, -300, {}},
+    Kind{"LowestInt16", std::int16_t{-32768}, {}, {}, -32768, {}},
+    Kind{"UInt16", std::uint16_t{65535}, {}, {}, 65535, {}},
+    Kind{"Int32", std::int32_t{-70000}, {}, {}, -70000, {}},
+    Kind{"LowestInt32", lowest, {}, {}, lowest, {}},
+    Kind{"HighestInt32", std::int32_t{2147483647}, {}, {}, 2147483647, {}},
+    Kind{"UInt32", std::uint32_t{70000}, {}, {}, 70000, {}},
+    Kind{"UInt32WithTheTopmostBit", std::uint32_t{0x80000000}, {}, {}, lowest, {}},
+    Kind{"HighestUInt32", std::uint32_t{0xFFFFFFFF}, {}, {}, -1, {}},
+    Kind{"Int16Array", std::vector<std::int16_t>{1, -1}, {}, {}, {}, Integers{1, 65535}},
+    Kind{"UInt16Array", std::vector<std::uint16_t>{2, 65535}, {}, {}, {}, Integers{2, 65535}},
+    Kind{"Int32Array", std::vector<std::int32_t>{3, -1}, {}, {}, {}, Integers{3, -1}},
+    Kind{"UInt32Array", std::vector<std::uint32_t>{4, 0xFFFFFFFF}, {}, {}, {}, Integers{4, -1}},
+    Kind{"EmptyArray", std::vector<std::int32_t>{}, {}, {}, {}, Integers{}},
+    Kind{"Unread", platform::UnreadValue{}, {}, {}, {}, {}},
 };
 
 ScriptedRow RowOf(const Value& value) {
@@ -62,63 +62,59 @@ Status StatusOf(bool accepted) {
     return accepted ? Status::noError : Status::failed;
 }
 
-TEST(PropertyReaders, GetStringPropertyAcceptsTextOnlyAndLeavesTheOutputOtherwise) {
-    for (const Kind& kind : kinds) {
-        std::string text = "before";
-        EXPECT_EQ(GetStringProperty(RowOf(kind.value), "P", text), StatusOf(kind.text.has_value()))
-            << kind.name;
-        EXPECT_EQ(text, kind.text.value_or("before")) << kind.name;
-    }
+class PropertyReadersTest : public testing::TestWithParam<Kind> {
+protected:
+    ScriptedRow row = RowOf(GetParam().value);
+};
+
+TEST_P(PropertyReadersTest, GetStringPropertyAcceptsTextOnlyAndLeavesTheOutputOtherwise) {
+    std::string text = "before";
+    EXPECT_EQ(GetStringProperty(row, "P", text), StatusOf(GetParam().text.has_value()));
+    EXPECT_EQ(text, GetParam().text.value_or("before"));
 }
 
-TEST(PropertyReaders,
-     GetIntegerPropertyAcceptsWholeNumbersOfUpTo32BitsAndLeavesTheOutputOtherwise) {
-    for (const Kind& kind : kinds) {
-        std::int32_t number = 4711;
-        EXPECT_EQ(GetIntegerProperty(RowOf(kind.value), "P", number),
-                  StatusOf(kind.number.has_value()))
-            << kind.name;
-        EXPECT_EQ(number, kind.number.value_or(4711)) << kind.name;
-    }
+TEST_P(PropertyReadersTest,
+       GetIntegerPropertyAcceptsWholeNumbersOfUpTo32BitsAndLeavesTheOutputOtherwise) {
+    std::int32_t number = 4711;
+    EXPECT_EQ(GetIntegerProperty(row, "P", number), StatusOf(GetParam().number.has_value()));
+    EXPECT_EQ(number, GetParam().number.value_or(4711));
 }
 
-TEST(PropertyReaders, GetBooleanPropertyAcceptsABooleanOnlyAndLeavesTheOutputOtherwise) {
-    for (const Kind& kind : kinds) {
-        for (const bool before : {false, true}) {
-            bool flag = before;
-            EXPECT_EQ(GetBooleanProperty(RowOf(kind.value), "P", flag),
-                      StatusOf(kind.flag.has_value()))
-                << kind.name;
-            EXPECT_EQ(flag, kind.flag.value_or(before)) << kind.name;
-        }
-    }
+TEST_P(PropertyReadersTest, GetBooleanPropertyAcceptsABooleanOnlyAndLeavesTheOutputOtherwise) {
+    bool flag = false;
+    EXPECT_EQ(GetBooleanProperty(row, "P", flag), StatusOf(GetParam().flag.has_value()));
+    EXPECT_EQ(flag, GetParam().flag.value_or(false));
+    flag = true;
+    EXPECT_EQ(GetBooleanProperty(row, "P", flag), StatusOf(GetParam().flag.has_value()));
+    EXPECT_EQ(flag, GetParam().flag.value_or(true));
 }
 
-TEST(GetUInt16Property, KeepsTheLow16BitsOfAWholeNumber) {
-    for (const Kind& kind : kinds) {
-        std::uint16_t number = 4711;
-        EXPECT_EQ(GetUInt16Property(RowOf(kind.value), "P", number),
-                  StatusOf(kind.number.has_value()))
-            << kind.name;
-        const std::uint16_t expected =
-            kind.number ? static_cast<std::uint16_t>(*kind.number) : std::uint16_t{4711};
-        EXPECT_EQ(number, expected) << kind.name;
-    }
+TEST_P(PropertyReadersTest, GetUInt16PropertyKeepsTheLow16BitsOfAWholeNumber) {
+    std::uint16_t number = 4711;
+    EXPECT_EQ(GetUInt16Property(row, "P", number), StatusOf(GetParam().number.has_value()));
+    EXPECT_EQ(number, static_cast<std::uint16_t>(GetParam().number.value_or(4711)));
+}
+
+TEST_P(PropertyReadersTest,
+       GetIntegerArrayPropertyAcceptsNumberArraysAndZeroExtendsTheir16BitElements) {
+    Integers numbers{47, 11};
+    EXPECT_EQ(GetIntegerArrayProperty(row, "P", numbers), StatusOf(GetParam().numbers.has_value()));
+    EXPECT_EQ(numbers, GetParam().numbers.value_or(Integers{}));
+}
+
+TEST_P(PropertyReadersTest, TextOrEmptyIsTheTextOrEmptyForAnythingElse) {
+    EXPECT_EQ(TextOrEmpty(row, "P"), GetParam().text.value_or(""));
+}
+
+INSTANTIATE_TEST_SUITE_P(EachKind, PropertyReadersTest, testing::ValuesIn(kinds),
+                         [](const auto& kind) { return kind.param.name; });
+
+TEST(PropertyReaders, GetUInt16PropertyDropsTheUpperBits) {
     std::uint16_t number = 0;
     GetUInt16Property(RowOf(std::int32_t{0x12345}), "P", number);
     EXPECT_EQ(number, 0x2345);
     GetUInt16Property(RowOf(std::int8_t{-1}), "P", number);
     EXPECT_EQ(number, 0xFFFF);
-}
-
-TEST(PropertyReaders, GetIntegerArrayPropertyAcceptsNumberArraysAndZeroExtendsTheir16BitElements) {
-    for (const Kind& kind : kinds) {
-        Integers numbers{47, 11};
-        EXPECT_EQ(GetIntegerArrayProperty(RowOf(kind.value), "P", numbers),
-                  StatusOf(kind.numbers.has_value()))
-            << kind.name;
-        EXPECT_EQ(numbers, kind.numbers.value_or(Integers{})) << kind.name;
-    }
 }
 
 TEST(PropertyReaders, GetStringPropertyGivesTheStatusOfAFailedReadAndLeavesTheOutput) {
@@ -170,7 +166,7 @@ TEST(PropertyReaders, OfOtherKindsTurnAFailedReadIntoTheGeneralFailureAndLeaveTh
     EXPECT_TRUE(flag);
 }
 
-TEST(GetUInt16Property, TurnsAFailedReadIntoTheGeneralFailure) {
+TEST(PropertyReaders, GetUInt16PropertyTurnsAFailedReadIntoTheGeneralFailure) {
     std::uint16_t number = 5;
     EXPECT_EQ(GetUInt16Property(ScriptedRow({}), "P", number), Status::failed);
     EXPECT_EQ(number, 5);
@@ -182,10 +178,7 @@ TEST(PropertyReaders, GetIntegerArrayPropertyEmptiesTheOutputEvenWhenTheReadFail
     EXPECT_EQ(numbers, Integers{});
 }
 
-TEST(PropertyReaders, TextOrEmptyIsTheTextOrEmptyForAnythingElse) {
-    for (const Kind& kind : kinds) {
-        EXPECT_EQ(TextOrEmpty(RowOf(kind.value), "P"), kind.text.value_or("")) << kind.name;
-    }
+TEST(PropertyReaders, TextOrEmptyIsEmptyForAMissingProperty) {
     EXPECT_EQ(TextOrEmpty(ScriptedRow({}), "P"), "");
 }
 

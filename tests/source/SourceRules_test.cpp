@@ -1,11 +1,14 @@
 #include "source/SourceRules.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include "tests/support/SourceRows.h"
 
 namespace qv::test {
 namespace {
+
+using testing::Each;
+using testing::ResultOf;
 
 // Returns the serial number of the media row found for a disk; "none" if there is none.
 std::string SerialOf(const Properties& disk, const platform::Rows& media) {
@@ -15,9 +18,12 @@ std::string SerialOf(const Properties& disk, const platform::Rows& media) {
 
 TEST(SourceRules, IsIdeDiskIsTrueForExactlyTheInterfaceTypeIDE) {
     EXPECT_TRUE(IsIdeDisk(ScriptedRow(Properties{{"InterfaceType", "IDE"}})));
-    for (const char* other : {"ide", "Ide", "SCSI", "USB", "IDE ", " IDE", "IDEX", ""}) {
-        EXPECT_FALSE(IsIdeDisk(ScriptedRow(Properties{{"InterfaceType", other}}))) << other;
-    }
+    const std::vector<const char*> others{"ide", "Ide", "SCSI", "USB", "IDE ", " IDE", "IDEX", ""};
+    EXPECT_THAT(others, Each(ResultOf(
+                            [](const char* other) {
+                                return IsIdeDisk(ScriptedRow(Properties{{"InterfaceType", other}}));
+                            },
+                            false)));
 }
 
 TEST(SourceRules, IsIdeDiskIsFalseWithoutATextInterfaceType) {
@@ -78,17 +84,20 @@ TEST(SourceRules, FindMediaOfDiskComparesExactly) {
         "none");
 }
 
-TEST(SourceRules, FindMediaOfDiskEndsTheRequestWhenADiskWithoutDeviceIdIsComparedWithARow) {
-    const auto media = RowsOf({Properties{{"Tag", "X"}, {"SerialNumber", "A"}}});
-    for (const Properties& disk :
-         {Properties{}, Properties{{"DeviceID", std::monostate{}}}, Properties{{"DeviceID", 1}}}) {
-        try {
-            FindMediaOfDisk(ScriptedRow(disk), media);
-            ADD_FAILURE() << "no error was raised";
-        } catch (const RequestError& error) {
-            EXPECT_EQ(error.status(), Status::unspecifiedFailure);
-        }
+// Returns the status that ends the request when a disk is compared with a media row.
+Status ErrorOf(const Properties& disk) {
+    try {
+        FindMediaOfDisk(ScriptedRow(disk), RowsOf({Properties{{"Tag", "X"}}}));
+    } catch (const RequestError& error) {
+        return error.status();
     }
+    return Status::noError;
+}
+
+TEST(SourceRules, FindMediaOfDiskEndsTheRequestWhenADiskWithoutDeviceIdIsComparedWithARow) {
+    EXPECT_EQ(ErrorOf({}), Status::unspecifiedFailure);
+    EXPECT_EQ(ErrorOf({{"DeviceID", std::monostate{}}}), Status::unspecifiedFailure);
+    EXPECT_EQ(ErrorOf({{"DeviceID", 1}}), Status::unspecifiedFailure);
 }
 
 TEST(SourceRules, FindMediaOfDiskFindsNothingForADiskWithoutDeviceIdAmongNoRows) {
@@ -124,9 +133,8 @@ TEST(SourceRules, FamilyOfDriverKnowsFourDrivers) {
 }
 
 TEST(SourceRules, FamilyOfDriverKnowsNoOtherDriver) {
-    for (const char* name : {"MSAHCI", "storahci", "pciidexx", "Atapi", ""}) {
-        EXPECT_EQ(FamilyOfDriver(name), std::nullopt) << name;
-    }
+    const std::vector<const char*> others{"MSAHCI", "storahci", "pciidexx", "Atapi", ""};
+    EXPECT_THAT(others, Each(ResultOf(FamilyOfDriver, std::nullopt)));
 }
 
 TEST(SourceRules, FirstSegmentOfStandsBetweenTheFirstTwoAmpersands) {

@@ -2,33 +2,43 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace qv::test {
 namespace {
 
 using Strings = std::vector<std::string>;
 
-TEST(StatusMap, GivesTheCodeOfEachStatusText) {
-    const std::pair<const char*, std::int32_t> rows[] = {
-        {"OK", 2},      {"Error", 6},    {"Degraded", 3},   {"Unknown", 0},    {"Pred Fail", 5},
-        {"Service", 2}, {"Stressed", 3}, {"NonRecover", 6}, {"No Contact", 0}, {"Lost Comm", 6},
-    };
-    for (const auto& [text, code] : rows) {
-        Strings codes;
-        Strings descriptions;
-        EXPECT_EQ(MapStatusToOperationalStatus(text, codes, descriptions), code) << text;
-        EXPECT_EQ(codes, Strings{std::to_string(code)}) << text;
-        EXPECT_EQ(descriptions, Strings{text});
-    }
+// The result for a status text: its code, the codes and the descriptions.
+using Mapped = std::tuple<std::int32_t, Strings, Strings>;
+
+Mapped Map(const std::string& text) {
+    Strings codes;
+    Strings descriptions;
+    const std::int32_t code = MapStatusToOperationalStatus(text, codes, descriptions);
+    return {code, codes, descriptions};
 }
 
-TEST(StatusMap, GivesATextOutsideTheTableNoCodeButADescription) {
-    for (const char* text : {"Starting", "", "ok", "ERROR", "OK ", "PredFail"}) {
-        Strings codes;
-        Strings descriptions;
-        EXPECT_EQ(MapStatusToOperationalStatus(text, codes, descriptions), 0) << text;
-        EXPECT_EQ(codes, Strings{}) << text;
-        EXPECT_EQ(descriptions, Strings{text});
-    }
+TEST(StatusMap, ReturnsTheCodeOfEachStatusText) {
+    EXPECT_EQ(Map("OK"), Mapped(2, {"2"}, {"OK"}));
+    EXPECT_EQ(Map("Error"), Mapped(6, {"6"}, {"Error"}));
+    EXPECT_EQ(Map("Degraded"), Mapped(3, {"3"}, {"Degraded"}));
+    EXPECT_EQ(Map("Unknown"), Mapped(0, {"0"}, {"Unknown"}));
+    EXPECT_EQ(Map("Pred Fail"), Mapped(5, {"5"}, {"Pred Fail"}));
+    EXPECT_EQ(Map("Service"), Mapped(2, {"2"}, {"Service"}));
+    EXPECT_EQ(Map("Stressed"), Mapped(3, {"3"}, {"Stressed"}));
+    EXPECT_EQ(Map("NonRecover"), Mapped(6, {"6"}, {"NonRecover"}));
+    EXPECT_EQ(Map("No Contact"), Mapped(0, {"0"}, {"No Contact"}));
+    EXPECT_EQ(Map("Lost Comm"), Mapped(6, {"6"}, {"Lost Comm"}));
+}
+
+TEST(StatusMap, ReturnsNoCodeButADescriptionForATextOutsideTheTable) {
+    EXPECT_EQ(Map("Starting"), Mapped(0, {}, {"Starting"}));
+    EXPECT_EQ(Map(""), Mapped(0, {}, {""}));
+    EXPECT_EQ(Map("ok"), Mapped(0, {}, {"ok"}));
+    EXPECT_EQ(Map("ERROR"), Mapped(0, {}, {"ERROR"}));
+    EXPECT_EQ(Map("OK "), Mapped(0, {}, {"OK "}));
+    EXPECT_EQ(Map("PredFail"), Mapped(0, {}, {"PredFail"}));
 }
 
 TEST(StatusMap, AppendsToBothLists) {

@@ -1,12 +1,14 @@
 #include "source/TypedValue.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <optional>
 
 namespace qv::test {
 namespace {
 
+using testing::Each;
+using testing::ResultOf;
 using Strings = std::vector<std::string>;
 using Integers = std::vector<std::int32_t>;
 
@@ -19,12 +21,29 @@ std::optional<TypedValue> Convert(PropertyType type, std::string text) {
     return value;
 }
 
-TEST(TypedValue, Types0And10And16AreTheTextItself) {
-    for (const PropertyType type :
-         {PropertyType::untyped, PropertyType::text, PropertyType::string}) {
-        EXPECT_EQ(Convert(type, " a*-*b "), TypedValue{" a*-*b "});
-        EXPECT_EQ(Convert(type, ""), TypedValue{""});
+// Returns the published values of a text under several types.
+std::vector<std::optional<TypedValue>> ConvertAll(const std::vector<PropertyType>& types,
+                                                  const std::string& text) {
+    std::vector<std::optional<TypedValue>> values;
+    for (const PropertyType type : types) {
+        values.push_back(Convert(type, text));
     }
+    return values;
+}
+
+// Returns the published values of several texts under a type.
+std::vector<std::optional<TypedValue>> ConvertAll(PropertyType type, const Strings& texts) {
+    std::vector<std::optional<TypedValue>> values;
+    for (const std::string& text : texts) {
+        values.push_back(Convert(type, text));
+    }
+    return values;
+}
+
+TEST(TypedValue, Types0And10And16AreTheTextItself) {
+    const std::vector types{PropertyType::untyped, PropertyType::text, PropertyType::string};
+    EXPECT_THAT(ConvertAll(types, " a*-*b "), Each(TypedValue{" a*-*b "}));
+    EXPECT_THAT(ConvertAll(types, ""), Each(TypedValue{""}));
 }
 
 TEST(TypedValue, Type7IsANumberTruncatedTo8Bits) {
@@ -37,12 +56,11 @@ TEST(TypedValue, Type7IsANumberTruncatedTo8Bits) {
 }
 
 TEST(TypedValue, Types8And9AreSignedNumbers) {
-    for (const PropertyType type : {PropertyType::int32, PropertyType::integer}) {
-        EXPECT_EQ(Convert(type, "0"), TypedValue{0});
-        EXPECT_EQ(Convert(type, "2147483647"), TypedValue{2147483647});
-        EXPECT_EQ(Convert(type, "-2147483648"), TypedValue{-2147483647 - 1});
-        EXPECT_EQ(Convert(type, "02"), TypedValue{2});
-    }
+    const std::vector types{PropertyType::int32, PropertyType::integer};
+    EXPECT_THAT(ConvertAll(types, "0"), Each(TypedValue{0}));
+    EXPECT_THAT(ConvertAll(types, "2147483647"), Each(TypedValue{2147483647}));
+    EXPECT_THAT(ConvertAll(types, "-2147483648"), Each(TypedValue{-2147483647 - 1}));
+    EXPECT_THAT(ConvertAll(types, "02"), Each(TypedValue{2}));
 }
 
 TEST(TypedValue, Type8ReadsLeadingDigitsAndGives0WithoutThem) {
@@ -57,12 +75,11 @@ TEST(TypedValue, ANumberBeyond32BitsIsTheNearestThatFits) {
 }
 
 TEST(TypedValue, Type11IsTrueExactlyForTrueInAnyCase) {
-    for (const char* text : {"TRUE", "true", "True", "tRuE"}) {
-        EXPECT_EQ(Convert(PropertyType::boolean, text), TypedValue{true}) << text;
-    }
-    for (const char* text : {"yes", "1", "", "FALSE", " TRUE", "TRUE ", "TRUEX"}) {
-        EXPECT_EQ(Convert(PropertyType::boolean, text), TypedValue{false}) << text;
-    }
+    EXPECT_THAT(ConvertAll(PropertyType::boolean, {"TRUE", "true", "True", "tRuE"}),
+                Each(TypedValue{true}));
+    EXPECT_THAT(
+        ConvertAll(PropertyType::boolean, {"yes", "1", "", "FALSE", " TRUE", "TRUE ", "TRUEX"}),
+        Each(TypedValue{false}));
 }
 
 TEST(TypedValue, Type14IsAReference) {
@@ -70,11 +87,11 @@ TEST(TypedValue, Type14IsAReference) {
 }
 
 TEST(TypedValue, Types17And21AreTheTextsBetweenTheSeparators) {
-    for (const PropertyType type : {PropertyType::stringArray, PropertyType::textArray}) {
-        EXPECT_EQ(Convert(type, "a*-* b *-**-*c"), (TypedValue{Strings{"a", " b ", "", "c"}}));
-        EXPECT_EQ(Convert(type, "a"), TypedValue{Strings{"a"}});
-        EXPECT_EQ(Convert(type, ""), TypedValue{std::monostate{}});
-    }
+    const std::vector types{PropertyType::stringArray, PropertyType::textArray};
+    EXPECT_THAT(ConvertAll(types, "a*-* b *-**-*c"),
+                Each(TypedValue{Strings{"a", " b ", "", "c"}}));
+    EXPECT_THAT(ConvertAll(types, "a"), Each(TypedValue{Strings{"a"}}));
+    EXPECT_THAT(ConvertAll(types, ""), Each(TypedValue{std::monostate{}}));
 }
 
 TEST(TypedValue, Type19IsTheNumbersBetweenTheSeparators) {
@@ -91,10 +108,12 @@ TEST(TypedValue, Type19ReadsAnEmptyElementAs0) {
 }
 
 TEST(TypedValue, AnyOtherTypeIsSkipped) {
-    for (const std::uint32_t code : {1U, 2U, 3U, 4U, 5U, 6U, 12U, 13U, 15U, 18U, 20U, 22U, 23U,
-                                     100U, 0x80000000U, 0xFFFFFFFFU}) {
-        EXPECT_EQ(Convert(static_cast<PropertyType>(code), "1"), std::nullopt) << code;
-    }
+    const std::vector<std::uint32_t> codes{1,  2,  3,  4,  5,  6,   12,         13,
+                                           15, 18, 20, 22, 23, 100, 0x80000000, 0xFFFFFFFF};
+    EXPECT_THAT(
+        codes, Each(ResultOf(
+                   [](std::uint32_t code) { return Convert(static_cast<PropertyType>(code), "1"); },
+                   std::nullopt)));
 }
 
 }  // namespace

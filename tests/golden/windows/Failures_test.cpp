@@ -52,43 +52,64 @@ protected:
         return Whole(left);
     }
 
+    /// Returns the telling values of each instance, joined.
+    Lines TellingValues() const {
+        Lines told;
+        for (const PublishedInstance& instance : sound_.instances) {
+            std::string text;
+            for (const char* name : GetParam().telling) {
+                text += text.empty() ? "" : "|";
+                text += ValueOf(instance, name);
+            }
+            told.push_back(text);
+        }
+        return told;
+    }
+
+    static Lines WholeQueries() {
+        Lines queries;
+        for (const QueryFailure& one : GetParam().queries) {
+            queries.push_back(WholeQuery(one.query));
+        }
+        return queries;
+    }
+
+    /// Returns what is published when each of the class's queries, in turn, fails at a stage.
+    static Lines PublishedAtEachFault(Stage stage) {
+        Lines published;
+        for (std::size_t turn = 0; const QueryFailure& one : GetParam().queries) {
+            published.push_back(WholeQuery(one.query) +
+                                Whole(Publish(Fault{turn++, stage, one.rows})));
+        }
+        return published;
+    }
+
+    /// Returns what the table expects for each of the class's queries.
+    Lines Remaining(Instances QueryFailure::*kept) const {
+        Lines expected;
+        for (const QueryFailure& one : GetParam().queries) {
+            expected.push_back(WholeQuery(one.query) + WholeOf(one.*kept));
+        }
+        return expected;
+    }
+
     inline static std::unique_ptr<FaultyHost> host;
     PublishedInstances sound_ = Publish();
 };
 
 TEST_P(FailuresTest, OfNoQueryLeaveTheWhole) {
-    Lines told;
-    for (const PublishedInstance& instance : sound_.instances) {
-        std::string text;
-        for (const char* name : GetParam().telling) {
-            text += text.empty() ? "" : "|";
-            text += ValueOf(instance, name);
-        }
-        told.push_back(text);
-    }
-    EXPECT_EQ(told, GetParam().whole);
-    Lines asked;
-    for (const QueryFailure& one : GetParam().queries) {
-        asked.push_back(WholeQuery(one.query));
-    }
-    EXPECT_EQ(host->Asked(), asked);
+    EXPECT_EQ(TellingValues(), GetParam().whole);
+    EXPECT_EQ(host->Asked(), WholeQueries());
 }
 
-TEST_P(FailuresTest, OfAConnectionOrASubmission) {
-    for (std::size_t turn = 0; const QueryFailure& one : GetParam().queries) {
-        SCOPED_TRACE(std::to_string(turn) + ": " + one.query);
-        const std::string expected = WholeOf(one.refused);
-        EXPECT_EQ(Whole(Publish(Fault{turn, Stage::connecting})), expected);
-        EXPECT_EQ(Whole(Publish(Fault{turn, Stage::submitting})), expected);
-        ++turn;
-    }
+TEST_P(FailuresTest, OfAConnectionOrASubmissionKeepWhatTheTableSays) {
+    const Lines expected = Remaining(&QueryFailure::refused);
+    EXPECT_EQ(PublishedAtEachFault(Stage::connecting), expected);
+    EXPECT_EQ(PublishedAtEachFault(Stage::submitting), expected);
 }
 
 TEST_P(FailuresTest, InTheMiddleOfTheRowsKeepWhatWasRead) {
-    for (std::size_t turn = 0; const QueryFailure& one : GetParam().queries) {
-        SCOPED_TRACE(std::to_string(turn) + ": " + one.query);
-        EXPECT_EQ(Whole(Publish(Fault{turn++, Stage::reading, one.rows})), WholeOf(one.brokenOff));
-    }
+    EXPECT_EQ(PublishedAtEachFault(Stage::reading), Remaining(&QueryFailure::brokenOff));
 }
 
 TEST(Failures, PartitionQueryIsNotMadeWhenThatOfTheLinksFailed) {

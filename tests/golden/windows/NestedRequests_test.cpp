@@ -1,5 +1,7 @@
 // The storage collection queries the management service for the library's own disks: a second
 // request enters the library while the first one is running.
+#include <gmock/gmock.h>
+
 #include <algorithm>
 #include <array>
 #include <functional>
@@ -10,6 +12,11 @@
 
 namespace qv::test {
 namespace {
+
+using testing::AllOf;
+using testing::Each;
+using testing::Pair;
+using testing::SizeIs;
 
 constexpr const char* degraded = R"({3}{"Degraded"})";
 
@@ -46,6 +53,30 @@ std::string StatusOf(const service::Answer& answer) {
     return status;
 }
 
+/// The collection's status and the number of its members, as often as a client asks.
+using Told = std::vector<std::pair<std::string, std::size_t>>;
+
+void AskTenTimes(PublishingHost& host, Told& told) {
+    const service::ComApartment apartment;
+    for (int request = 0; request < 10; ++request) {
+        told.emplace_back(
+            StatusOf(host.Published().Query("SELECT * FROM QV_SATAStorageCollection WHERE "
+                                            "InstanceID = 'srv01.example.org "
+                                            "QV:QV_SATAStorageCollection'")),
+            host.Published().Enumerate("QV_SATAStorageCollectionSATADiskDrive").objects.size());
+    }
+}
+
+std::array<Told, 8> AnswersOnEightThreads(PublishingHost& host) {
+    std::array<Told, 8> told;
+    std::vector<std::thread> clients;
+    for (Told& ofClient : told) {
+        clients.emplace_back(AskTenTimes, std::ref(host), std::ref(ofClient));
+    }
+    std::ranges::for_each(clients, &std::thread::join);
+    return told;
+}
+
 TEST(NestedRequests, RollUpTheDisksThatTheLibraryItselfPublishes) {
     PublishingHost host(TwoDisks());
     EXPECT_EQ(StatusOf(host.Publish("QV_SATAStorageCollection")), degraded);
@@ -53,33 +84,7 @@ TEST(NestedRequests, RollUpTheDisksThatTheLibraryItselfPublishes) {
 
 TEST(NestedRequests, AreAnsweredOnEightThreadsAtOnceAndLeaveTheLibraryFree) {
     PublishingHost host(TwoDisks());
-    using Told = std::vector<std::string>;
-    const auto ask = [&host](Told& told) {
-        const service::ComApartment apartment;
-        for (int request = 0; request < 10; ++request) {
-            told.push_back(
-                StatusOf(host.Published().Query("SELECT * FROM QV_SATAStorageCollection WHERE "
-                                                "InstanceID = 'srv01.example.org "
-                                                "QV:QV_SATAStorageCollection'")));
-            const auto members =
-                host.Published().Enumerate("QV_SATAStorageCollectionSATADiskDrive");
-            told.push_back(std::to_string(members.objects.size()) + " members");
-        }
-    };
-    std::array<Told, 8> told;
-    std::vector<std::thread> clients;
-    for (Told& ofClient : told) {
-        clients.emplace_back(ask, std::ref(ofClient));
-    }
-    std::ranges::for_each(clients, &std::thread::join);
-    Told expected;
-    for (int request = 0; request < 10; ++request) {
-        expected.emplace_back(degraded);
-        expected.emplace_back("2 members");
-    }
-    for (const Told& ofClient : told) {
-        EXPECT_EQ(ofClient, expected);
-    }
+    EXPECT_THAT(AnswersOnEightThreads(host), Each(AllOf(SizeIs(10), Each(Pair(degraded, 2U)))));
     EXPECT_EQ(StatusOf(host.Publish("QV_SATAStorageCollection")), degraded);
     EXPECT_FALSE(host.Host().CanUnloadLibrary());
     host.Host().ReleaseProvider();

@@ -11,6 +11,7 @@ namespace {
 
 using namespace service;
 using testing::ElementsAre;
+using testing::Field;
 using testing::IsEmpty;
 
 ClassRepository Read(std::string_view text) {
@@ -44,11 +45,9 @@ TEST(ClassRepository, FindsClassesWithoutRegardToCase) {
 
 TEST(ClassRepository, ListsClassesInTheOrderOfTheirDefinition) {
     const ClassRepository family = Family();
-    std::vector<std::string> names;
-    for (const ClassDefinition& definition : family.Classes()) {
-        names.push_back(definition.name);
-    }
-    EXPECT_THAT(names, ElementsAre("Top", "Middle", "Bottom"));
+    EXPECT_THAT(family.Classes(), ElementsAre(Field(&ClassDefinition::name, "Top"),
+                                              Field(&ClassDefinition::name, "Middle"),
+                                              Field(&ClassDefinition::name, "Bottom")));
 }
 
 TEST(ClassRepository, PutsInheritedPropertiesFirstAndOverridesInTheirPlace) {

@@ -23,8 +23,8 @@ std::vector<std::string> Paths(const Answer& answer) {
 }
 
 /// Delivers one link between the given disk and port.
-HRESULT DeliverLink(IWbemServices& services, const BSTR className, const wchar_t* disk,
-                    const wchar_t* port, IWbemObjectSink* sink) {
+void IndicateLink(IWbemServices& services, const BSTR className, const wchar_t* disk,
+                  const wchar_t* port, IWbemObjectSink* sink) {
     ComPtr<IWbemClassObject> type;
     services.GetObject(className, 0, nullptr, &type, nullptr);
     ComPtr<IWbemClassObject> link;
@@ -33,7 +33,6 @@ HRESULT DeliverLink(IWbemServices& services, const BSTR className, const wchar_t
     link->Put(L"Disk", 0, TextVariant(value, disk), 0);
     link->Put(L"Port", 0, TextVariant(value, port), 0);
     sink->Indicate(1, link.GetAddressOf());
-    return sink->SetStatus(WBEM_STATUS_COMPLETE, S_OK, nullptr, nullptr);
 }
 
 TEST(ProviderSource, EnumeratesEachServedSubclassOfASuperclass) {
@@ -106,8 +105,9 @@ TEST(ProviderSource, HandsAPathToTheProviderAsItIsWritten) {
 TEST(ProviderSource, FindsAnInstanceInAnyOrderOfItsKeys) {
     const TestNamespace names;
     names.fake->enumerate = [](IWbemServices& services, const BSTR name, IWbemObjectSink* sink) {
-        return DeliverLink(services, name, L"\\\\SRV\\root\\QVQ:T_Disk.Key=\"d\"",
-                           L"T_Port.Key=\"p\"", sink);
+        IndicateLink(services, name, L"\\\\SRV\\root\\QVQ:T_Disk.Key=\"d\"", L"T_Port.Key=\"p\"",
+                     sink);
+        return sink->SetStatus(WBEM_STATUS_COMPLETE, S_OK, nullptr, nullptr);
     };
     std::wstring asked;
     names.fake->get = [&asked](IWbemServices&, const BSTR path, IWbemObjectSink*) {
@@ -128,20 +128,18 @@ TEST(ProviderSource, SaysWhatIsWrongWithAPathOrAQuery) {
     EXPECT_EQ(names.names->Query("SELEC").status, windows::ToStatus(Hr(WBEM_E_INVALID_QUERY)));
 }
 
-class ProviderSourceAssociationsTest : public testing::Test {
+class ProviderSourceTest : public testing::Test {
 protected:
-    ProviderSourceAssociationsTest() {
+    ProviderSourceTest() {
         names_.fake->enumerate = [this](IWbemServices& services, const BSTR name,
                                         IWbemObjectSink* sink) {
+            enumerated_.push_back(name);
             if (failing_ == name) {
                 return sink->SetStatus(WBEM_STATUS_COMPLETE, Hr(WBEM_E_OUT_OF_MEMORY), nullptr,
                                        nullptr);
             }
-            if (std::wstring_view(name) == L"T_Link") {
-                return DeliverLink(services, name, L"\\\\SRV\\root\\QVQ:T_Disk.Key=\"a\"",
-                                   L"\\\\SRV\\root\\QVQ:T_Port.Key=\"b\"", sink);
-            }
-            return Deliver(services, name, sink);
+            return std::wstring_view(name) == L"T_Link" ? DeliverLinks(services, name, sink)
+                                                        : Deliver(services, name, sink);
         };
     }
 
@@ -170,19 +168,30 @@ protected:
         EXPECT_THAT(answer.objects, IsEmpty());
     }
 
+    /// Delivers the links.
+    HRESULT DeliverLinks(IWbemServices& services, const BSTR name, IWbemObjectSink* sink) const {
+        for (const auto& [disk, port] : links_) {
+            IndicateLink(services, name, disk, port, sink);
+        }
+        return sink->SetStatus(WBEM_STATUS_COMPLETE, S_OK, nullptr, nullptr);
+    }
+
+    /// The ends of the links: their disks and their ports.
+    std::vector<std::pair<const wchar_t*, const wchar_t*>> links_{
+        {L"\\\\SRV\\root\\QVQ:T_Disk.Key=\"a\"", L"\\\\SRV\\root\\QVQ:T_Port.Key=\"b\""}};
     std::wstring failing_;                  ///< the class whose enumeration fails
     std::vector<std::wstring> enumerated_;  ///< the classes, in the order of their enumerations
     TestNamespace names_;
 };
 
-TEST_F(ProviderSourceAssociationsTest, LeadFromEitherEndToTheOther) {
+TEST_F(ProviderSourceTest, AssociationsLeadFromEitherEndToTheOther) {
     EXPECT_THAT(Ask("ASSOCIATORS OF {T_Disk.Key='A'}"), ElementsAre("T_Port.Key=\"b\""));
     EXPECT_THAT(Ask("ASSOCIATORS OF {T_Port.Key='b'} WHERE AssocClass=T_Link"),
                 ElementsAre("T_Disk.Key=\"a\""));
     EXPECT_THAT(Ask("ASSOCIATORS OF {T_Disk.Key='other'}"), IsEmpty());
 }
 
-TEST_F(ProviderSourceAssociationsTest, AreChosenByRoleAndResult) {
+TEST_F(ProviderSourceTest, AssociationsAreChosenByRoleAndResult) {
     EXPECT_THAT(Ask("ASSOCIATORS OF {T_Disk.Key='a'} WHERE Role=Port"), IsEmpty());
     EXPECT_THAT(Ask("ASSOCIATORS OF {T_Disk.Key='a'} WHERE ResultRole=Port"),
                 ElementsAre("T_Port.Key=\"b\""));
@@ -190,21 +199,16 @@ TEST_F(ProviderSourceAssociationsTest, AreChosenByRoleAndResult) {
     EXPECT_THAT(Ask("ASSOCIATORS OF {T_Disk.Key='a'} WHERE ClassDefsOnly"), ElementsAre("T_Port"));
 }
 
-TEST_F(ProviderSourceAssociationsTest, AreTheReferencesOfTheirEnds) {
+TEST_F(ProviderSourceTest, AssociationsAreTheReferencesOfTheirEnds) {
     EXPECT_EQ(Ask("REFERENCES OF {T_Disk.Key='a'}").size(), 1U);
     EXPECT_THAT(Ask("REFERENCES OF {T_Disk.Key='a'} WHERE ClassDefsOnly"), ElementsAre("T_Link"));
     EXPECT_THAT(Ask("REFERENCES OF {T_Disk.Key='a'} WHERE Role=Port"), IsEmpty());
 }
 
-TEST_F(ProviderSourceAssociationsTest, WithOnePathAreOne) {
-    names_.fake->enumerate = [](IWbemServices& services, const BSTR name, IWbemObjectSink* sink) {
-        if (std::wstring_view(name) == L"T_Link") {
-            DeliverLink(services, name, L"T_Disk.Key=\"a\"", L"T_Port.Key=\"b\"", sink);
-            DeliverLink(services, name, L"T_Disk.Key=\"A\"", L"T_Port.Key=\"b\"", sink);
-            return DeliverLink(services, name, L"T_Disk.Key=\"a\"", L"T_Port.Key=\"c\"", sink);
-        }
-        return Deliver(services, name, sink);
-    };
+TEST_F(ProviderSourceTest, AssociationsWithOnePathAreOne) {
+    links_ = {{L"T_Disk.Key=\"a\"", L"T_Port.Key=\"b\""},
+              {L"T_Disk.Key=\"A\"", L"T_Port.Key=\"b\""},
+              {L"T_Disk.Key=\"a\"", L"T_Port.Key=\"c\""}};
     EXPECT_EQ(names_.names->Enumerate("T_Link").objects.size(), 3U);
     EXPECT_THAT(Ask("REFERENCES OF {T_Disk.Key='a'}"),
                 ElementsAre(R"(T_Link.Disk="T_Disk.Key=\"a\"",Port="T_Port.Key=\"b\"")",
@@ -212,40 +216,37 @@ TEST_F(ProviderSourceAssociationsTest, WithOnePathAreOne) {
     EXPECT_THAT(Ask("ASSOCIATORS OF {T_Port.Key='b'}"), ElementsAre("T_Disk.Key=\"a\""));
 }
 
-TEST_F(ProviderSourceAssociationsTest, FailWhenTheirOwnClassOrThatOfANeighbourFails) {
+TEST_F(ProviderSourceTest, AssociationsFailWhenTheirOwnClassOrThatOfANeighbourFails) {
     ExpectFailureOf(L"T_Link", "ASSOCIATORS OF {T_Disk.Key='a'}");
     ExpectFailureOf(L"T_Link", "REFERENCES OF {T_Disk.Key='a'}");
     ExpectFailureOf(L"T_Port", "ASSOCIATORS OF {T_Disk.Key='a'}");
     ExpectFailureOf(L"T_Port", "ASSOCIATORS OF {T_Disk.Key='a'} WHERE ClassDefsOnly");
 }
 
-TEST_F(ProviderSourceAssociationsTest, AreFollowedNoFurtherAfterTheFirstFailure) {
-    names_.fake->enumerate = [this](IWbemServices& services, const BSTR name,
-                                    IWbemObjectSink* sink) {
-        enumerated_.push_back(name);
-        if (std::wstring_view(name) != L"T_Link") {
-            return Hr(WBEM_E_OUT_OF_MEMORY);
-        }
-        // Two neighbours of one port, of different classes.
-        DeliverLink(services, name, L"T_Disk.Key=\"a\"", L"T_Port.Key=\"b\"", sink);
-        return DeliverLink(services, name, L"T_Port.Key=\"c\"", L"T_Port.Key=\"b\"", sink);
-    };
+TEST_F(ProviderSourceTest, AssociationsAreFollowedNoFurtherAfterTheFirstFailure) {
+    // Two neighbours of one port, of different classes.
+    links_ = {{L"T_Disk.Key=\"a\"", L"T_Port.Key=\"b\""},
+              {L"T_Port.Key=\"c\"", L"T_Port.Key=\"b\""}};
+    failing_ = L"T_Disk";
     EXPECT_EQ(names_.names->Query("ASSOCIATORS OF {T_Port.Key='b'}").status,
               windows::ToStatus(Hr(WBEM_E_OUT_OF_MEMORY)));
     EXPECT_THAT(enumerated_, ElementsAre(L"T_Link", L"T_Disk"));
 }
 
+void QueryDisksForPorts(IWbemServices& services, std::wstring_view name) {
+    if (name == L"T_Port") {
+        ComPtr<IEnumWbemClassObject> disks;
+        EXPECT_EQ(services.ExecQuery(Bstr(L"WQL").Get(), Bstr(L"SELECT * FROM T_Disk").Get(), 0,
+                                     nullptr, &disks),
+                  S_OK);
+    }
+}
+
 TEST(ProviderSource, LetsTheProviderAskItOnEightThreadsAtOnce) {
     const TestNamespace names;
     // Each request for ports first queries the namespace for the disks.
-    names.fake->enumerate = [&names](IWbemServices& services, const BSTR name,
-                                     IWbemObjectSink* sink) {
-        if (std::wstring_view(name) == L"T_Port") {
-            ComPtr<IEnumWbemClassObject> disks;
-            EXPECT_EQ(services.ExecQuery(Bstr(L"WQL").Get(), Bstr(L"SELECT * FROM T_Disk").Get(), 0,
-                                         nullptr, &disks),
-                      S_OK);
-        }
+    names.fake->enumerate = [](IWbemServices& services, const BSTR name, IWbemObjectSink* sink) {
+        QueryDisksForPorts(services, name);
         EXPECT_EQ(CoImpersonateClient(), S_OK);
         EXPECT_EQ(CoRevertToSelf(), S_OK);
         return sink->SetStatus(WBEM_STATUS_COMPLETE, S_OK, nullptr, nullptr);

@@ -53,19 +53,24 @@ TEST(MofReader, KeepsArraysInQualifiers) {
               CimValue(std::vector<std::int64_t>{1, -2}));
 }
 
+std::vector<CimType> TypesOf(const ClassDefinition& definition) {
+    std::vector<CimType> types;
+    for (const PropertyDefinition& property : definition.properties) {
+        types.push_back(property.type);
+    }
+    return types;
+}
+
 TEST(MofReader, KnowsEveryTypeWithoutRegardToCase) {
     const ClassRepository repository = Read(
         "class A { sint8 a; UINT8 b; sint16 c; uint16 d; sint32 e; uint32 f; sint64 g; uint64 h;"
         " real32 i; real64 j; String k; boolean l; datetime m; char16 n; A ref o; object p; };");
-    std::vector<CimType> types;
-    for (const PropertyDefinition& property : repository.Find("A")->properties) {
-        types.push_back(property.type);
-    }
-    EXPECT_THAT(types, ElementsAre(CimType::sint8, CimType::uint8, CimType::sint16, CimType::uint16,
-                                   CimType::sint32, CimType::uint32, CimType::sint64,
-                                   CimType::uint64, CimType::real32, CimType::real64,
-                                   CimType::string, CimType::boolean, CimType::datetime,
-                                   CimType::char16, CimType::reference, CimType::object));
+    EXPECT_THAT(
+        TypesOf(*repository.Find("A")),
+        ElementsAre(CimType::sint8, CimType::uint8, CimType::sint16, CimType::uint16,
+                    CimType::sint32, CimType::uint32, CimType::sint64, CimType::uint64,
+                    CimType::real32, CimType::real64, CimType::string, CimType::boolean,
+                    CimType::datetime, CimType::char16, CimType::reference, CimType::object));
 }
 
 TEST(MofReader, MarksArraysKeysAndReferences) {

@@ -17,40 +17,63 @@ std::vector<PropertyDefinition> References(const std::string& className) {
     return properties;
 }
 
-TEST(ShippedAssociations, ReferToTheEndpointsOfTheirRoles) {
-    for (const ExpectedAssociation& row : ExpectedAssociations()) {
-        const auto references = References(row.name);
-        ASSERT_EQ(references.size(), row.ends.size()) << row.name;
-        for (std::size_t at = 0; at < references.size(); ++at) {
-            EXPECT_EQ(references[at].name, row.ends[at].role) << row.name;
-            EXPECT_EQ(references[at].referenceClass, row.ends[at].className) << row.name;
-            EXPECT_TRUE(references[at].isKey) << row.name;
+/// Returns a class's references as "Role: Class (key)".
+std::vector<std::string> ReferenceTexts(const std::string& className) {
+    std::vector<std::string> texts;
+    for (const PropertyDefinition& reference : References(className)) {
+        texts.push_back(reference.name + ": " + reference.referenceClass +
+                        (reference.isKey ? " (key)" : ""));
+    }
+    return texts;
+}
+
+std::vector<std::string> ReferenceTexts(const ExpectedAssociation& expected) {
+    std::vector<std::string> texts;
+    for (const ExpectedEnd& end : expected.ends) {
+        texts.push_back(end.role + ": " + end.className + " (key)");
+    }
+    return texts;
+}
+
+class ShippedAssociationsTest : public testing::TestWithParam<ExpectedAssociation> {};
+
+TEST_P(ShippedAssociationsTest, ReferToTheEndpointsOfTheirRoles) {
+    EXPECT_EQ(ReferenceTexts(GetParam().name), ReferenceTexts(GetParam()));
+}
+
+TEST_P(ShippedAssociationsTest, DeriveFromTheCimAssociationOfTheirKind) {
+    EXPECT_EQ(ShippedRepository().Find(GetParam().name)->superclass, GetParam().superclass);
+}
+
+TEST_P(ShippedAssociationsTest, ShowInstancesAndSubclassesThatTheyAreAssociations) {
+    const Qualifier* const association =
+        FindQualifier(ShippedRepository().Find(GetParam().name)->qualifiers, "Association");
+    ASSERT_NE(association, nullptr);
+    EXPECT_TRUE(association->toInstance);
+    EXPECT_TRUE(association->toSubclass);
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryAssociation, ShippedAssociationsTest,
+                         testing::ValuesIn(ExpectedAssociations()),
+                         [](const auto& association) { return association.param.name; });
+
+/// Returns the names of the shipped classes that meet a condition on their names.
+template <typename Condition>
+std::vector<std::string> ClassesOf(Condition holds) {
+    std::vector<std::string> names;
+    for (const ClassDefinition& definition : ShippedRepository().Classes()) {
+        if (holds(definition.name)) {
+            names.push_back(definition.name);
         }
     }
-}
-
-TEST(ShippedAssociations, DeriveFromTheCimAssociationOfTheirKind) {
-    for (const ExpectedAssociation& row : ExpectedAssociations()) {
-        EXPECT_EQ(ShippedRepository().Find(row.name)->superclass, row.superclass) << row.name;
-    }
-}
-
-TEST(ShippedAssociations, ShowInstancesAndSubclassesThatTheyAreAssociations) {
-    for (const ExpectedAssociation& row : ExpectedAssociations()) {
-        const Qualifier* const association =
-            FindQualifier(ShippedRepository().Find(row.name)->qualifiers, "Association");
-        ASSERT_NE(association, nullptr) << row.name;
-        EXPECT_TRUE(association->toInstance) << row.name;
-        EXPECT_TRUE(association->toSubclass) << row.name;
-    }
+    return names;
 }
 
 TEST(ShippedAssociations, AreTheOnlyClassesWithReferences) {
-    for (const ClassDefinition& definition : ShippedRepository().Classes()) {
-        EXPECT_EQ(!References(definition.name).empty(),
-                  ShippedRepository().ClassQualifier(definition.name, "Association") != nullptr)
-            << definition.name;
-    }
+    EXPECT_EQ(ClassesOf([](const std::string& name) { return !References(name).empty(); }),
+              ClassesOf([](const std::string& name) {
+                  return ShippedRepository().ClassQualifier(name, "Association") != nullptr;
+              }));
 }
 
 }  // namespace

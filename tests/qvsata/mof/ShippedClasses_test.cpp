@@ -11,7 +11,10 @@ namespace qv::test {
 namespace {
 
 using namespace service;
+using testing::IsEmpty;
 using testing::UnorderedElementsAreArray;
+
+using Names = std::vector<std::string>;
 
 const std::string indication = "QV_SATADeviceIndication";
 
@@ -19,8 +22,28 @@ bool IsOurs(const ClassDefinition& definition) {
     return definition.name.starts_with("QV_");
 }
 
-std::vector<std::string> KeyNames(const std::string& className) {
-    std::vector<std::string> names;
+bool IsDynamic(const ClassDefinition& definition) {
+    return HasQualifier(definition.qualifiers, "dynamic");
+}
+
+bool IsAbstract(const ClassDefinition& definition) {
+    return HasQualifier(definition.qualifiers, "Abstract");
+}
+
+/// Returns the names of the shipped classes that meet a condition.
+template <typename Condition>
+Names ClassesThat(Condition holds) {
+    Names names;
+    for (const ClassDefinition& definition : ShippedRepository().Classes()) {
+        if (holds(definition)) {
+            names.push_back(definition.name);
+        }
+    }
+    return names;
+}
+
+Names KeyNames(const std::string& className) {
+    Names names;
     for (const PropertyDefinition& key : ShippedRepository().Keys(className)) {
         names.push_back(key.name);
     }
@@ -37,33 +60,36 @@ std::string TypeOf(const std::string& className, const std::string& property) {
     return {};
 }
 
-TEST(ShippedClasses, DefineEveryPublishedClassAsDynamic) {
-    for (const std::string& name : ExpectedClassNames()) {
-        const ClassDefinition* const definition = ShippedRepository().Find(name);
-        ASSERT_NE(definition, nullptr) << name;
-        EXPECT_EQ(definition->name, name);
-        const Qualifier* const dynamic = FindQualifier(definition->qualifiers, "dynamic");
-        ASSERT_NE(dynamic, nullptr) << name;
-        EXPECT_TRUE(dynamic->toInstance) << name;
-        const Qualifier* const provider = FindQualifier(definition->qualifiers, "provider");
-        ASSERT_NE(provider, nullptr) << name;
-        EXPECT_EQ(provider->value, CimValue("QVWMISATA_InstProv")) << name;
-        EXPECT_TRUE(provider->toInstance) << name;
-    }
+class ShippedClassesTest : public testing::TestWithParam<std::string> {};
+
+TEST_P(ShippedClassesTest, DefineAPublishedClassAsDynamic) {
+    const ClassDefinition* const definition = ShippedRepository().Find(GetParam());
+    ASSERT_NE(definition, nullptr);
+    EXPECT_EQ(definition->name, GetParam());
+    const Qualifier* const dynamic = FindQualifier(definition->qualifiers, "dynamic");
+    ASSERT_NE(dynamic, nullptr);
+    EXPECT_TRUE(dynamic->toInstance);
+    const Qualifier* const provider = FindQualifier(definition->qualifiers, "provider");
+    ASSERT_NE(provider, nullptr);
+    EXPECT_EQ(provider->value, CimValue("QVWMISATA_InstProv"));
+    EXPECT_TRUE(provider->toInstance);
 }
+
+TEST_P(ShippedClassesTest, GiveAPublishedClassAnAbstractParent) {
+    const ClassDefinition* const definition = ShippedRepository().Find(GetParam());
+    ASSERT_NE(definition, nullptr);
+    EXPECT_TRUE(IsAbstract(*ShippedRepository().Find(definition->superclass)));
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryClass, ShippedClassesTest, testing::ValuesIn(ExpectedClassNames()),
+                         [](const auto& name) { return name.param; });
 
 TEST(ShippedClasses, AreDynamicOnlyWhenTheyArePublished) {
-    std::vector<std::string> dynamic;
-    for (const ClassDefinition& definition : ShippedRepository().Classes()) {
-        if (HasQualifier(definition.qualifiers, "dynamic")) {
-            dynamic.push_back(definition.name);
-        }
-    }
-    EXPECT_THAT(dynamic, UnorderedElementsAreArray(ExpectedClassNames()));
+    EXPECT_THAT(ClassesThat(IsDynamic), UnorderedElementsAreArray(ExpectedClassNames()));
 }
 
-std::vector<std::string> PublishedAssociations() {
-    std::vector<std::string> names = ExpectedClassNames();
+Names PublishedAssociations() {
+    Names names = ExpectedClassNames();
     std::erase_if(names, [](const std::string& name) {
         return ShippedRepository().ClassQualifier(name, "Association") == nullptr;
     });
@@ -74,75 +100,126 @@ TEST(ShippedClasses, AreAssociationsExactlyBehindTheInstanceClasses) {
     EXPECT_EQ(PublishedAssociations(), ExpectedAssociationNames());
 }
 
-TEST(ShippedClasses, HaveTheSuperclassesOfTheCatalogue) {
+/// Texts by the class or the property that they describe.
+using Texts = std::map<std::string, std::string>;
+
+Texts ExpectedSuperclasses() {
+    Texts superclasses;
     for (const ExpectedNode& node : ExpectedHierarchy()) {
-        const ClassDefinition* const definition = ShippedRepository().Find(node.name);
-        ASSERT_NE(definition, nullptr) << node.name;
-        EXPECT_EQ(definition->superclass, node.superclass) << node.name;
+        superclasses[node.name] = node.superclass;
     }
+    return superclasses;
+}
+
+/// Returns the declared superclasses of the classes in `expected`.
+Texts DeclaredSuperclasses(const Texts& expected) {
+    Texts declared;
+    for (const auto& [name, superclass] : expected) {
+        const ClassDefinition* const definition = ShippedRepository().Find(name);
+        declared[name] = definition == nullptr ? "not defined" : definition->superclass;
+    }
+    return declared;
+}
+
+TEST(ShippedClasses, HaveTheSuperclassesOfTheCatalogue) {
+    EXPECT_EQ(DeclaredSuperclasses(ExpectedSuperclasses()), ExpectedSuperclasses());
+}
+
+std::set<std::string> AncestorsOfOurs() {
+    std::set<std::string> used;
+    for (const std::string& name : ClassesThat(IsOurs)) {
+        const auto ancestors = ShippedRepository().Derivation(name);
+        used.insert(ancestors.begin(), ancestors.end());
+    }
+    return used;
 }
 
 TEST(ShippedClasses, HoldNoSuperclassThatNothingOfOursDerivesFrom) {
-    std::set<std::string> used;
-    for (const ClassDefinition& definition : ShippedRepository().Classes()) {
-        if (IsOurs(definition)) {
-            const auto ancestors = ShippedRepository().Derivation(definition.name);
-            used.insert(ancestors.begin(), ancestors.end());
+    EXPECT_THAT(ClassesThat([used = AncestorsOfOurs()](const ClassDefinition& definition) {
+                    return !IsOurs(definition) && !used.contains(definition.name);
+                }),
+                IsEmpty());
+}
+
+/// Returns the properties of all our classes that lack a description, "Class.Property".
+Names UndescribedProperties() {
+    Names names;
+    for (const std::string& name : ClassesThat(IsOurs)) {
+        for (const PropertyDefinition& property : ShippedRepository().Find(name)->properties) {
+            if (!HasQualifier(property.qualifiers, "Description")) {
+                names.push_back(name + '.' + property.name);
+            }
         }
     }
-    for (const ClassDefinition& definition : ShippedRepository().Classes()) {
-        if (!IsOurs(definition)) {
-            EXPECT_TRUE(used.contains(definition.name)) << definition.name;
-        }
-    }
+    return names;
 }
 
 TEST(ShippedClasses, AreDescribedWhereTheyAreOurs) {
-    for (const ClassDefinition& definition : ShippedRepository().Classes()) {
-        if (!IsOurs(definition)) {
-            continue;
-        }
-        EXPECT_TRUE(HasQualifier(definition.qualifiers, "Description")) << definition.name;
-        for (const PropertyDefinition& property : definition.properties) {
-            EXPECT_TRUE(HasQualifier(property.qualifiers, "Description"))
-                << definition.name << '.' << property.name;
-        }
-    }
-}
-
-bool IsAbstract(const ClassDefinition& definition) {
-    return HasQualifier(definition.qualifiers, "Abstract");
+    EXPECT_THAT(ClassesThat([](const ClassDefinition& definition) {
+                    return IsOurs(definition) &&
+                           !HasQualifier(definition.qualifiers, "Description");
+                }),
+                IsEmpty());
+    EXPECT_THAT(UndescribedProperties(), IsEmpty());
 }
 
 TEST(ShippedClasses, AreAbstractUnlessTheyHaveInstancesOrAreIndications) {
-    for (const ClassDefinition& definition : ShippedRepository().Classes()) {
-        const bool mayBeConcrete = HasQualifier(definition.qualifiers, "dynamic") ||
-                                   ShippedRepository().IsA(definition.name, "__Event");
-        EXPECT_EQ(IsAbstract(definition), !mayBeConcrete) << definition.name;
-    }
+    EXPECT_EQ(ClassesThat(IsAbstract), ClassesThat([](const ClassDefinition& definition) {
+                  return !IsDynamic(definition) &&
+                         !ShippedRepository().IsA(definition.name, "__Event");
+              }));
 }
 
 TEST(ShippedClasses, AreConcreteBelowTheEventClass) {
-    for (const char* const name : {"CIM_Indication", "CIM_ProcessIndication", "CIM_AlertIndication",
-                                   "QV_SATADeviceIndication"}) {
-        EXPECT_TRUE(ShippedRepository().IsA(name, "__ExtrinsicEvent")) << name;
-        EXPECT_FALSE(IsAbstract(*ShippedRepository().Find(name))) << name;
-    }
+    EXPECT_THAT(ClassesThat([](const ClassDefinition& definition) {
+                    return !IsAbstract(definition) &&
+                           ShippedRepository().IsA(definition.name, "__ExtrinsicEvent");
+                }),
+                testing::IsSupersetOf({"CIM_Indication", "CIM_ProcessIndication",
+                                       "CIM_AlertIndication", "QV_SATADeviceIndication"}));
 }
 
-TEST(ShippedClasses, HaveAbstractParentsWhereAProviderMakesTheirInstances) {
-    for (const std::string& name : ExpectedClassNames()) {
-        const std::string& parent = ShippedRepository().Find(name)->superclass;
-        EXPECT_TRUE(IsAbstract(*ShippedRepository().Find(parent))) << name;
+/// The sorted names of each class's keys.
+using KeysByClass = std::map<std::string, std::set<std::string>>;
+
+KeysByClass PublishedKeys() {
+    KeysByClass keys;
+    for (const ExpectedInstanceClass& expected : ExpectedInstanceClasses()) {
+        for (const ExpectedProperty& property : expected.tables.front().properties) {
+            if (property.put.key) {
+                keys[expected.name].insert(property.put.name);
+            }
+        }
     }
+    for (const ExpectedAssociation& expected : ExpectedAssociations()) {
+        for (const ExpectedEnd& end : expected.ends) {
+            keys[expected.name].insert(end.role);
+        }
+    }
+    return keys;
 }
 
-/// Each key or property of a class, "Class.Property", and its type.
-using Types = std::map<std::string, std::string>;
+KeysByClass DeclaredKeys() {
+    KeysByClass keys;
+    for (const std::string& className : ExpectedClassNames()) {
+        const Names names = KeyNames(className);
+        keys[className].insert(names.begin(), names.end());
+    }
+    return keys;
+}
 
-/// Returns the declared types of the properties in `expected`.
-Types DeclaredTypes(const Types& expected) {
-    Types declared;
+TEST(ShippedClasses, HaveTheKeysThatArePublished) {
+    EXPECT_EQ(DeclaredKeys(), PublishedKeys());
+}
+
+TEST(ShippedClasses, HaveAnIndicationWithoutKeys) {
+    ASSERT_NE(ShippedRepository().Find(indication), nullptr);
+    EXPECT_THAT(KeyNames(indication), IsEmpty());
+}
+
+/// Returns the declared types of the properties in `expected`, "Class.Property".
+Texts DeclaredTypes(const Texts& expected) {
+    Texts declared;
     for (const auto& [path, type] : expected) {
         const std::size_t point = path.find('.');
         declared[path] = TypeOf(path.substr(0, point), path.substr(point + 1));
@@ -150,65 +227,37 @@ Types DeclaredTypes(const Types& expected) {
     return declared;
 }
 
-using Names = std::vector<std::string>;
-
-Names KeysOf(const ExpectedInstanceClass& expected) {
-    Names keys;
-    for (const ExpectedProperty& property : expected.tables.front().properties) {
-        if (property.put.key) {
-            keys.push_back(property.put.name);
-        }
-    }
-    return keys;
-}
-
-Names KeysOf(const ExpectedAssociation& expected) {
-    Names keys;
-    for (const ExpectedEnd& end : expected.ends) {
-        keys.push_back(end.role);
-    }
-    return keys;
-}
-
-TEST(ShippedClasses, HaveTheKeysThatArePublished) {
-    for (const ExpectedInstanceClass& expected : ExpectedInstanceClasses()) {
-        EXPECT_THAT(KeyNames(expected.name), UnorderedElementsAreArray(KeysOf(expected)))
-            << expected.name;
-    }
-    for (const ExpectedAssociation& expected : ExpectedAssociations()) {
-        EXPECT_THAT(KeyNames(expected.name), UnorderedElementsAreArray(KeysOf(expected)))
-            << expected.name;
-    }
-}
-
-TEST(ShippedClasses, HaveAnIndicationWithoutKeys) {
-    ASSERT_NE(ShippedRepository().Find(indication), nullptr);
-    EXPECT_THAT(KeyNames(indication), testing::IsEmpty());
-}
-
-TEST(ShippedClasses, HaveEveryPropertyThatIsPublished) {
-    Types expected;
+Texts PublishedTypes() {
+    Texts types;
     for (const ExpectedInstanceClass& one : ExpectedInstanceClasses()) {
         for (const ExpectedTable& table : one.tables) {
             for (const ExpectedProperty& property : table.properties) {
-                expected[one.name + '.' + property.put.name] = property.mofType;
+                types[one.name + '.' + property.put.name] = property.mofType;
             }
         }
     }
     for (const ExpectedAssociation& one : ExpectedAssociations()) {
         if (one.added) {
-            expected[one.name + '.' + one.added->put.name] = one.added->mofType;
+            types[one.name + '.' + one.added->put.name] = one.added->mofType;
         }
     }
-    EXPECT_EQ(DeclaredTypes(expected), expected);
+    return types;
+}
+
+TEST(ShippedClasses, HaveEveryPropertyThatIsPublished) {
+    EXPECT_EQ(DeclaredTypes(PublishedTypes()), PublishedTypes());
+}
+
+Texts IndicatedTypes() {
+    Texts types;
+    for (const ExpectedEventProperty& property : ExpectedEventProperties()) {
+        types[indication + '.' + property.name] = property.mofType;
+    }
+    return types;
 }
 
 TEST(ShippedClasses, HaveEveryPropertyOfTheIndication) {
-    Types expected;
-    for (const ExpectedEventProperty& property : ExpectedEventProperties()) {
-        expected[indication + '.' + property.name] = property.mofType;
-    }
-    EXPECT_EQ(DeclaredTypes(expected), expected);
+    EXPECT_EQ(DeclaredTypes(IndicatedTypes()), IndicatedTypes());
 }
 
 TEST(ShippedClasses, HaveAnIndicationThatIsAnEvent) {

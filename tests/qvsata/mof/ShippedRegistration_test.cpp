@@ -10,7 +10,10 @@ namespace qv::test {
 namespace {
 
 using namespace service;
+using testing::Each;
 using testing::IsEmpty;
+using testing::IsNull;
+using testing::ResultOf;
 
 /// Returns the instance with that relative path; empty if it is missing.
 InstanceDefinition Registered(const std::string& relativePath) {
@@ -62,13 +65,13 @@ TEST(ShippedRegistration, HostsTheEventProviderWhereItsSourceAnswers) {
     ExpectValue(provider, "Pure", true);
 }
 
+CimValue ProviderOf(const std::string& className) {
+    return ShippedRepository().ClassQualifier(className, "provider")->value;
+}
+
 TEST(ShippedRegistration, NamesTheProviderOfTheDynamicClasses) {
     const auto provider = Registered("__Win32Provider.Name=\"QVWMISATA_InstProv\"");
-    for (const std::string& name : ExpectedClassNames()) {
-        EXPECT_EQ(ShippedRepository().ClassQualifier(name, "provider")->value,
-                  *provider.Find("Name"))
-            << name;
-    }
+    EXPECT_THAT(ExpectedClassNames(), Each(ResultOf(ProviderOf, *provider.Find("Name"))));
 }
 
 TEST(ShippedRegistration, OffersGetAndEnumerationOnly) {
@@ -94,9 +97,8 @@ TEST(ShippedRegistration, RemovalLeavesOnlyWhatOthersMayStandOn) {
     ReadMofFiles(files, namespaces);
     const ClassRepository& left = *namespaces.Find("root\\QVQ");
     EXPECT_THAT(left.Instances(), IsEmpty());
-    for (const std::string& name : ExpectedClassNames()) {
-        EXPECT_EQ(left.Find(name), nullptr) << name;
-    }
+    EXPECT_THAT(ExpectedClassNames(),
+                Each(ResultOf([&left](const auto& name) { return left.Find(name); }, IsNull())));
     EXPECT_EQ(left.Find("QV_SATADeviceIndication"), nullptr);
     EXPECT_NE(left.Find("QV_ComputerSystem"), nullptr);
     EXPECT_NE(left.Find("QV_SoftwareIdentity"), nullptr);

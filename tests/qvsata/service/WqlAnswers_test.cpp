@@ -40,7 +40,7 @@ std::string MessageOf(std::string_view wql) {
     return Asked(wql).message;
 }
 
-TEST(WqlAnswer, NamesAnUnknownPropertyAndItsPlace) {
+TEST(WqlAnswers, NamesAnUnknownPropertyAndItsPlace) {
     EXPECT_EQ(MessageOf("SELECT Name, Colour FROM Part"),
               "query: column 14: unknown property 'Colour' of class 'Part'");
     EXPECT_EQ(MessageOf("SELECT * FROM Part WHERE Name = 'x' OR Colour = 1"),
@@ -52,7 +52,7 @@ TEST(WqlAnswer, NamesAnUnknownPropertyAndItsPlace) {
     EXPECT_EQ(Asked("SELECT Colour FROM Part").status, status::invalidQuery);
 }
 
-TEST(WqlAnswer, NamesAPropertyThatAConstantDoesNotFit) {
+TEST(WqlAnswers, NamesAPropertyThatAConstantDoesNotFit) {
     const std::string select = "SELECT * FROM Part WHERE ";
     EXPECT_EQ(MessageOf(select + "Weight = 'x'"),
               "query: column 26: 'Weight' (uint32): expected a number");
@@ -64,12 +64,12 @@ TEST(WqlAnswer, NamesAPropertyThatAConstantDoesNotFit) {
               "query: column 26: 'Weight' (uint32): only = and <> apply to NULL");
 }
 
-TEST(WqlAnswer, RefusesAQueryOfAClassWithoutInstancesToo) {
+TEST(WqlAnswers, RefusesAQueryOfAClassWithoutInstancesToo) {
     EXPECT_EQ(MessageOf("SELECT * FROM Joins WHERE Colour = 1"),
               "query: column 27: unknown property 'Colour' of class 'Joins'");
 }
 
-TEST(WqlAnswer, NamesAnUnknownClass) {
+TEST(WqlAnswers, NamesAnUnknownClass) {
     EXPECT_EQ(MessageOf("SELECT * FROM Nowhere"), "unknown class 'Nowhere'");
     EXPECT_EQ(MessageOf("SELECT * FROM meta_class WHERE __THIS ISA 'Nowhere'"),
               "query: column 44: unknown class 'Nowhere'");
@@ -84,7 +84,7 @@ TEST(WqlAnswer, NamesAnUnknownClass) {
               status::invalidClass);
 }
 
-TEST(WqlAnswer, NamesAnUnknownRole) {
+TEST(WqlAnswers, NamesAnUnknownRole) {
     EXPECT_EQ(MessageOf("ASSOCIATORS OF {Frame='f'} WHERE Role=Top"), "unknown role 'Top'");
     EXPECT_EQ(MessageOf("ASSOCIATORS OF {Frame='f'} WHERE ResultRole=Torque"),
               "unknown role 'Torque'");
@@ -94,7 +94,7 @@ TEST(WqlAnswer, NamesAnUnknownRole) {
     EXPECT_EQ(Asked("REFERENCES OF {Frame='f'} WHERE Role=Top").status, status::invalidQuery);
 }
 
-TEST(WqlAnswer, NamesTheForeignNamespaceOfAPath) {
+TEST(WqlAnswers, NamesTheForeignNamespaceOfAPath) {
     const std::string reason = R"(the path is of the namespace 'root\cimv2', not of root\test)";
     EXPECT_EQ(MessageOf(R"(ASSOCIATORS OF {root\cimv2:Frame='f'})"), reason);
     EXPECT_EQ(MessageOf(R"(REFERENCES OF {\\SRV\root\cimv2:Frame='f'})"), reason);
@@ -104,7 +104,7 @@ TEST(WqlAnswer, NamesTheForeignNamespaceOfAPath) {
     EXPECT_THAT(Answered(R"(REFERENCES OF {\\SRV\ROOT\Test:Wheel='w'})"), testing::SizeIs(1));
 }
 
-TEST(WqlAnswer, ShowsTheSystemPropertiesThatAQuerySelects) {
+TEST(WqlAnswers, ShowsTheSystemPropertiesThatAQuerySelects) {
     const Answer answer = Asked("SELECT __PATH, Spokes, __class FROM Wheel");
     ASSERT_EQ(answer.objects.size(), 1U);
     EXPECT_THAT(answer.objects[0]->ShownNames(), ElementsAre("__CLASS", "__PATH", "Spokes"));
@@ -113,7 +113,7 @@ TEST(WqlAnswer, ShowsTheSystemPropertiesThatAQuerySelects) {
                 ElementsAre("Name", "Weight", "Codes", "Spokes"));
 }
 
-TEST(WqlAnswer, SelectsClassDefinitionsWhole) {
+TEST(WqlAnswers, SelectsClassDefinitionsWhole) {
     EXPECT_THAT(Answered("SELECT * FROM meta_class WHERE __THIS ISA 'Part'"),
                 UnorderedElementsAre("Part", "Wheel", "Frame"));
     EXPECT_THAT(Answered("SELECT * FROM meta_class WHERE __SUPERCLASS = 'part'"),
@@ -126,7 +126,7 @@ TEST(WqlAnswer, SelectsClassDefinitionsWhole) {
               "query: column 32: unknown property 'Name' of class 'meta_class'");
 }
 
-TEST(WqlAnswer, HasOnlyTheKeysWithKeysOnly) {
+TEST(WqlAnswers, HasOnlyTheKeysWithKeysOnly) {
     const Answer parts = Asked("ASSOCIATORS OF {Frame='f'} WHERE KeysOnly ResultClass=Part");
     ASSERT_EQ(parts.objects.size(), 1U);
     EXPECT_THAT(parts.objects[0]->Names(), ElementsAre("Name"));
@@ -136,7 +136,7 @@ TEST(WqlAnswer, HasOnlyTheKeysWithKeysOnly) {
     EXPECT_THAT(links.objects[0]->Names(), ElementsAre("Whole", "Piece"));
 }
 
-TEST(WqlAnswer, KeepsTheClassesThatHaveARequiredQualifier) {
+TEST(WqlAnswers, KeepsTheClassesThatHaveARequiredQualifier) {
     const std::string associators = "ASSOCIATORS OF {Frame='f'} WHERE ";
     EXPECT_THAT(Answered(associators + "RequiredQualifier=Tagged"),
                 ElementsAre(R"(Wheel.Name="w")"));
@@ -148,7 +148,7 @@ TEST(WqlAnswer, KeepsTheClassesThatHaveARequiredQualifier) {
                 testing::SizeIs(1));
 }
 
-TEST(WqlAnswer, FollowsTheDefinitionsWithSchemaOnly) {
+TEST(WqlAnswers, FollowsTheDefinitionsWithSchemaOnly) {
     EXPECT_THAT(Answered("ASSOCIATORS OF {Frame} WHERE SchemaOnly"),
                 UnorderedElementsAre("Part", "Rider"));
     EXPECT_THAT(Answered("ASSOCIATORS OF {Rider} WHERE SchemaOnly"), ElementsAre("Frame"));
@@ -163,7 +163,7 @@ TEST(WqlAnswer, FollowsTheDefinitionsWithSchemaOnly) {
                 ElementsAre("Bolts"));
 }
 
-TEST(WqlAnswer, TellsTheQueriesOfAClassFromThoseOfAnInstance) {
+TEST(WqlAnswers, TellsTheQueriesOfAClassFromThoseOfAnInstance) {
     EXPECT_EQ(MessageOf("ASSOCIATORS OF {Frame='f'} WHERE SchemaOnly"),
               "SchemaOnly needs the path of a class");
     EXPECT_EQ(MessageOf("REFERENCES OF {Frame}"),

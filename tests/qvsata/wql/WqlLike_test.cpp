@@ -4,6 +4,8 @@
 
 #include <string>
 
+#include "tests/qvsata/wql/RepeatedText.h"
+
 namespace qv::test {
 namespace {
 
@@ -64,11 +66,7 @@ TEST(WqlLike, TakesWildcardsInsideASetForThemselves) {
 }
 
 TEST(WqlLike, EndsInTimeOnManyWildcards) {
-    std::string pattern;
-    for (int i = 0; i < 500; ++i) {
-        pattern += "%a";
-    }
-    EXPECT_FALSE(Like(std::string(5000, 'a') + "b", pattern));
+    EXPECT_FALSE(Like(std::string(5000, 'a') + "b", RepeatedText(500, "%a")));
 }
 
 TEST(WqlLike, KnowsWhetherItsSetsAreClosed) {

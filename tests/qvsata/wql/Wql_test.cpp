@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "qvsata/cim/Snapshot.h"
+#include "tests/qvsata/wql/RepeatedText.h"
 
 namespace qv::test {
 namespace {
@@ -170,21 +171,14 @@ TEST(Wql, RefusesBottomlessNesting) {
     const std::string select = "SELECT * FROM C WHERE ";
     EXPECT_THAT(QueryRefusal(select + std::string(100000, '(')),
                 testing::HasSubstr("the condition is nested too deeply"));
-    std::string negations;
-    for (int i = 0; i < 1000; ++i) {
-        negations += "NOT ";
-    }
-    EXPECT_THAT(QueryRefusal(select + negations + "a = 1"),
+    EXPECT_THAT(QueryRefusal(select + RepeatedText(1000, "NOT ") + "a = 1"),
                 testing::HasSubstr("the condition is nested too deeply"));
 }
 
 TEST(Wql, AcceptsLongConditions) {
-    std::string text = "SELECT * FROM C WHERE a = 1";
-    for (int i = 0; i < 5000; ++i) {
-        text += " AND a = 1 OR a = 1";
-    }
-    EXPECT_TRUE(ParsedQuery<SelectQuery>(text).Accepts(
-        Snapshot({{"a", CimType::sint32, false, std::int64_t{1}}})));
+    EXPECT_TRUE(ParsedQuery<SelectQuery>("SELECT * FROM C WHERE a = 1" +
+                                         RepeatedText(5000, " AND a = 1 OR a = 1"))
+                    .Accepts(Snapshot({{"a", CimType::sint32, false, std::int64_t{1}}})));
 }
 
 }  // namespace
