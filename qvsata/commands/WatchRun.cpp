@@ -13,10 +13,10 @@
 #include "qvsata/output/WaitingLine.h"
 #include "qvsata/system/Console.h"
 #include "qvsata/system/StopRequest.h"
-#include "qvsata/view/EventJson.h"
-#include "qvsata/view/EventLine.h"
 #include "qvsata/view/KeyWarnings.h"
-#include "qvsata/view/WatchedText.h"
+#include "qvsata/view/events/EventJson.h"
+#include "qvsata/view/events/EventLine.h"
+#include "qvsata/view/events/WatchedText.h"
 
 namespace qv::tool {
 namespace {

@@ -3,7 +3,7 @@
 #include <chrono>
 #include <string>
 
-#include "qvsata/view/WaitingText.h"
+#include "qvsata/view/events/WaitingText.h"
 
 namespace qv::tool {
 

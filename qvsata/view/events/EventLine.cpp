@@ -1,4 +1,4 @@
-#include "qvsata/view/EventLine.h"
+#include "qvsata/view/events/EventLine.h"
 
 #include <string>
 #include <vector>

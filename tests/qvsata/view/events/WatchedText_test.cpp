@@ -1,4 +1,4 @@
-#include "qvsata/view/WatchedText.h"
+#include "qvsata/view/events/WatchedText.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "qvsata/view/WaitingText.h"
+#include "qvsata/view/events/WaitingText.h"
 
 namespace qv::view {
 namespace {

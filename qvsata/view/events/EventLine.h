@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <optional>
 
-#include "qvsata/view/DiskEvent.h"
+#include "qvsata/view/events/DiskEvent.h"
 #include "qvsata/view/text/StyledText.h"
 
 namespace qv::view {

@@ -1,4 +1,4 @@
-#include "qvsata/view/EventJson.h"
+#include "qvsata/view/events/EventJson.h"
 
 #include "qvsata/view/JsonValues.h"
 

@@ -1,4 +1,4 @@
-#include "qvsata/view/DiskEvent.h"
+#include "qvsata/view/events/DiskEvent.h"
 
 #include <gtest/gtest.h>
 

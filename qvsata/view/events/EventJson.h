@@ -1,7 +1,7 @@
 #pragma once
 
 #include "nlohmann/json.hpp"
-#include "qvsata/view/DiskEvent.h"
+#include "qvsata/view/events/DiskEvent.h"
 
 namespace qv::view {
 
