@@ -9,6 +9,7 @@
 #include "qvsata/mof/ShippedMof.h"
 #include "qvsata/output/Output.h"
 #include "qvsata/recorded/HostFile.h"
+#include "qvsata/service/StartProvider.h"
 #include "qvsata/system/Console.h"
 #include "qvsata/system/Process.h"
 

@@ -14,6 +14,7 @@
 #include "qvsata/service/JournaledMachine.h"
 #include "qvsata/service/PublishedNamespace.h"
 #include "qvsata/service/RecordedMachine.h"
+#include "qvsata/service/StartProvider.h"
 #include "qvsata/system/Process.h"
 #include "source/Namespaces.h"
 

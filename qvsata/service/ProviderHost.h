@@ -56,13 +56,4 @@ public:
     virtual std::unique_ptr<EventFeed> Subscribe() const = 0;
 };
 
-/// Starts the provider: on Windows the library in an embedded management service, elsewhere the
-/// provider's core, which is part of this program. Throws MofError, std::system_error if the
-/// library cannot be loaded, otherwise RequestError with the status of the failed step.
-std::unique_ptr<ProviderHost> StartProvider(const HostOptions& options);
-
-/// Returns why this program cannot start a provider with these options, as the rest of an error
-/// line ("--live needs ..."); empty if it can.
-std::string WhyNotStarted(const HostOptions& options);
-
 }  // namespace qv::service
