@@ -46,10 +46,9 @@ public:
     /// has no keys or a key has no value.
     std::optional<std::string> RelativePath() const;
 
-    /// Returns the path with the keys in the order in which they were put, as a provider that
-    /// compares paths as text needs it. Backslashes of texts are not escaped, those of references
-    /// are.
-    std::string PathAsPut() const;
+    /// Returns nothing if nothing was put. Backslashes of texts are not escaped, those of
+    /// references are.
+    std::optional<std::string> PathAsPut() const override;
 
     std::optional<ObjectProperty> Find(std::string_view name) const override;
     std::vector<std::string> Names() const override;
