@@ -51,6 +51,7 @@ std::unique_ptr<service::ProviderHost> StartSession(const Options& options) {
         host.mofFiles.push_back(mofFolder / file);
     }
     host.library = FromUtf8(options.library);
+    host.programFolder = here;
     host.registered = options.registered;
     if (const std::string reason = service::WhyNotStarted(host); !reason.empty()) {
         throw CommandError(reason);

@@ -21,8 +21,9 @@ struct HostOptions {
     std::vector<std::shared_ptr<const RecordedHost>> laterRecordings;
     /// The MOF files of the provider's namespace, in reading order.
     std::vector<std::filesystem::path> mofFiles;
-    /// The provider's library; empty: QVWMISATA.dll beside the program.
+    /// The provider's library; empty: QVWMISATA.dll in `programFolder`.
     std::filesystem::path library;
+    std::filesystem::path programFolder;
     /// True: the provider is created by its class ID, as registered on this machine, instead of
     /// from `library`.
     bool registered = false;
@@ -51,8 +52,7 @@ public:
     /// Returns the recordings that replace the machine, one at a time; null on the machine itself.
     virtual RecordingSequence* Recordings() const = 0;
 
-    /// Subscribes to the provider's events. A StopRequest of the caller ends waits. Throws
-    /// RequestError.
+    /// Subscribes to the provider's events. Throws RequestError.
     virtual std::unique_ptr<EventFeed> Subscribe() const = 0;
 };
 
