@@ -4,7 +4,7 @@
 #include <optional>
 
 #include "platform/windows/Bstr.h"
-#include "platform/windows/PathParser.h"
+#include "platform/windows/PathTexts.h"
 #include "platform/windows/Text.h"
 #include "platform/windows/WbemStatus.h"
 #include "provider/ClientImpersonation.h"

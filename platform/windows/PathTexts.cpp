@@ -1,4 +1,4 @@
-#include "platform/windows/PathParser.h"
+#include "platform/windows/PathTexts.h"
 
 #include <array>
 
