@@ -81,6 +81,9 @@ std::optional<double> ParseNumber(std::string_view text) {
         return std::nullopt;
     }
     text = text.substr(first, text.find_last_not_of(' ') - first + 1);
+    if (text.starts_with('+') && !text.starts_with("+-")) {
+        text.remove_prefix(1);  // std::from_chars takes a minus only
+    }
     double number = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
     return error == std::errc{} && end == text.data() + text.size() && std::isfinite(number)

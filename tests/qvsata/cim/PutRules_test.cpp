@@ -74,6 +74,8 @@ INSTANTIATE_TEST_SUITE_P(
     Conversions, PutRulesTest,
     testing::Values(Row{{variant::text, " 4 "}, CimType::uint16, one, Number(4)},
                     Row{{variant::text, "-1"}, CimType::uint32, one, Number(4294967295)},
+                    Row{{variant::text, "+4"}, CimType::uint32, one, Number(4)},
+                    Row{{variant::text, "+-4"}, CimType::uint32, one, std::nullopt},
                     Row{{variant::text, "2147483648"}, CimType::uint32, one, std::nullopt},
                     Row{{variant::text, ""}, CimType::uint32, one, std::nullopt},
                     Row{{variant::text, " "}, CimType::uint32, one, std::nullopt},
