@@ -2,6 +2,9 @@
 #include "NativeAPI/NativeAPI.h"
 
 #include <algorithm>
+#include <utility>
+
+#include "source/EmbeddedPaths.h"
 
 namespace qv {
 
@@ -18,6 +21,13 @@ RecordList NativeAPI::BuildInstances(std::string_view className, std::uint32_t m
 
 RecordList NativeAPI::BuildAllInstances(std::string_view className, std::uint32_t mode) const {
     return BuildInstances(className, mode, {});
+}
+
+std::optional<InstanceRecord> NativeAPI::FindInstance(std::string_view className,
+                                                      std::string path) const {
+    ReduceEmbeddedPaths(path);
+    RecordList records = BuildInstances(className, mode::allProperties, path);
+    return records.empty() ? std::nullopt : std::optional(std::move(records.front()));
 }
 
 RecordList NativeAPI::FindRecordByKey(std::string_view className, std::string_view keyName,

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
+#include <string>
 #include <string_view>
 
 #include "NativeAPI/Association.h"
@@ -35,6 +37,11 @@ public:
 
     /// BuildInstances without a path and for all endpoints.
     RecordList BuildAllInstances(std::string_view className, std::uint32_t mode) const;
+
+    /// Returns the full record of the instance that a request by path names: the first whose object
+    /// path equals `path`, ignoring case and the servers and namespaces of references in `path`
+    /// (ReduceEmbeddedPaths); nothing if there is none.
+    std::optional<InstanceRecord> FindInstance(std::string_view className, std::string path) const;
 
     /// Returns the full record of the first instance whose property `keyName` is exactly
     /// `keyValue`; an empty list if there is none or if its object path is not unique.

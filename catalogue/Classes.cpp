@@ -70,8 +70,6 @@ static_assert(std::ranges::all_of(associations,
 
 }  // namespace
 
-constinit const std::size_t instanceClassCount = instanceClasses.size();
-
 std::span<const PublishedClass> PublishedClasses() {
     return publishedClasses;
 }

@@ -61,6 +61,23 @@ constexpr std::array metadataProperties{
     Copy{"OtherEventSubCategory", "OtherEventSubCategory"},
 };
 
+/// A query of the family's classes and what is copied from its first row.
+struct Source {
+    std::string_view query;
+    std::span<const Copy> copies;
+};
+
+/// The copies are from an end of the association that the query lists.
+constexpr std::array identitySources{
+    Source{"select * from QV_ComputerSystemPackage", packageProperties},
+    Source{"select * from QV_SystemROMElementFirmwareIdentity", firmwareProperties},
+};
+
+constexpr std::array locationSources{
+    Source{"SELECT * FROM QV_BladeEnclosureCS", enclosureProperties},
+    Source{"SELECT * FROM QV_BladeCSLocation", bladeProperties},
+};
+
 platform::Rows Query(const platform::QueryPort& queries, std::string_view query) {
     platform::Rows rows;
     queries.RunWqlQuery(providerNamespace, query, rows);
@@ -101,9 +118,10 @@ Status PutCopies(PropertyTarget& indication, const platform::Row& row,
     return Status::noError;
 }
 
-Status PutCopiesOfFirst(PropertyTarget& indication, const platform::Rows& rows,
-                        std::span<const Copy> copies) {
-    return rows.empty() ? Status::noError : PutCopies(indication, *rows.front(), copies);
+Status PutCopiesOfFirst(PropertyTarget& indication, const platform::QueryPort& queries,
+                        const Source& source) {
+    const platform::Rows rows = Query(queries, source.query);
+    return rows.empty() ? Status::noError : PutCopies(indication, *rows.front(), source.copies);
 }
 
 /// Returns an object path without server and namespace. The colon that ends these precedes any key
@@ -132,8 +150,8 @@ std::shared_ptr<const platform::Row> FindReferenced(const platform::QueryPort& q
 /// Puts the copies from one end of the association's first row: the first end that has any of the
 /// properties.
 Status PutCopiesOfEnd(PropertyTarget& indication, const platform::QueryPort& queries,
-                      std::string_view associationQuery, std::span<const Copy> copies) {
-    const platform::Rows links = Query(queries, associationQuery);
+                      const Source& source) {
+    const platform::Rows links = Query(queries, source.query);
     if (links.empty()) {
         return Status::noError;
     }
@@ -143,8 +161,21 @@ Status PutCopiesOfEnd(PropertyTarget& indication, const platform::QueryPort& que
             const platform::PropertyRead read = end->Get(copy.source);
             return !std::holds_alternative<std::monostate>(read.value);
         };
-        if (end != nullptr && std::ranges::any_of(copies, isThere)) {
-            return PutCopies(indication, *end, copies);
+        if (end != nullptr && std::ranges::any_of(source.copies, isThere)) {
+            return PutCopies(indication, *end, source.copies);
+        }
+    }
+    return Status::noError;
+}
+
+/// Puts the copies from each source by `put`, up to the first that the indication refuses.
+template <typename Put>
+Status PutCopiesOfEach(PropertyTarget& indication, const platform::QueryPort& queries,
+                       std::span<const Source> sources, Put put) {
+    for (const Source& source : sources) {
+        const Status result = put(indication, queries, source);
+        if (!Succeeded(result)) {
+            return result;
         }
     }
     return Status::noError;
@@ -165,12 +196,7 @@ bool NamesVersionLibrary(const platform::Row& software) {
 }  // namespace
 
 Status PutSystemIdentity(PropertyTarget& indication, const platform::QueryPort& queries) {
-    const Status package = PutCopiesOfEnd(
-        indication, queries, "select * from QV_ComputerSystemPackage", packageProperties);
-    return Succeeded(package) ? PutCopiesOfEnd(indication, queries,
-                                               "select * from QV_SystemROMElementFirmwareIdentity",
-                                               firmwareProperties)
-                              : package;
+    return PutCopiesOfEach(indication, queries, identitySources, PutCopiesOfEnd);
 }
 
 Status PutProviderVersion(PropertyTarget& indication, const platform::QueryPort& queries) {
@@ -195,12 +221,7 @@ Status PutProviderVersion(PropertyTarget& indication, const platform::QueryPort&
 }
 
 Status PutEnclosureLocation(PropertyTarget& indication, const platform::QueryPort& queries) {
-    const Status enclosure = PutCopiesOfFirst(
-        indication, Query(queries, "SELECT * FROM QV_BladeEnclosureCS"), enclosureProperties);
-    return Succeeded(enclosure)
-               ? PutCopiesOfFirst(indication, Query(queries, "SELECT * FROM QV_BladeCSLocation"),
-                                  bladeProperties)
-               : enclosure;
+    return PutCopiesOfEach(indication, queries, locationSources, PutCopiesOfFirst);
 }
 
 Status PutErrorMetadata(PropertyTarget& indication, const platform::QueryPort& queries,
@@ -211,7 +232,7 @@ Status PutErrorMetadata(PropertyTarget& indication, const platform::QueryPort& q
     // The two blanks before AND are on purpose.
     std::string query = R"(SELECT * FROM QV_ErrorMetadataForAlertIndication WHERE ErrorID1 = ")";
     query.append(providerName).append(R"("  AND ErrorID2 = ")").append(eventId).append("\"");
-    return PutCopiesOfFirst(indication, Query(queries, query), metadataProperties);
+    return PutCopiesOfFirst(indication, queries, {query, metadataProperties});
 }
 
 }  // namespace qv

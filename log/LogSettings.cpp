@@ -22,12 +22,12 @@ constexpr Bounds levels = {1, 5};
 constexpr Bounds sizes = {0x80000, 0x2000000};
 
 /// Sets `value` to the number of that name if it is within the bounds; returns whether it did.
-bool TakeNumber(const RegistryKey& key, const std::wstring& name, Bounds bounds,
-                std::uint32_t& value) {
+template <typename Number>
+bool TakeNumber(const RegistryKey& key, const std::wstring& name, Bounds bounds, Number& value) {
     const std::optional<DWORD> number = key.ReadNumber(name.c_str());
     const bool taken = number && *number >= bounds.lowest && *number <= bounds.highest;
     if (taken) {
-        value = *number;
+        value = static_cast<Number>(*number);
     }
     return taken;
 }
@@ -52,12 +52,10 @@ bool TakeFolder(const RegistryKey& key, std::wstring& folder) {
 /// Reads a more specific value only if the more general one was taken.
 bool TakeLevel(const RegistryKey& key, const std::wstring& module, const std::wstring& component,
                LogLevel& level) {
-    auto number = static_cast<std::uint32_t>(level);
-    const bool taken = TakeNumber(key, L"LogLevel", levels, number);
-    if (taken && TakeNumber(key, L"LogLevel (" + module + L")", levels, number)) {
-        TakeNumber(key, L"LogLevel (" + module + L":" + component + L")", levels, number);
+    const bool taken = TakeNumber(key, L"LogLevel", levels, level);
+    if (taken && TakeNumber(key, L"LogLevel (" + module + L")", levels, level)) {
+        TakeNumber(key, L"LogLevel (" + module + L":" + component + L")", levels, level);
     }
-    level = static_cast<LogLevel>(number);
     return taken;
 }
 

@@ -22,7 +22,11 @@ void ProviderLog::Failure(std::string_view function, std::string_view text) noex
     Write(function, LogLevel::error, text);
 }
 
-LogLevel ProviderLog::Level() noexcept {
+void ProviderLog::Write(LogLevel level, std::string_view text) noexcept {
+    Write(std::string_view(), level, text);
+}
+
+LogLevel ProviderLog::Level() const noexcept {
     std::call_once(initialised_, [this] {
         try {
             log_.LogInit(module_);

@@ -1,14 +1,14 @@
 #include "provider/InstanceProvider.h"
 
 #include <new>
+#include <optional>
 
 #include "platform/windows/Bstr.h"
-#include "platform/windows/PathParser.h"
+#include "platform/windows/PathTexts.h"
 #include "platform/windows/Text.h"
 #include "platform/windows/WbemStatus.h"
 #include "provider/ClientImpersonation.h"
 #include "provider/InstanceTarget.h"
-#include "source/EmbeddedPaths.h"
 #include "source/FillInstance.h"
 #include "source/HostIdentity.h"
 
@@ -132,17 +132,16 @@ HRESULT CQVWMISATA_InstProv::ResolveObjectPath(const BSTR objectPath, IWbemConte
     if (FAILED(status)) {
         return status;
     }
-    std::string wanted = windows::ToNarrow(path.relative, CP_THREAD_ACP);
-    ReduceEmbeddedPaths(wanted);
-    const RecordList records = shared_.api.BuildInstances(
-        windows::ToNarrow(path.className, CP_THREAD_ACP), mode::allProperties, wanted);
-    if (records.empty()) {
+    const std::optional<InstanceRecord> record =
+        shared_.api.FindInstance(windows::ToNarrow(path.className, CP_THREAD_ACP),
+                                 windows::ToNarrow(path.relative, CP_THREAD_ACP));
+    if (!record) {
         return windows::Hr(WBEM_E_NOT_FOUND);
     }
     status = definition->SpawnInstance(0, instance.ReleaseAndGetAddressOf());
     if (SUCCEEDED(status)) {
         InstanceTarget target(*instance.Get(), namespacePrefix_);
-        FillInstance(target, records.front());
+        FillInstance(target, *record);
     }
     return status;
 }

@@ -23,7 +23,7 @@ void LentLog::Write(LogLevel level, std::string_view text) {
         log = log_;
     }
     if (log != nullptr) {
-        log->CommonLogEntry(text, static_cast<std::uint32_t>(level));
+        log->CommonLogEntry(text, level);
     }
 }
 

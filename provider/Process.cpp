@@ -9,7 +9,6 @@
 #include "platform/windows/WindowsHostFacts.h"
 #include "platform/windows/WindowsSystemFacts.h"
 #include "platform/windows/WmiQueryPort.h"
-#include "provider/BuilderLog.h"
 #include "source/LoggedQueryPort.h"
 
 namespace qv::provider {
@@ -33,8 +32,7 @@ struct Process {
 
     LentLog queryLog{guard};
     LoggedQueryPort queries{service, queryLog};
-    BuilderLog builderLog{log};
-    NativeAPI api{PublishedCatalogue(), queries, host, builderLog};
+    NativeAPI api{PublishedCatalogue(), queries, host, log};
 
     LentLog monitorLog{guard};
     LoggedQueryPort monitorQueries{service, monitorLog};

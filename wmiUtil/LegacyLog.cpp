@@ -21,12 +21,14 @@ LegacyLog::LegacyLog(std::string_view prefix)
     if (key.ReadText(L"LOGFILENAME", fileName) == ERROR_SUCCESS && !fileName.empty()) {
         fileName_ = fileName;
     }
-    level_ = key.ReadNumber(L"LEVEL").value_or(defaultLevel);
+    if (const auto level = key.ReadNumber(L"LEVEL")) {
+        level_ = static_cast<LogLevel>(*level);
+    }
     type_ = key.ReadNumber(L"TYPE").value_or(defaultType);
 }
 
-void LegacyLog::CommonLogEntry(std::string_view message, std::uint32_t severity) const noexcept {
-    if (severity < level_) {
+void LegacyLog::CommonLogEntry(std::string_view message, LogLevel severity) const noexcept {
+    if (!TakesLines(level_, severity)) {
         return;
     }
     try {

@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/LogPort.h"
+
 namespace qv {
 
 /// The log file that providers of several libraries share, by default qvwbems.log. Its lines are
@@ -13,16 +15,16 @@ namespace qv {
 /// and TYPE (numbers). A setting that is missing or of the wrong type keeps its default.
 class LegacyLog {
 public:
-    static constexpr std::uint32_t defaultLevel = 3;
+    static constexpr LogLevel defaultLevel = LogLevel::information;
     static constexpr std::uint32_t defaultType = 0;
 
     /// Reads the settings. The file is opened for each line. Must not be called under the loader
     /// lock.
     explicit LegacyLog(std::string_view prefix);
 
-    /// Appends a line if `severity` is not below LEVEL. A line that cannot be written is silently
-    /// lost. Any thread may call it at any time.
-    void CommonLogEntry(std::string_view message, std::uint32_t severity) const noexcept;
+    /// Appends a line if a log of the level LEVEL takes lines of that severity. A line that cannot
+    /// be written is silently lost. Any thread may call it at any time.
+    void CommonLogEntry(std::string_view message, LogLevel severity) const noexcept;
 
     /// Returns the setting TYPE, kept for the library's users; lines do not depend on it.
     std::uint32_t Type() const { return type_; }
@@ -30,7 +32,7 @@ public:
 private:
     std::string prefix_;
     std::wstring fileName_;
-    std::uint32_t level_ = defaultLevel;
+    LogLevel level_ = defaultLevel;
     std::uint32_t type_ = defaultType;
 };
 

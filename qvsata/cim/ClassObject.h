@@ -10,7 +10,7 @@ class ClassObject final : public Object {
 public:
     explicit ClassObject(ResolvedClassPtr definition) : definition_(std::move(definition)) {}
 
-    const ResolvedClassPtr& Definition() const { return definition_; }
+    ResolvedClassPtr Definition() const override { return definition_; }
 
     std::optional<ObjectProperty> Find(std::string_view name) const override;
     std::vector<std::string> Names() const override;

@@ -117,7 +117,10 @@ std::optional<std::string> Instance::RelativePath() const {
     return FormatObjectPath(path, PathForm::relative, KeyOrder::alphabetical);
 }
 
-std::string Instance::PathAsPut() const {
+std::optional<std::string> Instance::PathAsPut() const {
+    if (puts_.empty()) {
+        return std::nullopt;
+    }
     std::string path = type_->name;
     for (char separator = '.'; const PutCall& put : puts_) {
         const std::optional<ObjectProperty> property = Find(put.name);

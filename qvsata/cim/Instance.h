@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <mutex>
 #include <optional>
 #include <span>
@@ -10,14 +9,15 @@
 #include "platform/Status.h"
 #include "qvsata/cim/Object.h"
 #include "qvsata/cim/ResolvedClass.h"
+#include "qvsata/cim/VariantType.h"
 
 namespace qv::service {
 
 /// One Put of a provider on an instance: the value it passed and the result.
 struct PutCall {
-    std::string name;               ///< as the provider spelled it
-    std::uint16_t variantType = 0;  ///< VARENUM of wtypes.h; VT_NULL also for a null pointer
-    CimValue value;                 ///< as passed; a boolean as its number (true may be 1 or -1)
+    std::string name;                         ///< as the provider spelled it
+    VariantType variantType = variant::null;  ///< `null` also for a null pointer
+    CimValue value;                           ///< as passed, see PutValue
     Status result = Status::noError;
 };
 
@@ -37,7 +37,7 @@ public:
     /// Resets a property to its default value; returns false if the class lacks it.
     bool Reset(std::string_view name);
 
-    /// Records a Put of a provider. The caller stores the value with Set.
+    /// Records a Put of a provider. The caller (PutOn) stores the value with Set.
     void Record(PutCall call) { puts_.push_back(std::move(call)); }
     /// Returns the Puts so far in order, including refused ones.
     std::span<const PutCall> Puts() const { return puts_; }
@@ -46,10 +46,9 @@ public:
     /// has no keys or a key has no value.
     std::optional<std::string> RelativePath() const;
 
-    /// Returns the path with the keys in the order in which they were put, as a provider that
-    /// compares paths as text needs it. Backslashes of texts are not escaped, those of references
-    /// are.
-    std::string PathAsPut() const;
+    /// Returns nothing if nothing was put. Backslashes of texts are not escaped, those of
+    /// references are.
+    std::optional<std::string> PathAsPut() const override;
 
     std::optional<ObjectProperty> Find(std::string_view name) const override;
     std::vector<std::string> Names() const override;

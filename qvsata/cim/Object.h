@@ -13,6 +13,8 @@
 
 namespace qv::service {
 
+struct ResolvedClass;
+
 /// A property of an object, as a management client reads it.
 struct ObjectProperty {
     std::string name;
@@ -51,6 +53,14 @@ public:
 
     /// Returns the references that name an object, in the order of the properties.
     virtual std::span<const Reference> References() const = 0;
+
+    /// Returns the class that the object defines; null for an instance and for a definition of
+    /// which only the properties are known.
+    virtual std::shared_ptr<const ResolvedClass> Definition() const { return nullptr; }
+
+    /// Returns the path with the keys in the order in which a provider put them, as a provider that
+    /// compares paths as text needs it; nothing for an object that no provider filled.
+    virtual std::optional<std::string> PathAsPut() const { return std::nullopt; }
 };
 
 using ObjectPtr = std::shared_ptr<const Object>;

@@ -76,4 +76,17 @@ bool IsValueOf(const CimValue& value, CimType type) {
     return true;
 }
 
+CimValue FromVariantContent(CimValue value, CimType type) {
+    if (type != CimType::uint32) {
+        return value;
+    }
+    const auto restoreSign = [](std::int64_t& one) { one = static_cast<std::uint32_t>(one); };
+    if (auto* one = std::get_if<std::int64_t>(&value)) {
+        restoreSign(*one);
+    } else if (auto* several = std::get_if<std::vector<std::int64_t>>(&value)) {
+        std::ranges::for_each(*several, restoreSign);
+    }
+    return value;
+}
+
 }  // namespace qv::service

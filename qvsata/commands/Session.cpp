@@ -13,6 +13,7 @@
 #include "qvsata/mof/ShippedMof.h"
 #include "qvsata/output/Output.h"
 #include "qvsata/recorded/HostFile.h"
+#include "qvsata/service/StartProvider.h"
 #include "qvsata/system/Console.h"
 #include "qvsata/system/Process.h"
 #include "qvsata/view/text/Characters.h"
@@ -62,6 +63,7 @@ std::unique_ptr<service::ProviderHost> StartSession(
         host.mofFiles.push_back(mofFolder / file);
     }
     host.library = FromUtf8(options.library);
+    host.programFolder = here;
     host.registered = options.registered;
     if (const std::string reason = service::WhyNotStarted(host); !reason.empty()) {
         throw CommandError(reason);

@@ -95,7 +95,7 @@ public:
         ReportUnread();
         using News = service::EventFeed::News;
         while (!printer_.IsDone() && !isReplayed_ && !IsOver()) {
-            const News news = feed_->Await(LongestWait());
+            const News news = feed_->Await(LongestWait(), stop_.Token());
             if (news == News::stopRequested) {
                 break;
             }

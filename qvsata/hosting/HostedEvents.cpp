@@ -2,15 +2,18 @@
 
 #include <array>
 
-#include "qvsata/system/windows/StopEvent.h"
+#include "platform/windows/Handle.h"
 
 namespace qv::service {
 
 HostedEvents::HostedEvents(const ManagementHost& host)
     : pauses_(host.ProviderModule()), subscription_(host) {}
 
-EventFeed::News HostedEvents::Await(std::chrono::milliseconds longest) {
-    const std::array<HANDLE, 2> news{tool::StopEvent(), pauses_.CycleOver()};
+EventFeed::News HostedEvents::Await(std::chrono::milliseconds longest,
+                                    const std::stop_token& stop) {
+    const windows::KernelHandle stopped(CreateEventW(nullptr, TRUE, FALSE, nullptr));
+    const std::stop_callback onStop(stop, [&stopped] { SetEvent(stopped.Get()); });
+    const std::array<HANDLE, 2> news{stopped.Get(), pauses_.CycleOver()};
     switch (WaitForMultipleObjects(news.size(), news.data(), FALSE,
                                    static_cast<DWORD>(longest.count()))) {
         case WAIT_OBJECT_0:

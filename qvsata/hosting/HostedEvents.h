@@ -11,7 +11,7 @@ public:
     /// Throws RequestError with the status of the failed step.
     explicit HostedEvents(const ManagementHost& host);
 
-    News Await(std::chrono::milliseconds longest) override;
+    News Await(std::chrono::milliseconds longest, const std::stop_token& stop) override;
     ObjectList Take() override { return subscription_.Take(); }
     std::chrono::milliseconds Pause() const override { return pauses_.Length(); }
     void LetGo() override { pauses_.LetGo(); }

@@ -14,7 +14,7 @@
 #include "qvsata/service/JournaledMachine.h"
 #include "qvsata/service/PublishedNamespace.h"
 #include "qvsata/service/RecordedMachine.h"
-#include "qvsata/system/Process.h"
+#include "qvsata/service/StartProvider.h"
 #include "source/Namespaces.h"
 
 namespace qv::service {
@@ -69,7 +69,7 @@ ManagementHost::ManagementHost(const HostOptions& options)
         return windows::MakeObject<PathParser>()->QueryInterface(iid, object);
     });
     if (!options.registered) {
-        library_.emplace(options.library.empty() ? tool::ProgramFolder() / "QVWMISATA.dll"
+        library_.emplace(options.library.empty() ? options.programFolder / "QVWMISATA.dll"
                                                  : options.library);
     }
     const windows::ComPtr<IUnknown> object = Create(provider::instanceProviderId);

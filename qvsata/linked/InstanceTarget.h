@@ -8,9 +8,7 @@
 namespace qv::service {
 
 /// A portable instance that is filled as the library fills an instance of the management service.
-/// Each put is recorded with its result: Status::notFound for a property that the class lacks,
-/// status::typeMismatch for a value that the property's type does not accept. An entry of an
-/// unpublished type is not put.
+/// Each value is put and recorded by PutOn. An entry of an unpublished type is not put.
 class InstanceTarget final : public PropertyTarget {
 public:
     /// Both must outlive the object; `namespacePrefix` (\\server\namespace:) is put before

@@ -1,17 +1,29 @@
 #include "qvsata/linked/LinkedEvents.h"
 
 #include <algorithm>
+#include <condition_variable>
 #include <memory>
+#include <mutex>
 #include <utility>
 
 #include "events/DeviceIndication.h"
 #include "qvsata/cim/Instance.h"
 #include "qvsata/cim/Utf8.h"
 #include "qvsata/linked/InstanceTarget.h"
-#include "qvsata/system/StopRequest.h"
 #include "source/HostIdentity.h"
 
 namespace qv::service {
+namespace {
+
+/// Waits for a request to stop, at most for the time `longest`. Returns whether it was made.
+bool WaitForStop(const std::stop_token& stop, std::chrono::milliseconds longest) {
+    std::mutex mutex;
+    std::unique_lock lock(mutex);
+    std::condition_variable_any().wait_for(lock, stop, longest, [] { return false; });
+    return stop.stop_requested();
+}
+
+}  // namespace
 
 LinkedEvents::LinkedEvents(const Namespace& nameSpace, Connector machine, ComputerNames names)
     : nameSpace_(nameSpace),
@@ -22,11 +34,12 @@ LinkedEvents::LinkedEvents(const Namespace& nameSpace, Connector machine, Comput
     monitor_.RegisterReceiver(*this);
 }
 
-EventFeed::News LinkedEvents::Await(std::chrono::milliseconds longest) {
+EventFeed::News LinkedEvents::Await(std::chrono::milliseconds longest,
+                                    const std::stop_token& stop) {
     using std::chrono::milliseconds;
     const auto left = std::chrono::ceil<milliseconds>(due_ - SteadyClock::now());
     const milliseconds wait = std::clamp(left, milliseconds(0), longest);
-    if (tool::WaitForStop(wait)) {
+    if (WaitForStop(stop, wait)) {
         return News::stopRequested;
     }
     if (left > longest) {

@@ -17,7 +17,7 @@ public:
     /// object.
     LinkedEvents(const Namespace& nameSpace, Connector machine, ComputerNames names);
 
-    News Await(std::chrono::milliseconds longest) override;
+    News Await(std::chrono::milliseconds longest, const std::stop_token& stop) override;
     ObjectList Take() override;
     std::chrono::milliseconds Pause() const override { return CSATAHBA_EVENTS::interval; }
     void LetGo() override;

@@ -9,6 +9,7 @@
 #include "qvsata/service/ProviderHost.h"
 #include "qvsata/service/PublishedNamespace.h"
 #include "qvsata/service/RecordedMachine.h"
+#include "qvsata/service/StartProvider.h"
 
 namespace qv::service {
 namespace {

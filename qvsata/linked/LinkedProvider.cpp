@@ -6,12 +6,12 @@
 #include <new>
 #include <utility>
 
+#include "platform/ObjectPathLimit.h"
 #include "qvsata/cim/PathParts.h"
 #include "qvsata/cim/StatusCodes.h"
 #include "qvsata/cim/Utf8.h"
 #include "qvsata/linked/InstanceTarget.h"
 #include "qvsata/service/PublishedNamespace.h"
-#include "source/EmbeddedPaths.h"
 #include "source/FillInstance.h"
 #include "source/HostIdentity.h"
 #include "source/Namespaces.h"
@@ -75,23 +75,16 @@ Answer LinkedProvider::Enumerate(const ResolvedClassPtr& type) const {
 
 std::optional<Answer> LinkedProvider::Get(const ResolvedClassPtr& type,
                                           std::string_view path) const {
-    constexpr std::size_t longestPath = 999;
     return RunRequest(path, [&]() -> Answer {
         const std::optional<PathParts> parts = CutPath(path);
         if (!parts) {
             return FailedRequest(status::invalidParameter, path);
         }
-        if (WideLength(parts->relative) > longestPath) {
+        if (WideLength(parts->relative) > platform::longestRelativePath) {
             return FailedRequest(status::bufferTooSmall, path);
         }
-        std::string wanted = parts->relative;
-        ReduceEmbeddedPaths(wanted);
-        RecordList records = api_.BuildInstances(parts->className, mode::allProperties, wanted);
-        if (records.empty()) {
-            return FailedRequest(Status::notFound, path);
-        }
-        records.erase(records.begin() + 1, records.end());
-        return Publish(type, records);
+        const auto record = api_.FindInstance(parts->className, parts->relative);
+        return record ? Publish(type, {*record}) : FailedRequest(Status::notFound, path);
     });
 }
 

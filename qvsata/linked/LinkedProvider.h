@@ -4,18 +4,11 @@
 
 #include "NativeAPI/NativeAPI.h"
 #include "catalogue/Catalogue.h"
-#include "platform/LogPort.h"
+#include "qvsata/linked/ReplayFacts.h"
 #include "qvsata/service/InstanceSource.h"
 #include "qvsata/service/MachineQueries.h"
 
 namespace qv::service {
-
-/// A log that writes nothing.
-class SilentLog final : public platform::LogPort {
-public:
-    LogLevel Level() const override { return LogLevel::silent; }
-    void Write(LogLevel, std::string_view) override {}
-};
 
 /// The provider's core in place of its library; answers as CQVWMISATA_InstProv does.
 class LinkedProvider final : public InstanceSource {

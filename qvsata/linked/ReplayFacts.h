@@ -1,10 +1,13 @@
 #pragma once
 
 #include "platform/Clock.h"
+#include "platform/LogPort.h"
 #include "platform/NamedLock.h"
 #include "platform/SystemFacts.h"
 
 namespace qv::service {
+
+// What the provider's core asks of the operating system, answered for a replay.
 
 /// The clock of this computer.
 class LocalClock final : public platform::Clock {
@@ -28,6 +31,13 @@ class OwnLock final : public platform::NamedLock {
 public:
     bool TryAcquireFor(std::chrono::milliseconds) override { return true; }
     void Release() override {}
+};
+
+/// A log that writes nothing.
+class SilentLog final : public platform::LogPort {
+public:
+    LogLevel Level() const override { return LogLevel::silent; }
+    void Write(LogLevel, std::string_view) override {}
 };
 
 }  // namespace qv::service

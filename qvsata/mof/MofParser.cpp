@@ -3,8 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "qvsata/mof/MofLexer.h"
-#include "source/Text.h"
+#include "qvsata/mof/MofCursor.h"
 
 namespace qv::service {
 namespace {
@@ -26,262 +25,170 @@ constexpr std::array flavors{
     Flavor{"Translatable", nullptr},
 };
 
-std::string InQuotes(std::string_view text) {
-    std::string quoted(1, '\'');
-    quoted += text;
-    quoted += '\'';
-    return quoted;
-}
-
-/// Returns the text for a token in messages.
-std::string Description(const MofToken& token) {
-    switch (token.kind) {
-        case MofTokenKind::end:
-            return "the end of the file";
-        case MofTokenKind::name:
-        case MofTokenKind::symbol:
-            return InQuotes(token.text);
-        case MofTokenKind::alias:
-            return InQuotes('$' + token.text);
-        case MofTokenKind::pragma:
-            return InQuotes("#pragma");
-        default:
-            return "a value";
-    }
-}
-
 class Parser {
 public:
-    Parser(std::string_view text, std::string_view fileName)
-        : fileName_(fileName), tokens_(TokenizeMof(text, fileName)) {}
+    Parser(std::string_view text, std::string_view fileName) : tokens_(text, fileName) {}
 
     std::vector<MofDeclaration> Parse() {
         std::vector<MofDeclaration> declarations;
-        while (Now().kind != MofTokenKind::end) {
-            if (Now().kind == MofTokenKind::pragma) {
+        while (tokens_.Now().kind != MofTokenKind::end) {
+            if (tokens_.Now().kind == MofTokenKind::pragma) {
                 declarations.emplace_back(ParsePragma());
                 continue;
             }
-            if (TakeKeyword("qualifier")) {
-                SkipTo(";");
+            if (tokens_.TakeKeyword("qualifier")) {
+                tokens_.SkipTo(";");
                 continue;
             }
             std::vector<MofQualifier> qualifiers = ParseQualifiers();
-            if (TakeKeyword("class")) {
+            if (tokens_.TakeKeyword("class")) {
                 declarations.emplace_back(ParseClass(std::move(qualifiers)));
-            } else if (TakeKeyword("instance")) {
+            } else if (tokens_.TakeKeyword("instance")) {
                 declarations.emplace_back(ParseInstance(std::move(qualifiers)));
             } else {
-                Fail("declaration");
+                tokens_.Fail("declaration");
             }
         }
         return declarations;
     }
 
 private:
-    const MofToken& Now() const { return tokens_[at_]; }
-
-    MofToken Take() { return tokens_[at_++]; }
-
-    [[noreturn]] void Fail(std::string_view expected) const {
-        std::string what(expected);
-        what += " expected before ";
-        what += Description(Now());
-        throw MofError(fileName_, Now().position, what);
-    }
-
-    bool IsSymbol(std::string_view symbol) const {
-        return Now().kind == MofTokenKind::symbol && Now().text == symbol;
-    }
-
-    bool IsKeyword(std::string_view keyword) const {
-        return Now().kind == MofTokenKind::name && EqualsIgnoringCase(Now().text, keyword);
-    }
-
-    bool TakeSymbol(std::string_view symbol) {
-        const bool taken = IsSymbol(symbol);
-        at_ += taken ? 1 : 0;
-        return taken;
-    }
-
-    bool TakeKeyword(std::string_view keyword) {
-        const bool taken = IsKeyword(keyword);
-        at_ += taken ? 1 : 0;
-        return taken;
-    }
-
-    void ExpectSymbol(std::string_view symbol) {
-        if (!TakeSymbol(symbol)) {
-            Fail(InQuotes(symbol));
-        }
-    }
-
-    std::string ExpectName(const char* what) {
-        if (Now().kind != MofTokenKind::name) {
-            Fail(what);
-        }
-        return Take().text;
-    }
-
-    std::string ExpectAlias() {
-        if (Now().kind != MofTokenKind::alias) {
-            Fail("alias");
-        }
-        return Take().text;
-    }
-
-    void SkipTo(std::string_view symbol) {
-        while (!IsSymbol(symbol)) {
-            if (Now().kind == MofTokenKind::end) {
-                Fail(InQuotes(symbol));
-            }
-            Take();
-        }
-        Take();
-    }
-
     MofPragma ParsePragma() {
         MofPragma pragma;
-        Take();
-        pragma.position = Now().position;
-        pragma.name = ExpectName("name of a pragma");
-        if (TakeSymbol("(")) {
+        tokens_.Take();
+        pragma.position = tokens_.Now().position;
+        pragma.name = tokens_.ExpectName("name of a pragma");
+        if (tokens_.TakeSymbol("(")) {
             do {
-                if (Now().kind != MofTokenKind::text && Now().kind != MofTokenKind::name) {
-                    Fail("argument");
+                if (tokens_.Now().kind != MofTokenKind::text &&
+                    tokens_.Now().kind != MofTokenKind::name) {
+                    tokens_.Fail("argument");
                 }
-                pragma.arguments.push_back(Now().kind == MofTokenKind::text ? TakeTexts()
-                                                                            : Take().text);
-            } while (TakeSymbol(","));
-            ExpectSymbol(")");
+                pragma.arguments.push_back(tokens_.Now().kind == MofTokenKind::text
+                                               ? tokens_.TakeTexts()
+                                               : tokens_.Take().text);
+            } while (tokens_.TakeSymbol(","));
+            tokens_.ExpectSymbol(")");
         }
         return pragma;
     }
 
-    std::string TakeTexts() {
-        std::string joined;
-        while (Now().kind == MofTokenKind::text) {
-            joined += Take().text;
-        }
-        return joined;
-    }
-
     std::vector<MofQualifier> ParseQualifiers() {
         std::vector<MofQualifier> qualifiers;
-        if (!TakeSymbol("[")) {
+        if (!tokens_.TakeSymbol("[")) {
             return qualifiers;
         }
         do {
             qualifiers.push_back(ParseQualifier());
-        } while (TakeSymbol(","));
-        ExpectSymbol("]");
+        } while (tokens_.TakeSymbol(","));
+        tokens_.ExpectSymbol("]");
         return qualifiers;
     }
 
     MofQualifier ParseQualifier() {
         MofQualifier qualifier;
-        qualifier.position = Now().position;
-        qualifier.name = ExpectName("name of a qualifier");
-        if (TakeSymbol("(")) {
+        qualifier.position = tokens_.Now().position;
+        qualifier.name = tokens_.ExpectName("name of a qualifier");
+        if (tokens_.TakeSymbol("(")) {
             qualifier.value = ParseInitializer();
-            ExpectSymbol(")");
-        } else if (IsSymbol("{")) {
+            tokens_.ExpectSymbol(")");
+        } else if (tokens_.IsSymbol("{")) {
             qualifier.value = ParseInitializer();
         }
-        if (TakeSymbol(":")) {
+        if (tokens_.TakeSymbol(":")) {
             do {
                 ParseFlavor(qualifier);
-            } while (Now().kind == MofTokenKind::name);
+            } while (tokens_.Now().kind == MofTokenKind::name);
         }
         return qualifier;
     }
 
     void ParseFlavor(MofQualifier& qualifier) {
         const auto* const flavor = std::ranges::find_if(
-            flavors, [this](const Flavor& one) { return IsKeyword(one.name); });
+            flavors, [this](const Flavor& one) { return tokens_.IsKeyword(one.name); });
         if (flavor == flavors.end()) {
-            Fail("flavor of a qualifier");
+            tokens_.Fail("flavor of a qualifier");
         }
         if (flavor->mark != nullptr) {
             qualifier.*flavor->mark = true;
         }
-        Take();
+        tokens_.Take();
     }
 
     MofClass ParseClass(std::vector<MofQualifier> qualifiers) {
         MofClass declared;
         declared.qualifiers = std::move(qualifiers);
-        declared.position = Now().position;
-        declared.name = ExpectName("name of a class");
-        if (TakeKeyword("as")) {
-            ExpectAlias();
+        declared.position = tokens_.Now().position;
+        declared.name = tokens_.ExpectName("name of a class");
+        if (tokens_.TakeKeyword("as")) {
+            tokens_.ExpectAlias();
         }
-        if (TakeSymbol(":")) {
-            declared.superclassPosition = Now().position;
-            declared.superclass = ExpectName("name of the superclass");
+        if (tokens_.TakeSymbol(":")) {
+            declared.superclassPosition = tokens_.Now().position;
+            declared.superclass = tokens_.ExpectName("name of the superclass");
         }
-        ExpectSymbol("{");
-        while (!TakeSymbol("}")) {
+        tokens_.ExpectSymbol("{");
+        while (!tokens_.TakeSymbol("}")) {
             ParseFeature(declared);
         }
-        ExpectSymbol(";");
+        tokens_.ExpectSymbol(";");
         return declared;
     }
 
     void ParseFeature(MofClass& declared) {
         MofProperty property;
         property.qualifiers = ParseQualifiers();
-        property.typePosition = Now().position;
-        property.typeName = ExpectName("type");
-        property.isReference = TakeKeyword("ref");
-        property.position = Now().position;
-        property.name = ExpectName("name of a property");
-        if (TakeSymbol("(")) {
+        property.typePosition = tokens_.Now().position;
+        property.typeName = tokens_.ExpectName("type");
+        property.isReference = tokens_.TakeKeyword("ref");
+        property.position = tokens_.Now().position;
+        property.name = tokens_.ExpectName("name of a property");
+        if (tokens_.TakeSymbol("(")) {
             SkipParameters();
             declared.hasMethods = true;
             return;
         }
-        if (TakeSymbol("[")) {
+        if (tokens_.TakeSymbol("[")) {
             property.isArray = true;
-            if (Now().kind == MofTokenKind::integer) {
-                Take();
+            if (tokens_.Now().kind == MofTokenKind::integer) {
+                tokens_.Take();
             }
-            ExpectSymbol("]");
+            tokens_.ExpectSymbol("]");
         }
-        if (TakeSymbol("=")) {
+        if (tokens_.TakeSymbol("=")) {
             property.defaultValue = ParseInitializer();
         }
-        ExpectSymbol(";");
+        tokens_.ExpectSymbol(";");
         declared.properties.push_back(std::move(property));
     }
 
     void SkipParameters() {
         for (std::size_t open = 1; open > 0;) {
-            if (Now().kind == MofTokenKind::end) {
-                Fail("')'");
+            if (tokens_.Now().kind == MofTokenKind::end) {
+                tokens_.Fail("')'");
             }
-            open += IsSymbol("(") ? 1U : 0U;
-            open -= IsSymbol(")") ? 1U : 0U;
-            Take();
+            open += tokens_.IsSymbol("(") ? 1U : 0U;
+            open -= tokens_.IsSymbol(")") ? 1U : 0U;
+            tokens_.Take();
         }
-        ExpectSymbol(";");
+        tokens_.ExpectSymbol(";");
     }
 
     MofInitializer ParseInitializer() {
         MofInitializer initializer;
-        initializer.position = Now().position;
-        if (Now().kind == MofTokenKind::alias) {
+        initializer.position = tokens_.Now().position;
+        if (tokens_.Now().kind == MofTokenKind::alias) {
             initializer.isAlias = true;
-            initializer.elements.push_back({Now().position, Now().text});
-            Take();
-        } else if (TakeSymbol("{")) {
+            initializer.elements.push_back({tokens_.Now().position, tokens_.Now().text});
+            tokens_.Take();
+        } else if (tokens_.TakeSymbol("{")) {
             initializer.isArray = true;
-            if (!IsSymbol("}")) {
+            if (!tokens_.IsSymbol("}")) {
                 do {
                     initializer.elements.push_back(ParseLiteral());
-                } while (TakeSymbol(","));
+                } while (tokens_.TakeSymbol(","));
             }
-            ExpectSymbol("}");
+            tokens_.ExpectSymbol("}");
         } else {
             initializer.elements.push_back(ParseLiteral());
         }
@@ -290,19 +197,20 @@ private:
 
     MofLiteral ParseLiteral() {
         MofLiteral literal;
-        literal.position = Now().position;
-        if (Now().kind == MofTokenKind::text) {
-            literal.value = TakeTexts();
-        } else if (Now().kind == MofTokenKind::integer || Now().kind == MofTokenKind::character) {
-            literal.value = MofInteger{Now().magnitude, Now().negative};
-            Take();
-        } else if (Now().kind == MofTokenKind::real) {
-            literal.value = Take().real;
-        } else if (IsKeyword("true") || IsKeyword("false")) {
-            literal.value = IsKeyword("true");
-            Take();
-        } else if (!TakeKeyword("null")) {
-            Fail("value");
+        literal.position = tokens_.Now().position;
+        if (tokens_.Now().kind == MofTokenKind::text) {
+            literal.value = tokens_.TakeTexts();
+        } else if (tokens_.Now().kind == MofTokenKind::integer ||
+                   tokens_.Now().kind == MofTokenKind::character) {
+            literal.value = MofInteger{tokens_.Now().magnitude, tokens_.Now().negative};
+            tokens_.Take();
+        } else if (tokens_.Now().kind == MofTokenKind::real) {
+            literal.value = tokens_.Take().real;
+        } else if (tokens_.IsKeyword("true") || tokens_.IsKeyword("false")) {
+            literal.value = tokens_.IsKeyword("true");
+            tokens_.Take();
+        } else if (!tokens_.TakeKeyword("null")) {
+            tokens_.Fail("value");
         }
         return literal;
     }
@@ -310,32 +218,30 @@ private:
     MofInstance ParseInstance(std::vector<MofQualifier> qualifiers) {
         MofInstance instance;
         instance.qualifiers = std::move(qualifiers);
-        if (!TakeKeyword("of")) {
-            Fail("'of'");
+        if (!tokens_.TakeKeyword("of")) {
+            tokens_.Fail("'of'");
         }
-        instance.position = Now().position;
-        instance.className = ExpectName("name of a class");
-        if (TakeKeyword("as")) {
-            instance.alias = ExpectAlias();
+        instance.position = tokens_.Now().position;
+        instance.className = tokens_.ExpectName("name of a class");
+        if (tokens_.TakeKeyword("as")) {
+            instance.alias = tokens_.ExpectAlias();
         }
-        ExpectSymbol("{");
-        while (!TakeSymbol("}")) {
+        tokens_.ExpectSymbol("{");
+        while (!tokens_.TakeSymbol("}")) {
             MofInstanceValue value;
             ParseQualifiers();
-            value.position = Now().position;
-            value.property = ExpectName("name of a property");
-            ExpectSymbol("=");
+            value.position = tokens_.Now().position;
+            value.property = tokens_.ExpectName("name of a property");
+            tokens_.ExpectSymbol("=");
             value.value = ParseInitializer();
-            ExpectSymbol(";");
+            tokens_.ExpectSymbol(";");
             instance.values.push_back(std::move(value));
         }
-        ExpectSymbol(";");
+        tokens_.ExpectSymbol(";");
         return instance;
     }
 
-    std::string_view fileName_;
-    std::vector<MofToken> tokens_;
-    std::size_t at_ = 0;
+    MofCursor tokens_;
 };
 
 }  // namespace

@@ -3,7 +3,6 @@
 #include <array>
 #include <charconv>
 
-#include "qvsata/cim/ClassObject.h"
 #include "source/Text.h"
 
 namespace qv::service {
@@ -111,8 +110,8 @@ std::string MofValueText(const CimValue& value) {
 }
 
 std::string ObjectAsMof(const Object& object) {
-    if (const auto* definition = dynamic_cast<const ClassObject*>(&object)) {
-        return ClassAsMof(*definition->Definition());
+    if (const ResolvedClassPtr definition = object.Definition()) {
+        return ClassAsMof(*definition);
     }
     std::string text = "instance of " + object.ClassName() + "\n{\n";
     for (const ObjectProperty& property : PropertiesOf(object)) {

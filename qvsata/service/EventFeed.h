@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <stop_token>
 
 #include "qvsata/cim/Object.h"
 
@@ -16,8 +17,8 @@ public:
 
     virtual ~EventFeed() = default;
 
-    /// Waits for the end of a cycle, for a StopRequest, or until the time `longest` is over.
-    virtual News Await(std::chrono::milliseconds longest) = 0;
+    /// Waits for the end of a cycle, for a request to stop, or until the time `longest` is over.
+    virtual News Await(std::chrono::milliseconds longest, const std::stop_token& stop) = 0;
 
     /// Returns the indications delivered since the last call.
     virtual ObjectList Take() = 0;

@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "qvsata/cim/ClassObject.h"
-#include "qvsata/cim/Instance.h"
 #include "qvsata/cim/ObjectPathParser.h"
 #include "qvsata/cim/Snapshot.h"
 #include "qvsata/cim/StatusCodes.h"
@@ -138,9 +137,8 @@ Answer Namespace::GetInAnyOrder(std::string_view text) const {
         if (named == all.objects.end()) {
             continue;
         }
-        const auto* instance = dynamic_cast<const Instance*>(named->get());
-        if (instance != nullptr && !instance->Puts().empty()) {
-            if (std::optional<Answer> fetched = source->Get(type, instance->PathAsPut())) {
+        if (const std::optional<std::string> asPut = (*named)->PathAsPut()) {
+            if (std::optional<Answer> fetched = source->Get(type, *asPut)) {
                 return std::move(*fetched);
             }
         }

@@ -23,8 +23,9 @@ struct HostOptions {
     std::vector<std::shared_ptr<const RecordedHost>> laterRecordings;
     /// The MOF files of the provider's namespace, in reading order.
     std::vector<std::filesystem::path> mofFiles;
-    /// The provider's library; empty: QVWMISATA.dll beside the program.
+    /// The provider's library; empty: QVWMISATA.dll in `programFolder`.
     std::filesystem::path library;
+    std::filesystem::path programFolder;
     /// True: the provider is created by its class ID, as registered on this machine, instead of
     /// from `library`.
     bool registered = false;
@@ -57,18 +58,8 @@ public:
     /// Returns the recordings that replace the machine, one at a time; null on the machine itself.
     virtual RecordingSequence* Recordings() const = 0;
 
-    /// Subscribes to the provider's events. A StopRequest of the caller ends waits. Throws
-    /// RequestError.
+    /// Subscribes to the provider's events. Throws RequestError.
     virtual std::unique_ptr<EventFeed> Subscribe() const = 0;
 };
-
-/// Starts the provider: on Windows the library in an embedded management service, elsewhere the
-/// provider's core, which is part of this program. Throws MofError, std::system_error if the
-/// library cannot be loaded, otherwise RequestError with the status of the failed step.
-std::unique_ptr<ProviderHost> StartProvider(const HostOptions& options);
-
-/// Returns why this program cannot start a provider with these options, as the rest of an error
-/// line ("--live needs ..."); empty if it can.
-std::string WhyNotStarted(const HostOptions& options);
 
 }  // namespace qv::service

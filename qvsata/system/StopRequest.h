@@ -1,6 +1,6 @@
 #pragma once
 
-#include <chrono>
+#include <stop_token>
 
 namespace qv::tool {
 
@@ -12,9 +12,12 @@ public:
     StopRequest(const StopRequest&) = delete;
     StopRequest& operator=(const StopRequest&) = delete;
     ~StopRequest();
-};
 
-/// Waits for a stop request, at most for the time `longest`. Returns whether it was made.
-bool WaitForStop(std::chrono::milliseconds longest);
+    /// Returns the token that tells of the request.
+    std::stop_token Token() const { return source_.get_token(); }
+
+private:
+    std::stop_source source_;
+};
 
 }  // namespace qv::tool

@@ -100,6 +100,28 @@ TEST_F(DispatchTest, LetsAnErrorOfABuilderThrough) {
     EXPECT_THROW(api.FindRecordByKey("QV_SATADiskDrive", "DeviceID", "A"), RequestError);
 }
 
+TEST_F(DispatchTest, FindInstanceReturnsTheFullRecordOfThePathIgnoringCase) {
+    const std::string path =
+        R"(qv_satadiskdrive.deviceid="ide&b",systemname="HOST.example.org",)"
+        R"(CreationClassName="QV_SATADiskDrive",SystemCreationClassName="QV_WinComputerSystem")";
+    const auto found = api.FindInstance("QV_SATADiskDrive", path);
+    ASSERT_TRUE(found);
+    EXPECT_EQ(ValuesOf({*found}, "Model"), Values{"second"});
+}
+
+TEST_F(DispatchTest, FindInstanceIgnoresTheServerAndTheNamespaceOfAReferenceInThePath) {
+    const std::string path =
+        R"(QV_SATADiskDrive.DeviceID="\\\\SRV\\root\\QVQ:IDE&A",SystemName="host.example.org",)"
+        R"(CreationClassName="QV_SATADiskDrive",SystemCreationClassName="QV_WinComputerSystem")";
+    const auto found = api.FindInstance("QV_SATADiskDrive", path);
+    ASSERT_TRUE(found);
+    EXPECT_EQ(ValuesOf({*found}, "Model"), Values{"first"});
+}
+
+TEST_F(DispatchTest, FindInstanceReturnsNothingForAnUnknownPath) {
+    EXPECT_FALSE(api.FindInstance("QV_SATADiskDrive", "QV_SATADiskDrive.DeviceID=\"IDE&C\""));
+}
+
 TEST_F(DispatchTest, FindRecordByKeyReturnsTheFullRecordOfTheMatch) {
     const RecordList found = api.FindRecordByKey("QV_SATADiskDrive", "DeviceID", "IDE&B");
     ASSERT_EQ(found.size(), 1U);

@@ -7,6 +7,7 @@
 #include "catalogue/Catalogue.h"
 #include "catalogue/Classes.h"
 #include "tests/catalogue/OneDiskHost.h"
+#include "tests/support/ExpectedCatalogue.h"
 
 namespace qv::test {
 namespace {
@@ -117,7 +118,7 @@ TEST_P(ExhaustedMemoryTest, EndsTheRequestAtWhateverReadWithTheErrorOfItsKind) {
 }
 
 INSTANTIATE_TEST_SUITE_P(EachClass, ExhaustedMemoryTest,
-                         testing::Range(std::size_t{0}, instanceClassCount), [](const auto& one) {
+                         testing::Range(std::size_t{0}, instanceClassTotal), [](const auto& one) {
                              return std::string(PublishedClasses()[one.param].name.substr(3));
                          });
 

@@ -8,9 +8,15 @@
 namespace qv::test {
 namespace {
 
-constexpr std::uint16_t arrayFlag = 0x2000;
-constexpr std::array<std::pair<std::uint16_t, std::string_view>, 5> typeNames{
-    {{1, "VT_NULL"}, {3, "VT_I4"}, {8, "VT_BSTR"}, {11, "VT_BOOL"}, {17, "VT_UI1"}}};
+namespace variant = service::variant;
+using service::VariantType;
+
+constexpr std::array<std::pair<VariantType, std::string_view>, 5> typeNames{
+    {{variant::null, "VT_NULL"},
+     {variant::int32, "VT_I4"},
+     {variant::text, "VT_BSTR"},
+     {variant::boolean, "VT_BOOL"},
+     {variant::uint8, "VT_UI1"}}};
 
 struct ValueWriter {
     std::string operator()(std::monostate) const { return "null"; }
@@ -70,10 +76,10 @@ std::string PathOf(const PublishedInstance& instance, std::string_view prefix) {
     return path;
 }
 
-std::string VariantTypeName(std::uint16_t variantType) {
-    const auto single = static_cast<std::uint16_t>(variantType & ~arrayFlag);
-    const auto found =
-        std::ranges::find(typeNames, single, &std::pair<std::uint16_t, std::string_view>::first);
+std::string VariantTypeName(VariantType variantType) {
+    const auto single = static_cast<VariantType>(variantType & ~variant::array);
+    const auto* found =
+        std::ranges::find(typeNames, single, &std::pair<VariantType, std::string_view>::first);
     const std::string name(found == typeNames.end() ? "VT_?" : found->second);
     return variantType == single ? name : "VT_ARRAY|" + name;
 }

@@ -1,21 +1,20 @@
 #pragma once
 
-#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "qvsata/cim/CimValue.h"
+#include "qvsata/cim/VariantType.h"
 
 // What a provider published, in one form for records and delivered instances, and as text for
 // reviews.
 
 namespace qv::test {
 
-/// A property as it was put. The VARIANT types have the numbers of the platform (wtypes.h).
+/// A property as it was put.
 struct PublishedProperty {
     std::string name;
-    std::uint16_t variantType = 0;
+    service::VariantType variantType = 0;
     service::CimValue value;  ///< a boolean as its number: true is published as 1
     bool isKey = false;
 
@@ -45,7 +44,7 @@ std::string TextOf(const PublishedInstance& instance, std::string_view name);
 std::string PathOf(const PublishedInstance& instance, std::string_view prefix);
 
 /// Returns `VT_I4`, `VT_ARRAY|VT_BSTR`, ...
-std::string VariantTypeName(std::uint16_t variantType);
+std::string VariantTypeName(service::VariantType variantType);
 
 /// Returns `"text"`, `5`, `{"a", "b"}`; `null` for no value.
 std::string ValueText(const service::CimValue& value);

@@ -15,10 +15,8 @@
 #include "platform/windows/Handle.h"
 #include "tests/provider/EventSink.h"
 #include "tests/provider/EventSource.h"
-#include "tests/support/windows/CallerStandIn.h"
-#include "tests/support/windows/InitSinkStandIn.h"
+#include "tests/provider/InitialisedTest.h"
 #include "tests/support/windows/LogFiles.h"
-#include "tests/support/windows/NamespaceStandIn.h"
 #include "tests/support/windows/ProviderLibrary.h"
 #include "tests/support/windows/ShortSleeps.h"
 
@@ -27,7 +25,6 @@ namespace qv::test {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
-using windows::ComPtr;
 
 /// Returns the number of threads of the process.
 inline int ThreadCount() {
@@ -51,7 +48,7 @@ inline ULONG ReferencesTo(IUnknown& object) {
 /// A fresh library between stand-ins for the management service, with its own log files and
 /// settings. Checks after each test that no thread of the library is left, that the test's thread
 /// has its own identity, and that the library could be unloaded.
-class EventTest : public ::testing::Test {
+class EventTest : public InitialisedTest {
 protected:
     EventTest() { SendLogsTo(folder, *settings); }
 
@@ -70,14 +67,6 @@ protected:
     void Make(ComPtr<IWbemProviderInit>& provider) const {
         library.Make(eventProviderId).As(&provider);
         ASSERT_TRUE(provider);
-    }
-
-    HRESULT Initialize() { return Initialize(init, nameSpace.Get(), initSink.Get()); }
-    HRESULT Initialize(const ComPtr<IWbemProviderInit>& provider, IWbemServices* services,
-                       IWbemProviderInitSink* toldTo) {
-        const CallContext call(*caller.Get());
-        return provider->Initialize(nullptr, 0, nameSpaceName.data(), nullptr, services,
-                                    context.Get(), toldTo);
     }
 
     HRESULT ProvideEvents(IWbemObjectSink* to) { return ProvideEvents(init, to); }
@@ -110,13 +99,7 @@ protected:
     std::optional<ScratchRegistry> settings{std::in_place};
     FreshLibrary library;
     EventSource source;
-    ComPtr<CallerStandIn> caller = windows::MakeObject<CallerStandIn>();
-    std::wstring nameSpaceName = L"root\\QVQ";
-    ComPtr<NamespaceStandIn> nameSpace = windows::MakeObject<NamespaceStandIn>();
-    ComPtr<ContextStandIn> context = windows::MakeObject<ContextStandIn>();
-    ComPtr<InitSinkStandIn> initSink = windows::MakeObject<InitSinkStandIn>();
     ComPtr<EventSink> sink = windows::MakeObject<EventSink>();
-    ComPtr<IWbemProviderInit> init;
     int threadsBefore = 0;
 };
 

@@ -10,10 +10,8 @@
 #include "platform/Status.h"
 #include "platform/windows/Bstr.h"
 #include "platform/windows/ComObject.h"
+#include "tests/provider/InitialisedTest.h"
 #include "tests/provider/LibraryLog.h"
-#include "tests/support/windows/CallerStandIn.h"
-#include "tests/support/windows/InitSinkStandIn.h"
-#include "tests/support/windows/NamespaceStandIn.h"
 #include "tests/support/windows/PathParserStandIn.h"
 #include "tests/support/windows/ProviderLibrary.h"
 #include "tests/support/windows/SinkStandIn.h"
@@ -23,7 +21,6 @@ namespace qv::test {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-using windows::ComPtr;
 
 inline constexpr const wchar_t* controllersQuery = L"SELECT * FROM Win32_IDEController";
 inline constexpr const wchar_t* disksQuery = L"SELECT * FROM Win32_DiskDrive";
@@ -48,7 +45,7 @@ inline std::wstring LocationPath(const std::wstring& name, const std::wstring& d
 
 /// The real library between stand-ins for the management service. Checks after each test that the
 /// thread has its own identity and that the library could be unloaded.
-class ProviderTest : public ::testing::Test {
+class ProviderTest : public InitialisedTest {
 protected:
     ProviderTest() {
         library.Make(instanceProviderId).As(&init);
@@ -64,12 +61,6 @@ protected:
         EXPECT_EQ(InstanceStandIn::Living(), 0);
     }
 
-    HRESULT Initialize() { return Initialize(nameSpace.Get(), initSink.Get()); }
-    HRESULT Initialize(IWbemServices* services, IWbemProviderInitSink* toldTo) {
-        const CallContext call(*caller.Get());
-        return init->Initialize(nullptr, 0, nameSpaceName.data(), nullptr, services, context.Get(),
-                                toldTo);
-    }
     /// Initialises the provider and clears the stand-ins' records.
     void BeReady() {
         ASSERT_EQ(Initialize(), S_OK);
@@ -103,13 +94,7 @@ protected:
     std::size_t lines = LibraryLog::LineCount();
     SourceStandIn source;
     PathParserStandIn parsers;
-    ComPtr<CallerStandIn> caller = windows::MakeObject<CallerStandIn>();
-    std::wstring nameSpaceName = L"root\\QVQ";
-    ComPtr<NamespaceStandIn> nameSpace = windows::MakeObject<NamespaceStandIn>();
-    ComPtr<ContextStandIn> context = windows::MakeObject<ContextStandIn>();
-    ComPtr<InitSinkStandIn> initSink = windows::MakeObject<InitSinkStandIn>();
     ComPtr<SinkStandIn> sink = windows::MakeObject<SinkStandIn>();
-    ComPtr<IWbemProviderInit> init;
     ComPtr<IWbemServices> provider;
 };
 

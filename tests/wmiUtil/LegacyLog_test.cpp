@@ -16,7 +16,7 @@ constexpr auto prefix = "QVWMISATA::CQVWMISATA_EventProv::";
 constexpr auto defaultFile = L"C:\\windows\\system32\\wbem\\logs\\qvwbems.log";
 
 /// Returns whether the log writes a line of that severity to that file; restores the file.
-bool Writes(const LegacyLog& log, const std::wstring& to, std::uint32_t severity = 5) {
+bool Writes(const LegacyLog& log, const std::wstring& to, LogLevel severity = LogLevel::error) {
     const bool existed = std::filesystem::exists(to);
     const std::string before = existed ? ReadBytesOf(to) : "";
     log.CommonLogEntry("text", severity);
@@ -41,8 +41,8 @@ protected:
 TEST_F(LegacyLogTest, HasItsDefaultsWithoutTheKey) {
     RegDeleteTreeW(HKEY_LOCAL_MACHINE, legacyLogKey);
     const LegacyLog log(prefix);
-    EXPECT_FALSE(Writes(log, defaultFile, 2));
-    EXPECT_TRUE(Writes(log, defaultFile, 3));
+    EXPECT_FALSE(Writes(log, defaultFile, LogLevel::verbose));
+    EXPECT_TRUE(Writes(log, defaultFile, LogLevel::information));
     EXPECT_FALSE(std::filesystem::exists(file));
     EXPECT_EQ(log.Type(), 0U);
 }
@@ -51,8 +51,8 @@ TEST_F(LegacyLogTest, TakesItsSettingsFromTheRegistry) {
     registry.SetNumber(legacyLogKey, L"LEVEL", 5);
     registry.SetNumber(legacyLogKey, L"TYPE", 2);
     const LegacyLog log(prefix);
-    EXPECT_FALSE(Writes(log, file, 4));
-    EXPECT_TRUE(Writes(log, file, 5));
+    EXPECT_FALSE(Writes(log, file, LogLevel::warning));
+    EXPECT_TRUE(Writes(log, file, LogLevel::error));
     EXPECT_EQ(log.Type(), 2U);
 }
 
@@ -61,8 +61,8 @@ TEST_F(LegacyLogTest, KeepsDefaultsInPlaceOfValuesOfTheWrongTypeOrSize) {
     registry.SetText(legacyLogKey, L"LEVEL", L"5");
     registry.SetBytes(legacyLogKey, L"TYPE", REG_DWORD, {});
     const LegacyLog log(prefix);
-    EXPECT_FALSE(Writes(log, defaultFile, 2));
-    EXPECT_TRUE(Writes(log, defaultFile, 3));
+    EXPECT_FALSE(Writes(log, defaultFile, LogLevel::verbose));
+    EXPECT_TRUE(Writes(log, defaultFile, LogLevel::information));
     EXPECT_FALSE(std::filesystem::exists(file));
     EXPECT_EQ(log.Type(), 0U);
 }
@@ -81,14 +81,14 @@ TEST_F(LegacyLogTest, TakesAFileNameThatNothingTerminates) {
 TEST_F(LegacyLogTest, CreatesItsFileWithTheFirstLine) {
     const LegacyLog log(prefix);
     EXPECT_FALSE(std::filesystem::exists(file));
-    log.CommonLogEntry("text", 3);
+    log.CommonLogEntry("text", LogLevel::information);
     EXPECT_TRUE(std::filesystem::exists(file));
 }
 
 TEST_F(LegacyLogTest, WritesNarrowLinesWithTheLocalTimeBehindABlank) {
     const LegacyLog log(prefix);
     const std::uint64_t before = LocalTimeNow();
-    log.CommonLogEntry("SendIndication for EventID = 600", 3);
+    log.CommonLogEntry("SendIndication for EventID = 600", LogLevel::information);
     const std::uint64_t after = LocalTimeNow();
     const std::string line = ReadBytesOf(file);
     std::smatch match;
@@ -104,8 +104,8 @@ TEST_F(LegacyLogTest, WritesNarrowLinesWithTheLocalTimeBehindABlank) {
 TEST_F(LegacyLogTest, AppendsToWhatIsThere) {
     WriteBytesTo(file, "older\r\n");
     const LegacyLog log(prefix);
-    log.CommonLogEntry("one", 3);
-    log.CommonLogEntry("two", 3);
+    log.CommonLogEntry("one", LogLevel::information);
+    log.CommonLogEntry("two", LogLevel::information);
     EXPECT_TRUE(std::regex_match(ReadBytesOf(file),
                                  std::regex("older\r\n [^\r]* - one\r\n [^\r]* - two\r\n")));
 }
@@ -113,10 +113,10 @@ TEST_F(LegacyLogTest, AppendsToWhatIsThere) {
 TEST_F(LegacyLogTest, WritesLinesWhoseSeverityIsNotBelowItsLevel) {
     registry.SetNumber(legacyLogKey, L"LEVEL", 4);
     const LegacyLog log(prefix);
-    log.CommonLogEntry("below", 3);
+    log.CommonLogEntry("below", LogLevel::information);
     EXPECT_FALSE(std::filesystem::exists(file));
-    log.CommonLogEntry("equal", 4);
-    log.CommonLogEntry("above", 5);
+    log.CommonLogEntry("equal", LogLevel::warning);
+    log.CommonLogEntry("above", LogLevel::error);
     EXPECT_TRUE(
         std::regex_match(ReadBytesOf(file), std::regex(" [^\r]*equal\r\n [^\r]*above\r\n")));
 }
@@ -124,22 +124,22 @@ TEST_F(LegacyLogTest, WritesLinesWhoseSeverityIsNotBelowItsLevel) {
 TEST_F(LegacyLogTest, WritesWhileOthersReadAndWrite) {
     const LegacyLog log(prefix);
     const windows::FileHandle other = OpenLogFile(file);
-    log.CommonLogEntry("text", 3);
+    log.CommonLogEntry("text", LogLevel::information);
     EXPECT_NE(ReadBytesOf(file), "");
 }
 
 TEST_F(LegacyLogTest, LosesALineThatCannotBeWrittenAndGoesOn) {
     const LegacyLog log(prefix);
     std::filesystem::create_directory(file);
-    log.CommonLogEntry("lost", 3);
+    log.CommonLogEntry("lost", LogLevel::information);
     std::filesystem::remove(file);
-    log.CommonLogEntry("written", 3);
+    log.CommonLogEntry("written", LogLevel::information);
     EXPECT_TRUE(std::regex_match(ReadBytesOf(file), std::regex(" [^\r]*written\r\n")));
 }
 
 TEST_F(LegacyLogTest, CreatesNoFolder) {
     registry.SetText(legacyLogKey, L"LOGFILENAME", folder.File(L"missing\\legacy.log"));
-    LegacyLog(prefix).CommonLogEntry("lost", 3);
+    LegacyLog(prefix).CommonLogEntry("lost", LogLevel::information);
     EXPECT_EQ(folder.FileCount(), 0U);
 }
 

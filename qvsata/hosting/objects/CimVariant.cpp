@@ -11,35 +11,13 @@ namespace {
 
 using windows::Bstr;
 
-VARTYPE ScalarType(CimType type) {
-    switch (type) {
-        case CimType::sint8:
-        case CimType::sint16:
-        case CimType::char16:
-            return VT_I2;
-        case CimType::uint8:
-            return VT_UI1;
-        case CimType::uint16:
-        case CimType::sint32:
-        case CimType::uint32:
-            return VT_I4;
-        case CimType::real32:
-            return VT_R4;
-        case CimType::real64:
-            return VT_R8;
-        case CimType::boolean:
-            return VT_BOOL;
-        case CimType::object:
-            return VT_UNKNOWN;
-        case CimType::string:
-        case CimType::sint64:
-        case CimType::uint64:
-        case CimType::datetime:
-        case CimType::reference:
-            break;
-    }
-    return VT_BSTR;
-}
+static_assert(variant::null == VT_NULL && variant::int16 == VT_I2 && variant::int32 == VT_I4 &&
+              variant::real32 == VT_R4 && variant::real64 == VT_R8 && variant::text == VT_BSTR &&
+              variant::boolean == VT_BOOL && variant::any == VT_VARIANT &&
+              variant::object == VT_UNKNOWN && variant::int8 == VT_I1 && variant::uint8 == VT_UI1 &&
+              variant::uint16 == VT_UI2 && variant::uint32 == VT_UI4 && variant::int64 == VT_I8 &&
+              variant::uint64 == VT_UI8 && variant::nativeInt == VT_INT &&
+              variant::nativeUint == VT_UINT && variant::array == VT_ARRAY);
 
 BSTR NewText(const std::string& text) {
     return Bstr(windows::ToWide(text, CP_UTF8)).Detach();
@@ -159,17 +137,13 @@ struct Writer {
 
 }  // namespace
 
-VARTYPE VariantTypeOf(CimType type, bool isArray) {
-    return static_cast<VARTYPE>(ScalarType(type) | (isArray ? VT_ARRAY : 0));
-}
-
 long CimTypeNumber(CimType type, bool isArray) {
     return static_cast<long>(type) | (isArray ? CIM_FLAG_ARRAY : 0);
 }
 
 void WriteVariant(const CimValue& value, CimType type, VARIANT& out) {
     V_VT(&out) = VT_NULL;
-    std::visit(Writer{ScalarType(type), out}, value);
+    std::visit(Writer{VariantTypeOf(type, false), out}, value);
 }
 
 }  // namespace qv::service

@@ -4,13 +4,9 @@
 
 #include <oleauto.h>
 
-#include "qvsata/cim/CimValue.h"
+#include "qvsata/cim/VariantType.h"
 
 namespace qv::service {
-
-/// Returns the VARIANT type in which the management service delivers a CIM type: VT_I4 for uint16
-/// and uint32, VT_I2 for sint8, decimal text for 64-bit numbers.
-VARTYPE VariantTypeOf(CimType type, bool isArray);
 
 /// Returns the number of a type, with the array flag, as IWbemClassObject reports it.
 long CimTypeNumber(CimType type, bool isArray);

@@ -5,6 +5,7 @@
 
 #include "platform/windows/Bstr.h"
 #include "platform/windows/Text.h"
+#include "qvsata/cim/ValueRules.h"
 
 namespace qv::service {
 namespace {
@@ -65,15 +66,6 @@ std::optional<CimValue> ReadArray(const VARIANT& variant) {
     }
 }
 
-void RestoreSign(CimValue& value) {
-    const auto restore = [](std::int64_t& one) { one = static_cast<std::uint32_t>(one); };
-    if (auto* one = std::get_if<std::int64_t>(&value)) {
-        restore(*one);
-    } else if (auto* several = std::get_if<std::vector<std::int64_t>>(&value)) {
-        std::ranges::for_each(*several, restore);
-    }
-}
-
 }  // namespace
 
 std::optional<CimValue> ReadVariant(const VARIANT& variant) {
@@ -120,10 +112,20 @@ std::optional<CimValue> ReadVariant(const VARIANT& variant) {
 
 std::optional<CimValue> ReadVariant(const VARIANT& variant, CimType type) {
     std::optional<CimValue> value = ReadVariant(variant);
-    if (value && type == CimType::uint32) {
-        RestoreSign(*value);
+    return value ? std::optional(FromVariantContent(*std::move(value), type)) : std::nullopt;
+}
+
+PutValue ReadPut(const VARIANT& variant) {
+    const bool isEmptyArrayOfAnything = V_VT(&variant) == (VT_ARRAY | VT_VARIANT) &&
+                                        V_ARRAY(&variant) != nullptr &&
+                                        V_ARRAY(&variant)->rgsabound[0].cElements == 0;
+    if (isEmptyArrayOfAnything) {
+        return {V_VT(&variant), std::vector<std::string>{}};
     }
-    return value;
+    if (V_VT(&variant) == VT_BOOL) {
+        return {VT_BOOL, std::int64_t{V_BOOL(&variant)}};
+    }
+    return {V_VT(&variant), ReadVariant(variant).value_or(CimValue{})};
 }
 
 }  // namespace qv::service

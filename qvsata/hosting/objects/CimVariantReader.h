@@ -6,7 +6,7 @@
 
 #include <optional>
 
-#include "qvsata/cim/CimValue.h"
+#include "qvsata/cim/PutRules.h"
 
 namespace qv::service {
 
@@ -14,8 +14,10 @@ namespace qv::service {
 /// nothing for content that a CimValue cannot hold (objects, arrays of more than one dimension).
 std::optional<CimValue> ReadVariant(const VARIANT& variant);
 
-/// Reads a VARIANT of a known CIM type: restores a uint32 above 0x7FFFFFFF, which is passed as a
-/// negative VT_I4.
+/// Reads a VARIANT of a known CIM type.
 std::optional<CimValue> ReadVariant(const VARIANT& variant, CimType type);
+
+/// Reads a VARIANT that is passed to Put.
+PutValue ReadPut(const VARIANT& variant);
 
 }  // namespace qv::service

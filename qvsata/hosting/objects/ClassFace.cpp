@@ -3,6 +3,7 @@
 #include "platform/windows/Bstr.h"
 #include "platform/windows/Text.h"
 #include "platform/windows/WbemStatus.h"
+#include "qvsata/cim/ClassObject.h"
 #include "qvsata/hosting/objects/Guarded.h"
 #include "qvsata/hosting/objects/InstanceFace.h"
 

@@ -1,8 +1,6 @@
 #pragma once
 
-#include <memory>
-
-#include "qvsata/cim/ClassObject.h"
+#include "qvsata/cim/ResolvedClass.h"
 #include "qvsata/hosting/objects/ObjectFace.h"
 
 namespace qv::service {
@@ -10,7 +8,8 @@ namespace qv::service {
 /// A class definition as COM sees it. It can be read, and instances can be spawned from it.
 class ClassFace final : public ObjectFace {
 public:
-    explicit ClassFace(std::shared_ptr<const ClassObject> definition)
+    /// `definition` is an object that defines a class.
+    explicit ClassFace(const ObjectPtr& definition)
         : ObjectFace(definition), definition_(definition->Definition()) {}
 
     /// Returns an empty instance of the class.

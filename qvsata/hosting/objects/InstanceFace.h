@@ -7,8 +7,8 @@
 
 namespace qv::service {
 
-/// An instance as COM sees it while a provider fills it. Values are put by the rules of PutRules.h,
-/// and every Put is recorded. One thread may put; afterwards several may read.
+/// An instance as COM sees it while a provider fills it. Values are put by PutOn. One thread may
+/// put; afterwards several may read.
 class InstanceFace final : public ObjectFace {
 public:
     explicit InstanceFace(std::shared_ptr<Instance> instance)
@@ -23,8 +23,6 @@ public:
     STDMETHODIMP Clone(IWbemClassObject** copy) override;
 
 private:
-    HRESULT PutValue(std::string_view name, const VARIANT& value);
-
     std::shared_ptr<Instance> instance_;
 };
 

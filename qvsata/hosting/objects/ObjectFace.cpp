@@ -197,8 +197,8 @@ HRESULT ObjectFace::Clone(IWbemClassObject** copy) {
 }
 
 windows::ComPtr<IWbemClassObject> FaceOf(const ObjectPtr& object) {
-    if (auto definition = std::dynamic_pointer_cast<const ClassObject>(object)) {
-        return windows::MakeObject<ClassFace>(std::move(definition));
+    if (object->Definition()) {
+        return windows::MakeObject<ClassFace>(object);
     }
     return windows::MakeObject<ObjectFace>(object);
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/windows/ComObject.h"
-#include "platform/windows/PathParser.h"
+#include "platform/windows/PathTexts.h"
 #include "platform/windows/WbemStatus.h"
 
 namespace qv::service {

@@ -1,47 +1,66 @@
 #include "qvsata/system/StopRequest.h"
 
 #include <fcntl.h>
-#include <poll.h>
 #include <unistd.h>
 
 #include <array>
+#include <cerrno>
 #include <csignal>
+#include <thread>
 
 namespace qv::tool {
 namespace {
 
-// The signal handler may use only this: it makes the request by writing a byte.
-std::array<int, 2> requests{-1, -1};
+// A signal handler may do little more than write a byte; the listener makes the request of it.
+constexpr char stopByte = 's';
+constexpr char endByte = 'e';
+std::array<int, 2> bytes{-1, -1};
+std::thread listener;
 
 struct sigaction usualAction {};
 
-void TakeRequest(int) {
-    const ssize_t written = write(requests[1], "", 1);
+void Send(char byte) {
+    const ssize_t written = write(bytes[1], &byte, 1);
     static_cast<void>(written);
+}
+
+void TakeRequest(int) {
+    Send(stopByte);
+}
+
+/// Waits for a byte.
+void Listen(std::stop_source source) {
+    char byte = endByte;
+    while (read(bytes[0], &byte, 1) < 0 && errno == EINTR) {
+    }
+    if (byte == stopByte) {
+        source.request_stop();
+    }
 }
 
 }  // namespace
 
 StopRequest::StopRequest() {
-    if (pipe2(requests.data(), O_CLOEXEC | O_NONBLOCK) != 0) {
+    if (pipe2(bytes.data(), O_CLOEXEC) != 0) {
         return;
     }
+    listener = std::thread(Listen, source_);
     struct sigaction action {};
     action.sa_handler = TakeRequest;
-    action.sa_flags = static_cast<int>(SA_RESETHAND);
+    action.sa_flags = static_cast<int>(SA_RESETHAND) | SA_RESTART;
     sigaction(SIGINT, &action, &usualAction);
 }
 
 StopRequest::~StopRequest() {
+    if (!listener.joinable()) {
+        return;
+    }
     sigaction(SIGINT, &usualAction, nullptr);
-    for (const int end : requests) {
+    Send(endByte);
+    listener.join();
+    for (const int end : bytes) {
         close(end);
     }
-}
-
-bool WaitForStop(std::chrono::milliseconds longest) {
-    pollfd request{requests[0], POLLIN, 0};
-    return poll(&request, 1, static_cast<int>(longest.count())) > 0;
 }
 
 }  // namespace qv::tool

@@ -1,40 +1,30 @@
 #include "qvsata/system/StopRequest.h"
 
-#include "platform/windows/Handle.h"
-#include "qvsata/system/windows/StopEvent.h"
+#include <windows.h>
 
 namespace qv::tool {
 namespace {
 
+// Static: the system calls the handler on a thread of its own and passes it no context.
+std::stop_source& Source() {
+    static std::stop_source source;
+    return source;
+}
+
 BOOL WINAPI TakeRequest(DWORD control) {
-    const bool isFirst = WaitForSingleObject(StopEvent(), 0) != WAIT_OBJECT_0;
-    if ((control != CTRL_C_EVENT && control != CTRL_BREAK_EVENT) || !isFirst) {
-        return FALSE;
-    }
-    SetEvent(StopEvent());
-    return TRUE;
+    const bool isRequest = control == CTRL_C_EVENT || control == CTRL_BREAK_EVENT;
+    return isRequest && Source().request_stop() ? TRUE : FALSE;
 }
 
 }  // namespace
 
-// The event is static: the system calls the handler on a thread of its own and passes it no
-// context.
-HANDLE StopEvent() {
-    static const windows::KernelHandle made(CreateEventW(nullptr, TRUE, FALSE, nullptr));
-    return made.Get();
-}
-
 StopRequest::StopRequest() {
-    ResetEvent(StopEvent());
+    Source() = source_;
     SetConsoleCtrlHandler(TakeRequest, TRUE);
 }
 
 StopRequest::~StopRequest() {
     SetConsoleCtrlHandler(TakeRequest, FALSE);
-}
-
-bool WaitForStop(std::chrono::milliseconds longest) {
-    return WaitForSingleObject(StopEvent(), static_cast<DWORD>(longest.count())) == WAIT_OBJECT_0;
 }
 
 }  // namespace qv::tool

@@ -36,7 +36,7 @@ std::string PathGiven(const service::Object& object) {
 
 /// Returns the path with the keys in the library's order.
 std::string PathAsPut(const service::Object& object) {
-    return dynamic_cast<const service::Instance&>(object).PathAsPut();
+    return object.PathAsPut().value();
 }
 
 /// Returns \\server\root\QVQ: with its backslashes doubled, as inside a key.

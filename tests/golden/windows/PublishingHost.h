@@ -21,7 +21,7 @@ namespace qv::test {
 /// A put that the instance's class refused.
 struct RefusedPut {
     std::string property;  ///< Class.Property
-    std::uint16_t variantType = 0;
+    service::VariantType variantType = 0;
     service::CimValue value;
 };
 

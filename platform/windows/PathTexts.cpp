@@ -1,7 +1,8 @@
-#include "platform/windows/PathParser.h"
+#include "platform/windows/PathTexts.h"
 
 #include <array>
 
+#include "platform/ObjectPathLimit.h"
 #include "platform/windows/ComObject.h"
 #include "platform/windows/WbemStatus.h"
 
@@ -10,7 +11,7 @@ namespace {
 
 // The parser may report success for a text that does not fit: the buffer is then unchanged, that
 // is, empty.
-using TextBuffer = std::array<wchar_t, 1000>;
+using TextBuffer = std::array<wchar_t, platform::longestRelativePath + 1>;
 
 }  // namespace
 

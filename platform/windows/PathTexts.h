@@ -24,8 +24,8 @@ struct PathTexts {
 };
 
 /// Parses a path with a new parser from `parsers`. Returns the parser's status, or
-/// WBEM_E_BUFFER_TOO_SMALL for a relative path of 1000 or more characters, also if the parser
-/// succeeds. Ignores the status of the class name, on purpose.
+/// WBEM_E_BUFFER_TOO_SMALL for a relative path longer than platform::longestRelativePath, also if
+/// the parser succeeds. Ignores the status of the class name, on purpose.
 HRESULT ParsePath(IClassFactory& parsers, LPCWSTR objectPath, PathTexts& texts);
 
 }  // namespace qv::windows
