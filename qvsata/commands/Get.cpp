@@ -20,7 +20,7 @@ void AddGet(CLI::App& program) {
     command->footer(
         "Examples: qvsata get --disk 0 --live\n"
         "          qvsata get \"QV_WinComputerSystem.CreationClassName='QV_WinComputerSystem',"
-        "Name='desk01.example.org'\" --live");
+        "Name='study-desk.example.org'\" --host hosts/ahci-desktop.json");
     OnProvider(*command, arguments, [](const service::ProviderHost& host, const Arguments& given) {
         const service::Namespace& nameSpace = host.Published();
         const std::string path = PathOf(host, given.object);

@@ -16,7 +16,8 @@ void AddQuery(CLI::App& program) {
         "query", "the answer to a query: SELECT, ASSOCIATORS OF, REFERENCES OF");
     command->add_option("WQL", arguments->wql, "the query")->required();
     AddOptions(*command, arguments->options);
-    command->footer("Example: qvsata query \"SELECT Name FROM CIM_DiskDrive\" --live");
+    command->footer(
+        "Example: qvsata query \"SELECT Name FROM CIM_DiskDrive\" --host hosts/ahci-desktop.json");
     OnProvider(*command, arguments, [](const service::ProviderHost& host, const Arguments& given) {
         PrintAnswer(host, host.Published().Query(given.wql), given.options.format);
     });

@@ -1,34 +1,45 @@
 #include "qvsata/mof/MofText.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
+#include <cstdio>
+#include <utility>
 
+#include "qvsata/cim/Characters.h"
 #include "source/Text.h"
 
 namespace qv::service {
 namespace {
 
+constexpr std::array escapes{
+    std::pair<std::string_view, std::string_view>{"\"", "\\\""},
+    std::pair<std::string_view, std::string_view>{"\\", "\\\\"},
+    std::pair<std::string_view, std::string_view>{"\n", "\\n"},
+    std::pair<std::string_view, std::string_view>{"\r", "\\r"},
+    std::pair<std::string_view, std::string_view>{"\t", "\\t"},
+};
+
+std::string Escaped(const Character& character) {
+    const auto* const escape = std::ranges::find(
+        escapes, character.bytes, &std::pair<std::string_view, std::string_view>::first);
+    if (escape != escapes.end()) {
+        return std::string(escape->second);
+    }
+    if (!character.code || !ControlsText(character)) {
+        return std::string(character.bytes);
+    }
+    std::array<char, 16> text{};
+    std::snprintf(text.data(), text.size(), "\\x%04X", static_cast<unsigned>(*character.code));
+    return text.data();
+}
+
 std::string Quoted(std::string_view text) {
     std::string quoted = "\"";
-    for (const char character : text) {
-        switch (character) {
-            case '"':
-            case '\\':
-                quoted += '\\';
-                quoted += character;
-                break;
-            case '\n':
-                quoted += "\\n";
-                break;
-            case '\r':
-                quoted += "\\r";
-                break;
-            case '\t':
-                quoted += "\\t";
-                break;
-            default:
-                quoted += character;
-        }
+    while (!text.empty()) {
+        const Character character = FirstCharacter(text);
+        quoted += Escaped(character);
+        text.remove_prefix(character.bytes.size());
     }
     return quoted + '"';
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "qvsata/view/text/Characters.h"
 #include "qvsata/view/text/Columns.h"
 
 namespace qv::view {
@@ -23,7 +24,7 @@ std::string ShortName(const PublishedObject& object) {
 class Graph {
 public:
     void AddInstance(const PublishedObject& object) {
-        AddNode(object.Identity(), object.className + '\n' + ShortName(object));
+        AddNode(object.Identity(), object.className + '\n' + Printable(ShortName(object)));
     }
 
     void AddAssociation(const PublishedObject& association) {
@@ -51,7 +52,9 @@ private:
     }
 
     /// Returns the node of a path; creates it for a path that is not an instance.
-    const std::string& NodeOf(const std::string& path) { return AddNode(IdentityOf(path), path); }
+    const std::string& NodeOf(const std::string& path) {
+        return AddNode(IdentityOf(path), Printable(path));
+    }
 
     std::map<std::string, std::string> names_;  ///< nodes by identity
     std::string nodes_;

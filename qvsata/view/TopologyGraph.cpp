@@ -4,6 +4,7 @@
 
 #include "qvsata/view/AssociationGraph.h"
 #include "qvsata/view/SizeText.h"
+#include "qvsata/view/text/Characters.h"
 #include "qvsata/view/text/Columns.h"
 
 namespace qv::view {
@@ -38,7 +39,7 @@ public:
             const Health health = HealthOf(disk);
             const std::string number = disk.number ? DriveNumberText(disk.number) + ' ' : "";
             Join(parent, Add(number + OrDash(disk.model) + '\n' + GigabytesText(disk.size) + '\n' +
-                                 health.word,
+                                 Printable(health.word),
                              ColourOf(health)));
         }
     }
@@ -47,8 +48,9 @@ public:
         if (channel.disks.empty()) {
             return;
         }
-        const std::string node = Add("channel " + OrDash(channel.name) + '\n' + channel.status.word,
-                                     ColourOf(channel.status));
+        const std::string node =
+            Add("channel " + OrDash(channel.name) + '\n' + Printable(channel.status.word),
+                ColourOf(channel.status));
         Join(parent, node);
         AddDisks(channel.disks, node);
     }
@@ -61,8 +63,9 @@ public:
         if (!hasDisks) {
             return;
         }
-        const std::string node = Add(OrDash(controller.name) + '\n' + controller.status.word,
-                                     ColourOf(controller.status));
+        const std::string node =
+            Add(OrDash(controller.name) + '\n' + Printable(controller.status.word),
+                ColourOf(controller.status));
         Join(host, node);
         for (const Channel& channel : controller.channels) {
             AddChannel(channel, node);
@@ -89,7 +92,8 @@ private:
 std::string TopologyAsGraph(const Topology& topology) {
     DiskGraph graph;
     const std::string host = graph.Add(
-        topology.computer.empty() ? "computer without a name" : topology.computer, "white");
+        topology.computer.empty() ? "computer without a name" : Printable(topology.computer),
+        "white");
     for (const Controller& controller : topology.controllers) {
         graph.AddController(controller, host);
     }

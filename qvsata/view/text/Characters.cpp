@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <cstdio>
 #include <utility>
 
@@ -12,9 +11,6 @@ namespace {
 using Range = std::pair<char32_t, char32_t>;
 
 // In ascending order.
-constexpr std::array controls{Range{0x00, 0x1F},     Range{0x7F, 0x9F},     Range{0x061C, 0x061C},
-                              Range{0x200E, 0x200F}, Range{0x2028, 0x202E}, Range{0x2066, 0x2069},
-                              Range{0xFEFF, 0xFEFF}};
 constexpr std::array combining{Range{0x0300, 0x036F}, Range{0x0483, 0x0489}, Range{0x0591, 0x05BD},
                                Range{0x064B, 0x065F}, Range{0x1AB0, 0x1AFF}, Range{0x1DC0, 0x1DFF},
                                Range{0x200B, 0x200D}, Range{0x20D0, 0x20FF}, Range{0x3099, 0x309A},
@@ -32,10 +28,6 @@ bool IsIn(const Ranges& ranges, char32_t code) {
     return range != ranges.end() && range->first <= code;
 }
 
-bool IsControl(const Character& character) {
-    return !character.code || IsIn(controls, *character.code);
-}
-
 std::string Escaped(const Character& character) {
     constexpr char32_t firstOfFourDigits = 0x100;
     std::array<char, 16> text{};
@@ -46,36 +38,6 @@ std::string Escaped(const Character& character) {
 }
 
 }  // namespace
-
-Character FirstCharacter(std::string_view text) {
-    // The smallest code of each length: a longer form of a smaller code is not UTF-8.
-    constexpr std::array<char32_t, 5> smallest{0, 0, 0x80, 0x800, 0x10000};
-    constexpr int longest = 4;
-    const auto byte = [&text](std::size_t place) -> unsigned char {
-        return static_cast<unsigned char>(text[place]);
-    };
-    const int ones = std::countl_one(byte(0));
-    if (ones == 0) {
-        return {text.substr(0, 1), byte(0)};
-    }
-    const auto length = static_cast<std::size_t>(ones);
-    if (ones == 1 || ones > longest || text.size() < length) {
-        return {text.substr(0, 1), std::nullopt};
-    }
-    char32_t code = byte(0) & (0xFFU >> (length + 1));
-    for (std::size_t place = 1; place < length; ++place) {
-        if ((byte(place) & 0xC0U) != 0x80) {
-            return {text.substr(0, 1), std::nullopt};
-        }
-        code = (code << 6U) | (byte(place) & 0x3FU);
-    }
-    constexpr char32_t last = 0x10FFFF;
-    const bool isSurrogate = code >= 0xD800 && code <= 0xDFFF;
-    if (code < smallest.at(length) || code > last || isSurrogate) {
-        return {text.substr(0, 1), std::nullopt};
-    }
-    return {text.substr(0, length), code};
-}
 
 std::size_t ColumnsOf(const Character& character) {
     if (!character.code) {
@@ -91,7 +53,7 @@ std::string Printable(std::string_view text) {
     std::string printable;
     while (!text.empty()) {
         const Character character = FirstCharacter(text);
-        printable += IsControl(character) ? Escaped(character) : std::string(character.bytes);
+        printable += ControlsText(character) ? Escaped(character) : std::string(character.bytes);
         text.remove_prefix(character.bytes.size());
     }
     return printable;

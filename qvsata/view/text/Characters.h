@@ -1,19 +1,16 @@
 #pragma once
 
-#include <optional>
+#include <cstddef>
 #include <string>
 #include <string_view>
 
+#include "qvsata/cim/Characters.h"
+
 namespace qv::view {
 
-/// A character at the beginning of a text.
-struct Character {
-    std::string_view bytes;        ///< as in the text
-    std::optional<char32_t> code;  ///< nothing for a byte that is not part of UTF-8
-};
-
-/// Returns the first character of a text, which must not be empty.
-Character FirstCharacter(std::string_view text);
+using service::Character;
+using service::ControlsText;
+using service::FirstCharacter;
 
 /// Returns the columns of a terminal that a character takes: none for a combining one, two for a
 /// wide one (Chinese, Japanese, Korean, emoji), otherwise one. Ranges: Unicode 15, the properties

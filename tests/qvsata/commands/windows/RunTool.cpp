@@ -90,8 +90,8 @@ public:
 private:
     static void WriteEnd(const KernelHandle& pipe) {
         DWORD written = 0;
-        WriteFile(pipe.Get(), Reading::endMark.data(), static_cast<DWORD>(Reading::endMark.size()),
-                  &written, nullptr);
+        ::WriteFile(pipe.Get(), Reading::endMark.data(),
+                    static_cast<DWORD>(Reading::endMark.size()), &written, nullptr);
     }
 
     KernelHandle process_;

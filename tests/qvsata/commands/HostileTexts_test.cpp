@@ -1,0 +1,90 @@
+// Texts of devices that would control a terminal or forge lines, through the commands.
+#include <gmock/gmock.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "nlohmann/json.hpp"
+#include "tests/qvsata/commands/RunHere.h"
+
+namespace qv::test {
+namespace {
+
+using nlohmann::json;
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::Not;
+
+const std::string hostile =
+    "Evil\x1B[2J\r\n3 disks: 3 OK\u202E<b>&amp;\"\x07" + std::string(70'000, 'x');
+
+/// A recording whose texts for people are all hostile.
+class HostileTextsTest : public testing::Test {
+protected:
+    HostileTextsTest() {
+        json host;
+        std::ifstream(QV_SOURCE_DIR "/hosts/ahci-desktop.json") >> host;
+        for (json& rows : host["namespaces"]["root\\CIMv2"]) {
+            for (json& row : rows) {
+                Spoil(row);
+            }
+        }
+        std::ofstream(file_) << host;
+    }
+    ~HostileTextsTest() override { std::filesystem::remove(file_); }
+
+    Ending Run(std::vector<std::string> command) const {
+        command.insert(command.end(), {"--host", file_.string(), "--mof", QV_SOURCE_DIR "/mof"});
+        return RunHere(command);
+    }
+
+private:
+    static void Spoil(json& row) {
+        for (const char* const property :
+             {"Model", "Caption", "Description", "Name", "SerialNumber", "FirmwareRevision",
+              "Manufacturer", "Status"}) {
+            if (row.contains(property) && row[property].is_string()) {
+                row[property] = hostile;
+            }
+        }
+    }
+
+    const std::filesystem::path file_ =
+        std::filesystem::temp_directory_path() / "qv-hostile-texts.json";
+};
+
+class HostileTexts : public HostileTextsTest,
+                     public testing::WithParamInterface<std::vector<std::string>> {};
+
+TEST_P(HostileTexts, DoNotReachATerminal) {
+    const Ending run = Run(GetParam());
+    EXPECT_NE(run.exitCode, 2) << run.errors;
+    EXPECT_THAT(run.output + run.errors,
+                AllOf(Not(HasSubstr("\x1B")), Not(HasSubstr("\r")), Not(HasSubstr("\x07")),
+                      Not(HasSubstr("\n3 disks")), Not(HasSubstr("\u202E"))));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Commands, HostileTexts,
+    testing::Values(std::vector<std::string>{"disks"}, std::vector<std::string>{"topology"},
+                    std::vector<std::string>{"topology", "--format", "dot"},
+                    std::vector<std::string>{"topology", "--format", "dot", "--all"},
+                    std::vector<std::string>{"classes"}, std::vector<std::string>{"sources"},
+                    std::vector<std::string>{"enumerate", "CIM_ManagedElement"},
+                    std::vector<std::string>{"enumerate", "CIM_ManagedElement", "--format", "mof"},
+                    std::vector<std::string>{"get", "--disk", "0"},
+                    std::vector<std::string>{"get", "QV_SATADiskDrive.Name='Evil'"},
+                    std::vector<std::string>{"associators", "--disk", "0"},
+                    std::vector<std::string>{"references", "--disk", "0", "--format", "mof"},
+                    std::vector<std::string>{"query", "SELECT * FROM CIM_DiskDrive"}));
+
+TEST_F(HostileTextsTest, StayWholeInJson) {
+    const json disks = json::parse(Run({"disks", "--format", "json"}).output)["disks"];
+    EXPECT_EQ(disks[0]["model"], hostile);
+    const json objects =
+        json::parse(Run({"enumerate", "QV_SATADiskDrive", "--format", "json"}).output)["objects"];
+    EXPECT_EQ(objects[0]["Model"], hostile);
+}
+
+}  // namespace
+}  // namespace qv::test
