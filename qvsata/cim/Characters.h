@@ -14,8 +14,8 @@ struct Character {
 /// Returns the first character of a text, which must not be empty.
 Character FirstCharacter(std::string_view text);
 
-/// Returns whether a character would control a terminal, end a line or turn the direction of
-/// writing; also true for a byte that is not UTF-8.
+/// Returns whether a character would control a terminal, end a line, turn the direction of
+/// writing or be invisible; also true for a byte that is not UTF-8.
 bool ControlsText(const Character& character);
 
 }  // namespace qv::service

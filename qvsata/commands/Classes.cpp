@@ -9,6 +9,7 @@
 #include "qvsata/commands/SourceReport.h"
 #include "qvsata/output/Output.h"
 #include "qvsata/output/OutputJson.h"
+#include "qvsata/output/OutputMof.h"
 #include "qvsata/system/Console.h"
 #include "qvsata/view/text/TextTable.h"
 
@@ -46,7 +47,7 @@ view::StyledText AsText(const std::vector<ClassLine>& lines) {
     return view::TableAsText(table, ColumnsOf(Stream::output));
 }
 
-std::string AsJson(const std::vector<ClassLine>& lines) {
+nlohmann::ordered_json AsJson(const std::vector<ClassLine>& lines) {
     nlohmann::ordered_json array = nlohmann::ordered_json::array();
     for (const ClassLine& line : lines) {
         nlohmann::ordered_json count;
@@ -55,7 +56,7 @@ std::string AsJson(const std::vector<ClassLine>& lines) {
         }
         array.push_back({{"class", line.name}, {"kind", line.kind}, {"instances", count}});
     }
-    return DocumentText({{"classes", array}});
+    return {{"classes", array}};
 }
 
 std::string AsMof(const service::Namespace& nameSpace) {
@@ -63,7 +64,7 @@ std::string AsMof(const service::Namespace& nameSpace) {
     for (const PublishedClass& published : PublishedClasses()) {
         std::ranges::move(Take(nameSpace.Get(published.name)), std::back_inserter(definitions));
     }
-    return FormatObjects(definitions, Format::mof);
+    return ObjectsAsMof(definitions);
 }
 
 }  // namespace
@@ -82,7 +83,7 @@ void AddClasses(CLI::App& program) {
             case Format::text:
                 return Print(AsText(CountInstances(host)));
             case Format::json:
-                return Print(AsJson(CountInstances(host)));
+                return PrintDocument(host, AsJson(CountInstances(host)));
             case Format::mof:
                 return Print(AsMof(host.Published()));
         }

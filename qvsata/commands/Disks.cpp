@@ -12,6 +12,7 @@
 #include "qvsata/view/JsonValues.h"
 #include "qvsata/view/KeyWarnings.h"
 #include "qvsata/view/SerialNumber.h"
+#include "source/Namespaces.h"
 
 namespace qv::tool {
 namespace {
@@ -20,7 +21,7 @@ enum class DisksFormat { text, json };
 
 using view::OrNull;
 
-std::string AsJson(const std::vector<view::OsDisk>& disks) {
+nlohmann::ordered_json AsJson(const std::vector<view::OsDisk>& disks) {
     nlohmann::ordered_json array = nlohmann::ordered_json::array();
     for (const view::OsDisk& disk : disks) {
         array.push_back(
@@ -34,22 +35,21 @@ std::string AsJson(const std::vector<view::OsDisk>& disks) {
              {"attachedTo", OrNull(disk.attachmentName)},
              {"attachedToId", OrNull(disk.attachment)},
              {"deviceId", OrNull(disk.deviceId)},
-             {"status", OrNull(disk.health.code)},
-             {"statusWord", disk.health.word},
-             {"failurePredicted", disk.failureIsPredicted},
+             {"status", view::StatusAsJson(disk.health)},
+             {"failurePredicted", OrNull(disk.failureIsPredicted)},
              {"published", disk.whyUnpublished.empty()},
              {"whyUnpublished", OrNull(disk.whyUnpublished)},
              {"watched", disk.whyUnwatched.empty()},
              {"whyUnwatched", OrNull(disk.whyUnwatched)}});
     }
-    return DocumentText({{"disks", array}});
+    return {{"disks", array}};
 }
 
 void PrintTable(const service::ProviderHost& host, const std::vector<view::OsDisk>& disks) {
     if (!disks.empty()) {
         return PrintFitted(view::DisksAsText(disks, ColumnsOf(Stream::output)));
     }
-    const bool unread = IsUnread(host.Journal().Queries(), "Win32_DiskDrive");
+    const bool unread = IsUnread(host.Journal().Queries(), cimNamespace, "Win32_DiskDrive");
     Print(unread ? "disks not readable\n" : "no disks\n");
 }
 
@@ -71,7 +71,7 @@ void AddDisks(CLI::App& program) {
         const std::vector<view::OsDisk> disks = ReadOsDisks(host);
         WriteErrorFitted(view::KeyWarnings(disks));
         if (given.format == DisksFormat::json) {
-            Print(AsJson(disks));
+            PrintDocument(host, AsJson(disks));
         } else {
             PrintTable(host, disks);
         }

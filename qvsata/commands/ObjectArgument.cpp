@@ -3,10 +3,13 @@
 #include <algorithm>
 
 #include "qvsata/cim/ObjectPathParser.h"
+#include "qvsata/commands/Options.h"
 #include "qvsata/commands/OsDisks.h"
 #include "qvsata/commands/Session.h"
+#include "qvsata/commands/SourceReport.h"
 #include "qvsata/output/Output.h"
 #include "qvsata/view/text/Characters.h"
+#include "source/Namespaces.h"
 #include "source/Text.h"
 
 namespace qv::tool {
@@ -50,9 +53,10 @@ std::vector<std::string> FittingPaths(const service::Namespace& nameSpace,
 void AddObjectArgument(CLI::App& command, ObjectArgument& object) {
     CLI::Option* path =
         command.add_option("PATH", object.path, "an object path, its keys in any order");
-    command.add_option("--disk", object.disk, "the published disk with this drive number")
-        ->type_name("N")
-        ->excludes(path);
+    CLI::Option* disk =
+        command.add_option("--disk", object.disk, "the published disk with this drive number");
+    CheckWhole(disk, 0, "N");
+    disk->excludes(path);
 }
 
 std::string PathOf(const service::ProviderHost& host, const ObjectArgument& object) {
@@ -64,6 +68,9 @@ std::string PathOf(const service::ProviderHost& host, const ObjectArgument& obje
     }
     const std::string name = "disk #" + std::to_string(*object.disk);
     const std::vector<view::OsDisk> disks = ReadOsDisks(host);
+    if (IsUnread(host.Journal().Queries(), cimNamespace, "Win32_DiskDrive")) {
+        throw CommandError(name + ": disks not readable");
+    }
     const auto disk = std::ranges::find(disks, *object.disk, &view::OsDisk::number);
     if (disk == disks.end()) {
         throw CommandError(name + ": there is no such disk");
@@ -72,12 +79,18 @@ std::string PathOf(const service::ProviderHost& host, const ObjectArgument& obje
         throw CommandError(name + " is not published: " + disk->whyUnpublished);
     }
     const std::string key = EncodeDeviceId(disk->deviceId);
-    for (const auto& published : Take(host.Published().Enumerate(diskClass))) {
-        if (EqualsIgnoringCase(service::TextOf(*published, "DeviceID"), key)) {
-            return service::TextOf(*published, "__RELPATH");
-        }
+    service::ObjectList published = Take(host.Published().Enumerate(diskClass));
+    std::erase_if(published, [&key](const service::ObjectPtr& one) {
+        return !EqualsIgnoringCase(service::TextOf(*one, "DeviceID"), key);
+    });
+    if (published.size() > 1) {
+        throw CommandError(name +
+                           " has the plug-and-play ID of another disk: no path names it alone");
     }
-    throw CommandError(name + ": no instance has its ID");
+    if (published.empty()) {
+        throw CommandError(name + ": no instance has its ID");
+    }
+    return service::TextOf(*published.front(), "__RELPATH");
 }
 
 service::Answer WithFittingPaths(const service::Namespace& nameSpace, const std::string& path,

@@ -15,25 +15,24 @@ std::string Alternatives(const std::vector<std::string>& names, const std::strin
     return text;
 }
 
-/// Accepts a whole number of at least 1.
-CLI::Validator Counted() {
-    return {[](const std::string& text) -> std::string {
+CLI::Validator Whole(unsigned least) {
+    return {[least](const std::string& text) -> std::string {
                 constexpr unsigned most = 1000000000;
                 unsigned number = 0;
                 const char* end = text.data() + text.size();
                 const auto [rest, error] = std::from_chars(text.data(), end, number);
-                return error == std::errc() && rest == end && number >= 1 && number <= most
+                return error == std::errc() && rest == end && number >= least && number <= most
                            ? ""
-                           : "'" + text + "' is not a whole number from 1 to " +
-                                 std::to_string(most);
+                           : "'" + text + "' is not a whole number from " + std::to_string(least) +
+                                 " to " + std::to_string(most);
             },
             ""};
 }
 
 }  // namespace
 
-void CheckCounted(CLI::Option* option, const char* unit) {
-    option->check(Counted())->type_name(unit);
+void CheckWhole(CLI::Option* option, unsigned least, const char* unit) {
+    option->check(Whole(least))->type_name(unit);
 }
 
 void AddNamedFormats(CLI::App& command, const std::vector<std::string>& names,
@@ -69,10 +68,10 @@ void AddSourceOptions(CLI::App& command, Options& options) {
         }
     });
 
-    CheckCounted(command.add_option("--timeout", options.timeout,
-                                    "ends the command after so many seconds; one query of --live "
-                                    "may take half of them"),
-                 "SECONDS");
+    CheckWhole(command.add_option("--timeout", options.timeout,
+                                  "ends the command after so many seconds; one query of --live "
+                                  "may take half of them"),
+               1, "SECONDS");
 
     auto* library =
         command.add_option("--dll", options.library, "the provider (default: beside this program)")

@@ -31,8 +31,8 @@ struct Options {
 /// and --live is required.
 void AddOptions(CLI::App& command, Options& options);
 
-/// Makes a number of an option a whole number from 1 to 10^9 of a unit ("SECONDS").
-void CheckCounted(CLI::Option* option, const char* unit);
+/// Makes the value of an option a whole number from `least` to 10^9 of a unit ("SECONDS").
+void CheckWhole(CLI::Option* option, unsigned least, const char* unit);
 
 /// Adds the same options without --format, for a command with its own formats.
 void AddSourceOptions(CLI::App& command, Options& options);

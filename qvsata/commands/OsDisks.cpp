@@ -36,10 +36,8 @@ platform::Rows RowsOf(const platform::QueryPort& machine, const std::string& cla
 class DiskReader {
 public:
     explicit DiskReader(const platform::QueryPort& machine)
-        : media_(RowsOf(machine, "Win32_PhysicalMedia")),
-          controllers_(RowsOf(machine, "Win32_IDEController")),
-          links_(RowsOf(machine, "Win32_IDEControllerDevice"), controllers_),
-          predictions_(Read(machine, wmiNamespace, "MSStorageDriver_FailurePredictStatus")) {}
+        : DiskReader(machine, Read(machine, cimNamespace, "Win32_IDEController"),
+                     Read(machine, cimNamespace, "Win32_IDEControllerDevice")) {}
 
     static platform::Rows Disks(const platform::QueryPort& machine) {
         return RowsOf(machine, "Win32_DiskDrive");
@@ -62,7 +60,10 @@ public:
             disk.attachmentName = NameOf(*controller);
         }
         disk.health = HealthOf(row);
-        disk.failureIsPredicted = IsPredictedToFail(disk.deviceId);
+        disk.attachmentIsRead = attachmentsAreRead_;
+        if (Succeeded(predictions_.status)) {
+            disk.failureIsPredicted = IsPredictedToFail(disk.deviceId);
+        }
         if (!IsIdeDisk(row)) {
             disk.whyUnpublished = disk.bus.empty() ? "bus unknown" : "bus is " + disk.bus;
         }
@@ -72,6 +73,13 @@ public:
     }
 
 private:
+    DiskReader(const platform::QueryPort& machine, ReadRows controllers, const ReadRows& links)
+        : media_(RowsOf(machine, "Win32_PhysicalMedia")),
+          controllers_(std::move(controllers.rows)),
+          links_(links.rows, controllers_),
+          attachmentsAreRead_(Succeeded(controllers.status) && Succeeded(links.status)),
+          predictions_(Read(machine, wmiNamespace, "MSStorageDriver_FailurePredictStatus")) {}
+
     std::string SerialNumberOf(const platform::Row& row) const {
         std::string deviceId;
         if (!Succeeded(GetStringProperty(row, "DeviceID", deviceId))) {
@@ -130,6 +138,7 @@ private:
     platform::Rows media_;
     platform::Rows controllers_;
     ControllerLinks links_;
+    bool attachmentsAreRead_;
     ReadRows predictions_;
 };
 

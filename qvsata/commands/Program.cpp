@@ -29,6 +29,8 @@ int Run(std::vector<std::string> arguments) {
     CLI::App program("Plays the management service for the SATA storage provider.", "qvsata");
     // A leading slash begins a path, not an option.
     program.allow_windows_style_options(false);
+    // Not -h: "-host" would be a request for help.
+    program.set_help_flag("--help", "prints this help");
     program.set_version_flag("--version", "qvsata " QV_VERSION);
     program.require_subcommand(1);
     for (const auto& add : commands) {

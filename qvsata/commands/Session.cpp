@@ -12,10 +12,14 @@
 #include "qvsata/commands/SourceReport.h"
 #include "qvsata/mof/ShippedMof.h"
 #include "qvsata/output/Output.h"
+#include "qvsata/output/OutputJson.h"
+#include "qvsata/output/OutputMof.h"
+#include "qvsata/output/OutputText.h"
 #include "qvsata/recorded/HostFile.h"
 #include "qvsata/service/StartProvider.h"
 #include "qvsata/system/Console.h"
 #include "qvsata/system/Process.h"
+#include "qvsata/view/JsonValues.h"
 #include "qvsata/view/text/Characters.h"
 
 namespace qv::tool {
@@ -103,6 +107,18 @@ void RunOnProvider(const Options& options,
     }
 }
 
+void PrintDocument(const service::ProviderHost& host, nlohmann::ordered_json content) {
+    nlohmann::ordered_json unread = nlohmann::ordered_json::array();
+    for (const service::SourceQuery& query : UnreadSources(host.Journal().Queries())) {
+        unread.push_back({{"namespace", query.nameSpace},
+                          {"class", view::OrNull(query.className)},
+                          {"status", EndText(query)},
+                          {"loss", LossWithout(query.nameSpace, query.className)}});
+    }
+    content["unread"] = std::move(unread);
+    Print(DocumentText(content));
+}
+
 service::ObjectList Take(service::Answer answer) {
     if (!Succeeded(answer.status)) {
         throw CommandError(answer.message);
@@ -132,10 +148,13 @@ void PrintAnswer(const service::ProviderHost& host, service::Answer answer, Form
     const service::ObjectList objects = Take(std::move(answer));
     WarnOfDoubles(objects);
     const bool blind = objects.empty() && !UnreadSources(host.Journal().Queries()).empty();
-    if (format != Format::text) {
-        return Print(FormatObjects(objects, format));
+    if (format == Format::json) {
+        return PrintDocument(host, {{"objects", ObjectsAsJson(objects)}});
     }
-    PrintFitted({{blind ? "(not readable)\n" : FormatObjects(objects, format)}});
+    if (format == Format::mof) {
+        return Print(ObjectsAsMof(objects));
+    }
+    PrintFitted({{blind ? "(not readable)\n" : ObjectsAsText(objects)}});
 }
 
 }  // namespace qv::tool

@@ -6,6 +6,7 @@
 #include <string>
 #include <utility>
 
+#include "nlohmann/json.hpp"
 #include "qvsata/commands/Options.h"
 #include "qvsata/service/ProviderHost.h"
 
@@ -42,6 +43,10 @@ void OnProvider(CLI::App& command, std::shared_ptr<Arguments> arguments, Action 
                       [&](const service::ProviderHost& host) { action(host, *arguments); });
     });
 }
+
+/// Prints a JSON document: the members of `content`, and as `unread` each source that could not be
+/// read so far.
+void PrintDocument(const service::ProviderHost& host, nlohmann::ordered_json content);
 
 /// Returns the answer's objects; throws CommandError if the answer is a failure.
 service::ObjectList Take(service::Answer answer);

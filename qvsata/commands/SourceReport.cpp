@@ -49,9 +49,10 @@ std::vector<service::SourceQuery> UnreadSources(const std::vector<service::Sourc
     return unread;
 }
 
-bool IsUnread(const std::vector<service::SourceQuery>& queries, std::string_view className) {
-    return std::ranges::any_of(queries, [className](const service::SourceQuery& query) {
-        return !WasRead(query) && EqualsIgnoringCase(query.nameSpace, cimNamespace) &&
+bool IsUnread(const std::vector<service::SourceQuery>& queries, std::string_view nameSpace,
+              std::string_view className) {
+    return std::ranges::any_of(queries, [&](const service::SourceQuery& query) {
+        return !WasRead(query) && EqualsIgnoringCase(query.nameSpace, nameSpace) &&
                (query.className.empty() || EqualsIgnoringCase(query.className, className));
     });
 }

@@ -115,7 +115,7 @@ view::StyledText AsText(const std::vector<SourceUse>& uses) {
     return text;
 }
 
-std::string AsJson(const std::vector<SourceUse>& uses) {
+nlohmann::ordered_json AsJson(const std::vector<SourceUse>& uses) {
     nlohmann::ordered_json array = nlohmann::ordered_json::array();
     for (const SourceUse& use : uses) {
         nlohmann::ordered_json rows;
@@ -136,7 +136,7 @@ std::string AsJson(const std::vector<SourceUse>& uses) {
                          {"meaning", service::StatusMeaning(use.worst.status)},
                          {"loss", use.source.loss}});
     }
-    return DocumentText({{"sources", array}});
+    return {{"sources", array}};
 }
 
 }  // namespace
@@ -157,7 +157,7 @@ void AddSources(CLI::App& program) {
     OnProvider(*command, arguments, [](const service::ProviderHost& host, const Arguments& given) {
         const std::vector<SourceUse> uses = ReadSources(host);
         if (given.format == SourcesFormat::json) {
-            Print(AsJson(uses));
+            PrintDocument(host, AsJson(uses));
         } else {
             PrintFitted(AsText(uses));
         }

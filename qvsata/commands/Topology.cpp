@@ -17,6 +17,7 @@
 #include "qvsata/view/TopologyGraph.h"
 #include "qvsata/view/TopologyJson.h"
 #include "qvsata/view/TopologyText.h"
+#include "source/Namespaces.h"
 
 namespace qv::tool {
 namespace {
@@ -29,9 +30,11 @@ view::Topology ReadTopology(const service::ProviderHost& host) {
     view::Topology topology =
         view::BuildTopology(ReadInstances(host.Published(), view::topologyClasses), disks);
     const std::vector<service::SourceQuery> queries = host.Journal().Queries();
-    topology.sight.disks = !IsUnread(queries, "Win32_DiskDrive");
-    topology.sight.controllers = !IsUnread(queries, "Win32_IDEController");
-    topology.sight.attachments = !IsUnread(queries, "Win32_IDEControllerDevice");
+    topology.sight.disks = !IsUnread(queries, cimNamespace, "Win32_DiskDrive");
+    topology.sight.controllers = !IsUnread(queries, cimNamespace, "Win32_IDEController");
+    topology.sight.attachments = !IsUnread(queries, cimNamespace, "Win32_IDEControllerDevice");
+    topology.sight.predictions =
+        !IsUnread(queries, wmiNamespace, "MSStorageDriver_FailurePredictStatus");
     return topology;
 }
 
@@ -72,7 +75,7 @@ void AddTopology(CLI::App& program) {
                 return PrintFitted(
                     view::TopologyAsText(ReadTopology(host), ColumnsOf(Stream::output)));
             case View::json:
-                return Print(DocumentText(view::TopologyAsJson(ReadTopology(host))));
+                return PrintDocument(host, view::TopologyAsJson(ReadTopology(host)));
             case View::graph:
                 return Print(given.all ? Graph(host.Published())
                                        : view::TopologyAsGraph(ReadTopology(host)));

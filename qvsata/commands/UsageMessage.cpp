@@ -66,10 +66,10 @@ std::vector<std::string> OptionsOf(const CLI::App& command) {
 
 std::string UsageMessage(const CLI::App& program, const CLI::ParseError& error) {
     const std::vector<std::string> unknown = program.remaining(true);
-    if (unknown.empty()) {
-        return error.what();
-    }
     const std::vector<CLI::App*> chosen = program.get_subcommands();
+    if (unknown.empty()) {
+        return chosen.empty() ? "a command is required" : error.what();
+    }
     const CLI::App& command = chosen.empty() ? program : *chosen.front();
     const std::string typed = unknown.front().substr(0, unknown.front().find('='));
     const bool isOption = typed.starts_with('-');
@@ -77,6 +77,9 @@ std::string UsageMessage(const CLI::App& program, const CLI::ParseError& error) 
         return "unexpected argument '" + unknown.front() + "' of " + command.get_name();
     }
     const std::string meant = Meant(typed, isOption ? OptionsOf(command) : CommandsOf(program));
+    if (chosen.empty() && isOption && meant.empty()) {
+        return "a command is required before '" + typed + "'";
+    }
     return std::string("unknown ") + (isOption ? "option" : "command") + " '" + typed + "'" +
            (meant.empty() ? "" : "; did you mean '" + meant + "'?");
 }

@@ -27,10 +27,10 @@ void AddWatch(CLI::App& program) {
         ->needs(command->get_option("--host"))
         ->expected(1)
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
-    CheckCounted(command->add_option("--count", arguments->count, "ends after so many events"),
-                 "N");
-    CheckCounted(command->add_option("--for", arguments->seconds, "ends after so many seconds"),
-                 "SECONDS");
+    CheckWhole(command->add_option("--count", arguments->count, "ends after so many events"), 1,
+               "N");
+    CheckWhole(command->add_option("--for", arguments->seconds, "ends after so many seconds"), 1,
+               "SECONDS");
     command->add_flag("--real-time", arguments->realTime,
                       "a replay waits as long as the provider does, and goes on after its end");
     AddFormatOption<EventFormat>(

@@ -17,6 +17,7 @@
 #include "qvsata/view/events/EventJson.h"
 #include "qvsata/view/events/EventLine.h"
 #include "qvsata/view/events/WatchedText.h"
+#include "source/Namespaces.h"
 
 namespace qv::tool {
 namespace {
@@ -31,7 +32,7 @@ public:
                  EventFormat format)
         : host_(host), left_(most), format_(format) {
         const std::vector<view::OsDisk> disks = ReadOsDisks(host);
-        const bool unread = IsUnread(host.Journal().Queries(), "Win32_DiskDrive");
+        const bool unread = IsUnread(host.Journal().Queries(), cimNamespace, "Win32_DiskDrive");
         WriteErrorFitted(unread ? "disks not readable\n" : view::WatchedText(disks));
         WriteErrorFitted(view::KeyWarnings(disks));
         disks_ = view::KnownDisksOf(disks);

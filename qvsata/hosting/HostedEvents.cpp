@@ -1,8 +1,6 @@
 #include "qvsata/hosting/HostedEvents.h"
 
-#include <array>
-
-#include "platform/windows/Handle.h"
+#include <algorithm>
 
 namespace qv::service {
 
@@ -11,17 +9,22 @@ HostedEvents::HostedEvents(const ManagementHost& host)
 
 EventFeed::News HostedEvents::Await(std::chrono::milliseconds longest,
                                     const std::stop_token& stop) {
-    const windows::KernelHandle stopped(CreateEventW(nullptr, TRUE, FALSE, nullptr));
-    const std::stop_callback onStop(stop, [&stopped] { SetEvent(stopped.Get()); });
-    const std::array<HANDLE, 2> news{stopped.Get(), pauses_.CycleOver()};
-    switch (WaitForMultipleObjects(news.size(), news.data(), FALSE,
-                                   static_cast<DWORD>(longest.count()))) {
-        case WAIT_OBJECT_0:
+    // Looks at the token from time to time: the destructor of a std::stop_callback can wait forever
+    // for a callback that has ended on another thread (libstdc++ 12 on winpthreads).
+    using std::chrono::milliseconds;
+    constexpr milliseconds slice(100);
+    for (milliseconds left = longest;; left -= slice) {
+        if (stop.stop_requested()) {
             return News::stopRequested;
-        case WAIT_TIMEOUT:
-            return News::timeOut;
-        default:
+        }
+        const milliseconds wait = std::clamp(left, milliseconds(0), slice);
+        if (WaitForSingleObject(pauses_.CycleOver(), static_cast<DWORD>(wait.count())) ==
+            WAIT_OBJECT_0) {
             return News::cycleOver;
+        }
+        if (left <= slice) {
+            return News::timeOut;
+        }
     }
 }
 

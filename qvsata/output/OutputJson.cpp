@@ -67,12 +67,12 @@ ordered_json ObjectAsJson(const service::Object& object) {
     return members;
 }
 
-std::string ObjectsAsJson(const service::ObjectList& objects) {
+ordered_json ObjectsAsJson(const service::ObjectList& objects) {
     ordered_json array = ordered_json::array();
     for (const auto& object : objects) {
         array.push_back(ObjectAsJson(*object));
     }
-    return DocumentText({{"objects", array}});
+    return array;
 }
 
 std::string DocumentText(const ordered_json& content) {

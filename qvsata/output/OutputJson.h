@@ -11,10 +11,11 @@ namespace qv::tool {
 /// that is.
 inline constexpr int jsonFormatVersion = 1;
 
-/// Returns objects as a JSON document, see FormatObjects.
-std::string ObjectsAsJson(const service::ObjectList& objects);
+/// Returns objects as a JSON array: each has "__CLASS", "__RELPATH" and the properties; numbers are
+/// numbers, dates are texts, a property without a value is null.
+nlohmann::ordered_json ObjectsAsJson(const service::ObjectList& objects);
 
-/// Returns an object as a JSON object, see FormatObjects.
+/// Returns an object in the same form.
 nlohmann::ordered_json ObjectAsJson(const service::Object& object);
 
 /// Returns the text of a JSON document that has its format version, then the members of `content`;

@@ -6,7 +6,7 @@
 
 namespace qv::tool {
 
-/// Returns objects as MOF; see FormatObjects.
+/// Returns objects as MOF, an instance or a class for each.
 std::string ObjectsAsMof(const service::ObjectList& objects);
 
 }  // namespace qv::tool

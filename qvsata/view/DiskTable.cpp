@@ -19,6 +19,13 @@ const CellRow heading{
     {{"Size", Style::faint}, true},  {{"Bus", Style::faint}},      {{"Published", Style::faint}},
     {{"Attached to", Style::faint}}, {{"Firmware", Style::faint}}, {{"S/N", Style::faint}}};
 
+Span AttachmentSpan(const OsDisk& disk) {
+    if (disk.attachmentName.empty() && !disk.attachmentIsRead) {
+        return {"not readable", Style::caution};
+    }
+    return {OrDash(disk.attachmentName)};
+}
+
 CellRow RowOf(const OsDisk& disk) {
     return {{{DriveNumberText(disk.number)}, true},
             {StatusSpan(HealthOf(disk))},
@@ -28,7 +35,7 @@ CellRow RowOf(const OsDisk& disk) {
             {disk.whyUnpublished.empty()
                  ? Span{"yes"}
                  : Span{"no: " + Printable(disk.whyUnpublished), Style::caution}},
-            {{OrDash(disk.attachmentName)}},
+            {AttachmentSpan(disk)},
             {{OrDash(disk.firmware)}},
             {{SerialNumberText(disk.serialNumber)}}};
 }

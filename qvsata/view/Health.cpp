@@ -25,7 +25,7 @@ Severity SeverityOf(const Health& health) {
 
 Health WithPrediction(const Health& reported, bool failureIsPredicted) {
     if (failureIsPredicted && SeverityOf(reported) < Severity::failurePredicted) {
-        return {predictedFailure, reported.word + ", failure predicted"};
+        return {predictedFailure, "failure predicted (reported " + reported.word + ')'};
     }
     return reported;
 }

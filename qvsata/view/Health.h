@@ -20,8 +20,8 @@ enum class Severity { fine, unknown, degraded, failurePredicted, failed };
 Severity SeverityOf(const Health& health);
 
 /// Returns the health of a disk with a failure-prediction row that predicts a failure, or with none
-/// that does: "OK, failure predicted" if the reported status does not say so itself. The provider
-/// does not publish the prediction.
+/// that does: "failure predicted (reported OK)" if the reported status does not say so itself. The
+/// provider does not publish the prediction.
 Health WithPrediction(const Health& reported, bool failureIsPredicted);
 
 }  // namespace qv::view

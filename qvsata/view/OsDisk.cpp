@@ -3,7 +3,7 @@
 namespace qv::view {
 
 Health HealthOf(const OsDisk& disk) {
-    return WithPrediction(disk.health, disk.failureIsPredicted);
+    return WithPrediction(disk.health, disk.failureIsPredicted.value_or(false));
 }
 
 }  // namespace qv::view

@@ -16,14 +16,15 @@ struct OsDisk {
     std::optional<std::uint64_t> size;  ///< bytes
     std::string serialNumber;           ///< without blanks at its ends
     std::string firmware;
-    std::string bus;             ///< the interface type: IDE, SCSI, USB
-    std::string attachment;      ///< the channel or controller, by its ID
-    std::string attachmentName;  ///< the same for people: "channel 4&1F2B6C03&0&0", a name
-    std::string deviceId;        ///< plug-and-play ID
-    Health health;               ///< the status that the system reports
-    bool failureIsPredicted = false;
-    std::string whyUnpublished;  ///< three words at most; empty for a published disk
-    std::string whyUnwatched;    ///< why it raises no events; empty for a watched disk
+    std::string bus;               ///< the interface type: IDE, SCSI, USB
+    std::string attachment;        ///< the channel or controller, by its ID
+    bool attachmentIsRead = true;  ///< false: it is not known whether there is one
+    std::string attachmentName;    ///< the same for people: "channel 4&1F2B6C03&0&0", a name
+    std::string deviceId;          ///< plug-and-play ID
+    Health health;                 ///< the status that the system reports
+    std::optional<bool> failureIsPredicted;  ///< unset if the predictions could not be read
+    std::string whyUnpublished;              ///< three words at most; empty for a published disk
+    std::string whyUnwatched;                ///< why it raises no events; empty for a watched disk
 };
 
 /// Returns the health of a disk, see WithPrediction.

@@ -1,6 +1,7 @@
 #include "qvsata/view/Topology.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "qvsata/view/Partners.h"
@@ -56,6 +57,9 @@ public:
     Builder(const PublishedHost& host, const std::vector<OsDisk>& osDisks) : host_(host) {
         for (const OsDisk& disk : osDisks) {
             osDisks_.emplace(ComparedId(disk.deviceId), &disk);
+            if (!disk.whyUnpublished.empty()) {
+                unpublished_.push_back(disk);
+            }
         }
     }
 
@@ -71,6 +75,7 @@ public:
         AddControllers(topology);
         AddChannels(topology);
         AddDisks(topology);
+        topology.unpublished = unpublished_;
         return topology;
     }
 
@@ -198,12 +203,22 @@ private:
             disk.bootPartition = extent.Flag("BootPartition");
             disk.primaryPartition = extent.Flag("PrimaryPartition");
         }
-        if (const auto found = osDisks_.find(ComparedId(disk.deviceId)); found != osDisks_.end()) {
-            disk.number = found->second->number;
-            disk.failureIsPredicted = found->second->failureIsPredicted;
-            osDisks_.erase(found);
+        if (const OsDisk* const found = OsDiskOf(disk.deviceId, object.Number("Index"))) {
+            disk.number = found->number;
+            disk.failureIsPredicted = found->failureIsPredicted;
         }
         return disk;
+    }
+
+    /// Returns the disk of the operating system with an ID; of several the one with the number.
+    const OsDisk* OsDiskOf(const std::string& deviceId, std::optional<std::int64_t> number) const {
+        const auto [begin, end] = osDisks_.equal_range(ComparedId(deviceId));
+        if (begin != end && std::next(begin) == end) {
+            return begin->second;
+        }
+        const auto numbered = std::find_if(
+            begin, end, [&number](const auto& one) { return one.second->number == number; });
+        return numbered == end ? nullptr : numbered->second;
     }
 
     template <typename List, typename Iterator>
@@ -215,8 +230,9 @@ private:
     using ChannelPlace = std::pair<std::vector<Channel>*, std::size_t>;
 
     const PublishedHost& host_;
-    /// Those that no published disk has taken, by their IDs; disks with one ID in their order.
+    /// By their IDs.
     std::multimap<std::string, const OsDisk*> osDisks_;
+    std::vector<OsDisk> unpublished_;
     std::vector<std::string> controllers_;  ///< identities, as in the topology
     std::map<std::string, ChannelPlace> channels_;
 };
@@ -232,7 +248,7 @@ Topology BuildTopology(const PublishedHost& host, const std::vector<OsDisk>& osD
 }
 
 Health HealthOf(const Disk& disk) {
-    return WithPrediction(disk.status, disk.failureIsPredicted);
+    return WithPrediction(disk.status, disk.failureIsPredicted.value_or(false));
 }
 
 std::vector<const Disk*> DisksOf(const Topology& topology) {

@@ -19,9 +19,10 @@ struct Disk {
     std::string deviceId;
     std::string serialNumber;  ///< without blanks at its ends
     std::string firmware;
-    Health status;                      ///< as published
-    bool failureIsPredicted = false;    ///< by a failure-prediction row; not published
-    std::optional<std::uint64_t> size;  ///< bytes
+    Health status;  ///< as published
+    /// Unset if the predictions could not be read.
+    std::optional<bool> failureIsPredicted;  ///< by a failure-prediction row; not published
+    std::optional<std::uint64_t> size;       ///< bytes
     /// Flags of the partition that the disk's storage extent shows; unset if it shows none.
     std::optional<bool> bootable;
     std::optional<bool> bootPartition;
@@ -57,6 +58,7 @@ struct Sight {
     bool disks = true;
     bool controllers = true;  ///< and channels
     bool attachments = true;  ///< of disks and channels
+    bool predictions = true;  ///< of failures
 };
 
 /// A host's storage as a tree. Siblings have the order in which they are published.
@@ -66,7 +68,8 @@ struct Topology {
     std::vector<Channel> looseChannels;  ///< of no published controller
     std::vector<Disk> looseDisks;        ///< not attached to a published object
     Sight sight;
-    std::optional<Health> collection;  ///< the consolidated status of the disks
+    std::optional<Health> collection;  ///< the published consolidated status of the disks
+    std::vector<OsDisk> unpublished;   ///< the other disks of the operating system
 };
 
 /// The classes whose instances BuildTopology reads.
@@ -95,8 +98,8 @@ inline constexpr std::array<std::string_view, 18> topologyClasses{
 /// channel to which the path from its target endpoint leads, otherwise to the controller whose ID
 /// ends the endpoint's name. An association can match too many partners, because one device ID is
 /// the beginning of another; then the longest counts. A disk's drive number and whether its failure
-/// is predicted come from the disk of the operating system with its ID; of several, each serves one
-/// published disk, in order.
+/// is predicted come from the disk of the operating system with its ID; of several, from the one
+/// with the published index.
 Topology BuildTopology(const PublishedHost& host, const std::vector<OsDisk>& osDisks = {});
 
 /// Returns all disks of a host, in the order of the tree.

@@ -1,6 +1,7 @@
 #include "qvsata/view/TopologyGraph.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "qvsata/view/AssociationGraph.h"
 #include "qvsata/view/SizeText.h"
@@ -101,8 +102,14 @@ std::string TopologyAsGraph(const Topology& topology) {
         graph.AddChannel(channel, host);
     }
     graph.AddDisks(topology.looseDisks, host);
-    if (!topology.sight.disks) {
-        graph.Join(host, graph.Add("disks not readable", "khaki"));
+    const Sight& sight = topology.sight;
+    for (const auto& [isRead, what] :
+         {std::pair(sight.disks, "disks"), std::pair(sight.controllers, "controllers"),
+          std::pair(sight.attachments, "attachments"),
+          std::pair(sight.predictions, "failure predictions")}) {
+        if (!isRead) {
+            graph.Join(host, graph.Add(std::string(what) + " not readable", "khaki"));
+        }
     }
     return graph.Text();
 }

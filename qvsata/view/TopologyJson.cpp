@@ -1,16 +1,12 @@
 #include "qvsata/view/TopologyJson.h"
 
 #include "qvsata/view/JsonValues.h"
+#include "qvsata/view/SerialNumber.h"
 
 namespace qv::view {
 namespace {
 
 using nlohmann::ordered_json;
-
-void AddStatus(const Health& status, ordered_json& members) {
-    members["status"] = status.word;
-    members["statusCode"] = OrNull(status.code);
-}
 
 template <typename Item, typename Convert>
 ordered_json Array(const std::vector<Item>& items, Convert convert) {
@@ -22,23 +18,32 @@ ordered_json Array(const std::vector<Item>& items, Convert convert) {
 }
 
 ordered_json DiskAsJson(const Disk& disk) {
-    ordered_json members{{"number", OrNull(disk.number)},
-                         {"model", OrNull(disk.model)},
-                         {"serialNumber", OrNull(disk.serialNumber)},
-                         {"firmwareRevision", OrNull(disk.firmware)},
-                         {"deviceId", disk.deviceId}};
-    AddStatus(disk.status, members);
-    members["failurePredicted"] = disk.failureIsPredicted;
-    members["sizeBytes"] = OrNull(disk.size);
-    members["partition"] = {{"bootable", OrNull(disk.bootable)},
-                            {"boot", OrNull(disk.bootPartition)},
-                            {"primary", OrNull(disk.primaryPartition)}};
-    return members;
+    return {{"number", OrNull(disk.number)},
+            {"model", OrNull(disk.model)},
+            {"size", OrNull(disk.size)},
+            {"serialNumber", OrNull(disk.serialNumber)},
+            {"decodedSerialNumber", OrNull(DecodedSerialNumber(disk.serialNumber))},
+            {"firmware", OrNull(disk.firmware)},
+            {"deviceId", disk.deviceId},
+            {"status", StatusAsJson(disk.status)},
+            {"failurePredicted", OrNull(disk.failureIsPredicted)},
+            {"partition",
+             {{"bootable", OrNull(disk.bootable)},
+              {"boot", OrNull(disk.bootPartition)},
+              {"primary", OrNull(disk.primaryPartition)}}}};
+}
+
+ordered_json UnpublishedAsJson(const OsDisk& disk) {
+    return {{"number", OrNull(disk.number)},
+            {"model", OrNull(disk.model)},
+            {"status", StatusAsJson(disk.health)},
+            {"failurePredicted", OrNull(disk.failureIsPredicted)},
+            {"whyUnpublished", disk.whyUnpublished}};
 }
 
 ordered_json ChannelAsJson(const Channel& channel) {
     ordered_json members{{"name", OrNull(channel.name)}, {"deviceId", channel.deviceId}};
-    AddStatus(channel.status, members);
+    members["status"] = StatusAsJson(channel.status);
     members["disks"] = Array(channel.disks, DiskAsJson);
     return members;
 }
@@ -52,7 +57,7 @@ ordered_json SoftwareAsJson(const std::optional<Software>& software) {
 
 ordered_json ControllerAsJson(const Controller& controller) {
     ordered_json members{{"name", OrNull(controller.name)}, {"deviceId", controller.deviceId}};
-    AddStatus(controller.status, members);
+    members["status"] = StatusAsJson(controller.status);
     members["driver"] = SoftwareAsJson(controller.driver);
     members["firmware"] = SoftwareAsJson(controller.firmware);
     members["bios"] = SoftwareAsJson(controller.bios);
@@ -69,11 +74,9 @@ ordered_json TopologyAsJson(const Topology& topology) {
     document["controllers"] = Array(topology.controllers, ControllerAsJson);
     document["looseChannels"] = Array(topology.looseChannels, ChannelAsJson);
     document["looseDisks"] = Array(topology.looseDisks, DiskAsJson);
-    document["collection"] = nullptr;
-    if (topology.collection) {
-        document["collection"] = ordered_json::object();
-        AddStatus(*topology.collection, document["collection"]);
-    }
+    document["unpublishedDisks"] = Array(topology.unpublished, UnpublishedAsJson);
+    document["publishedConsolidatedStatus"] =
+        topology.collection ? StatusAsJson(*topology.collection) : ordered_json(nullptr);
     return document;
 }
 

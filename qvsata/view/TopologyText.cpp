@@ -181,11 +181,14 @@ std::vector<Node> Nodes(const Topology& topology) {
     return nodes;
 }
 
-/// Returns each health of the disks and how many have it, the best first.
-std::vector<std::pair<Health, std::size_t>> Counted(const std::vector<const Disk*>& disks) {
-    std::vector<std::pair<Health, std::size_t>> counts;
-    for (const Disk* disk : disks) {
-        const Health health = HealthOf(*disk);
+using HealthCounts = std::vector<std::pair<Health, std::size_t>>;
+
+/// Returns each health and how many disks have it, the best first.
+template <typename Disks, typename GetHealth>
+HealthCounts Counted(const Disks& disks, GetHealth getHealth) {
+    HealthCounts counts;
+    for (const auto& disk : disks) {
+        const Health health = getHealth(disk);
         const auto known = std::ranges::find_if(
             counts, [&health](const auto& one) { return one.first.word == health.word; });
         if (known == counts.end()) {
@@ -198,26 +201,47 @@ std::vector<std::pair<Health, std::size_t>> Counted(const std::vector<const Disk
     return counts;
 }
 
-StyledText Summary(const Topology& topology) {
-    if (!topology.sight.disks) {
-        return {{"disks " + notReadable.text, notReadable.style}};
-    }
-    const std::vector<const Disk*> disks = DisksOf(topology);
-    const auto counts = Counted(disks);
-    if (counts.empty()) {
-        return {{"no disks"}};
-    }
-    std::string text = std::to_string(disks.size()) + (disks.size() == 1 ? " disk" : " disks");
+/// Returns "3 disks: 2 OK, 1 Pred Fail" in the style of the worst.
+Span CountsSpan(const std::string& what, const HealthCounts& counts) {
+    std::string text = what;
     std::string separator = ": ";
     for (const auto& [health, count] : counts) {
         text += separator + std::to_string(count) + ' ' + Printable(health.word);
         separator = ", ";
     }
+    return {text, StyleOf(counts.back().first)};
+}
+
+StyledText PublishedSummary(const Topology& topology) {
+    const std::vector<const Disk*> disks = DisksOf(topology);
+    const HealthCounts counts = Counted(disks, [](const Disk* disk) { return HealthOf(*disk); });
+    if (counts.empty()) {
+        return {{topology.unpublished.empty() ? "no disks" : "no published disks"}};
+    }
+    StyledText summary{CountsSpan(
+        std::to_string(disks.size()) + (disks.size() == 1 ? " disk" : " disks"), counts)};
     const Health& worst = counts.back().first;
-    StyledText summary{{text, StyleOf(worst)}};
     if (topology.collection && SeverityOf(*topology.collection) != SeverityOf(worst)) {
         summary.push_back({"; published consolidated status: "});
         summary.push_back({Printable(topology.collection->word), StyleOf(*topology.collection)});
+    }
+    return summary;
+}
+
+StyledText Summary(const Topology& topology) {
+    if (!topology.sight.disks) {
+        return {{"disks " + notReadable.text, notReadable.style}};
+    }
+    StyledText summary = PublishedSummary(topology);
+    const HealthCounts others =
+        Counted(topology.unpublished, [](const OsDisk& disk) { return HealthOf(disk); });
+    if (!others.empty()) {
+        summary.push_back({"; "});
+        summary.push_back(
+            CountsSpan(std::to_string(topology.unpublished.size()) + " not published", others));
+    }
+    if (!topology.sight.predictions) {
+        summary.push_back({"; failure predictions " + notReadable.text, notReadable.style});
     }
     return summary;
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <set>
 
 #include "events/DiskChanges.h"
 #include "qvsata/view/SerialNumber.h"
@@ -45,9 +46,14 @@ std::optional<OsDisk> Find(const KnownDisks& disks, const std::string& deviceId)
 
 KnownDisks KnownDisksOf(const std::vector<OsDisk>& disks) {
     KnownDisks known;
+    std::set<std::string> shared;
     for (const OsDisk& disk : disks) {
-        known.emplace(EncodeDeviceId(ToUpper(disk.deviceId)), disk);
+        const std::string id = EncodeDeviceId(ToUpper(disk.deviceId));
+        if (!known.emplace(id, disk).second) {
+            shared.insert(id);
+        }
     }
+    std::ranges::for_each(shared, [&known](const std::string& id) { known.erase(id); });
     return known;
 }
 

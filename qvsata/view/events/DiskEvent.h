@@ -15,7 +15,7 @@ namespace qv::view {
 /// The disks of the operating system by the ID that events give them.
 using KnownDisks = std::map<std::string, OsDisk, std::less<>>;
 
-/// Returns the disks by ID; of several disks with one ID, the first.
+/// Returns the disks by ID, without those that share theirs: an event does not say which it means.
 KnownDisks KnownDisksOf(const std::vector<OsDisk>& disks);
 
 /// What an event ID says.

@@ -11,7 +11,7 @@ ordered_json StatusOf(const std::optional<OsDisk>& disk) {
     if (!disk) {
         return nullptr;
     }
-    return {{"code", OrNull(disk->health.code)}, {"word", disk->health.word}};
+    return StatusAsJson(disk->health);
 }
 
 }  // namespace

@@ -1,30 +1,23 @@
 #include "qvsata/view/text/TextTable.h"
 
-#include <algorithm>
-
 #include "qvsata/view/text/Columns.h"
 
 namespace qv::view {
 namespace {
 
 StyledText AsBlocks(const TextTable& table, std::size_t columns) {
-    constexpr std::string_view indent = "    ";
-    std::size_t width = 0;
-    for (std::size_t column = table.inTitle; column < table.heading.size(); ++column) {
-        width = std::max(width, WidthOf(table.heading[column].span.text));
-    }
+    const LinePlace next{0, "    ", columns};
     StyledText text;
     for (const CellRow& row : table.rows) {
         const auto rest = row.begin() + static_cast<std::ptrdiff_t>(table.inTitle);
-        AppendFlowed({row.begin(), rest}, "  ", {0, std::string(indent), columns}, text);
+        AppendFlowed({row.begin(), rest}, "  ", next, text);
+        CellRow pairs;
         for (std::size_t column = table.inTitle; column < row.size(); ++column) {
-            const Span& name = table.heading[column].span;
-            text.push_back({std::string(indent)});
-            text.push_back(name);
-            text.push_back({Padding(width, name.text) + "  "});
-            text.push_back(row[column].span);
-            text.push_back({"\n"});
+            const Span& value = row[column].span;
+            pairs.push_back({{table.heading[column].span.text + ' ' + value.text, value.style}});
         }
+        text.push_back({next.next});
+        AppendFlowed(pairs, "  ", {next.next.size(), next.next, columns}, text);
     }
     return text;
 }

@@ -16,7 +16,7 @@ struct TextTable {
 };
 
 /// Returns the table's lines. Where a terminal of `columns` columns is too narrow for them, returns
-/// a block for each row instead: the columns that name it, then a line for each of the others.
+/// a block for each row instead: the columns that name it, then the others with their headings.
 StyledText TableAsText(const TextTable& table, std::optional<std::size_t> columns);
 
 }  // namespace qv::view

@@ -1,11 +1,11 @@
 // Texts of devices that would control a terminal or forge lines, through the commands.
 #include <gmock/gmock.h>
 
-#include <filesystem>
 #include <fstream>
 
 #include "nlohmann/json.hpp"
 #include "tests/qvsata/commands/RunHere.h"
+#include "tests/support/TemporaryFile.h"
 
 namespace qv::test {
 namespace {
@@ -16,7 +16,7 @@ using testing::HasSubstr;
 using testing::Not;
 
 const std::string hostile =
-    "Evil\x1B[2J\r\n3 disks: 3 OK\u202E<b>&amp;\"\x07" + std::string(70'000, 'x');
+    "Evil\x1B[2J\r\nforged: OK\u202E<b>&amp;\"\x07" + std::string(70'000, 'x');
 
 /// A recording whose texts for people are all hostile.
 class HostileTextsTest : public testing::Test {
@@ -29,12 +29,12 @@ protected:
                 Spoil(row);
             }
         }
-        std::ofstream(file_) << host;
+        std::ofstream(file_.Path()) << host;
     }
-    ~HostileTextsTest() override { std::filesystem::remove(file_); }
 
     Ending Run(std::vector<std::string> command) const {
-        command.insert(command.end(), {"--host", file_.string(), "--mof", QV_SOURCE_DIR "/mof"});
+        command.insert(command.end(),
+                       {"--host", file_.Path().string(), "--mof", QV_SOURCE_DIR "/mof"});
         return RunHere(command);
     }
 
@@ -49,8 +49,7 @@ private:
         }
     }
 
-    const std::filesystem::path file_ =
-        std::filesystem::temp_directory_path() / "qv-hostile-texts.json";
+    const TemporaryFile file_;
 };
 
 class HostileTexts : public HostileTextsTest,
@@ -61,7 +60,7 @@ TEST_P(HostileTexts, DoNotReachATerminal) {
     EXPECT_NE(run.exitCode, 2) << run.errors;
     EXPECT_THAT(run.output + run.errors,
                 AllOf(Not(HasSubstr("\x1B")), Not(HasSubstr("\r")), Not(HasSubstr("\x07")),
-                      Not(HasSubstr("\n3 disks")), Not(HasSubstr("\u202E"))));
+                      Not(HasSubstr("\nforged")), Not(HasSubstr("\u202E"))));
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -8,6 +8,7 @@
 #include "nlohmann/json.hpp"
 
 #include "tests/qvsata/commands/RunHere.h"
+#include "tests/support/TemporaryFile.h"
 
 namespace qv::test {
 namespace {
@@ -37,7 +38,6 @@ protected:
     UnreadSourcesTest() {
         std::ifstream(std::filesystem::path(QV_SOURCE_DIR) / "hosts/ahci-desktop.json") >> host_;
     }
-    ~UnreadSourcesTest() override { std::filesystem::remove(file_); }
 
     void Spoil(const Source& source, const Failure& failure) {
         json& classes = host_["namespaces"][source.nameSpace];
@@ -49,15 +49,15 @@ protected:
     }
 
     Ending On(std::vector<std::string> command) const {
-        std::ofstream(file_) << host_;
-        command.insert(command.end(), {"--host", file_.string(), "--mof", mofFolder_.string()});
+        std::ofstream(file_.Path()) << host_;
+        command.insert(command.end(),
+                       {"--host", file_.Path().string(), "--mof", mofFolder_.string()});
         return RunHere(command);
     }
 
 private:
     const std::filesystem::path mofFolder_ = std::filesystem::path(QV_SOURCE_DIR) / "mof";
-    const std::filesystem::path file_ =
-        std::filesystem::temp_directory_path() / "qv-unread-sources.json";
+    const TemporaryFile file_;
     json host_;
 };
 
@@ -131,6 +131,31 @@ TEST_F(UnreadDisks, AreNotReadableInTheListOfDisks) {
     EXPECT_EQ(run.output, "disks not readable\n");
 }
 
+TEST_F(UnreadDisks, AreNamedInEveryJsonDocument) {
+    const json unread =
+        json::parse(On({"enumerate", "QV_SATADiskDrive", "--format", "json"}).output)["unread"];
+    EXPECT_EQ(unread, json::parse(R"json([{"namespace": "root\\CIMv2", "class": "Win32_DiskDrive",
+        "status": "WBEM_E_ACCESS_DENIED (0x80041003)",
+        "loss": "disks and what belongs to them cannot be published"
+}])json"));
+}
+
+TEST_F(UnreadDisks, MayHaveTheNumberThatIsAskedFor) {
+    const Ending run = On({"get", "--disk", "0"});
+    EXPECT_EQ(run.exitCode, 3);
+    EXPECT_THAT(run.errors, StartsWith("qvsata: disk #0: disks not readable\n"));
+}
+
+TEST_F(UnreadDisks, AreNamedByAWatch) {
+    const Ending run = On({"watch"});
+    EXPECT_EQ(run.exitCode, 3);
+    EXPECT_THAT(run.errors, StartsWith("disks not readable\nroot\\CIMv2 Win32_DiskDrive: "));
+}
+
+TEST_F(UnreadDisks, AreNotReadableInTheGraph) {
+    EXPECT_THAT(On({"topology", "--format", "dot"}).output, HasSubstr("\"disks not readable\""));
+}
+
 TEST_F(UnreadDisks, AreNoEmptyAnswer) {
     const Ending run = On({"query", "SELECT * FROM QV_SATADiskDrive"});
     EXPECT_EQ(run.exitCode, 3);
@@ -155,6 +180,14 @@ TEST_F(UnreadDisks, HaveTheirStatusAndLossAmongTheSources) {
     EXPECT_EQ(run.exitCode, 3);
     EXPECT_THAT(run.output, AllOf(HasSubstr("WBEM_E_ACCESS_DENIED (0x80041003), access denied\n"),
                                   HasSubstr("\nwithout Win32_DiskDrive: disks and")));
+}
+
+TEST_F(UnreadSourcesTest, OfPredictionsLeaveThemUnknown) {
+    Spoil({R"(root\wmi)", "MSStorageDriver_FailurePredictStatus", ""}, {"WBEM_E_FAILED", ""});
+    EXPECT_THAT(On({"topology"}).output, HasSubstr("; failure predictions not readable\n"));
+    EXPECT_TRUE(
+        json::parse(On({"disks", "--format", "json"}).output)["disks"][0]["failurePredicted"]
+            .is_null());
 }
 
 TEST_F(UnreadSourcesTest, AreNoneOnACompleteRecording) {

@@ -5,6 +5,7 @@
 #include <fstream>
 
 #include "qvsata/recorded/HostFile.h"
+#include "tests/support/TemporaryFile.h"
 
 namespace qv::test {
 namespace {
@@ -12,11 +13,9 @@ namespace {
 /// A file of its own for each test.
 class TextFile : public testing::Test {
 protected:
-    ~TextFile() override { std::filesystem::remove(file_); }
-
     std::string Read(std::string_view bytes) const {
-        std::ofstream(file_, std::ios::binary) << bytes;
-        return service::ReadTextFile(file_, "f.json");
+        std::ofstream(file_.Path(), std::ios::binary) << bytes;
+        return service::ReadTextFile(file_.Path(), "f.json");
     }
 
     std::string Refusal(std::string_view bytes) const try {
@@ -26,7 +25,7 @@ protected:
     }
 
 private:
-    const std::filesystem::path file_ = std::filesystem::temp_directory_path() / "qv-text-file";
+    const TemporaryFile file_;
 };
 
 using std::string_view_literals::operator""sv;

@@ -46,7 +46,7 @@ TEST(DiskCells, SayThatAFailureIsPredictedBesideAStatusOfOk) {
     Disk disk;
     disk.status = {2, "OK"};
     disk.failureIsPredicted = true;
-    EXPECT_EQ(SpansOf(disk)[1], (Span{"! OK, failure predicted", Style::caution}));
+    EXPECT_EQ(SpansOf(disk)[1], (Span{"! failure predicted (reported OK)", Style::caution}));
 }
 
 TEST(DiskCells, RoundSizesToTheNearestTenth) {

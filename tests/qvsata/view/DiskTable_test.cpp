@@ -37,23 +37,26 @@ OsDisk Unpublished() {
 
 TEST(DiskTable, HasALineForEachDisk) {
     EXPECT_EQ(PlainText(DisksAsText({Published(), Unpublished()}, {})),
-              "  #  Health                   Model        Size  Bus  Published       "
+              "  #  Health                             Model        Size  Bus  Published       "
               "Attached to  Firmware  S/N\n"
-              " #0  OK                       Model A  240.1 GB  IDE  yes             "
+              " #0  OK                                 Model A  240.1 GB  IDE  yes             "
               "AHCI         FW1       SN1\n"
-              "#10  ! OK, failure predicted  Model B         -  USB  no: bus is USB  "
+              "#10  ! failure predicted (reported OK)  Model B         -  USB  no: bus is USB  "
               "-            -         -\n");
 }
 
 TEST(DiskTable, HasABlockForEachDiskWhereALineDoesNotFit) {
     EXPECT_EQ(PlainText(DisksAsText({Published()}, 60)),
               "#0  OK  Model A\n"
-              "    Size         240.1 GB\n"
-              "    Bus          IDE\n"
-              "    Published    yes\n"
-              "    Attached to  AHCI\n"
-              "    Firmware     FW1\n"
-              "    S/N          SN1\n");
+              "    Size 240.1 GB  Bus IDE  Published yes  Attached to AHCI\n"
+              "    Firmware FW1  S/N SN1\n");
+}
+
+TEST(DiskTable, SaysWhereTheAttachmentCouldNotBeRead) {
+    OsDisk disk = Unpublished();
+    disk.attachmentIsRead = false;
+    EXPECT_NE(PlainText(DisksAsText({disk}, {})).find("  no: bus is USB  not readable  "),
+              std::string::npos);
 }
 
 }  // namespace

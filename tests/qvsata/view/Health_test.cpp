@@ -20,8 +20,9 @@ TEST(Health, IsAsBadAsItsCode) {
 }
 
 TEST(Health, SaysThatAFailureIsPredictedWhereTheStatusDoesNot) {
-    EXPECT_EQ(WithPrediction({2, "OK"}, true), (Health{5, "OK, failure predicted"}));
-    EXPECT_EQ(WithPrediction({3, "Degraded"}, true), (Health{5, "Degraded, failure predicted"}));
+    EXPECT_EQ(WithPrediction({2, "OK"}, true), (Health{5, "failure predicted (reported OK)"}));
+    EXPECT_EQ(WithPrediction({3, "Degraded"}, true),
+              (Health{5, "failure predicted (reported Degraded)"}));
 }
 
 TEST(Health, StaysAsReportedWhereTheStatusSaysIt) {

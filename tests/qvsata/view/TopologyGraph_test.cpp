@@ -51,11 +51,14 @@ TEST(TopologyGraph, LeavesOutWhatHasNoDisk) {
               "    node0 [label=\"host\", fillcolor=white];\n}\n");
 }
 
-TEST(TopologyGraph, SaysThatDisksCouldNotBeRead) {
+TEST(TopologyGraph, SaysWhatCouldNotBeRead) {
     view::Topology topology;
-    topology.sight.disks = false;
-    EXPECT_NE(view::TopologyAsGraph(topology).find("[label=\"disks not readable\""),
-              std::string::npos);
+    topology.sight = {false, false, false, false};
+    const std::string graph = view::TopologyAsGraph(topology);
+    EXPECT_NE(graph.find("[label=\"disks not readable\""), std::string::npos);
+    EXPECT_NE(graph.find("[label=\"controllers not readable\""), std::string::npos);
+    EXPECT_NE(graph.find("[label=\"attachments not readable\""), std::string::npos);
+    EXPECT_NE(graph.find("[label=\"failure predictions not readable\""), std::string::npos);
 }
 
 }  // namespace

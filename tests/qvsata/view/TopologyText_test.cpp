@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include "tests/qvsata/view/OsDisks.h"
+
 namespace qv::test {
 namespace {
 
@@ -107,8 +109,25 @@ TEST(TopologyText, SumsUpAPredictedFailureThatIsNotPublished) {
     topology.looseDisks = {MakeDisk("A", ok)};
     topology.looseDisks[0].failureIsPredicted = true;
     topology.collection = ok;
-    EXPECT_THAT(Text(topology), HasSubstr("\n1 disk: 1 OK, failure predicted; published "
+    EXPECT_THAT(Text(topology), HasSubstr("\n1 disk: 1 failure predicted (reported OK); published "
                                           "consolidated status: OK\n"));
+}
+
+TEST(TopologyText, CountsTheDisksThatAreNotPublished) {
+    Topology topology;
+    topology.looseDisks = {MakeDisk("A", ok)};
+    topology.unpublished = {NumberedDisk(1, {5, "Pred Fail"}), NumberedDisk(2, ok)};
+    EXPECT_THAT(Text(topology), EndsWith("\n1 disk: 1 OK; 2 not published: 1 OK, 1 Pred Fail\n"));
+    topology.looseDisks.clear();
+    EXPECT_THAT(Text(topology),
+                EndsWith("\nno published disks; 2 not published: 1 OK, 1 Pred Fail\n"));
+}
+
+TEST(TopologyText, SaysThatFailurePredictionsCouldNotBeRead) {
+    Topology topology;
+    topology.looseDisks = {MakeDisk("A", ok)};
+    topology.sight.predictions = false;
+    EXPECT_THAT(Text(topology), EndsWith("\n1 disk: 1 OK; failure predictions not readable\n"));
 }
 
 TEST(TopologyText, KeepsQuietAboutAConsolidatedStatusThatSaysTheSame) {

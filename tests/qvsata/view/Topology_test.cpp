@@ -158,21 +158,31 @@ TEST_F(TopologyTest, TakesTheDriveNumberAndThePredictionFromTheDiskWithItsId) {
     osDisk.failureIsPredicted = true;
     const Topology topology = BuildTopology(host_, {osDisk});
     EXPECT_FALSE(topology.looseDisks[0].number.has_value());
-    EXPECT_FALSE(topology.looseDisks[0].failureIsPredicted);
+    EXPECT_FALSE(topology.looseDisks[0].failureIsPredicted.has_value());
     EXPECT_EQ(topology.looseDisks[1].number, 4);
-    EXPECT_TRUE(topology.looseDisks[1].failureIsPredicted);
+    EXPECT_EQ(topology.looseDisks[1].failureIsPredicted, true);
 }
 
-TEST_F(TopologyTest, NumbersTwoDisksWithOneIdInTheirOrder) {
-    AddDisk("D");
-    AddDisk("D");
+TEST_F(TopologyTest, TellsDisksWithOneIdApartByTheirIndex) {
+    for (const std::int64_t index : {2, 1, 7}) {
+        auto disk = Instance("QV_SATADiskDrive", "DeviceID", "D");
+        disk.values["Index"] = index;
+        Add(disk);
+    }
     view::OsDisk first = NumberedDisk(1, {2, "OK"});
     first.deviceId = "D";
     view::OsDisk second = NumberedDisk(2, {2, "OK"});
     second.deviceId = "D";
     const Topology topology = BuildTopology(host_, {first, second});
-    EXPECT_EQ(topology.looseDisks[0].number, 1);
-    EXPECT_EQ(topology.looseDisks[1].number, 2);
+    EXPECT_EQ(topology.looseDisks[0].number, 2);
+    EXPECT_EQ(topology.looseDisks[1].number, 1);
+    EXPECT_FALSE(topology.looseDisks[2].number.has_value());
+}
+
+TEST_F(TopologyTest, KeepsTheDisksThatAreNotPublished) {
+    view::OsDisk other = NumberedDisk(1, {2, "OK"});
+    other.whyUnpublished = "bus is USB";
+    EXPECT_EQ(BuildTopology(host_, {other, NumberedDisk(2, {2, "OK"})}).unpublished.size(), 1U);
 }
 
 TEST_F(TopologyTest, TakesFlagsFromTheDisksExtent) {

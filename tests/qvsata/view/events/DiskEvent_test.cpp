@@ -107,6 +107,14 @@ TEST(DiskEvent, FindsItsDiskByTheEncodedId) {
     EXPECT_EQ(event.Seen()->number, 2);
 }
 
+TEST(DiskEvent, NamesNoneOfTwoDisksWithOneId) {
+    OsDisk one;
+    one.deviceId = "A";
+    OsDisk other;
+    other.deviceId = "a";
+    EXPECT_TRUE(KnownDisksOf({one, other}).empty());
+}
+
 TEST(DiskEvent, OfADiskThatIsGoneSawItBefore) {
     EXPECT_EQ(Event("613", DiskIs("OK"), {}).Seen()->serialNumber, "HDF1");
     EXPECT_EQ(Event("613").Seen(), nullptr);

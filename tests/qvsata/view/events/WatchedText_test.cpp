@@ -25,7 +25,7 @@ TEST(WatchedText, NamesTheDisksThatAreNotOkAlready) {
     disk.failureIsPredicted = true;
     EXPECT_EQ(WatchedText({disk}),
               "watching 1 of 1 disk\n"
-              "not OK already: #0 A: OK, failure predicted\n");
+              "not OK already: #0 A: failure predicted (reported OK)\n");
 }
 
 }  // namespace

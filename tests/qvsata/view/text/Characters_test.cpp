@@ -29,6 +29,7 @@ INSTANTIATE_TEST_SUITE_P(
                     DeviceText{"C1", "\xC2\x9B", R"(\x9b)"},
                     DeviceText{"RightToLeft", "a\u202Eb\u2066", R"(a\u202eb\u2066)"},
                     DeviceText{"LineSeparator", "\u2028", R"(\u2028)"},
+                    DeviceText{"Invisible", "a\u200Bb\u00AD", R"(a\u200bb\xad)"},
                     DeviceText{"LoneByte", "\xFF", R"(\xff)"},
                     DeviceText{"CutCharacter", "\xE6\xA8", R"(\xe6\xa8)"},
                     DeviceText{"LongForm", "\xC0\x80", R"(\xc0\x80)"},
