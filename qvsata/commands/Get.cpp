@@ -18,8 +18,8 @@ void AddGet(CLI::App& program) {
     AddObjectArgument(*command, arguments->object);
     AddOptions(*command, arguments->options);
     command->footer(
-        "Examples: qvsata get --disk 0 --live\n"
-        "          qvsata get \"QV_WinComputerSystem.CreationClassName='QV_WinComputerSystem',"
+        "Example: qvsata get --disk 0 --live\n"
+        "         qvsata get \"QV_WinComputerSystem.CreationClassName='QV_WinComputerSystem',"
         "Name='study-desk.example.org'\" --host hosts/ahci-desktop.json");
     OnProvider(*command, arguments, [](const service::ProviderHost& host, const Arguments& given) {
         const service::Namespace& nameSpace = host.Published();

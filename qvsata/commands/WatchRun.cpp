@@ -93,7 +93,7 @@ public:
     }
 
     void Run() {
-        ReportUnread();
+        ReportUnreadAtStart();
         using News = service::EventFeed::News;
         while (!printer_.IsDone() && !isReplayed_ && !IsOver()) {
             const News news = feed_->Await(LongestWait(), stop_.Token());
@@ -152,6 +152,17 @@ private:
         }
         waiting_.Begin(seen, feed_->Pause());
         feed_->LetGo();
+    }
+
+    /// Names the sources that could not be read so far. The monitor is not held yet: a query that
+    /// runs is left to the end of the cycle.
+    void ReportUnreadAtStart() {
+        std::vector<service::SourceQuery> queries = host_.Journal().Queries();
+        std::erase_if(queries, [](const service::SourceQuery& query) {
+            return query.end == service::SourceEnd::pending;
+        });
+        unread_ = UnreadLines(queries);
+        WriteErrorFitted(unread_);
     }
 
     /// Names the sources that the last cycle could not read, unless the cycle before could not

@@ -88,12 +88,14 @@ TEST(Topology, DocumentNestsDisksInChannelsAndControllers) {
     const json controller = document["controllers"].at(0);
     EXPECT_EQ(controller["driver"], json({{"name", "msahci"}, {"version", nullptr}}));
     EXPECT_EQ(controller["channels"].size(), 6U);
-    EXPECT_EQ(controller["channels"][0]["disks"][0]["sizeBytes"], 240054796800);
+    EXPECT_EQ(controller["channels"][0]["disks"][0]["size"], 240054796800);
     EXPECT_EQ(document["looseDisks"], json::array());
 }
 
 TEST(Topology, GraphLabelsEdgesAndNodesWithTheirClasses) {
-    const std::string graph = Topology(SourceFile("hosts/ahci-desktop.json"), "dot");
+    const std::string graph = RunTool({"topology", "--host", SourceFile("hosts/ahci-desktop.json"),
+                                       "--format", "dot", "--all"})
+                                  .output;
     EXPECT_THAT(graph, StartsWith("digraph associations {\n"));
     EXPECT_THAT(graph, HasSubstr(" [label=\"QV_SATAHostedCollection\"];\n"));
     EXPECT_THAT(graph, HasSubstr("[label=\"QV_SATAStorageExtent\\n\\\\\\\\.\\\\PHYSICALDRIVE0\"]"));
