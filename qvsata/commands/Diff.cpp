@@ -64,8 +64,7 @@ void AddDiff(CLI::App& program) {
     CLI::App* command = program.add_subcommand(
         "diff", "what differs between two recordings, and the events that the change raises");
     command->add_option("recordings", arguments->recordings, "recorded hosts (JSON files)")
-        ->type_name("FROM TO")
-        ->expected(1, 2);
+        ->type_name("FROM TO");
     command->add_flag("--live", arguments->options.live,
                       "this machine's own management service in place of the second recording");
     AddProviderOptions(*command, arguments->options);

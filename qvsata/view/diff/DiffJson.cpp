@@ -18,8 +18,8 @@ ordered_json ArrayOf(const List& list, AsJson asJson) {
     return array;
 }
 
-ordered_json ChangesAsJson(const std::vector<Change>& changes) {
-    return ArrayOf(changes, [](const Change& change) -> ordered_json {
+ordered_json ChangesAsJson(const std::vector<MemberChange>& changes) {
+    return ArrayOf(changes, [](const MemberChange& change) -> ordered_json {
         return {{"property", change.member}, {"from", change.before}, {"to", change.now}};
     });
 }

@@ -1,6 +1,7 @@
 #include "qvsata/view/diff/DiffText.h"
 
 #include <algorithm>
+#include <map>
 #include <set>
 #include <string>
 #include <utility>
@@ -8,7 +9,7 @@
 #include "qvsata/view/SerialNumber.h"
 #include "qvsata/view/SizeText.h"
 #include "qvsata/view/diff/Belongings.h"
-#include "qvsata/view/diff/ChangeText.h"
+#include "qvsata/view/diff/ChangeLines.h"
 #include "qvsata/view/text/Characters.h"
 #include "qvsata/view/text/Columns.h"
 
@@ -191,16 +192,21 @@ private:
         }
     }
 
-    /// Writes each instance; the associations follow from them.
+    /// Writes the only instance of a class by its name, several as their number; the associations
+    /// follow from them.
     void WriteOtherWhole(const std::string& word, Style style,
                          const std::vector<const Item*>& items) {
         std::vector<const Item*> associations;
+        std::map<std::string, std::vector<const Item*>> instances;
         for (const Item* item : items) {
-            if (item->isAssociation) {
-                associations.push_back(item);
-            } else {
-                Titled(word, style, InstanceTitle(*item));
-            }
+            (item->isAssociation ? associations : instances[TextMember(*item, "__CLASS")])
+                .push_back(item);
+        }
+        for (const auto& [className, ofClass] : instances) {
+            Titled(word, style,
+                   ofClass.size() == 1
+                       ? InstanceTitle(*ofClass.front())
+                       : std::to_string(ofClass.size()) + " of " + Printable(className));
         }
         if (!associations.empty()) {
             Titled(word, style, CountText(associations) + " between what belongs to no disk");

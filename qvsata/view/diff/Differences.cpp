@@ -13,8 +13,8 @@ ordered_json MemberOf(const ordered_json& members, const std::string& name) {
     return found == members.end() ? ordered_json() : *found;
 }
 
-std::vector<Change> ChangesBetween(const ordered_json& before, const ordered_json& now) {
-    std::vector<Change> changes;
+std::vector<MemberChange> ChangesBetween(const ordered_json& before, const ordered_json& now) {
+    std::vector<MemberChange> changes;
     for (const auto& [name, value] : now.items()) {
         if (ordered_json old = MemberOf(before, name); old != value) {
             changes.push_back({name, std::move(old), value});

@@ -15,7 +15,7 @@ struct Item {
 };
 
 /// A member that differs; null where the thing lacks it.
-struct Change {
+struct MemberChange {
     std::string member;
     nlohmann::ordered_json before;
     nlohmann::ordered_json now;
@@ -24,7 +24,7 @@ struct Change {
 /// A thing that both have, with different members.
 struct ChangedItem {
     Item now;
-    std::vector<Change> changes;
+    std::vector<MemberChange> changes;
 };
 
 /// Returns a member that is a text; empty if the thing has no such text.

@@ -89,6 +89,8 @@ TEST(Diff, OfADiskOfAnotherStatusSaysFromWhatToWhat) {
                   "changed: disk #1 Halden HD4000F05 (S/N HDF4Z1230K7D)\n"
                   "    status: OK → Degraded\n"
                   "    published status: OK → Degraded (QV_SATADiskDrive, QV_SATAStorageExtent)\n"
+                  "changed: QV_SATAStorageCollection Disk Drives Consolidated Status\n"
+                  "    published consolidated status: OK → Degraded\n"
                   "events of this change:\n"
                   "    604 Disk #1 Halden HD4000F05 (S/N HDF4Z1230K7D) of cellar-nas.example.org: "
                   "disk degraded (OK → Degraded).\n");

@@ -1,4 +1,4 @@
-#include "qvsata/view/diff/ChangeText.h"
+#include "qvsata/view/diff/ChangeLines.h"
 
 #include <algorithm>
 #include <array>
@@ -89,12 +89,13 @@ std::string LabelOf(const std::string& member) {
     return Printable(WordingOf(member).label);
 }
 
-std::vector<std::string> LinesOf(const std::vector<Change>& changes) {
+std::vector<std::string> LinesOf(const std::vector<MemberChange>& changes) {
     std::vector<std::string> lines;
-    for (const Change& change : changes) {
+    for (const MemberChange& change : changes) {
         const Wording wording = WordingOf(change.member);
-        const bool isSaid = std::ranges::any_of(
-            changes, [&wording](const Change& other) { return other.member == wording.saidBy; });
+        const bool isSaid = std::ranges::any_of(changes, [&wording](const MemberChange& other) {
+            return other.member == wording.saidBy;
+        });
         if (!isSaid) {
             lines.push_back(Printable(wording.label) + ": " + wording.text(change.before) + " → " +
                             wording.text(change.now));

@@ -12,6 +12,6 @@ std::string LabelOf(const std::string& member);
 
 /// Returns a line for each change, unless another one says it already: "status: OK → Degraded", but
 /// no code of the status. Without line feeds.
-std::vector<std::string> LinesOf(const std::vector<Change>& changes);
+std::vector<std::string> LinesOf(const std::vector<MemberChange>& changes);
 
 }  // namespace qv::view
