@@ -298,7 +298,8 @@ TEST_F(DiskInventoryTest, IsReadWithoutACache) {
     host.Answer(predictionsQuery, {Prediction("B")});
     const std::optional<WatchedDisks> watched = ReadWatchedDisks(host, host);
     EXPECT_THAT(watched->disks, ElementsAre(Field(&DiskRecord::deviceId, "B")));
-    EXPECT_THAT(watched->predictions, ElementsAre(Field(&FailurePredictRecord::instanceName, "B")));
+    EXPECT_THAT(watched->predictions,
+                ElementsAre(Field(&FailurePredictRecord::instanceName, "B_0")));
     EXPECT_THAT(inventory.Disks(), IsEmpty());
 }
 

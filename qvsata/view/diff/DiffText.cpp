@@ -95,7 +95,10 @@ private:
         } else if (!diff_.unreadMembers.empty()) {
             Line(reason + "of disks " + Joined(diff_.unreadMembers), Style::caution);
         }
-        if (!diff_.unreadClasses.empty()) {
+        constexpr std::size_t mostNamed = 4;
+        if (const std::size_t count = diff_.unreadClasses.size(); count > mostNamed) {
+            Line(reason + std::to_string(count) + " published classes", Style::caution);
+        } else if (count > 0) {
             Line(reason + Joined(diff_.unreadClasses), Style::caution);
         }
     }

@@ -80,7 +80,8 @@ INSTANTIATE_TEST_SUITE_P(
              "disappeared (gone, was No Contact)."},
         Step{"6-pulled.json", "7-replaced.json", "600",
              "Disk #1 Halden HD6000G02 (S/N HDG2Z0418A1R) of cellar-nas.example.org: disk appeared "
-             "(new, OK)."}));
+             "(new, OK)."}),
+    [](const auto& step) { return "Event" + std::string(step.param.event); });
 
 TEST(Diff, OfADiskOfAnotherStatusSaysFromWhatToWhat) {
     EXPECT_EQ(Diff(drill + "0-healthy.json", drill + "1-degraded.json").output,

@@ -78,6 +78,13 @@ TEST(DiffText, SaysWhatWasNotCompared) {
               "no differences in what could be read\n");
 }
 
+TEST(DiffText, CountsManyClassesThatWereNotCompared) {
+    Snapshot before = SnapshotOf("a", {});
+    before.unreadClasses = {"A", "B", "C", "D", "E"};
+    EXPECT_THAT(TextOf(before, SnapshotOf("b", {})),
+                HasSubstr("\nnot compared, because not readable: 5 published classes\n"));
+}
+
 TEST(DiffText, ShowsControlCharactersAsCodes) {
     Snapshot before = SnapshotOf("a\x1b", {});
     Snapshot now = SnapshotOf("b", {});
