@@ -62,6 +62,34 @@ FailurePredictList DescribePredictions(const platform::Rows& rows) {
 
 }  // namespace
 
+std::optional<WatchedDisks> ReadWatchedDisks(const platform::QueryPort& queries,
+                                             const platform::HostFacts& host) {
+    platform::Rows disks;
+    platform::Rows predictionRows;
+    const Status diskQuery =
+        queries.RunWqlQuery(cimNamespace, "SELECT * FROM Win32_DiskDrive", disks);
+    const Status predictionQuery = queries.RunWqlQuery(
+        wmiNamespace, "SELECT * FROM MSStorageDriver_FailurePredictStatus", predictionRows);
+    if (!Succeeded(diskQuery) || !Succeeded(predictionQuery)) {
+        return std::nullopt;
+    }
+    const FailurePredictList predictions = DescribePredictions(predictionRows);
+    WatchedDisks watched;
+    for (const auto& disk : disks) {
+        if (!IsIdeDisk(*disk)) {
+            continue;
+        }
+        const std::string deviceId = ToUpper(TextOrEmpty(*disk, "PNPDeviceID"));
+        for (const FailurePredictRecord& prediction : predictions) {
+            if (IsPredictionOf(prediction.instanceName, deviceId)) {
+                watched.disks.push_back(DescribeDisk(*disk, deviceId, host));
+                watched.predictions.push_back(prediction);
+            }
+        }
+    }
+    return watched;
+}
+
 DiskInventory::DiskInventory(const platform::QueryPort& queries, const platform::HostFacts& host,
                              const platform::Clock& clock, platform::NamedLock& lock)
     : queries_(queries),
@@ -70,36 +98,15 @@ DiskInventory::DiskInventory(const platform::QueryPort& queries, const platform:
       lock_(lock),
       lastRefresh_(clock.SecondsSince1970()) {}
 
-/// Finds the disks anew, with their failure-prediction rows in the same order; when a source query
-/// fails, all stays as it was.
+/// Finds the disks anew; when a source query fails, all stays as it was.
 void DiskInventory::RebuildDiskInventory() {
-    platform::Rows disks;
-    platform::Rows predictionRows;
-    const Status diskQuery =
-        queries_.RunWqlQuery(cimNamespace, "SELECT * FROM Win32_DiskDrive", disks);
-    const Status predictionQuery = queries_.RunWqlQuery(
-        wmiNamespace, "SELECT * FROM MSStorageDriver_FailurePredictStatus", predictionRows);
-    if (!Succeeded(diskQuery) || !Succeeded(predictionQuery)) {
+    std::optional<WatchedDisks> found = ReadWatchedDisks(queries_, host_);
+    if (!found) {
         return;
     }
-    const FailurePredictList predictions = DescribePredictions(predictionRows);
-    DiskList foundDisks;
-    FailurePredictList foundPredictions;
-    for (const auto& disk : disks) {
-        if (!IsIdeDisk(*disk)) {
-            continue;
-        }
-        const std::string deviceId = ToUpper(TextOrEmpty(*disk, "PNPDeviceID"));
-        for (const FailurePredictRecord& prediction : predictions) {
-            if (IsPredictionOf(prediction.instanceName, deviceId)) {
-                foundDisks.push_back(DescribeDisk(*disk, deviceId, host_));
-                foundPredictions.push_back(prediction);
-            }
-        }
-    }
     const std::lock_guard guard(members_);
-    disks_.swap(foundDisks);
-    failurePredictions_.swap(foundPredictions);
+    disks_.swap(found->disks);
+    failurePredictions_.swap(found->predictions);
     matchedDisks_ = static_cast<std::int32_t>(disks_.size());
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -41,6 +42,16 @@ struct FailurePredictRecord {
 
 using DiskList = std::vector<DiskRecord>;
 using FailurePredictList = std::vector<FailurePredictRecord>;
+
+/// The disks whose changes raise events, each with its failure-prediction row at the same place.
+struct WatchedDisks {
+    DiskList disks;
+    FailurePredictList predictions;
+};
+
+/// Finds the watched disks; returns nothing if a source query fails.
+std::optional<WatchedDisks> ReadWatchedDisks(const platform::QueryPort& queries,
+                                             const platform::HostFacts& host);
 
 /// The only cache of the host's disks, for the monitor of disk events: the disks of the last
 /// rebuild and those of the monitor's previous cycle. One object serves the whole process; any

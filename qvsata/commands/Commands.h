@@ -10,6 +10,7 @@ namespace qv::tool {
 // and throws what Session.h throws.
 void AddAssociators(CLI::App& program);
 void AddClasses(CLI::App& program);
+void AddDiff(CLI::App& program);
 void AddDisks(CLI::App& program);
 void AddEnumerate(CLI::App& program);
 void AddGet(CLI::App& program);
@@ -22,6 +23,6 @@ void AddWatch(CLI::App& program);
 /// All of them, in the order in which --help lists them.
 inline constexpr std::array commands{AddDisks,   AddTopology, AddClasses,     AddEnumerate,
                                      AddGet,     AddQuery,    AddAssociators, AddReferences,
-                                     AddSources, AddWatch};
+                                     AddSources, AddDiff,     AddWatch};
 
 }  // namespace qv::tool

@@ -1,3 +1,5 @@
+#include <algorithm>
+#include <iterator>
 #include <memory>
 
 #include "qvsata/commands/Commands.h"
@@ -9,9 +11,8 @@
 #include "qvsata/output/OutputJson.h"
 #include "qvsata/system/Console.h"
 #include "qvsata/view/DiskTable.h"
-#include "qvsata/view/JsonValues.h"
 #include "qvsata/view/KeyWarnings.h"
-#include "qvsata/view/SerialNumber.h"
+#include "qvsata/view/OsDiskJson.h"
 #include "source/Namespaces.h"
 
 namespace qv::tool {
@@ -19,29 +20,9 @@ namespace {
 
 enum class DisksFormat { text, json };
 
-using view::OrNull;
-
 nlohmann::ordered_json AsJson(const std::vector<view::OsDisk>& disks) {
     nlohmann::ordered_json array = nlohmann::ordered_json::array();
-    for (const view::OsDisk& disk : disks) {
-        array.push_back(
-            {{"number", OrNull(disk.number)},
-             {"model", OrNull(disk.model)},
-             {"size", OrNull(disk.size)},
-             {"serialNumber", OrNull(disk.serialNumber)},
-             {"decodedSerialNumber", OrNull(view::DecodedSerialNumber(disk.serialNumber))},
-             {"firmware", OrNull(disk.firmware)},
-             {"bus", OrNull(disk.bus)},
-             {"attachedTo", OrNull(disk.attachmentName)},
-             {"attachedToId", OrNull(disk.attachment)},
-             {"deviceId", OrNull(disk.deviceId)},
-             {"status", view::StatusAsJson(disk.health)},
-             {"failurePredicted", OrNull(disk.failureIsPredicted)},
-             {"published", disk.whyUnpublished.empty()},
-             {"whyUnpublished", OrNull(disk.whyUnpublished)},
-             {"watched", disk.whyUnwatched.empty()},
-             {"whyUnwatched", OrNull(disk.whyUnwatched)}});
-    }
+    std::ranges::transform(disks, std::back_inserter(array), view::OsDiskAsJson);
     return {{"disks", array}};
 }
 

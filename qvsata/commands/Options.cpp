@@ -67,7 +67,10 @@ void AddSourceOptions(CLI::App& command, Options& options) {
                 "give --host FILE for a recorded host or --live for this machine");
         }
     });
+    AddProviderOptions(command, options);
+}
 
+void AddProviderOptions(CLI::App& command, Options& options) {
     CheckWhole(command.add_option("--timeout", options.timeout,
                                   "ends the command after so many seconds; one query of --live "
                                   "may take half of them"),

@@ -37,6 +37,9 @@ void CheckWhole(CLI::Option* option, unsigned least, const char* unit);
 /// Adds the same options without --format, for a command with its own formats.
 void AddSourceOptions(CLI::App& command, Options& options);
 
+/// Adds the options of the provider and of its time, without the source of the machine's facts.
+void AddProviderOptions(CLI::App& command, Options& options);
+
 /// Adds --format. Parsing calls `choose` with the position in `names` of the given name. The first
 /// name is the default.
 void AddNamedFormats(CLI::App& command, const std::vector<std::string>& names,

@@ -56,6 +56,8 @@ int RunCommand(std::vector<std::string> arguments) {
         exitCode = Run(std::move(arguments));
     } catch (const IncompleteAnswer&) {
         exitCode = incomplete;
+    } catch (const DifferentAnswer&) {
+        exitCode = different;
     } catch (const std::exception& error) {
         return Report(error.what(), failed);
     }

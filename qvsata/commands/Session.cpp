@@ -79,30 +79,60 @@ std::unique_ptr<service::ProviderHost> StartSession(
     }
 }
 
-}  // namespace
+/// Returns what begins each line on a machine.
+std::string PrefixOf(const Machine& machine) {
+    return machine.name.empty() ? "" : view::Printable(machine.name) + ": ";
+}
 
-void RunOnProvider(const Options& options,
-                   const std::function<void(const service::ProviderHost&)>& command) {
-    const auto journal = std::make_shared<service::SourceJournal>();
-    std::optional<Deadline> deadline;
-    if (options.timeout != 0 && !options.isEndless) {
-        deadline.emplace(std::chrono::seconds(options.timeout), [&options, journal] {
-            // Threads that wait for a source cannot be ended in any other way.
-            WriteErrorFitted(TimeoutLines(journal->Queries(), options.timeout));
-            std::_Exit(incomplete);
-        });
-    }
-    const auto host = StartSession(options, journal);
+/// Runs the command; returns whether every source was read.
+bool RunOn(const Machine& machine, const std::shared_ptr<service::SourceJournal>& journal,
+           const std::function<void(const service::ProviderHost&)>& command) {
+    const std::string prefix = PrefixOf(machine);
+    const auto host = StartSession(machine.options, journal);
+    const auto unread = [&] { return UnreadLines(journal->Queries(), prefix); };
     try {
         command(*host);
     } catch (const CommandError& error) {
-        if (UnreadLines(host->Journal().Queries()).empty()) {
+        if (unread().empty()) {
             throw;
         }
-        WriteErrorFitted(std::string("qvsata: ") + error.what() + '\n');
+        WriteErrorFitted("qvsata: " + prefix + error.what() + '\n');
     }
-    if (const std::string unread = UnreadLines(host->Journal().Queries()); !unread.empty()) {
-        WriteErrorFitted(unread);
+    WriteErrorFitted(unread());
+    return unread().empty();
+}
+
+}  // namespace
+
+bool RunOnEach(const std::vector<Machine>& machines,
+               const std::function<void(const service::ProviderHost&)>& command) {
+    std::vector<std::shared_ptr<service::SourceJournal>> journals;
+    for (std::size_t count = 0; count < machines.size(); ++count) {
+        journals.push_back(std::make_shared<service::SourceJournal>());
+    }
+    const Options& options = machines.front().options;
+    std::optional<Deadline> deadline;
+    if (options.timeout != 0 && !options.isEndless) {
+        deadline.emplace(std::chrono::seconds(options.timeout), [&] {
+            std::string unread;
+            for (std::size_t index = 0; index < machines.size(); ++index) {
+                unread += UnreadLines(journals[index]->Queries(), PrefixOf(machines[index]));
+            }
+            // Threads that wait for a source cannot be ended in any other way.
+            WriteErrorFitted(TimeoutLines(unread, options.timeout));
+            std::_Exit(incomplete);
+        });
+    }
+    bool isComplete = true;
+    for (std::size_t index = 0; index < machines.size(); ++index) {
+        isComplete = RunOn(machines[index], journals[index], command) && isComplete;
+    }
+    return isComplete;
+}
+
+void RunOnProvider(const Options& options,
+                   const std::function<void(const service::ProviderHost&)>& command) {
+    if (!RunOnEach({{{}, options}}, command)) {
         throw IncompleteAnswer();
     }
 }

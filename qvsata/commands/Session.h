@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "nlohmann/json.hpp"
 #include "qvsata/commands/Options.h"
@@ -34,6 +35,24 @@ public:
 /// three name the file.
 void RunOnProvider(const Options& options,
                    const std::function<void(const service::ProviderHost&)>& command);
+
+/// The answer of a command that compares: what it compared differs.
+class DifferentAnswer : public std::runtime_error {
+public:
+    DifferentAnswer() : std::runtime_error("there are differences") {}
+};
+
+/// A machine on which a command runs.
+struct Machine {
+    std::string name;  ///< put before each line on it; empty for the only one
+    Options options;
+};
+
+/// Does the same on each machine in turn: one provider ends before the next starts. The time is
+/// that of the first machine's options, for all together. Returns whether every source was read,
+/// instead of throwing IncompleteAnswer.
+bool RunOnEach(const std::vector<Machine>& machines,
+               const std::function<void(const service::ProviderHost&)>& command);
 
 /// Makes `action(host, arguments)` what a command does on the provider that arguments.options name.
 template <typename Arguments, typename Action>

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "qvsata/cim/StatusCodes.h"
-#include "source/Namespaces.h"
 #include "source/Text.h"
 
 namespace qv::tool {
@@ -83,17 +82,17 @@ std::string SourceLine(const service::SourceQuery& query) {
            EndText(query) + ": " + std::string(LossWithout(query.nameSpace, query.className));
 }
 
-std::string UnreadLines(const std::vector<service::SourceQuery>& queries) {
+std::string UnreadLines(const std::vector<service::SourceQuery>& queries, std::string_view prefix) {
     std::string lines;
     for (const service::SourceQuery& query : UnreadSources(queries)) {
-        lines += SourceLine(query) + '\n';
+        lines.append(prefix).append(SourceLine(query)) += '\n';
     }
     return lines;
 }
 
-std::string TimeoutLines(const std::vector<service::SourceQuery>& queries, unsigned seconds) {
+std::string TimeoutLines(std::string_view unread, unsigned seconds) {
     return "qvsata: ended after " + std::to_string(seconds) +
-           (seconds == 1 ? " second" : " seconds") + '\n' + UnreadLines(queries);
+           (seconds == 1 ? " second" : " seconds") + '\n' + std::string(unread);
 }
 
 }  // namespace qv::tool

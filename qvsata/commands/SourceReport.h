@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "qvsata/service/SourceJournal.h"
+#include "source/Namespaces.h"
 
 namespace qv::tool {
 
@@ -36,11 +37,13 @@ std::string EndText(const service::SourceQuery& query);
 /// WBEM_E_ACCESS_DENIED (0x80041003): disks and what belongs to them cannot be published".
 std::string SourceLine(const service::SourceQuery& query);
 
-/// Returns the lines on all sources that could not be read; empty if every source was read.
-std::string UnreadLines(const std::vector<service::SourceQuery>& queries);
+/// Returns the lines on all sources that could not be read, each after `prefix`; empty if every
+/// source was read.
+std::string UnreadLines(const std::vector<service::SourceQuery>& queries,
+                        std::string_view prefix = {});
 
 /// Returns the lines of a command that is ended after so many seconds: that it is, and the sources
-/// that could not be read or have not answered.
-std::string TimeoutLines(const std::vector<service::SourceQuery>& queries, unsigned seconds);
+/// that could not be read or have not answered (see UnreadLines).
+std::string TimeoutLines(std::string_view unread, unsigned seconds);
 
 }  // namespace qv::tool

@@ -293,5 +293,15 @@ TEST_F(DiskInventoryTest, KeepsTheConfiguredRefreshTimeout) {
     EXPECT_EQ(inventory.RefreshTimeout(), 6U);
 }
 
+TEST_F(DiskInventoryTest, IsReadWithoutACache) {
+    host.Answer(disksQuery, {IdeDisk("A"), IdeDisk("B")});
+    host.Answer(predictionsQuery, {Prediction("B")});
+    const std::optional<WatchedDisks> watched = ReadWatchedDisks(host, host);
+    EXPECT_THAT(watched->disks, ElementsAre(Field(&DiskRecord::deviceId, "B")));
+    EXPECT_THAT(watched->predictions,
+                ElementsAre(Field(&FailurePredictRecord::instanceName, "B_0")));
+    EXPECT_THAT(inventory.Disks(), IsEmpty());
+}
+
 }  // namespace
 }  // namespace qv::test

@@ -4,7 +4,6 @@
 #include <array>
 #include <set>
 
-#include "events/DiskChanges.h"
 #include "qvsata/view/SerialNumber.h"
 #include "qvsata/view/text/Characters.h"
 #include "qvsata/view/text/Columns.h"
@@ -79,6 +78,19 @@ DiskEvent DescribeEvent(const PublishedObject& indication, const KnownDisks& bef
     event.host = indication.Text("SystemName");
     event.model = Trimmed(indication.Text("DeviceModel"));
     event.deviceId = indication.Text("DeviceID");
+    event.before = Find(before, event.deviceId);
+    event.now = Find(now, event.deviceId);
+    return event;
+}
+
+DiskEvent DescribeChange(const DiskChange& change, const KnownDisks& before,
+                         const KnownDisks& now) {
+    DiskEvent event;
+    event.eventId = change.eventId;
+    event.meaning = MeaningOf(event.eventId);
+    event.host = change.disk.systemName;
+    event.model = Trimmed(change.disk.model);
+    event.deviceId = change.disk.deviceId;
     event.before = Find(before, event.deviceId);
     event.now = Find(now, event.deviceId);
     return event;

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "events/DiskChanges.h"
 #include "qvsata/view/OsDisk.h"
 #include "qvsata/view/PublishedObject.h"
 #include "qvsata/view/text/StyledText.h"
@@ -49,6 +50,10 @@ struct DiskEvent {
 /// @param now the disks after it
 DiskEvent DescribeEvent(const PublishedObject& indication, const KnownDisks& before,
                         const KnownDisks& now);
+
+/// Describes a change that the provider's rule found between two machines, or between two times of
+/// one: an event without a time.
+DiskEvent DescribeChange(const DiskChange& change, const KnownDisks& before, const KnownDisks& now);
 
 /// Returns what changed: "OK → Pred Fail", "new, OK", "gone, was OK"; empty if it is not known.
 std::string ChangeText(const DiskEvent& event);

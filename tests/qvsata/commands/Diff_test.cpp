@@ -1,0 +1,216 @@
+// What differs between two recordings, and the events that the change raises.
+#include <gmock/gmock.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "nlohmann/json.hpp"
+#include "tests/qvsata/commands/RunHere.h"
+
+namespace qv::test {
+namespace {
+
+using nlohmann::json;
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+
+const std::string drill = QV_SOURCE_DIR "/hosts/drill/";
+const std::string desktop = QV_SOURCE_DIR "/hosts/ahci-desktop.json";
+
+Ending Diff(const std::string& from, const std::string& to,
+            const std::vector<std::string>& more = {}) {
+    std::vector<std::string> command{"diff", from, to, "--mof", QV_SOURCE_DIR "/mof"};
+    command.insert(command.end(), more.begin(), more.end());
+    return RunHere(command);
+}
+
+json DiffAsJson(const std::string& from, const std::string& to) {
+    return json::parse(Diff(from, to, {"--format", "json"}).output);
+}
+
+/// Two neighbouring recordings of the drill, and what a watch announces between them.
+struct Step {
+    const char* from;
+    const char* to;
+    const char* event;
+    const char* sentence;
+};
+
+class EachStepOfTheDrill : public testing::TestWithParam<Step> {};
+
+TEST_P(EachStepOfTheDrill, RaisesTheEventThatAWatchAnnounces) {
+    const json diff = DiffAsJson(drill + GetParam().from, drill + GetParam().to);
+    ASSERT_EQ(diff["events"].size(), 1U);
+    EXPECT_EQ(diff["events"][0]["event"], GetParam().event);
+    EXPECT_EQ(diff["events"][0]["sentence"], GetParam().sentence);
+    EXPECT_EQ(diff["same"], false);
+    EXPECT_EQ(diff["sameComputer"], true);
+}
+
+TEST_P(EachStepOfTheDrill, IsADifferenceWhoseEventIsInTheText) {
+    const Ending run = Diff(drill + GetParam().from, drill + GetParam().to);
+    EXPECT_EQ(run.exitCode, 4);
+    EXPECT_THAT(run.errors, IsEmpty());
+    EXPECT_THAT(run.output, HasSubstr("events of this change:\n    " +
+                                      std::string(GetParam().event) + " " + GetParam().sentence));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Recordings, EachStepOfTheDrill,
+    testing::Values(
+        Step{"0-healthy.json", "1-degraded.json", "604",
+             "Disk #1 Halden HD4000F05 (S/N HDF4Z1230K7D) of cellar-nas.example.org: disk degraded "
+             "(OK → Degraded)."},
+        Step{"1-degraded.json", "2-predicted.json", "605",
+             "Disk #1 Halden HD4000F05 (S/N HDF4Z1230K7D) of cellar-nas.example.org: failure "
+             "predicted (Degraded → Pred Fail)."},
+        Step{"2-predicted.json", "3-failed.json", "603",
+             "Disk #1 Halden HD4000F05 (S/N HDF4Z1230K7D) of cellar-nas.example.org: disk error "
+             "(Pred Fail → Error)."},
+        Step{"3-failed.json", "4-recovered.json", "602",
+             "Disk #1 Halden HD4000F05 (S/N HDF4Z1230K7D) of cellar-nas.example.org: disk OK "
+             "(Error → OK)."},
+        Step{"4-recovered.json", "5-no-contact.json", "601",
+             "Disk #1 Halden HD4000F05 (S/N HDF4Z1230K7D) of cellar-nas.example.org: status "
+             "unknown (OK → No Contact)."},
+        Step{"5-no-contact.json", "6-pulled.json", "613",
+             "Disk #1 Halden HD4000F05 (S/N HDF4Z1230K7D) of cellar-nas.example.org: disk "
+             "disappeared (gone, was No Contact)."},
+        Step{"6-pulled.json", "7-replaced.json", "600",
+             "Disk #1 Halden HD6000G02 (S/N HDG2Z0418A1R) of cellar-nas.example.org: disk appeared "
+             "(new, OK)."}),
+    [](const auto& step) { return "Event" + std::string(step.param.event); });
+
+TEST(Diff, OfADiskOfAnotherStatusSaysFromWhatToWhat) {
+    EXPECT_EQ(Diff(drill + "0-healthy.json", drill + "1-degraded.json").output,
+              "from " + drill + "0-healthy.json (cellar-nas.example.org)\n" + "to   " + drill +
+                  "1-degraded.json (cellar-nas.example.org)\n"
+                  "changed: disk #1 Halden HD4000F05 (S/N HDF4Z1230K7D)\n"
+                  "    status: OK → Degraded\n"
+                  "    published status: OK → Degraded (QV_SATADiskDrive, QV_SATAStorageExtent)\n"
+                  "changed: QV_SATAStorageCollection Disk Drives Consolidated Status\n"
+                  "    published consolidated status: OK → Degraded\n"
+                  "events of this change:\n"
+                  "    604 Disk #1 Halden HD4000F05 (S/N HDF4Z1230K7D) of cellar-nas.example.org: "
+                  "disk degraded (OK → Degraded).\n");
+}
+
+TEST(Diff, CountsWhatIsGoneWithADisk) {
+    EXPECT_THAT(Diff(drill + "5-no-contact.json", drill + "6-pulled.json").output,
+                HasSubstr("gone: disk #1 Halden HD4000F05 (S/N HDF4Z1230K7D), No Contact, 4000.8 "
+                          "GB, and "));
+}
+
+TEST(Diff, OfARecordingAndItselfSaysSo) {
+    const Ending run = Diff(desktop, desktop);
+    EXPECT_EQ(run.exitCode, 0);
+    EXPECT_EQ(run.output, "from " + desktop + " (study-desk.example.org)\nto   " + desktop +
+                              " (study-desk.example.org)\nno differences\n");
+    const json diff = DiffAsJson(desktop, desktop);
+    EXPECT_EQ(diff["same"], true);
+    EXPECT_EQ(diff["formatVersion"], 1);
+    EXPECT_EQ(diff["events"], json::array());
+}
+
+TEST(Diff, OfDifferentComputersSaysSo) {
+    const Ending run = Diff(desktop, drill + "0-healthy.json");
+    EXPECT_EQ(run.exitCode, 4);
+    EXPECT_THAT(run.output, HasSubstr("\ndifferent computers: "));
+    EXPECT_EQ(DiffAsJson(desktop, drill + "0-healthy.json")["sameComputer"], false);
+}
+
+/// Changes a copy of the desktop's recording.
+class ChangedDesktop : public testing::Test {
+protected:
+    ChangedDesktop() { std::ifstream(desktop) >> host_; }
+    ~ChangedDesktop() override { std::filesystem::remove(file_); }
+
+    json& Rows(const char* nameSpace, const char* className) {
+        return host_["namespaces"][nameSpace][className];
+    }
+    json& FirstDisk() { return Rows(cimv2, "Win32_DiskDrive")[0]; }
+    std::string Written() const {
+        std::ofstream(file_) << host_;
+        return file_.string();
+    }
+
+    static constexpr const char* cimv2 = R"(root\CIMv2)";
+    static constexpr const char* wmi = R"(root\wmi)";
+
+private:
+    const std::filesystem::path file_ = std::filesystem::temp_directory_path() / "qv-diff.json";
+    json host_;
+};
+
+TEST_F(ChangedDesktop, WithAnUnreadSourceOfTheSecondNamesTheFile) {
+    Rows(cimv2, "Win32_DiskDrive") = {{"fails", "WBEM_E_ACCESS_DENIED"}};
+    const std::string file = Written();
+    const Ending run = Diff(desktop, file);
+    EXPECT_EQ(run.exitCode, 3);
+    EXPECT_EQ(run.errors, file +
+                              R"(: root\CIMv2 Win32_DiskDrive: WBEM_E_ACCESS_DENIED (0x80041003): )"
+                              "disks and what belongs to them cannot be published\n");
+    EXPECT_THAT(run.output, AllOf(HasSubstr("not readable: disks\n"), Not(HasSubstr("gone: ")),
+                                  Not(HasSubstr("new: ")), Not(HasSubstr("no differences\n")),
+                                  HasSubstr("no differences in what could be read\n")));
+    EXPECT_TRUE(DiffAsJson(desktop, file)["same"].is_null());
+    EXPECT_TRUE(DiffAsJson(desktop, file)["disks"].is_null());
+}
+
+TEST_F(ChangedDesktop, WithAnUnreadSourceOfTheFirstNamesTheFile) {
+    Rows(cimv2, "Win32_PhysicalMedia") = {{"fails", "WBEM_E_ACCESS_DENIED"}};
+    const std::string file = Written();
+    const Ending run = Diff(file, desktop);
+    EXPECT_EQ(run.exitCode, 3);
+    EXPECT_THAT(run.errors, testing::StartsWith(file + R"(: root\CIMv2 Win32_PhysicalMedia: )"));
+    EXPECT_THAT(run.output, AllOf(HasSubstr("not readable: of disks decoded serial number, serial "
+                                            "number\n"),
+                                  Not(HasSubstr("serial number: "))));
+}
+
+TEST_F(ChangedDesktop, WithUnreadPredictionsHasUnknownEvents) {
+    Rows(wmi, "MSStorageDriver_FailurePredictStatus") = {{"fails", "WBEM_E_ACCESS_DENIED"}};
+    const Ending run = Diff(desktop, Written());
+    EXPECT_EQ(run.exitCode, 3);
+    EXPECT_THAT(run.output, HasSubstr("events are not known"));
+    EXPECT_TRUE(DiffAsJson(desktop, Written())["events"].is_null());
+}
+
+TEST_F(ChangedDesktop, ShowsControlCharactersOfDevicesAsCodes) {
+    FirstDisk()["Model"] = "A\x1b[2J\nB";
+    EXPECT_THAT(Diff(desktop, Written()).output,
+                AllOf(HasSubstr("disk #0 A\\x1b[2J\\x0aB"), Not(HasSubstr("\x1b"))));
+}
+
+TEST_F(ChangedDesktop, NamesEachChangeOfARenamedDiskOnce) {
+    FirstDisk()["Caption"] = "Renamed";
+    FirstDisk()["Model"] = "Renamed";
+    const Ending run = Diff(desktop, Written());
+    EXPECT_THAT(run.output, HasSubstr("changed: disk #0 Renamed (S/N NLS0240A7731K05)\n"
+                                      "    model: NORTHLAKE N240S ATA Device → Renamed\n"));
+    EXPECT_LE(std::ranges::count(run.output, '\n'), 10);
+}
+
+TEST_F(ChangedDesktop, WithRowsInAnotherOrderIsTheSame) {
+    json& disks = Rows(cimv2, "Win32_DiskDrive");
+    std::swap(disks[1], disks[2]);
+    EXPECT_EQ(Diff(desktop, Written()).exitCode, 0);
+}
+
+TEST(Diff, NeedsTwoRecordings) {
+    const Ending run = RunHere({"diff", desktop});
+    EXPECT_EQ(run.exitCode, 2);
+    EXPECT_THAT(run.errors, HasSubstr("give two recordings, or one and --live"));
+    EXPECT_EQ(RunHere({"diff", desktop, desktop, "--live"}).exitCode, 2);
+}
+
+TEST(Diff, NamesAFileThatCannotBeRead) {
+    const Ending run = Diff(desktop, "none.json");
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_THAT(run.errors, HasSubstr("none.json"));
+}
+
+}  // namespace
+}  // namespace qv::test
