@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "qvsata/cim/StatusCodes.h"
-#include "source/Namespaces.h"
 #include "source/Text.h"
 
 namespace qv::tool {
@@ -49,9 +48,10 @@ std::vector<service::SourceQuery> UnreadSources(const std::vector<service::Sourc
     return unread;
 }
 
-bool IsUnread(const std::vector<service::SourceQuery>& queries, std::string_view className) {
-    return std::ranges::any_of(queries, [className](const service::SourceQuery& query) {
-        return !WasRead(query) && EqualsIgnoringCase(query.nameSpace, cimNamespace) &&
+bool IsUnread(const std::vector<service::SourceQuery>& queries, std::string_view className,
+              std::string_view nameSpace) {
+    return std::ranges::any_of(queries, [className, nameSpace](const service::SourceQuery& query) {
+        return !WasRead(query) && EqualsIgnoringCase(query.nameSpace, nameSpace) &&
                (query.className.empty() || EqualsIgnoringCase(query.className, className));
     });
 }

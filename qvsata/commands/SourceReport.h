@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "qvsata/service/SourceJournal.h"
+#include "source/Namespaces.h"
 
 namespace qv::tool {
 
@@ -25,8 +26,9 @@ std::string_view LossWithout(std::string_view nameSpace, std::string_view classN
 /// Returns the queries that did not read their source, the first of each class and end.
 std::vector<service::SourceQuery> UnreadSources(const std::vector<service::SourceQuery>& queries);
 
-/// Returns whether the instances of a class of root\CIMv2 could not be read.
-bool IsUnread(const std::vector<service::SourceQuery>& queries, std::string_view className);
+/// Returns whether the instances of a class could not be read.
+bool IsUnread(const std::vector<service::SourceQuery>& queries, std::string_view className,
+              std::string_view nameSpace = cimNamespace);
 
 /// Returns how a query ended: "WBEM_E_ACCESS_DENIED (0x80041003)", "never recorded", "OK".
 std::string EndText(const service::SourceQuery& query);
