@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <memory>
-#include <optional>
+#include <utility>
 
 #include "qvsata/commands/Commands.h"
 #include "qvsata/commands/Options.h"
@@ -19,6 +19,7 @@
 #include "qvsata/view/text/Columns.h"
 #include "source/Namespaces.h"
 #include "source/PropertyReaders.h"
+#include "source/SourceRules.h"
 #include "source/Text.h"
 
 namespace qv::tool {
@@ -26,16 +27,17 @@ namespace {
 
 enum class ExplainFormat { text, json };
 
-/// Returns the instances of the explained classes; without the classes whose request failed.
-view::PublishedHost ReadExplained(const service::Namespace& nameSpace) {
+/// Returns the instances of the explained classes. Leaves out those whose request fails if it
+/// `mayFail`; otherwise throws CommandError for them.
+view::PublishedHost ReadExplained(const service::Namespace& nameSpace, bool mayFail) {
     view::PublishedHost published;
     for (const std::string_view className : explain::ExplainedClasses()) {
-        const service::Answer answer = nameSpace.Enumerate(className);
-        if (!Succeeded(answer.status)) {
+        service::Answer answer = nameSpace.Enumerate(className);
+        if (mayFail && !Succeeded(answer.status)) {
             continue;
         }
         auto& instances = published[std::string(className)];
-        for (const auto& object : answer.objects) {
+        for (const auto& object : Take(std::move(answer))) {
             instances.push_back(ReadObject(*object));
         }
     }
@@ -103,27 +105,43 @@ std::size_t PlaceOf(const platform::Rows& rows, const view::OsDisk& disk) {
     return static_cast<std::size_t>(row - rows.begin());
 }
 
-std::vector<std::string> KeyLines(const std::vector<view::OsDisk>& disks,
-                                  const std::set<std::string_view>& unread) {
+/// Returns the disks with the serial numbers that are published instead of those that the disks
+/// report.
+std::vector<view::OsDisk> WithPublishedSerialNumbers(const explain::SourceRows& rows,
+                                                     std::vector<view::OsDisk> disks) {
+    for (view::OsDisk& disk : disks) {
+        const platform::Row& row = *rows.disks.at(PlaceOf(rows.disks, disk));
+        const auto* const media =
+            IsComparableWithMedia(row) ? FindMediaOfDisk(row, rows.media) : nullptr;
+        disk.serialNumber =
+            media == nullptr ? "" : view::Trimmed(TextOrEmpty(*media, "SerialNumber"));
+    }
+    return disks;
+}
+
+std::vector<std::string> KeyLines(const explain::SourceRows& rows,
+                                  const std::vector<view::OsDisk>& disks) {
     std::vector<std::string> lines = view::KeyWarningLines(disks);
-    if (unread.contains(explain::source::disks)) {
+    if (rows.unread.contains(explain::source::disks)) {
         lines.emplace_back("not readable: Win32_DiskDrive could not be read");
-    } else if (unread.contains(explain::source::media)) {
+    } else if (rows.unread.contains(explain::source::media)) {
         lines.emplace_back("serial numbers not readable: Win32_PhysicalMedia could not be read");
     } else {
-        std::ranges::move(view::SerialNumberWarnings(disks), std::back_inserter(lines));
+        std::ranges::move(view::SerialNumberWarnings(WithPublishedSerialNumbers(rows, disks)),
+                          std::back_inserter(lines));
     }
     return lines;
 }
 
 explain::Explanation ExplainHost(const service::ProviderHost& host, const std::string& disk) {
     const std::vector<view::OsDisk> disks = ReadOsDisks(host);
-    const view::PublishedHost published = ReadExplained(host.Published());
     explain::SourceRows rows = explain::ReadSourceRows(service::MachineQueries(host.Machine()));
+    const view::PublishedHost published =
+        ReadExplained(host.Published(), explain::FailsMediaSearch(rows));
     rows.unread = UnreadClasses(host.Journal().Queries());
     explain::Explanation explanation{explain::Explain(rows, published),
                                      {rows.unread.begin(), rows.unread.end()},
-                                     KeyLines(disks, rows.unread)};
+                                     KeyLines(rows, disks)};
     if (!disk.empty()) {
         const std::size_t place = PlaceOf(rows.disks, FindDisk(disks, disk));
         std::erase_if(explanation.verdicts, [place](const explain::Verdict& verdict) {

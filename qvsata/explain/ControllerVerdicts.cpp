@@ -36,12 +36,11 @@ std::string NameWithId(const Facts& facts, const std::string& deviceId) {
     return found == facts.rows.controllers.end() ? deviceId : ControllerName(**found);
 }
 
-// Returns the controller whose software is published for the family of a driver.
-std::string FirstOfFamily(const Facts& facts, const ServingDriver& driver) {
-    const auto first = std::ranges::find_if(facts.rows.drivers, [&](const ServingDriver& one) {
+// Returns the driver of a family that is published.
+const ServingDriver& FirstOfFamily(const Facts& facts, const ServingDriver& driver) {
+    return *std::ranges::find_if(facts.rows.drivers, [&](const ServingDriver& one) {
         return one.family == driver.family && one.isFirstOfFamily;
     });
-    return NameWithId(facts, first->controllerId);
 }
 
 std::string FamilyDrivers() {
@@ -63,9 +62,10 @@ std::optional<Finding> MissingSoftware(const Facts& facts, const std::string& de
             return std::nullopt;
         }
         if (driver.family) {
-            missing = Finding{Rule::hasLaterDriver,
-                              {driver.name, FirstOfFamily(facts, driver)},
-                              softwareOfController};
+            missing =
+                Finding{Rule::hasLaterDriver,
+                        {driver.name, NameWithId(facts, FirstOfFamily(facts, driver).controllerId)},
+                        softwareOfController};
         } else if (!missing) {
             missing = Finding{
                 Rule::hasForeignDriver, {driver.name, FamilyDrivers()}, softwareOfController};
@@ -158,7 +158,7 @@ std::vector<Verdict> DriverVerdicts(const Facts& facts, Publisher& publisher) {
     std::vector<Verdict> verdicts;
     for (const ServingDriver& driver : facts.rows.drivers) {
         const std::string controller = NameWithId(facts, driver.controllerId);
-        Verdict verdict{source::drivers, driver.name + " for " + controller,
+        Verdict verdict{source::servingDrivers, driver.name + " for " + controller,
                         driver.name + '|' + driver.controllerId};
         if (driver.IsPublished()) {
             publisher.Publish(verdict, softwareClasses);
@@ -168,9 +168,12 @@ std::vector<Verdict> DriverVerdicts(const Facts& facts, Publisher& publisher) {
             }
         } else {
             verdict.outcome = Outcome::unpublished;
-            verdict.reason = driver.family
-                                 ? Finding{Rule::isLaterOfFamily, {FirstOfFamily(facts, driver)}}
-                                 : Finding{Rule::isForeign, {driver.name, FamilyDrivers()}};
+            verdict.reason =
+                driver.family
+                    ? Finding{Rule::isLaterOfFamily,
+                              {FirstOfFamily(facts, driver).name,
+                               NameWithId(facts, FirstOfFamily(facts, driver).controllerId)}}
+                    : Finding{Rule::isForeign, {driver.name, FamilyDrivers()}};
         }
         verdicts.push_back(std::move(verdict));
     }

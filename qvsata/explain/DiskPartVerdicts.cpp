@@ -81,6 +81,15 @@ Verdict PartitionVerdict(const Facts& facts, const platform::Row& partition) {
         verdict.reason = Finding{Rule::isNotLast, {NamesOf(facts, verdict.disks)}};
         return verdict;
     }
+    verdict.disks = DisksWith(facts, false, [&](std::size_t disk) {
+        const std::string deviceId = TextOrEmpty(*facts.rows.disks[disk], "DeviceID");
+        return std::ranges::count(facts.allPartitions.PartitionsOfDisk(deviceId), &partition) != 0;
+    });
+    if (!verdict.disks.empty()) {
+        verdict.outcome = Outcome::unpublished;
+        verdict.reason = Finding{Rule::isOfUnpublished, {NamesOf(facts, verdict.disks)}};
+        return verdict;
+    }
     LeaveOut(facts, verdict, {source::partitionLinks, source::disks}, {Rule::isOfNoDisk});
     return verdict;
 }

@@ -71,22 +71,19 @@ Finding ShownPartition(const Facts& facts, const platform::Row& disk) {
                : Finding{Rule::showsLastPartition, {shown, std::to_string(partitions.size())}};
 }
 
-// Returns the disk that fails all requests that compare disks with media rows.
-std::optional<std::size_t> FailingDisk(const Facts& facts) {
-    for (std::size_t disk = 0; disk < facts.rows.disks.size() && !facts.rows.media.empty();
-         ++disk) {
-        if (facts.isPublished[disk] && !IsComparableWithMedia(*facts.rows.disks[disk])) {
-            return disk;
-        }
-    }
-    return std::nullopt;
+// Returns the name of the disk that fails all requests that compare disks with media rows.
+std::string FailingDisk(const Facts& facts) {
+    const auto failing = DisksWith(facts, true, [&facts](std::size_t disk) {
+        return !IsComparableWithMedia(*facts.rows.disks[disk]);
+    });
+    return facts.diskNames[failing.front()];
 }
 
 }  // namespace
 
 std::vector<Verdict> DiskVerdicts(const Facts& facts, Publisher& publisher) {
     std::vector<Verdict> verdicts;
-    const auto failing = FailingDisk(facts);
+    const bool fails = FailsMediaSearch(facts.rows);
     for (std::size_t place = 0; place < facts.rows.disks.size(); ++place) {
         const platform::Row& disk = *facts.rows.disks[place];
         Verdict verdict{source::disks, facts.diskNames[place], facts.diskIds[place]};
@@ -97,8 +94,8 @@ std::vector<Verdict> DiskVerdicts(const Facts& facts, Publisher& publisher) {
             verdicts.push_back(std::move(verdict));
             continue;
         }
-        if (failing) {
-            verdict.notes.push_back({Rule::failsMediaSearch, {facts.diskNames[*failing]}});
+        if (fails) {
+            verdict.notes.push_back({Rule::failsMediaSearch, {FailingDisk(facts)}});
         } else {
             publisher.Publish(verdict, classesWithMedia);
         }

@@ -79,13 +79,14 @@ view::StyledText ExplanationAsText(const Explanation& explanation) {
             std::ranges::move(lines, std::back_inserter(text));
         }
     }
-    text.push_back({"Keys\n"});
+    text.push_back({"Keys of all disks\n"});
     for (const std::string& line : explanation.keyWarnings) {
         text.push_back({"  " + Printable(line) + '\n', Style::caution});
     }
     if (explanation.keyWarnings.empty()) {
         text.push_back(
-            {"  no two disks share a key or a serial number, and no serial number is empty\n"});
+            {"  no ID is equal to another or part of it, and each published disk has a serial "
+             "number of its own\n"});
     }
     return text;
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "qvsata/cim/ObjectPathParser.h"
 #include "qvsata/view/text/Columns.h"
 #include "source/PropertyReaders.h"
 #include "source/Text.h"
@@ -30,7 +31,8 @@ std::string DiskName(const platform::Row& disk) {
 Facts::Facts(const SourceRows& sourceRows)
     : rows(sourceRows),
       links(rows.links, rows.controllers),
-      partitions(PublishedDisks(rows.disks), rows.partitionLinks, rows.partitions) {
+      partitions(PublishedDisks(rows.disks), rows.partitionLinks, rows.partitions),
+      allPartitions(rows.disks, rows.partitionLinks, rows.partitions) {
     for (const auto& disk : rows.disks) {
         diskNames.push_back(DiskName(*disk));
         diskIds.push_back(TextOrEmpty(*disk, "PNPDeviceID"));
@@ -66,11 +68,8 @@ std::string ControllerName(const platform::Row& controller) {
 }
 
 std::string KeyIn(const std::string& path) {
-    const auto opening = path.find('"');
-    const auto closing = path.rfind('"');
-    return opening < closing && closing != std::string::npos
-               ? path.substr(opening + 1, closing - opening - 1)
-               : path;
+    const auto parsed = service::ParseObjectPath(path);
+    return parsed && parsed->keys.size() == 1 ? parsed->keys.front().value : path;
 }
 
 std::string NamesOf(const Facts& facts, const std::vector<std::size_t>& disks) {

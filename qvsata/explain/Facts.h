@@ -34,7 +34,8 @@ struct Facts {
     std::vector<std::string> diskIds;    ///< their PNPDeviceIDs
     std::vector<bool> isPublished;       ///< whether the disk is
     ControllerLinks links;
-    PartitionLinks partitions;  ///< of the published disks
+    PartitionLinks partitions;     ///< of the published disks
+    PartitionLinks allPartitions;  ///< of all disks
 };
 
 /// Names published instances. A builder returns its instances in the order of the rows that it
@@ -54,8 +55,7 @@ private:
 /// Returns a controller or channel for people: its name and its ID.
 std::string ControllerName(const platform::Row& controller);
 
-/// Returns the key value in a path with one key, as the path spells it; the whole text of any
-/// other.
+/// Returns the key value in a path with one key; the whole text of any other.
 std::string KeyIn(const std::string& path);
 
 /// Returns the names of disks, by place, separated by commas.

@@ -39,9 +39,9 @@ constexpr auto wordings = std::to_array<Wording>({
      "Win32_IDEController row"},
     {Rule::unreadLink, "unreadLink", "controller and port not readable: %1 could not be read"},
     {Rule::hasNoMedia, "hasNoMedia",
-     R"(has no serial number: no Win32_PhysicalMedia row has the Tag "%1")"},
+     R"(is published without a serial number: no Win32_PhysicalMedia row has the Tag "%1")"},
     {Rule::hasEmptySerialNumber, "hasEmptySerialNumber",
-     "has no serial number: SerialNumber of its Win32_PhysicalMedia row is empty"},
+     "is published without a serial number: SerialNumber of its Win32_PhysicalMedia row is empty"},
     {Rule::unreadMedia, "unreadMedia",
      "serial number not readable: Win32_PhysicalMedia could not be read"},
     {Rule::showsPartition, "showsPartition", "its storage extent shows partition %1"},
@@ -55,10 +55,7 @@ constexpr auto wordings = std::to_array<Wording>({
     {Rule::isNoController, "isNoController",
      R"(DeviceID "%1" has no "&REV_" as PCI controllers have, and PNPDeviceID "%2" no "IDECHANNEL")"
      " as channels have"},
-    {Rule::hasNoChannel, "hasNoChannel",
-     "has no ports: no channel row is attached to it (usual with the inbox AHCI driver of Windows "
-     "8 "
-     "and later)"},
+    {Rule::hasNoChannel, "hasNoChannel", "has no ports: no channel row is attached to it"},
     {Rule::unreadChannels, "unreadChannels",
      "ports not readable: Win32_IDEControllerDevice could not be read"},
     {Rule::hasNoDriver, "hasNoDriver",
@@ -66,8 +63,8 @@ constexpr auto wordings = std::to_array<Wording>({
     {Rule::hasForeignDriver, "hasForeignDriver",
      R"(has no driver, firmware and BIOS: its driver "%1" is none of %2)"},
     {Rule::hasLaterDriver, "hasLaterDriver",
-     R"(has no driver, firmware and BIOS: those of the family of its driver "%1" are published for )"
-     "its first controller, %2"},
+     R"(has no driver, firmware and BIOS: the family of its driver "%1" is published for the first )"
+     "controller only, %2"},
     {Rule::unreadDriver, "unreadDriver",
      "driver, firmware and BIOS not readable: %1 could not be read"},
     {Rule::hasNoInitiator, "hasNoInitiator",
@@ -104,8 +101,8 @@ constexpr auto wordings = std::to_array<Wording>({
     {Rule::isShown, "isShown", "the storage extent of %1 shows it"},
     {Rule::isNotLast, "isNotLast",
      "the storage extent of %1 shows one partition, the last, and this is an earlier one"},
-    {Rule::isOfNoDisk, "isOfNoDisk",
-     "no Win32_DiskDriveToDiskPartition row joins it with a published disk"},
+    {Rule::isOfUnpublished, "isOfUnpublished", "its disk %1 is not published"},
+    {Rule::isOfNoDisk, "isOfNoDisk", "no Win32_DiskDriveToDiskPartition row joins it with a disk"},
 
     {Rule::predicts, "predicts", "%1 raises events because of it"},
     {Rule::predictsUnpublished, "predictsUnpublished", "it names %1, which is not published"},
@@ -113,7 +110,7 @@ constexpr auto wordings = std::to_array<Wording>({
 
     {Rule::isForeign, "isForeign", R"(its Name "%1" is none of %2)"},
     {Rule::isLaterOfFamily, "isLaterOfFamily",
-     "drivers of its family are published for their first controller, %1"},
+     R"(only the first driver of its family is published, "%1" for %2)"},
     {Rule::servesNoPortController, "servesNoPortController",
      "joins no controller: %1 is not published as one"},
 
@@ -185,7 +182,7 @@ std::string_view NameOf(Outcome outcome) {
 std::string WordsOf(const Verdict& verdict) {
     const bool isInstance = verdict.source == source::disks ||
                             verdict.source == source::controllers ||
-                            verdict.source == source::drivers;
+                            verdict.source == source::servingDrivers;
     switch (verdict.outcome) {
         case Outcome::published: {
             std::string words;

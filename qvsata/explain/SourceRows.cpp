@@ -1,6 +1,9 @@
 #include "qvsata/explain/SourceRows.h"
 
+#include <algorithm>
+
 #include "source/Namespaces.h"
+#include "source/SourceRules.h"
 
 namespace qv::explain {
 namespace {
@@ -25,6 +28,12 @@ SourceRows ReadSourceRows(const platform::QueryPort& machine) {
     rows.predictions = RowsOf(machine, source::predictions, wmiNamespace);
     rows.drivers = QueryServingDrivers(machine);
     return rows;
+}
+
+bool FailsMediaSearch(const SourceRows& rows) {
+    return !rows.media.empty() && std::ranges::any_of(rows.disks, [](const auto& disk) {
+        return IsIdeDisk(*disk) && !IsComparableWithMedia(*disk);
+    });
 }
 
 }  // namespace qv::explain

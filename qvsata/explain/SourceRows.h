@@ -20,10 +20,12 @@ inline constexpr std::string_view partitionLinks = "Win32_DiskDriveToDiskPartiti
 inline constexpr std::string_view partitions = "Win32_DiskPartition";
 inline constexpr std::string_view devices = "Win32_PnPDevice";
 inline constexpr std::string_view drivers = "Win32_SystemDriverPNPEntity";
+inline constexpr std::string_view servingDrivers = "Win32_SystemDriver";
 inline constexpr std::string_view predictions = "MSStorageDriver_FailurePredictStatus";
 
-inline constexpr std::array all{disks,      media,   controllers, links,      partitionLinks,
-                                partitions, devices, drivers,     predictions};
+/// All of them, in the order in which people read them.
+inline constexpr std::array all{disks,      predictions,    controllers, links,   media,
+                                partitions, partitionLinks, devices,     drivers, servingDrivers};
 }  // namespace source
 
 /// The rows that the provider reads of a machine, in their order.
@@ -40,6 +42,10 @@ struct SourceRows {
     /// The classes that could not be read to their last row. ReadSourceRows leaves it empty.
     std::set<std::string_view> unread;
 };
+
+/// Returns whether the requests that compare disks with media rows fail, because of a published
+/// disk that IsComparableWithMedia leaves out.
+bool FailsMediaSearch(const SourceRows& rows);
 
 SourceRows ReadSourceRows(const platform::QueryPort& machine);
 

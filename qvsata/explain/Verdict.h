@@ -69,6 +69,7 @@ enum class Rule {
     linksNothing,
     isShown,
     isNotLast,
+    isOfUnpublished,
     isOfNoDisk,
     // failure predictions
     predicts,

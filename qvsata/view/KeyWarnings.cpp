@@ -57,15 +57,19 @@ std::string KeyWarnings(const std::vector<OsDisk>& disks) {
 std::vector<std::string> SerialNumberWarnings(const std::vector<OsDisk>& disks) {
     std::vector<std::string> lines;
     for (auto one = disks.begin(); one != disks.end(); ++one) {
+        if (!one->whyUnpublished.empty()) {
+            continue;
+        }
         if (one->serialNumber.empty()) {
-            lines.push_back("disk " + DriveNumberText(one->number) + " has no serial number");
+            lines.push_back("disk " + DriveNumberText(one->number) +
+                            " is published without a serial number");
             continue;
         }
         for (auto other = one + 1; other != disks.end(); ++other) {
-            if (one->serialNumber == other->serialNumber) {
+            if (other->whyUnpublished.empty() && one->serialNumber == other->serialNumber) {
                 lines.push_back("disks " + DriveNumberText(one->number) + " and " +
                                 DriveNumberText(other->number) +
-                                " have one serial number: " + one->serialNumber);
+                                " are published with one serial number: " + one->serialNumber);
             }
         }
     }

@@ -15,7 +15,7 @@ std::string KeyWarnings(const std::vector<OsDisk>& disks);
 /// Returns the same lines, without "warning: ".
 std::vector<std::string> KeyWarningLines(const std::vector<OsDisk>& disks);
 
-/// Returns a line for each pair of disks, published or not, with one serial number, and for each
+/// Returns a line for each pair of published disks with one serial number, and for each published
 /// disk without one.
 std::vector<std::string> SerialNumberWarnings(const std::vector<OsDisk>& disks);
 
