@@ -241,7 +241,7 @@ INSTANTIATE_TEST_SUITE_P(
                "    has no driver, firmware and BIOS: no Win32_SystemDriver row serves its "
                "plug-and-play device\n"
                "      no QV_SATAPortControllerDriverSATAPortController\n      no "
-               "QV_SATAPortControllerDriverSATAPortController\n"
+               "QV_SATAPortControllerFWSATAPortController\n"
                "      no QV_SATAPortControllerBIOSSATAPortController\n"},
         Broken{
             "ForeignDriver",
