@@ -1,14 +1,10 @@
 // QV_SATAPortControllerBIOS, QV_SATAPortControllerFW and QV_SATAPortControllerDriver: at most one
 // instance of each class per family of controllers, for the first Win32_IDEController row (channels
-// included) that a driver of the family serves. The driver is found through the row's plug-and-play
-// device.
+// included) that a driver of the family serves.
 #include <array>
-#include <set>
 
-#include "NativeAPI/KeptRows.h"
 #include "NativeAPI/NativeAPI.h"
-#include "source/Namespaces.h"
-#include "source/PropertyReaders.h"
+#include "NativeAPI/ServingDrivers.h"
 #include "source/SourceRules.h"
 #include "source/Text.h"
 
@@ -54,29 +50,6 @@ constexpr SoftwareClass driver{"2",
                                  {"", "PCI IDE Driver", ideDriver, ideDriver, false},
                                  {"", "ATAPI Driver", ideDriver, ideDriver, false}}}};
 
-// Returns the path without server and namespace; the whole path if the namespace is spelled
-// otherwise.
-std::string RelativePathOf(const platform::Row& row) {
-    constexpr std::string_view nameSpace = "CIMv2:";
-    const std::string path = TextOrEmpty(row, "__PATH");
-    const auto mark = path.find(nameSpace);
-    return mark == std::string::npos ? path : path.substr(mark + nameSpace.size());
-}
-
-// Returns the objects of exactly `resultClass` that `associationClass` relates to the row's object.
-platform::Rows Associated(const platform::QueryPort& queries, const platform::Row& row,
-                          const std::string& associationClass, std::string_view resultClass) {
-    platform::Rows objects;
-    queries.RunWqlQuery(
-        cimNamespace,
-        "ASSOCIATORS OF {" + RelativePathOf(row) + "} where assocclass=" + associationClass,
-        objects);
-    std::erase_if(objects, [resultClass](const auto& object) {
-        return TextOrEmpty(*object, "__CLASS") != resultClass;
-    });
-    return objects;
-}
-
 void PutDetails(InstanceRecord& record, const SoftwareClass& software, const FamilyTexts& texts,
                 const std::string& deviceId, const std::string& driverName) {
     const auto put = [&record](std::string_view name, std::string_view value,
@@ -100,36 +73,24 @@ void PutDetails(InstanceRecord& record, const SoftwareClass& software, const Fam
 RecordList BuildSoftware(const platform::QueryPort& queries, const Request& request,
                          const SoftwareClass& software) {
     RecordList records;
-    platform::Rows controllers;
-    QueryControllerRows(queries, controllers);
-    std::set<ControllerFamily> done;
-    for (const auto& controller : controllers) {
-        const std::string deviceId = TextOrEmpty(*controller, "DeviceID");
-        for (const auto& device :
-             Associated(queries, *controller, "Win32_PnPDevice", "Win32_PnPEntity")) {
-            for (const auto& serving : Associated(queries, *device, "Win32_SystemDriverPNPEntity",
-                                                  "Win32_SystemDriver")) {
-                const std::string driverName = TextOrEmpty(*serving, "Name");
-                const auto family = FamilyOfDriver(driverName);
-                // Before the path check, on purpose: a path that names a later controller of the
-                // family finds nothing.
-                if (!family || !done.insert(*family).second) {
-                    continue;
-                }
-                InstanceRecord record(request.className);
-                SetKeyProperty(record, "InstanceID",
-                               "QV:" + record.className + ":" + EncodeDeviceId(deviceId));
-                if (!request.Accepts(record)) {
-                    continue;
-                }
-                if (request.WantsAllProperties()) {
-                    PutDetails(record, software,
-                               software.families[static_cast<std::size_t>(*family)], deviceId,
-                               driverName);
-                }
-                AppendRecord(records, std::move(record));
-            }
+    for (const ServingDriver& serving : QueryServingDrivers(queries)) {
+        // Before the path check, on purpose: a path that names a later controller of the family
+        // finds nothing.
+        if (!serving.IsPublished()) {
+            continue;
         }
+        InstanceRecord record(request.className);
+        SetKeyProperty(record, "InstanceID",
+                       "QV:" + record.className + ":" + EncodeDeviceId(serving.controllerId));
+        if (!request.Accepts(record)) {
+            continue;
+        }
+        if (request.WantsAllProperties()) {
+            PutDetails(record, software,
+                       software.families[static_cast<std::size_t>(*serving.family)],
+                       serving.controllerId, serving.name);
+        }
+        AppendRecord(records, std::move(record));
     }
     return records;
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <utility>
 
 #include "source/PropertyReaders.h"
@@ -95,6 +96,13 @@ std::optional<ControllerFamily> FamilyOfDriver(std::string_view driverName) {
     return found == driverFamilies.end() ? std::nullopt : std::optional(found->second);
 }
 
+std::vector<std::string_view> DriversWithFamily() {
+    std::vector<std::string_view> names;
+    std::ranges::transform(driverFamilies, std::back_inserter(names),
+                           &decltype(driverFamilies)::value_type::first);
+    return names;
+}
+
 std::string_view RevisionOf(std::string_view deviceId) {
     const auto mark = deviceId.find(revisionMark);
     if (mark == std::string_view::npos) {
@@ -125,13 +133,17 @@ bool IsPredictionOf(std::string_view instanceName, std::string_view pnpDeviceId)
     return instanceName.find(pnpDeviceId) != std::string_view::npos;
 }
 
-const platform::Row* FindMediaOfDisk(const platform::Row& disk, const platform::Rows& media) {
+bool IsComparableWithMedia(const platform::Row& disk) {
     std::string deviceId;
-    const bool known = Succeeded(GetStringProperty(disk, "DeviceID", deviceId));
+    return Succeeded(GetStringProperty(disk, "DeviceID", deviceId));
+}
+
+const platform::Row* FindMediaOfDisk(const platform::Row& disk, const platform::Rows& media) {
+    if (!media.empty() && !IsComparableWithMedia(disk)) {
+        throw RequestError(Status::unspecifiedFailure);
+    }
+    const std::string deviceId = TextOrEmpty(disk, "DeviceID");
     for (const auto& row : media) {
-        if (!known) {
-            throw RequestError(Status::unspecifiedFailure);
-        }
         if (TextOrEmpty(*row, "Tag") == deviceId) {
             return row.get();
         }
@@ -139,13 +151,20 @@ const platform::Row* FindMediaOfDisk(const platform::Row& disk, const platform::
     return nullptr;
 }
 
-ControllerLinks::ControllerLinks(const platform::Rows& links, const platform::Rows& controllers) {
-    ControllerByKey byPath;
+ControllerPaths::ControllerPaths(const platform::Rows& controllers) {
     for (const auto& controller : controllers) {
-        byPath.emplace(FoldCase(TextOrEmpty(*controller, "__PATH")), controller.get());
+        byPath_.emplace(FoldCase(TextOrEmpty(*controller, "__PATH")), controller.get());
     }
+}
+
+const platform::Row* ControllerPaths::NamedBy(const platform::Row& link) const {
+    return Find(byPath_, FoldCase(TextOrEmpty(link, "Antecedent")));
+}
+
+ControllerLinks::ControllerLinks(const platform::Rows& links, const platform::Rows& controllers) {
+    const ControllerPaths paths(controllers);
     for (const auto& link : links) {
-        const platform::Row* controller = Find(byPath, FoldCase(TextOrEmpty(*link, "Antecedent")));
+        const platform::Row* controller = paths.NamedBy(*link);
         if (controller == nullptr) {
             continue;
         }

@@ -36,6 +36,9 @@ enum class ControllerFamily { nativeSata, pciIde, atapi };
 /// case-sensitively; nothing for any other driver.
 std::optional<ControllerFamily> FamilyOfDriver(std::string_view driverName);
 
+/// Returns the names that have a family, in the order of the families.
+std::vector<std::string_view> DriversWithFamily();
+
 /// Returns the revision in a PCI device ID: the text after "REV_" up to the next backslash or the
 /// end (02 of PCI\VEN_8086&DEV_2922&REV_02\3&1AB2); empty without "&REV_".
 std::string_view RevisionOf(std::string_view deviceId);
@@ -53,9 +56,12 @@ std::string_view DeviceNumberOf(std::string_view deviceId);
 /// hold for the ID.
 std::string ChannelLabel(std::string_view channelId);
 
+/// Returns whether a Win32_DiskDrive row can be compared with media rows: its DeviceID is a text.
+bool IsComparableWithMedia(const platform::Row& disk);
+
 /// Returns the first Win32_PhysicalMedia row whose Tag is exactly the DeviceID of the
 /// Win32_DiskDrive row; null if there is none. Throws RequestError with Status::unspecifiedFailure
-/// if a media row is compared with a disk whose DeviceID is not a text.
+/// if a media row is compared with a disk for which IsComparableWithMedia does not hold.
 const platform::Row* FindMediaOfDisk(const platform::Row& disk, const platform::Rows& media);
 
 /// Returns whether a MSStorageDriver_FailurePredictStatus row belongs to a disk: the row's
@@ -63,10 +69,23 @@ const platform::Row* FindMediaOfDisk(const platform::Row& disk, const platform::
 /// upper case. An empty ID is part of every name, on purpose.
 bool IsPredictionOf(std::string_view instanceName, std::string_view pnpDeviceId);
 
+/// Finds the Win32_IDEController row that the Antecedent of a Win32_IDEControllerDevice row names:
+/// the first whose __PATH equals it, ignoring case.
+class ControllerPaths {
+public:
+    /// The controller rows must outlive the object.
+    explicit ControllerPaths(const platform::Rows& controllers);
+
+    /// Returns the controller that a link names; null if there is none.
+    const platform::Row* NamedBy(const platform::Row& link) const;
+
+private:
+    std::unordered_map<std::string, const platform::Row*> byPath_;
+};
+
 /// Finds the Win32_IDEController row to which a device is attached, by the
-/// Win32_IDEControllerDevice rows that name the device as Dependent. The Antecedent names the
-/// controller: the first row whose __PATH equals it, ignoring case. Of several links of a device
-/// the last one that names a controller counts.
+/// Win32_IDEControllerDevice rows that name the device as Dependent and a controller as Antecedent
+/// (ControllerPaths). Of several links of a device the last one that names a controller counts.
 class ControllerLinks {
 public:
     /// The controller rows must outlive the object.

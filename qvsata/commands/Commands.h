@@ -13,6 +13,7 @@ void AddClasses(CLI::App& program);
 void AddDiff(CLI::App& program);
 void AddDisks(CLI::App& program);
 void AddEnumerate(CLI::App& program);
+void AddExplain(CLI::App& program);
 void AddGet(CLI::App& program);
 void AddQuery(CLI::App& program);
 void AddReferences(CLI::App& program);
@@ -21,8 +22,8 @@ void AddTopology(CLI::App& program);
 void AddWatch(CLI::App& program);
 
 /// All of them, in the order in which --help lists them.
-inline constexpr std::array commands{AddDisks,   AddTopology, AddClasses,     AddEnumerate,
-                                     AddGet,     AddQuery,    AddAssociators, AddReferences,
-                                     AddSources, AddDiff,     AddWatch};
+inline constexpr std::array commands{AddDisks,      AddExplain, AddTopology, AddClasses,
+                                     AddEnumerate,  AddGet,     AddQuery,    AddAssociators,
+                                     AddReferences, AddSources, AddDiff,     AddWatch};
 
 }  // namespace qv::tool

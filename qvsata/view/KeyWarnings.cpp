@@ -1,5 +1,7 @@
 #include "qvsata/view/KeyWarnings.h"
 
+#include <utility>
+
 #include "qvsata/view/text/Columns.h"
 #include "source/Text.h"
 
@@ -11,16 +13,15 @@ bool IsPartOf(const OsDisk& part, const OsDisk& whole) {
 }
 
 std::string PartWarning(const OsDisk& part, const OsDisk& whole) {
-    return "warning: the plug-and-play ID of disk " + DriveNumberText(part.number) +
+    return "the plug-and-play ID of disk " + DriveNumberText(part.number) +
            " is part of that of disk " + DriveNumberText(whole.number) +
-           ": associations of one may name the other, too\n";
+           ": associations of one may name the other, too";
 }
 
 std::string Warning(const OsDisk& one, const OsDisk& other) {
     if (EqualsIgnoringCase(one.deviceId, other.deviceId)) {
-        return "warning: disks " + DriveNumberText(one.number) + " and " +
-               DriveNumberText(other.number) +
-               " have one plug-and-play ID: their instances have the same keys\n";
+        return "disks " + DriveNumberText(one.number) + " and " + DriveNumberText(other.number) +
+               " have one plug-and-play ID: their instances have the same keys";
     }
     if (IsPartOf(one, other)) {
         return PartWarning(one, other);
@@ -30,12 +31,45 @@ std::string Warning(const OsDisk& one, const OsDisk& other) {
 
 }  // namespace
 
-std::string KeyWarnings(const std::vector<OsDisk>& disks) {
-    std::string lines;
+std::vector<std::string> KeyWarningLines(const std::vector<OsDisk>& disks) {
+    std::vector<std::string> lines;
     for (auto one = disks.begin(); one != disks.end(); ++one) {
         for (auto other = one + 1; other != disks.end(); ++other) {
-            if (one->whyUnpublished.empty() && other->whyUnpublished.empty()) {
-                lines += Warning(*one, *other);
+            if (!one->whyUnpublished.empty() || !other->whyUnpublished.empty()) {
+                continue;
+            }
+            if (std::string warning = Warning(*one, *other); !warning.empty()) {
+                lines.push_back(std::move(warning));
+            }
+        }
+    }
+    return lines;
+}
+
+std::string KeyWarnings(const std::vector<OsDisk>& disks) {
+    std::string lines;
+    for (const std::string& line : KeyWarningLines(disks)) {
+        lines += "warning: " + line + '\n';
+    }
+    return lines;
+}
+
+std::vector<std::string> SerialNumberWarnings(const std::vector<OsDisk>& disks) {
+    std::vector<std::string> lines;
+    for (auto one = disks.begin(); one != disks.end(); ++one) {
+        if (!one->whyUnpublished.empty()) {
+            continue;
+        }
+        if (one->serialNumber.empty()) {
+            lines.push_back("disk " + DriveNumberText(one->number) +
+                            " is published without a serial number");
+            continue;
+        }
+        for (auto other = one + 1; other != disks.end(); ++other) {
+            if (other->whyUnpublished.empty() && one->serialNumber == other->serialNumber) {
+                lines.push_back("disks " + DriveNumberText(one->number) + " and " +
+                                DriveNumberText(other->number) +
+                                " are published with one serial number: " + one->serialNumber);
             }
         }
     }

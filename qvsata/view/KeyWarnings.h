@@ -12,4 +12,11 @@ namespace qv::view {
 /// disks apart.
 std::string KeyWarnings(const std::vector<OsDisk>& disks);
 
+/// Returns the same lines, without "warning: ".
+std::vector<std::string> KeyWarningLines(const std::vector<OsDisk>& disks);
+
+/// Returns a line for each pair of published disks with one serial number, and for each published
+/// disk without one.
+std::vector<std::string> SerialNumberWarnings(const std::vector<OsDisk>& disks);
+
 }  // namespace qv::view

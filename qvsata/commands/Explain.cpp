@@ -1,0 +1,183 @@
+#include "qvsata/explain/Explain.h"
+
+#include <algorithm>
+#include <memory>
+#include <utility>
+
+#include "qvsata/commands/Commands.h"
+#include "qvsata/commands/Options.h"
+#include "qvsata/commands/OsDisks.h"
+#include "qvsata/commands/PublishedInstances.h"
+#include "qvsata/commands/Session.h"
+#include "qvsata/commands/SourceReport.h"
+#include "qvsata/explain/ExplanationText.h"
+#include "qvsata/output/Output.h"
+#include "qvsata/output/OutputJson.h"
+#include "qvsata/service/MachineQueries.h"
+#include "qvsata/view/KeyWarnings.h"
+#include "qvsata/view/text/Characters.h"
+#include "qvsata/view/text/Columns.h"
+#include "source/Namespaces.h"
+#include "source/PropertyReaders.h"
+#include "source/SourceRules.h"
+#include "source/Text.h"
+
+namespace qv::tool {
+namespace {
+
+enum class ExplainFormat { text, json };
+
+/// Returns the instances of the explained classes. Leaves out those whose request fails if it
+/// `mayFail`; otherwise throws CommandError for them.
+view::PublishedHost ReadExplained(const service::Namespace& nameSpace, bool mayFail) {
+    view::PublishedHost published;
+    for (const std::string_view className : explain::ExplainedClasses()) {
+        service::Answer answer = nameSpace.Enumerate(className);
+        if (mayFail && !Succeeded(answer.status)) {
+            continue;
+        }
+        auto& instances = published[std::string(className)];
+        for (const auto& object : Take(std::move(answer))) {
+            instances.push_back(ReadObject(*object));
+        }
+    }
+    return published;
+}
+
+std::set<std::string_view> UnreadClasses(const std::vector<service::SourceQuery>& queries) {
+    std::set<std::string_view> unread;
+    for (const std::string_view className : explain::source::All()) {
+        const auto nameSpace =
+            className == explain::source::predictions ? wmiNamespace : cimNamespace;
+        if (IsUnread(queries, nameSpace, className)) {
+            unread.insert(className);
+        }
+    }
+    return unread;
+}
+
+std::string DiskLine(const view::OsDisk& disk) {
+    return "    " + view::DriveNumberText(disk.number) + ' ' + disk.model + ", serial number " +
+           view::OrDash(disk.serialNumber) + ", ID " + disk.deviceId + '\n';
+}
+
+bool Fits(const view::OsDisk& disk, const std::string& part) {
+    const std::string sought = FoldCase(part);
+    const auto has = [&sought](const std::string& text) {
+        return FoldCase(text).find(sought) != std::string::npos;
+    };
+    return has(disk.serialNumber) || has(disk.model) || has(disk.deviceId) ||
+           has(EncodeDeviceId(disk.deviceId));
+}
+
+/// Returns the disk that a text names: by its whole drive number, otherwise by part of its serial
+/// number, model or ID. Throws CommandError unless exactly one fits.
+const view::OsDisk& FindDisk(const std::vector<view::OsDisk>& disks, const std::string& text) {
+    std::vector<const view::OsDisk*> fitting;
+    for (const view::OsDisk& disk : disks) {
+        if (disk.number && std::to_string(*disk.number) == text) {
+            return disk;
+        }
+        if (Fits(disk, text)) {
+            fitting.push_back(&disk);
+        }
+    }
+    if (fitting.size() == 1) {
+        return *fitting.front();
+    }
+    std::string lines;
+    for (const view::OsDisk& disk : disks) {
+        const bool isListed = fitting.empty() || std::ranges::count(fitting, &disk) != 0;
+        lines += isListed ? DiskLine(disk) : "";
+    }
+    WriteErrorFitted((fitting.empty() ? "the disks:\n" : "disks that would fit:\n") + lines);
+    throw CommandError("'" + text + "' fits " + (fitting.empty() ? "no disk" : "several disks"));
+}
+
+/// Returns the place of a disk's row.
+std::size_t PlaceOf(const platform::Rows& rows, const view::OsDisk& disk) {
+    const auto row = std::ranges::find_if(rows, [&disk](const auto& one) {
+        std::int32_t number = 0;
+        const bool isNumbered = Succeeded(GetIntegerProperty(*one, "Index", number));
+        return TextOrEmpty(*one, "PNPDeviceID") == disk.deviceId &&
+               isNumbered == disk.number.has_value() && (!isNumbered || number == *disk.number);
+    });
+    return static_cast<std::size_t>(row - rows.begin());
+}
+
+/// Returns the disks with the serial numbers that are published instead of those that the disks
+/// report.
+std::vector<view::OsDisk> WithPublishedSerialNumbers(const explain::SourceRows& rows,
+                                                     std::vector<view::OsDisk> disks) {
+    for (view::OsDisk& disk : disks) {
+        const platform::Row& row = *rows.disks.at(PlaceOf(rows.disks, disk));
+        const auto* const media =
+            IsComparableWithMedia(row) ? FindMediaOfDisk(row, rows.media) : nullptr;
+        disk.serialNumber =
+            media == nullptr ? "" : view::Trimmed(TextOrEmpty(*media, "SerialNumber"));
+    }
+    return disks;
+}
+
+std::vector<std::string> KeyLines(const explain::SourceRows& rows,
+                                  const std::vector<view::OsDisk>& disks) {
+    std::vector<std::string> lines = view::KeyWarningLines(disks);
+    if (rows.unread.contains(explain::source::disks)) {
+        lines.emplace_back("not readable: Win32_DiskDrive could not be read");
+    } else if (rows.unread.contains(explain::source::media)) {
+        lines.emplace_back("serial numbers not readable: Win32_PhysicalMedia could not be read");
+    } else {
+        std::ranges::move(view::SerialNumberWarnings(WithPublishedSerialNumbers(rows, disks)),
+                          std::back_inserter(lines));
+    }
+    return lines;
+}
+
+explain::Explanation ExplainHost(const service::ProviderHost& host, const std::string& disk) {
+    const std::vector<view::OsDisk> disks = ReadOsDisks(host);
+    explain::SourceRows rows = explain::ReadSourceRows(service::MachineQueries(host.Machine()));
+    const view::PublishedHost published =
+        ReadExplained(host.Published(), explain::FailsMediaSearch(rows));
+    rows.unread = UnreadClasses(host.Journal().Queries());
+    explain::Explanation explanation{explain::Explain(rows, published),
+                                     {rows.unread.begin(), rows.unread.end()},
+                                     KeyLines(rows, disks)};
+    if (!disk.empty()) {
+        const std::size_t place = PlaceOf(rows.disks, FindDisk(disks, disk));
+        std::erase_if(explanation.verdicts, [place](const explain::Verdict& verdict) {
+            return std::ranges::count(verdict.disks, place) == 0;
+        });
+    }
+    return explanation;
+}
+
+}  // namespace
+
+void AddExplain(CLI::App& program) {
+    struct Arguments {
+        Options options;
+        std::string disk;
+        ExplainFormat format = ExplainFormat::text;
+    };
+    const auto arguments = std::make_shared<Arguments>();
+    CLI::App* command = program.add_subcommand(
+        "explain", "for each row of the operating system, whether it is published, and why not");
+    command->add_option("DISK", arguments->disk,
+                        "a disk: its drive number, or part of its serial number, model or ID "
+                        "(default: everything)");
+    AddSourceOptions(*command, arguments->options);
+    AddFormatOption<ExplainFormat>(*command,
+                                   {{"text", ExplainFormat::text}, {"json", ExplainFormat::json}},
+                                   arguments->format);
+    command->footer("Example: qvsata explain 1 --host hosts/mixed-buses-failing.json");
+    OnProvider(*command, arguments, [](const service::ProviderHost& host, const Arguments& given) {
+        const explain::Explanation explanation = ExplainHost(host, given.disk);
+        if (given.format == ExplainFormat::json) {
+            PrintDocument(host, explain::ExplanationAsJson(explanation));
+        } else {
+            PrintFitted(explain::ExplanationAsText(explanation));
+        }
+    });
+}
+
+}  // namespace qv::tool

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "qvsata/explain/SourceRows.h"
+#include "qvsata/explain/Verdict.h"
+#include "qvsata/view/PublishedObject.h"
+
+namespace qv::explain {
+
+/// Returns the instance classes that Explain looks at.
+std::vector<std::string_view> ExplainedClasses();
+
+/// Returns a verdict for each row, class by class in the order of the rows; for a driver, one per
+/// controller that it serves. `published` has the instances of ExplainedClasses; a class whose
+/// request failed is absent. The rules are the provider's own; they are asked about the rows.
+std::vector<Verdict> Explain(const SourceRows& rows, const view::PublishedHost& published);
+
+}  // namespace qv::explain

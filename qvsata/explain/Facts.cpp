@@ -1,0 +1,94 @@
+#include "qvsata/explain/Facts.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "qvsata/cim/ObjectPathParser.h"
+#include "qvsata/view/text/Columns.h"
+#include "source/PropertyReaders.h"
+#include "source/Text.h"
+
+namespace qv::explain {
+namespace {
+
+platform::Rows PublishedDisks(const platform::Rows& disks) {
+    platform::Rows published;
+    std::ranges::copy_if(disks, std::back_inserter(published),
+                         [](const auto& disk) { return IsIdeDisk(*disk); });
+    return published;
+}
+
+std::string DiskName(const platform::Row& disk) {
+    std::int32_t number = 0;
+    const bool isNumbered = Succeeded(GetIntegerProperty(disk, "Index", number));
+    const std::string model = TextOrEmpty(disk, "Model");
+    return view::DriveNumberText(isNumbered ? std::optional<std::int64_t>(number) : std::nullopt) +
+           ' ' + (model.empty() ? "disk" : std::string(view::Trimmed(model)));
+}
+
+}  // namespace
+
+Facts::Facts(const SourceRows& sourceRows)
+    : rows(sourceRows),
+      links(rows.links, rows.controllers),
+      partitions(PublishedDisks(rows.disks), rows.partitionLinks, rows.partitions),
+      allPartitions(rows.disks, rows.partitionLinks, rows.partitions) {
+    for (const auto& disk : rows.disks) {
+        diskNames.push_back(DiskName(*disk));
+        diskIds.push_back(TextOrEmpty(*disk, "PNPDeviceID"));
+        isPublished.push_back(IsIdeDisk(*disk));
+    }
+}
+
+std::optional<std::string_view> Facts::FirstUnread(
+    std::initializer_list<std::string_view> classes) const {
+    const auto* const found = std::ranges::find_if(
+        classes, [this](std::string_view name) { return rows.unread.contains(name); });
+    return found == classes.end() ? std::nullopt : std::optional(*found);
+}
+
+bool Facts::Predicts(const platform::Row& prediction, std::size_t disk) const {
+    return IsPredictionOf(ToUpper(TextOrEmpty(prediction, "InstanceName")), ToUpper(diskIds[disk]));
+}
+
+void Publisher::Publish(Verdict& verdict, std::span<const std::string_view> classes) {
+    verdict.outcome = Outcome::published;
+    for (const std::string_view className : classes) {
+        const auto& instances = view::InstancesOf(published_, className);
+        const std::size_t place = next_[className]++;
+        verdict.instances.push_back(
+            {className, place, place < instances.size() ? instances[place].path : ""});
+    }
+}
+
+std::string ControllerName(const platform::Row& controller) {
+    const std::string name = TextOrEmpty(controller, "Name");
+    const std::string id = TextOrEmpty(controller, "DeviceID");
+    return name.empty() || name == id ? id : name + " (" + id + ')';
+}
+
+std::string KeyIn(const std::string& path) {
+    const auto parsed = service::ParseObjectPath(path);
+    return parsed && parsed->keys.size() == 1 ? parsed->keys.front().value : path;
+}
+
+std::string NamesOf(const Facts& facts, const std::vector<std::size_t>& disks) {
+    std::string names;
+    for (const std::size_t disk : disks) {
+        names.append(names.empty() ? "" : ", ").append(facts.diskNames[disk]);
+    }
+    return names;
+}
+
+void LeaveOut(const Facts& facts, Verdict& verdict, std::initializer_list<std::string_view> classes,
+              Finding finding) {
+    if (const auto unread = facts.FirstUnread(classes)) {
+        verdict.outcome = Outcome::unreadable;
+        verdict.reason = Finding{Rule::unreadSource, {std::string(*unread)}};
+    } else {
+        verdict.outcome = Outcome::unpublished;
+        verdict.reason = std::move(finding);
+    }
+}
+
+}  // namespace qv::explain

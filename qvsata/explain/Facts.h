@@ -1,0 +1,92 @@
+#pragma once
+
+#include <cstddef>
+#include <initializer_list>
+#include <map>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "qvsata/explain/SourceRows.h"
+#include "qvsata/explain/Verdict.h"
+#include "qvsata/view/PublishedObject.h"
+#include "source/SourceRules.h"
+
+namespace qv::explain {
+
+/// What all verdicts share: the rows, and what the provider's rules say about them.
+struct Facts {
+    /// The rows must outlive the object.
+    explicit Facts(const SourceRows& sourceRows);
+
+    /// Returns the first of the classes that could not be read.
+    std::optional<std::string_view> FirstUnread(
+        std::initializer_list<std::string_view> classes) const;
+
+    /// Returns whether a failure-prediction row belongs to the disk at a place, as the events see
+    /// it.
+    bool Predicts(const platform::Row& prediction, std::size_t disk) const;
+
+    const SourceRows& rows;
+    std::vector<std::string> diskNames;  ///< by place in rows.disks: "#0 Model"
+    std::vector<std::string> diskIds;    ///< their PNPDeviceIDs
+    std::vector<bool> isPublished;       ///< whether the disk is
+    ControllerLinks links;
+    PartitionLinks partitions;     ///< of the published disks
+    PartitionLinks allPartitions;  ///< of all disks
+};
+
+/// Names published instances. A builder returns its instances in the order of the rows that it
+/// keeps, so the n-th kept row belongs to the n-th instance.
+class Publisher {
+public:
+    explicit Publisher(const view::PublishedHost& published) : published_(published) {}
+
+    /// Makes the verdict's row the next one that is published as each of the classes.
+    void Publish(Verdict& verdict, std::span<const std::string_view> classes);
+
+private:
+    const view::PublishedHost& published_;
+    std::map<std::string_view, std::size_t> next_;
+};
+
+/// Returns a controller or channel for people: its name and its ID.
+std::string ControllerName(const platform::Row& controller);
+
+/// Returns the key value in a path with one key; the whole text of any other.
+std::string KeyIn(const std::string& path);
+
+/// Returns the names of disks, by place, separated by commas.
+std::string NamesOf(const Facts& facts, const std::vector<std::size_t>& disks);
+
+/// Returns the places of the disks, published or not as wanted, for which a condition on the place
+/// holds.
+template <typename Condition>
+std::vector<std::size_t> DisksWith(const Facts& facts, bool published, Condition condition) {
+    std::vector<std::size_t> disks;
+    for (std::size_t disk = 0; disk < facts.rows.disks.size(); ++disk) {
+        if (facts.isPublished[disk] == published && condition(disk)) {
+            disks.push_back(disk);
+        }
+    }
+    return disks;
+}
+
+/// Sets the outcome of a row that no rule joins with another: unreadable if one of the classes was
+/// not read, otherwise unpublished because of `finding`.
+void LeaveOut(const Facts& facts, Verdict& verdict, std::initializer_list<std::string_view> classes,
+              Finding finding);
+
+// The verdicts on the rows of each class, in the order of the rows.
+std::vector<Verdict> DiskVerdicts(const Facts& facts, Publisher& publisher);
+std::vector<Verdict> MediaVerdicts(const Facts& facts);
+std::vector<Verdict> PartitionVerdicts(const Facts& facts);
+std::vector<Verdict> PartitionLinkVerdicts(const Facts& facts);
+std::vector<Verdict> PredictionVerdicts(const Facts& facts);
+std::vector<Verdict> ControllerVerdicts(const Facts& facts, Publisher& publisher);
+std::vector<Verdict> DriverVerdicts(const Facts& facts, Publisher& publisher);
+std::vector<Verdict> LinkVerdicts(const Facts& facts);
+
+}  // namespace qv::explain
