@@ -76,7 +76,8 @@ private:
         isAtBegin_ = false;
     }
 
-    /// Appends to the last piece if that has the same style, so that a terminal gets each style once.
+    /// Appends to the last piece if that has the same style, so that a terminal gets each style
+    /// once.
     void Append(const Span& piece) {
         if (!wrapped_.empty() && wrapped_.back().style == piece.style) {
             wrapped_.back().text += piece.text;
