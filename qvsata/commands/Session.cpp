@@ -96,10 +96,24 @@ bool RunOn(const Machine& machine, const std::shared_ptr<service::SourceJournal>
         if (unread().empty()) {
             throw;
         }
-        WriteErrorFitted("qvsata: " + prefix + error.what() + '\n');
+        WriteErrorFitted("qvsata: " + prefix + view::Printable(error.what()) + '\n');
     }
     WriteErrorFitted(unread());
     return unread().empty();
+}
+
+/// Names on standard error the paths that several objects of an answer have.
+void WarnOfDoubles(const service::ObjectList& objects) {
+    std::map<std::string, std::size_t> counts;
+    for (const auto& object : objects) {
+        ++counts[service::TextOf(*object, "__RELPATH")];
+    }
+    for (const auto& [path, count] : counts) {
+        if (!path.empty() && count > 1) {
+            WriteErrorFitted("warning: " + std::to_string(count) + " objects have the path " +
+                             view::Printable(path) + '\n');
+        }
+    }
 }
 
 }  // namespace
@@ -155,24 +169,6 @@ service::ObjectList Take(service::Answer answer) {
     }
     return std::move(answer.objects);
 }
-
-namespace {
-
-/// Names on standard error the paths that several objects of an answer have.
-void WarnOfDoubles(const service::ObjectList& objects) {
-    std::map<std::string, std::size_t> counts;
-    for (const auto& object : objects) {
-        ++counts[service::TextOf(*object, "__RELPATH")];
-    }
-    for (const auto& [path, count] : counts) {
-        if (!path.empty() && count > 1) {
-            WriteErrorFitted("warning: " + std::to_string(count) + " objects have the path " +
-                             view::Printable(path) + '\n');
-        }
-    }
-}
-
-}  // namespace
 
 void PrintAnswer(const service::ProviderHost& host, service::Answer answer, Format format) {
     const service::ObjectList objects = Take(std::move(answer));

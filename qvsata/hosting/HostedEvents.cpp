@@ -9,8 +9,8 @@ HostedEvents::HostedEvents(const ManagementHost& host)
 
 EventFeed::News HostedEvents::Await(std::chrono::milliseconds longest,
                                     const std::stop_token& stop) {
-    // Looks at the token from time to time: the destructor of a std::stop_callback can wait forever
-    // for a callback that has ended on another thread (libstdc++ 12 on winpthreads).
+    // Looks at the token from time to time: with a std::stop_callback a wait hung now and then
+    // after a request from another thread (seen under Wine, libstdc++ 12).
     using std::chrono::milliseconds;
     constexpr milliseconds slice(100);
     for (milliseconds left = longest;; left -= slice) {

@@ -1,11 +1,11 @@
 // What differs between two recordings, and the events that the change raises.
 #include <gmock/gmock.h>
 
-#include <filesystem>
 #include <fstream>
 
 #include "nlohmann/json.hpp"
 #include "tests/qvsata/commands/RunHere.h"
+#include "tests/support/TemporaryFile.h"
 
 namespace qv::test {
 namespace {
@@ -125,22 +125,21 @@ TEST(Diff, OfDifferentComputersSaysSo) {
 class ChangedDesktop : public testing::Test {
 protected:
     ChangedDesktop() { std::ifstream(desktop) >> host_; }
-    ~ChangedDesktop() override { std::filesystem::remove(file_); }
 
     json& Rows(const char* nameSpace, const char* className) {
         return host_["namespaces"][nameSpace][className];
     }
     json& FirstDisk() { return Rows(cimv2, "Win32_DiskDrive")[0]; }
     std::string Written() const {
-        std::ofstream(file_) << host_;
-        return file_.string();
+        std::ofstream(file_.Path()) << host_;
+        return file_.Path().string();
     }
 
     static constexpr const char* cimv2 = R"(root\CIMv2)";
     static constexpr const char* wmi = R"(root\wmi)";
 
 private:
-    const std::filesystem::path file_ = std::filesystem::temp_directory_path() / "qv-diff.json";
+    const TemporaryFile file_;
     json host_;
 };
 

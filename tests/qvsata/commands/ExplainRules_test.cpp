@@ -1,11 +1,11 @@
 // What `explain` says about a host that breaks exactly one rule, for each rule.
 #include <gmock/gmock.h>
 
-#include <filesystem>
 #include <fstream>
 
 #include "nlohmann/json.hpp"
 #include "tests/qvsata/commands/RunHere.h"
+#include "tests/support/TemporaryFile.h"
 
 namespace qv::test {
 namespace {
@@ -76,22 +76,20 @@ void PrintTo(const Broken& broken, std::ostream* out) {
 /// Explains a recording of its own for each test.
 class ExplainRulesTest : public testing::TestWithParam<Broken> {
 protected:
-    ~ExplainRulesTest() override { std::filesystem::remove(file_); }
-
     Ending Explain(std::string patch, const std::vector<std::string>& arguments = {}) const {
         for (auto mark = patch.find('@'); mark != std::string::npos; mark = patch.find('@')) {
             patch.replace(mark, 1, R"(/namespaces/root\\CIMv2/)");
         }
-        std::ofstream(file_) << json::parse(plainHost).patch(json::parse(patch));
+        std::ofstream(file_.Path()) << json::parse(plainHost).patch(json::parse(patch));
         std::vector<std::string> command{"explain"};
         command.insert(command.end(), arguments.begin(), arguments.end());
-        command.insert(command.end(), {"--host", file_.string(), "--mof", QV_SOURCE_DIR "/mof"});
+        command.insert(command.end(),
+                       {"--host", file_.Path().string(), "--mof", QV_SOURCE_DIR "/mof"});
         return RunHere(command);
     }
 
 private:
-    const std::filesystem::path file_ =
-        std::filesystem::temp_directory_path() / "qv-explain-rules.json";
+    const TemporaryFile file_;
 };
 
 TEST_P(ExplainRulesTest, SaysWhichRuleDecided) {
