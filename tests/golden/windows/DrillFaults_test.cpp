@@ -68,7 +68,7 @@ INSTANTIATE_TEST_SUITE_P(OfTheInventory, DrillFaultsTest,
                                                        "MSStorageDriver_FailurePredictStatus"}),
                          [](const auto& source) { return std::string(source.param.name); });
 
-constexpr int many = 1000;
+constexpr int many = 200;
 
 /// Returns a host of many disks with one status.
 std::shared_ptr<const service::RecordedHost> ManyDisks(const std::string& status) {
