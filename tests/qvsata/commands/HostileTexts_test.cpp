@@ -15,10 +15,10 @@ using testing::AllOf;
 using testing::HasSubstr;
 using testing::Not;
 
-const std::string hostile =
-    "Evil\x1B[2J\r\nforged: OK\u202E<b>&amp;\"\x07" + std::string(70'000, 'x');
+const std::string hostile = "Evil\x1B[2J\r\nforged: OK\u202E<b>&amp;\"\x07";
+const std::string longHostile = hostile + std::string(70'000, 'x');
 
-/// A recording whose texts for people are all hostile.
+/// A recording whose texts for people are all hostile; one is long, too.
 class HostileTextsTest : public testing::Test {
 protected:
     HostileTextsTest() {
@@ -29,6 +29,7 @@ protected:
                 Spoil(row);
             }
         }
+        host["namespaces"]["root\\CIMv2"]["Win32_DiskDrive"][0]["Model"] = longHostile;
         std::ofstream(file_.Path()) << host;
     }
 
@@ -79,10 +80,10 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(HostileTextsTest, StayWholeInJson) {
     const json disks = json::parse(Run({"disks", "--format", "json"}).output)["disks"];
-    EXPECT_EQ(disks[0]["model"], hostile);
+    EXPECT_EQ(disks[0]["model"], longHostile);
     const json objects =
         json::parse(Run({"enumerate", "QV_SATADiskDrive", "--format", "json"}).output)["objects"];
-    EXPECT_EQ(objects[0]["Model"], hostile);
+    EXPECT_EQ(objects[0]["Model"], longHostile);
 }
 
 }  // namespace
