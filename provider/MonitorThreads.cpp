@@ -21,7 +21,9 @@ constexpr DWORD pause = static_cast<DWORD>(CSATAHBA_EVENTS::interval.count());
 constexpr DWORD longestEnd = 5000;
 
 /// How long, in milliseconds, EndAll waits for the threads' cycles to end, and how often it checks.
-constexpr DWORD usualCycle = 500;
+/// Far longer than a cycle takes on a busy machine: a thread that is terminated inside one can
+/// leave a lock of COM locked (seen under Wine: that of the registered classes).
+constexpr DWORD usualCycle = 2000;
 constexpr DWORD look = 10;
 
 /// Locks a heap while it lives.

@@ -40,7 +40,7 @@ public:
     ///
     /// A thread that is terminated inside a lock of the process leaves it locked for ever. To avoid
     /// this:
-    /// - if a thread is in a cycle, EndAll first waits a moment, because a cycle is usually short;
+    /// - if a thread is in a cycle, EndAll first waits up to two seconds for its end;
     /// - EndAll suspends the threads while it holds the locks that it can take: those of the
     ///   inventory and the event providers, the loader lock, and the locks of the process heap and
     ///   the C runtime's heap. It waits for these without a time limit while others hold them, and

@@ -9,6 +9,7 @@ namespace qv::test {
 namespace {
 
 constexpr int rounds = 10;
+constexpr int roundsInCycle = 3;  // each takes the seconds that a cycle is given to end
 
 class MonitorThreadsTest : public EventTest {
 protected:
@@ -76,7 +77,7 @@ TEST_F(MonitorThreadsTest, EndsAThreadThatHoldsTheInventorysLockWhileItsQueryRun
     // The first subscription polls the disks itself.
     Begin();
     End();
-    for (int round = 0; round < rounds; ++round) {
+    for (int round = 0; round < roundsInCycle; ++round) {
         source.gate.Close();
         Begin();
         ASSERT_TRUE(source.gate.SomebodyCame());
@@ -91,7 +92,7 @@ TEST_F(MonitorThreadsTest, EndsThreadsThatWaitForTheInventorysLock) {
     const windows::KernelHandle lock(CreateMutexW(nullptr, FALSE, L"DiskDriveListCurrMutex"));
     {
         const windows::HeldMutex held(lock.Get());
-        for (int round = 0; round < rounds; ++round) {
+        for (int round = 0; round < roundsInCycle; ++round) {
             Begin();
             Sleep(20);
             End();
@@ -102,7 +103,7 @@ TEST_F(MonitorThreadsTest, EndsThreadsThatWaitForTheInventorysLock) {
 
 TEST_F(MonitorThreadsTest, EndsAThreadThatDelivers) {
     const ShortSleeps sleeps(library.Module());
-    for (int round = 0; round < rounds; ++round) {
+    for (int round = 0; round < roundsInCycle; ++round) {
         sink = windows::MakeObject<EventSink>();
         sink->gate.Close();
         Begin(1);
