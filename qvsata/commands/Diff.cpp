@@ -1,11 +1,11 @@
 #include <memory>
 
 #include "qvsata/commands/Commands.h"
-#include "qvsata/commands/Options.h"
-#include "qvsata/commands/Session.h"
 #include "qvsata/commands/Snapshot.h"
 #include "qvsata/output/Output.h"
 #include "qvsata/output/OutputJson.h"
+#include "qvsata/session/Options.h"
+#include "qvsata/session/Session.h"
 #include "qvsata/view/diff/DiffJson.h"
 #include "qvsata/view/diff/DiffText.h"
 

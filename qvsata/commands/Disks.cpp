@@ -3,12 +3,12 @@
 #include <memory>
 
 #include "qvsata/commands/Commands.h"
-#include "qvsata/commands/Options.h"
-#include "qvsata/commands/OsDisks.h"
-#include "qvsata/commands/Session.h"
-#include "qvsata/commands/SourceReport.h"
 #include "qvsata/output/Output.h"
 #include "qvsata/output/OutputJson.h"
+#include "qvsata/session/Options.h"
+#include "qvsata/session/OsDisks.h"
+#include "qvsata/session/Session.h"
+#include "qvsata/session/SourceReport.h"
 #include "qvsata/system/Console.h"
 #include "qvsata/view/DiskTable.h"
 #include "qvsata/view/KeyWarnings.h"

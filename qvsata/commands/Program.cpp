@@ -8,10 +8,10 @@
 #include <vector>
 
 #include "qvsata/commands/Commands.h"
-#include "qvsata/commands/ExitCodes.h"
-#include "qvsata/commands/Session.h"
 #include "qvsata/commands/UsageMessage.h"
 #include "qvsata/output/Output.h"
+#include "qvsata/session/ExitCodes.h"
+#include "qvsata/session/Session.h"
 #include "qvsata/system/Console.h"
 #include "qvsata/system/Process.h"
 #include "qvsata/view/text/Characters.h"

@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "nlohmann/json.hpp"
-#include "qvsata/commands/Options.h"
 #include "qvsata/service/ProviderHost.h"
+#include "qvsata/session/Options.h"
 
 namespace qv::tool {
 

@@ -1,4 +1,4 @@
-#include "qvsata/commands/Options.h"
+#include "qvsata/session/Options.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,4 +1,4 @@
-#include "qvsata/commands/Session.h"
+#include "qvsata/session/Session.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -7,9 +7,6 @@
 #include <map>
 
 #include "qvsata/cim/StatusCodes.h"
-#include "qvsata/commands/Deadline.h"
-#include "qvsata/commands/ExitCodes.h"
-#include "qvsata/commands/SourceReport.h"
 #include "qvsata/mof/ShippedMof.h"
 #include "qvsata/output/Output.h"
 #include "qvsata/output/OutputJson.h"
@@ -17,6 +14,9 @@
 #include "qvsata/output/OutputText.h"
 #include "qvsata/recorded/HostFile.h"
 #include "qvsata/service/StartProvider.h"
+#include "qvsata/session/Deadline.h"
+#include "qvsata/session/ExitCodes.h"
+#include "qvsata/session/SourceReport.h"
 #include "qvsata/system/Console.h"
 #include "qvsata/system/Process.h"
 #include "qvsata/view/JsonValues.h"
