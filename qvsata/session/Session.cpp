@@ -1,106 +1,19 @@
 #include "qvsata/session/Session.h"
 
-#include <algorithm>
-#include <cstdlib>
-#include <filesystem>
-#include <iterator>
 #include <map>
+#include <string>
 
-#include "qvsata/cim/StatusCodes.h"
-#include "qvsata/mof/ShippedMof.h"
 #include "qvsata/output/Output.h"
 #include "qvsata/output/OutputJson.h"
 #include "qvsata/output/OutputMof.h"
 #include "qvsata/output/OutputText.h"
-#include "qvsata/recorded/HostFile.h"
-#include "qvsata/service/StartProvider.h"
-#include "qvsata/session/Deadline.h"
 #include "qvsata/session/ExitCodes.h"
 #include "qvsata/session/SourceReport.h"
-#include "qvsata/system/Console.h"
-#include "qvsata/system/Process.h"
 #include "qvsata/view/JsonValues.h"
 #include "qvsata/view/text/Characters.h"
 
 namespace qv::tool {
 namespace {
-
-using std::filesystem::path;
-
-path FromUtf8(const std::string& text) {
-    return std::u8string(text.begin(), text.end());
-}
-
-std::shared_ptr<const service::RecordedHost> ReadHost(const std::string& file) {
-    return std::make_shared<service::RecordedHost>(service::ReadHostFile(FromUtf8(file)));
-}
-
-std::vector<std::shared_ptr<const service::RecordedHost>> ReadLaterHosts(
-    const Options& options, const service::RecordedHost& first) {
-    std::vector<std::shared_ptr<const service::RecordedHost>> hosts;
-    for (const std::string& file : options.laterHosts) {
-        hosts.push_back(ReadHost(file));
-        if (hosts.back()->Computer() != first.Computer()) {
-            throw CommandError(file + ": not a recording of the computer of " + options.host);
-        }
-    }
-    return hosts;
-}
-
-std::unique_ptr<service::ProviderHost> StartSession(
-    const Options& options, const std::shared_ptr<service::SourceJournal>& journal) {
-    const path here = ProgramFolder();
-    service::HostOptions host;
-    host.journal = journal;
-    if (options.timeout != 0) {
-        constexpr int queriesAtLeast = 2;
-        host.queryTimeout =
-            std::chrono::milliseconds(std::chrono::seconds(options.timeout)) / queriesAtLeast;
-    }
-    if (!options.live) {
-        host.recorded = ReadHost(options.host);
-        host.laterRecordings = ReadLaterHosts(options, *host.recorded);
-    }
-    std::ranges::transform(options.installedMof, std::back_inserter(host.mofFiles), FromUtf8);
-    const path mofFolder = options.mofFolder.empty() ? here : FromUtf8(options.mofFolder);
-    for (const std::string_view file : service::shippedClassFiles) {
-        host.mofFiles.push_back(mofFolder / file);
-    }
-    host.library = FromUtf8(options.library);
-    host.programFolder = here;
-    host.registered = options.registered;
-    if (const std::string reason = service::WhyNotStarted(host); !reason.empty()) {
-        throw CommandError(reason);
-    }
-    try {
-        return service::StartProvider(host);
-    } catch (const RequestError& error) {
-        throw CommandError("starting the provider: " + service::StatusText(error.status()));
-    }
-}
-
-/// Returns what begins each line on a machine.
-std::string PrefixOf(const Machine& machine) {
-    return machine.name.empty() ? "" : view::Printable(machine.name) + ": ";
-}
-
-/// Runs the command; returns whether every source was read.
-bool RunOn(const Machine& machine, const std::shared_ptr<service::SourceJournal>& journal,
-           const std::function<void(const service::ProviderHost&)>& command) {
-    const std::string prefix = PrefixOf(machine);
-    const auto host = StartSession(machine.options, journal);
-    const auto unread = [&] { return UnreadLines(journal->Queries(), prefix); };
-    try {
-        command(*host);
-    } catch (const CommandError& error) {
-        if (unread().empty()) {
-            throw;
-        }
-        WriteErrorFitted("qvsata: " + prefix + view::Printable(error.what()) + '\n');
-    }
-    WriteErrorFitted(unread());
-    return unread().empty();
-}
 
 /// Names on standard error the paths that several objects of an answer have.
 void WarnOfDoubles(const service::ObjectList& objects) {
@@ -118,40 +31,15 @@ void WarnOfDoubles(const service::ObjectList& objects) {
 
 }  // namespace
 
-bool RunOnEach(const std::vector<Machine>& machines,
-               const std::function<void(const service::ProviderHost&)>& command) {
-    std::vector<std::shared_ptr<service::SourceJournal>> journals;
-    for (std::size_t count = 0; count < machines.size(); ++count) {
-        journals.push_back(std::make_shared<service::SourceJournal>());
-    }
-    const Options& options = machines.front().options;
-    std::optional<Deadline> deadline;
-    if (options.timeout != 0 && !options.isEndless) {
-        deadline.emplace(std::chrono::seconds(options.timeout), [&] {
-            std::string unread;
-            for (std::size_t index = 0; index < machines.size(); ++index) {
-                unread += UnreadLines(journals[index]->Queries(), PrefixOf(machines[index]));
-            }
-            // Threads that wait for a source cannot be ended in any other way.
-            WriteErrorFitted(TimeoutLines(unread, options.timeout));
-            std::_Exit(incomplete);
-        });
-    }
-    bool isComplete = true;
-    for (std::size_t index = 0; index < machines.size(); ++index) {
-        isComplete = RunOn(machines[index], journals[index], command) && isComplete;
-    }
-    return isComplete;
-}
-
 void RunOnProvider(const Options& options,
                    const std::function<void(const service::ProviderHost&)>& command) {
-    if (!RunOnEach({{{}, options}}, command)) {
-        throw IncompleteAnswer();
+    if (!MachineRun(options).On({{}, options}, command)) {
+        throw CommandEnd(incomplete);
     }
 }
 
-void PrintDocument(const service::ProviderHost& host, nlohmann::ordered_json content) {
+nlohmann::ordered_json WithUnread(const service::ProviderHost& host,
+                                  nlohmann::ordered_json content) {
     nlohmann::ordered_json unread = nlohmann::ordered_json::array();
     for (const service::SourceQuery& query : UnreadSources(host.Journal().Queries())) {
         unread.push_back({{"namespace", query.nameSpace},
@@ -160,7 +48,11 @@ void PrintDocument(const service::ProviderHost& host, nlohmann::ordered_json con
                           {"loss", LossWithout(query.nameSpace, query.className)}});
     }
     content["unread"] = std::move(unread);
-    Print(DocumentText(content));
+    return content;
+}
+
+void PrintDocument(const service::ProviderHost& host, nlohmann::ordered_json content) {
+    Print(DocumentText(WithUnread(host, std::move(content))));
 }
 
 service::ObjectList Take(service::Answer answer) {
