@@ -5,11 +5,11 @@
 #include <utility>
 
 #include "catalogue/Classes.h"
-#include "qvsata/commands/OsDisks.h"
-#include "qvsata/commands/Session.h"
-#include "qvsata/commands/SourceReport.h"
 #include "qvsata/output/OutputJson.h"
 #include "qvsata/service/MachineQueries.h"
+#include "qvsata/session/OsDisks.h"
+#include "qvsata/session/Session.h"
+#include "qvsata/session/SourceReport.h"
 #include "source/Namespaces.h"
 
 namespace qv::tool {

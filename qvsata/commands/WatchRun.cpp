@@ -4,13 +4,13 @@
 #include <cstdio>
 
 #include "qvsata/cim/StatusCodes.h"
-#include "qvsata/commands/OsDisks.h"
-#include "qvsata/commands/PublishedInstances.h"
-#include "qvsata/commands/Session.h"
-#include "qvsata/commands/SourceReport.h"
 #include "qvsata/output/Output.h"
 #include "qvsata/output/OutputJson.h"
 #include "qvsata/output/WaitingLine.h"
+#include "qvsata/session/OsDisks.h"
+#include "qvsata/session/PublishedInstances.h"
+#include "qvsata/session/Session.h"
+#include "qvsata/session/SourceReport.h"
 #include "qvsata/system/Console.h"
 #include "qvsata/system/StopRequest.h"
 #include "qvsata/view/KeyWarnings.h"

@@ -103,9 +103,17 @@ Verdict PartitionLinkVerdict(const Facts& facts, const std::shared_ptr<const pla
     const auto joined = [&](std::size_t place) {
         return !alone.PartitionsOfDisk(TextOrEmpty(*facts.rows.disks[place], "DeviceID")).empty();
     };
+    const auto shown = [&](std::size_t place) {
+        const std::string id = TextOrEmpty(*facts.rows.disks[place], "DeviceID");
+        return joined(place) &&
+               facts.partitions.PartitionsOfDisk(id).back() == alone.PartitionsOfDisk(id).back();
+    };
     if (!BelongsToDisks(facts, verdict, joined, Rule::joinsPartition, Rule::linksUnpublished)) {
         LeaveOut(facts, verdict, {source::disks, source::partitions},
                  {Rule::linksNothing, {KeyIn(disk), KeyIn(partition)}});
+    } else if (verdict.outcome == Outcome::used && DisksWith(facts, true, shown).empty()) {
+        verdict.outcome = Outcome::unpublished;
+        verdict.reason = Finding{Rule::joinsEarlierPartition, {NamesOf(facts, verdict.disks)}};
     }
     return verdict;
 }
@@ -114,8 +122,11 @@ Verdict PredictionVerdict(const Facts& facts, const platform::Row& prediction) {
     const std::string name = TextOrEmpty(prediction, "InstanceName");
     Verdict verdict{source::predictions, name, name};
     const auto predicts = [&](std::size_t disk) { return facts.Predicts(prediction, disk); };
-    if (!BelongsToDisks(facts, verdict, predicts, Rule::predicts, Rule::predictsUnpublished)) {
-        LeaveOut(facts, verdict, {source::disks}, {Rule::predictsNone, {name}});
+    const bool fails = PredictsFailure(prediction);
+    if (!BelongsToDisks(facts, verdict, predicts, fails ? Rule::predictsFailure : Rule::predicts,
+                        fails ? Rule::predictsFailureOfUnpublished : Rule::predictsUnpublished)) {
+        LeaveOut(facts, verdict, {source::disks},
+                 {fails ? Rule::predictsFailureOfNone : Rule::predictsNone, {name}});
     }
     return verdict;
 }

@@ -88,6 +88,10 @@ std::vector<Verdict> DiskVerdicts(const Facts& facts, Publisher& publisher) {
         const platform::Row& disk = *facts.rows.disks[place];
         Verdict verdict{source::disks, facts.diskNames[place], facts.diskIds[place]};
         verdict.disks = {place};
+        if (const auto* const prediction = facts.FailureOf(place)) {
+            verdict.notes.push_back(
+                {Rule::failureIsPredicted, {TextOrEmpty(*prediction, "InstanceName")}});
+        }
         if (!facts.isPublished[place]) {
             verdict.outcome = Outcome::unpublished;
             verdict.reason = Finding{Rule::interfaceType, {TextOrEmpty(disk, "InterfaceType")}};

@@ -85,8 +85,8 @@ view::StyledText ExplanationAsText(const Explanation& explanation) {
     }
     if (explanation.keyWarnings.empty()) {
         text.push_back(
-            {"  no ID is equal to another or part of it, and each published disk has a serial "
-             "number of its own\n"});
+            {"  no published disk's ID is equal to another's or part of it, and each published "
+             "disk has a serial number of its own\n"});
     }
     return text;
 }

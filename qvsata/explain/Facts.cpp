@@ -51,6 +51,14 @@ bool Facts::Predicts(const platform::Row& prediction, std::size_t disk) const {
     return IsPredictionOf(ToUpper(TextOrEmpty(prediction, "InstanceName")), ToUpper(diskIds[disk]));
 }
 
+const platform::Row* Facts::FailureOf(std::size_t disk) const {
+    const auto found = std::ranges::find_if(rows.predictions, [&](const auto& prediction) {
+        return !diskIds[disk].empty() && PredictsFailure(*prediction) &&
+               Predicts(*prediction, disk);
+    });
+    return found == rows.predictions.end() ? nullptr : found->get();
+}
+
 void Publisher::Publish(Verdict& verdict, std::span<const std::string_view> classes) {
     verdict.outcome = Outcome::published;
     for (const std::string_view className : classes) {
@@ -59,6 +67,12 @@ void Publisher::Publish(Verdict& verdict, std::span<const std::string_view> clas
         verdict.instances.push_back(
             {className, place, place < instances.size() ? instances[place].path : ""});
     }
+}
+
+bool PredictsFailure(const platform::Row& prediction) {
+    bool predicts = false;
+    GetBooleanProperty(prediction, "PredictFailure", predicts);
+    return predicts;
 }
 
 std::string ControllerName(const platform::Row& controller) {

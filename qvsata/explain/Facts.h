@@ -29,6 +29,10 @@ struct Facts {
     /// it.
     bool Predicts(const platform::Row& prediction, std::size_t disk) const;
 
+    /// Returns the failure-prediction row that predicts the failure of the disk at a place; null if
+    /// there is none. A disk without an ID has none.
+    const platform::Row* FailureOf(std::size_t disk) const;
+
     const SourceRows& rows;
     std::vector<std::string> diskNames;  ///< by place in rows.disks: "#0 Model"
     std::vector<std::string> diskIds;    ///< their PNPDeviceIDs
@@ -51,6 +55,9 @@ private:
     const view::PublishedHost& published_;
     std::map<std::string_view, std::size_t> next_;
 };
+
+/// Returns whether a failure-prediction row predicts a failure.
+bool PredictsFailure(const platform::Row& prediction);
 
 /// Returns a controller or channel for people: its name and its ID.
 std::string ControllerName(const platform::Row& controller);

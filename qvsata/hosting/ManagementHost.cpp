@@ -51,9 +51,9 @@ HMODULE ModuleOf(IUnknown& object) {
 
 ManagementHost::ManagementHost(const HostOptions& options)
     : journal_(options.journal),
-      namespace_(
-          OpenPublished(ReadPublishedClasses(options.mofFiles),
-                        options.recorded ? options.recorded->Computer().server : ThisComputer())),
+      namespace_(OpenPublished(*options.classes, options.recorded
+                                                     ? options.recorded->Computer().server
+                                                     : ThisComputer())),
       recordings_(options.recorded ? std::make_shared<RecordingSequence>(RecordingsOf(options))
                                    : nullptr),
       machine_(WithPublished(

@@ -21,7 +21,7 @@ public:
         : names_(options.recorded->Computer()),
           journal_(options.journal),
           recordings_(std::make_shared<RecordingSequence>(RecordingsOf(options))),
-          namespace_(OpenPublished(ReadPublishedClasses(options.mofFiles), names_.server)),
+          namespace_(OpenPublished(*options.classes, names_.server)),
           machine_(WithPublished(namespace_, WithJournal(ConnectRecorded(recordings_),
                                                          MachineKind::recorded, journal_))) {
         namespace_->Attach(std::make_shared<const LinkedProvider>(machine_, names_));

@@ -21,8 +21,8 @@ struct HostOptions {
     std::shared_ptr<const RecordedHost> recorded;
     /// Later recordings of the same computer, for ProviderHost::Recordings to step through.
     std::vector<std::shared_ptr<const RecordedHost>> laterRecordings;
-    /// The MOF files of the provider's namespace, in reading order.
-    std::vector<std::filesystem::path> mofFiles;
+    /// The classes of the provider's namespace; never null.
+    std::shared_ptr<const ClassRepository> classes;
     /// The provider's library; empty: QVWMISATA.dll in `programFolder`.
     std::filesystem::path library;
     std::filesystem::path programFolder;
@@ -38,8 +38,9 @@ struct HostOptions {
 /// Returns the recordings of the options, in order; at least one.
 std::vector<std::shared_ptr<const RecordedHost>> RecordingsOf(const HostOptions& options);
 
-/// Reads the classes of the provider's namespace. Throws MofError.
-ClassRepository ReadPublishedClasses(const std::vector<std::filesystem::path>& mofFiles);
+/// Reads the classes of the provider's namespace from MOF files, in order. Throws MofError.
+std::shared_ptr<const ClassRepository> ReadPublishedClasses(
+    const std::vector<std::filesystem::path>& mofFiles);
 
 /// A provider running on a machine, recorded or live.
 class ProviderHost {

@@ -1,7 +1,9 @@
 // What differs between two recordings, and the events that the change raises.
 #include <gmock/gmock.h>
 
+#include <filesystem>
 #include <fstream>
+#include <sstream>
 
 #include "nlohmann/json.hpp"
 #include "tests/qvsata/commands/RunHere.h"
@@ -196,6 +198,69 @@ TEST_F(ChangedDesktop, WithRowsInAnotherOrderIsTheSame) {
     json& disks = Rows(cimv2, "Win32_DiskDrive");
     std::swap(disks[1], disks[2]);
     EXPECT_EQ(Diff(desktop, Written()).exitCode, 0);
+}
+
+/// Two folders of recordings.
+class DiffOfFolders : public testing::Test {
+protected:
+    DiffOfFolders() {
+        std::filesystem::create_directory(before_.Path());
+        std::filesystem::create_directory(now_.Path());
+        Copy(desktop, before_, "desktop.json");
+        Copy(desktop, now_, "desktop.json");
+        Copy(drill + "0-healthy.json", before_, "nas.json");
+        Copy(drill + "1-degraded.json", now_, "nas.json");
+    }
+
+    static void Copy(const std::string& recording, const TemporaryFile& folder, const char* name) {
+        std::filesystem::copy_file(recording, folder.Path() / name);
+    }
+    Ending Run(const std::vector<std::string>& more = {}) const {
+        return Diff(before_.Path().string(), now_.Path().string(), more);
+    }
+
+    const TemporaryFile before_;
+    const TemporaryFile now_;
+};
+
+TEST_F(DiffOfFolders, ComparesRecordingsOfOneName) {
+    const Ending run = Run();
+    EXPECT_EQ(run.exitCode, 4);
+    EXPECT_THAT(run.errors, IsEmpty());
+    EXPECT_THAT(run.output,
+                AllOf(testing::StartsWith("from " + (before_.Path() / "desktop.json").string() +
+                                          " (study-desk.example.org)\n"),
+                      HasSubstr("\nno differences\nfrom " + (before_.Path() / "nas.json").string()),
+                      HasSubstr("    604 Disk #1 Halden")));
+}
+
+TEST_F(DiffOfFolders, HasADocumentInALineForEachPair) {
+    std::istringstream lines(Run({"--format", "json"}).output);
+    std::string desktops;
+    std::string stores;
+    std::getline(lines, desktops);
+    std::getline(lines, stores);
+    EXPECT_EQ(json::parse(desktops)["same"], true);
+    EXPECT_EQ(json::parse(stores)["same"], false);
+    EXPECT_EQ(json::parse(stores)["to"]["name"], (now_.Path() / "nas.json").string());
+}
+
+TEST_F(DiffOfFolders, FailsForARecordingWithoutItsLike) {
+    Copy(desktop, now_, "new.json");
+    const Ending run = Run();
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_EQ(run.errors, "qvsata: " + (now_.Path() / "new.json").string() +
+                              ": no recording of this name in the other folder\n");
+    EXPECT_THAT(run.output, HasSubstr("    604 Disk #1 Halden"));
+}
+
+TEST_F(DiffOfFolders, GoesOnAfterABrokenRecording) {
+    std::ofstream(now_.Path() / "desktop.json") << "{";
+    const Ending run = Run();
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_THAT(run.errors,
+                testing::StartsWith("qvsata: " + (now_.Path() / "desktop.json").string() + ": "));
+    EXPECT_THAT(run.output, HasSubstr("    604 Disk #1 Halden"));
 }
 
 TEST(Diff, NeedsTwoRecordings) {

@@ -1,6 +1,6 @@
-#include "qvsata/commands/PublishedInstances.h"
+#include "qvsata/session/PublishedInstances.h"
 
-#include "qvsata/commands/Session.h"
+#include "qvsata/session/Session.h"
 
 namespace qv::tool {
 

@@ -1,4 +1,4 @@
-#include "qvsata/commands/Deadline.h"
+#include "qvsata/session/Deadline.h"
 
 #include <utility>
 

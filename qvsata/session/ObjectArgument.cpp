@@ -1,13 +1,13 @@
-#include "qvsata/commands/ObjectArgument.h"
+#include "qvsata/session/ObjectArgument.h"
 
 #include <algorithm>
 
 #include "qvsata/cim/ObjectPathParser.h"
-#include "qvsata/commands/Options.h"
-#include "qvsata/commands/OsDisks.h"
-#include "qvsata/commands/Session.h"
-#include "qvsata/commands/SourceReport.h"
 #include "qvsata/output/Output.h"
+#include "qvsata/session/Options.h"
+#include "qvsata/session/OsDisks.h"
+#include "qvsata/session/Session.h"
+#include "qvsata/session/SourceReport.h"
 #include "qvsata/view/text/Characters.h"
 #include "source/Namespaces.h"
 #include "source/Text.h"

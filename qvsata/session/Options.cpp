@@ -1,4 +1,4 @@
-#include "qvsata/commands/Options.h"
+#include "qvsata/session/Options.h"
 
 #include <algorithm>
 #include <charconv>
@@ -29,6 +29,19 @@ CLI::Validator Whole(unsigned least) {
             ""};
 }
 
+/// Adds what --host is an alternative to, and the options of the provider.
+void AddSource(CLI::App& command, Options& options, CLI::Option* host) {
+    command.add_flag("--live", options.live, "this machine's own management service")
+        ->excludes(host);
+    command.parse_complete_callback([&options] {
+        if (options.host.empty() && options.hosts.empty() && !options.live) {
+            throw CLI::ValidationError(
+                "give --host FILE for a recorded host or --live for this machine");
+        }
+    });
+    AddProviderOptions(command, options);
+}
+
 }  // namespace
 
 void CheckWhole(CLI::Option* option, unsigned least, const char* unit) {
@@ -57,17 +70,20 @@ void AddOptions(CLI::App& command, Options& options) {
 }
 
 void AddSourceOptions(CLI::App& command, Options& options) {
-    auto* host = command.add_option("--host", options.host, "a recorded host (JSON file)");
-    host->type_name("FILE");
-    command.add_flag("--live", options.live, "this machine's own management service")
-        ->excludes(host);
-    command.parse_complete_callback([&options] {
-        if (options.host.empty() && !options.live) {
-            throw CLI::ValidationError(
-                "give --host FILE for a recorded host or --live for this machine");
-        }
-    });
-    AddProviderOptions(command, options);
+    AddSource(command, options,
+              command.add_option("--host", options.host, "a recorded host (JSON file)")
+                  ->type_name("FILE"));
+}
+
+void AddFleetOptions(CLI::App& command, Options& options) {
+    AddSource(command, options,
+              command
+                  .add_option("--host", options.hosts,
+                              "a recorded host (JSON file) or a folder of them; can be given "
+                              "several times")
+                  ->type_name("FILE")
+                  ->expected(1)
+                  ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll));
 }
 
 void AddProviderOptions(CLI::App& command, Options& options) {

@@ -1,4 +1,4 @@
-#include "qvsata/commands/OsDisks.h"
+#include "qvsata/session/OsDisks.h"
 
 #include <algorithm>
 #include <limits>

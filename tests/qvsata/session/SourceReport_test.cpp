@@ -1,4 +1,4 @@
-#include "qvsata/commands/SourceReport.h"
+#include "qvsata/session/SourceReport.h"
 
 #include <gtest/gtest.h>
 

@@ -15,7 +15,9 @@ namespace qv::tool {
 /// The options of every command that uses the provider: the source of the machine's facts, the
 /// provider and the output format.
 struct Options {
-    std::string host;                     ///< file of a recorded host; empty without --host
+    std::string host;  ///< file of a recorded host; empty without --host
+    /// Files and folders of recorded hosts, for a command that takes several.
+    std::vector<std::string> hosts;
     std::vector<std::string> laterHosts;  ///< files of later recordings of the host, in order
     bool live = false;
     unsigned timeout = 0;                   ///< seconds for the command; 0: no limit
@@ -36,6 +38,10 @@ void CheckWhole(CLI::Option* option, unsigned least, const char* unit);
 
 /// Adds the same options without --format, for a command with its own formats.
 void AddSourceOptions(CLI::App& command, Options& options);
+
+/// Adds the same options for a command that takes several recorded hosts: --host may be repeated,
+/// and names files and folders.
+void AddFleetOptions(CLI::App& command, Options& options);
 
 /// Adds the options of the provider and of its time, without the source of the machine's facts.
 void AddProviderOptions(CLI::App& command, Options& options);
