@@ -20,10 +20,10 @@ namespace {
 
 enum class DisksFormat { text, json };
 
-nlohmann::ordered_json AsJson(const std::vector<view::OsDisk>& disks) {
+nlohmann::ordered_json AsJson(const view::OsDisks& all) {
     nlohmann::ordered_json array = nlohmann::ordered_json::array();
-    std::ranges::transform(disks, std::back_inserter(array), view::OsDiskAsJson);
-    return {{"disks", array}};
+    std::ranges::transform(all.disks, std::back_inserter(array), view::OsDiskAsJson);
+    return {{"disks", array}, {"failingOthers", all.failingOthers}};
 }
 
 void PrintTable(const service::ProviderHost& host, const std::vector<view::OsDisk>& disks) {
@@ -49,12 +49,12 @@ void AddDisks(CLI::App& program) {
         *command, {{"text", DisksFormat::text}, {"json", DisksFormat::json}}, arguments->format);
     command->footer("Example: qvsata disks --host hosts/mixed-buses-failing.json");
     OnProvider(*command, arguments, [](const service::ProviderHost& host, const Arguments& given) {
-        const std::vector<view::OsDisk> disks = ReadOsDisks(host);
-        WriteErrorFitted(view::KeyWarnings(disks));
+        const view::OsDisks all = ReadOsDisks(host);
+        WriteErrorFitted(view::KeyWarnings(all.disks) + view::PredictionWarnings(all));
         if (given.format == DisksFormat::json) {
-            PrintDocument(host, AsJson(disks));
+            PrintDocument(host, AsJson(all));
         } else {
-            PrintTable(host, disks);
+            PrintTable(host, all.disks);
         }
     });
 }

@@ -134,7 +134,7 @@ std::vector<std::string> KeyLines(const explain::SourceRows& rows,
 }
 
 explain::Explanation ExplainHost(const service::ProviderHost& host, const std::string& disk) {
-    const std::vector<view::OsDisk> disks = ReadOsDisks(host);
+    const std::vector<view::OsDisk> disks = ReadOsDisks(host).disks;
     explain::SourceRows rows = explain::ReadSourceRows(service::MachineQueries(host.Machine()));
     const view::PublishedHost published =
         ReadExplained(host.Published(), explain::FailsMediaSearch(rows));

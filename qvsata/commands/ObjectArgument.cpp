@@ -67,7 +67,7 @@ std::string PathOf(const service::ProviderHost& host, const ObjectArgument& obje
         return object.path;
     }
     const std::string name = "disk #" + std::to_string(*object.disk);
-    const std::vector<view::OsDisk> disks = ReadOsDisks(host);
+    const std::vector<view::OsDisk> disks = ReadOsDisks(host).disks;
     if (IsUnread(host.Journal().Queries(), cimNamespace, "Win32_DiskDrive")) {
         throw CommandError(name + ": disks not readable");
     }
