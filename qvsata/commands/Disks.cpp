@@ -18,10 +18,10 @@ namespace {
 
 enum class DisksFormat { text, json };
 
-nlohmann::ordered_json AsJson(const std::vector<view::OsDisk>& disks) {
+nlohmann::ordered_json AsJson(const view::OsDisks& all) {
     nlohmann::ordered_json array = nlohmann::ordered_json::array();
-    std::ranges::transform(disks, std::back_inserter(array), view::OsDiskAsJson);
-    return {{"disks", array}};
+    std::ranges::transform(all.disks, std::back_inserter(array), view::OsDiskAsJson);
+    return {{"disks", array}, {"failingOthers", all.failingOthers}};
 }
 
 view::StyledText AsText(const service::ProviderHost& host, const std::vector<view::OsDisk>& disks) {
@@ -51,12 +51,12 @@ void AddDisks(CLI::App& program) {
     OnRecordings(
         *command, arguments,
         [](const service::ProviderHost& host, const Arguments& given, const MachineAnswer& answer) {
-            const std::vector<view::OsDisk> disks = ReadOsDisks(host);
-            answer.Warn(view::KeyWarnings(disks));
+            const view::OsDisks all = ReadOsDisks(host);
+            answer.Warn(view::KeyWarnings(all.disks) + view::PredictionWarnings(all));
             if (given.format == DisksFormat::json) {
-                answer.PrintJson(AsJson(disks));
+                answer.PrintJson(AsJson(all));
             } else {
-                answer.PrintText(AsText(host, disks));
+                answer.PrintText(AsText(host, all.disks));
             }
         });
 }

@@ -142,7 +142,7 @@ std::vector<std::string> KeyLines(const explain::SourceRows& rows,
 std::optional<explain::Explanation> ExplainHost(const service::ProviderHost& host,
                                                 const std::string& disk,
                                                 const MachineAnswer& answer) {
-    const std::vector<view::OsDisk> disks = ReadOsDisks(host);
+    const std::vector<view::OsDisk> disks = ReadOsDisks(host).disks;
     const auto fitting = FittingDisks(disks, disk);
     if (!disk.empty() && fitting.empty() && answer.IsOneOfMany()) {
         return std::nullopt;

@@ -33,7 +33,7 @@ constexpr std::array memberSources{
 
 void ReadDisks(const service::ProviderHost& host, view::Snapshot& snapshot) {
     const std::size_t begin = host.Journal().Size();
-    snapshot.disks = ReadOsDisks(host);
+    snapshot.disks = ReadOsDisks(host).disks;
     const std::vector<service::SourceQuery> queries = host.Journal().Queries(begin);
     snapshot.disksAreRead = !IsUnread(queries, cimNamespace, "Win32_DiskDrive");
     for (const MemberSource& source : memberSources) {

@@ -25,8 +25,8 @@ namespace {
 enum class View { tree, json, graph };
 
 view::Topology ReadTopology(const service::ProviderHost& host) {
-    const std::vector<view::OsDisk> disks = ReadOsDisks(host);
-    WriteErrorFitted(view::KeyWarnings(disks));
+    const view::OsDisks disks = ReadOsDisks(host);
+    WriteErrorFitted(view::KeyWarnings(disks.disks) + view::PredictionWarnings(disks));
     view::Topology topology =
         view::BuildTopology(ReadInstances(host.Published(), view::topologyClasses), disks);
     const std::vector<service::SourceQuery> queries = host.Journal().Queries();

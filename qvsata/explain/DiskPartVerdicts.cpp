@@ -27,14 +27,14 @@ bool BelongsToDisks(const Facts& facts, Verdict& verdict, Belongs belongs, Rule 
 Verdict MediaVerdict(const Facts& facts, const std::shared_ptr<const platform::Row>& media) {
     const std::string tag = TextOrEmpty(*media, "Tag");
     Verdict verdict{source::media, tag, tag};
-    const auto takes = [&](const platform::Rows& all) {
-        return [&](std::size_t disk) {
-            const platform::Row& row = *facts.rows.disks[disk];
-            return IsComparableWithMedia(row) && FindMediaOfDisk(row, all) == media.get();
-        };
-    };
+    const auto takes = [&](std::size_t disk) { return facts.mediaOfDisk[disk] == media.get(); };
     const platform::Rows alone{media};
-    if (verdict.disks = DisksWith(facts, true, takes(facts.rows.media)); !verdict.disks.empty()) {
+    const auto takesAlone = [&](std::size_t disk) {
+        // A disk that cannot be compared, or has no media row, takes none.
+        return facts.mediaOfDisk[disk] != nullptr &&
+               FindMediaOfDisk(*facts.rows.disks[disk], alone) != nullptr;
+    };
+    if (verdict.disks = DisksWith(facts, true, takes); !verdict.disks.empty()) {
         const std::string serialNumber = TextOrEmpty(*media, "SerialNumber");
         verdict.outcome = Outcome::used;
         verdict.reason =
@@ -43,12 +43,12 @@ Verdict MediaVerdict(const Facts& facts, const std::shared_ptr<const platform::R
                 : Finding{Rule::hasSerialNumber, {NamesOf(facts, verdict.disks), serialNumber}};
         return verdict;
     }
-    if (verdict.disks = DisksWith(facts, true, takes(alone)); !verdict.disks.empty()) {
+    if (verdict.disks = DisksWith(facts, true, takesAlone); !verdict.disks.empty()) {
         verdict.outcome = Outcome::unpublished;
         verdict.reason = Finding{Rule::isLaterMedia, {NamesOf(facts, verdict.disks)}};
         return verdict;
     }
-    if (verdict.disks = DisksWith(facts, false, takes(alone)); !verdict.disks.empty()) {
+    if (verdict.disks = DisksWith(facts, false, takesAlone); !verdict.disks.empty()) {
         verdict.outcome = Outcome::unpublished;
         verdict.reason = Finding{Rule::isMediaOfUnpublished, {NamesOf(facts, verdict.disks)}};
         return verdict;

@@ -42,11 +42,12 @@ Finding Attachment(const Facts& facts, std::size_t disk) {
     return {inPlaceOfPort, {ControllerName(*controller)}, associationsOfAttachment};
 }
 
-std::optional<Finding> MissingSerialNumber(const Facts& facts, const platform::Row& disk) {
+std::optional<Finding> MissingSerialNumber(const Facts& facts, std::size_t place) {
+    const platform::Row& disk = *facts.rows.disks[place];
     if (!IsComparableWithMedia(disk)) {
         return std::nullopt;
     }
-    const auto* const media = FindMediaOfDisk(disk, facts.rows.media);
+    const auto* const media = facts.mediaOfDisk[place];
     if (media == nullptr) {
         return facts.FirstUnread({source::media})
                    ? Finding{Rule::unreadMedia}
@@ -106,7 +107,7 @@ std::vector<Verdict> DiskVerdicts(const Facts& facts, Publisher& publisher) {
         publisher.Publish(verdict, classesWithoutMedia);
         verdict.notes.push_back(Events(facts, place));
         verdict.notes.push_back(Attachment(facts, place));
-        if (auto missing = MissingSerialNumber(facts, disk)) {
+        if (auto missing = MissingSerialNumber(facts, place)) {
             verdict.notes.push_back(*std::move(missing));
         }
         verdict.notes.push_back(ShownPartition(facts, disk));

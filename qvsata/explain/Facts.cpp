@@ -37,6 +37,8 @@ Facts::Facts(const SourceRows& sourceRows)
         diskNames.push_back(DiskName(*disk));
         diskIds.push_back(TextOrEmpty(*disk, "PNPDeviceID"));
         isPublished.push_back(IsIdeDisk(*disk));
+        mediaOfDisk.push_back(IsComparableWithMedia(*disk) ? FindMediaOfDisk(*disk, rows.media)
+                                                           : nullptr);
     }
 }
 

@@ -37,6 +37,8 @@ struct Facts {
     std::vector<std::string> diskNames;  ///< by place in rows.disks: "#0 Model"
     std::vector<std::string> diskIds;    ///< their PNPDeviceIDs
     std::vector<bool> isPublished;       ///< whether the disk is
+    /// By place: the disk's media row; null if it has none or cannot be compared with them.
+    std::vector<const platform::Row*> mediaOfDisk;
     ControllerLinks links;
     PartitionLinks partitions;     ///< of the published disks
     PartitionLinks allPartitions;  ///< of all disks

@@ -48,30 +48,32 @@ std::vector<std::string> FittingPaths(const service::Namespace& nameSpace,
     return fitting;
 }
 
-}  // namespace
-
-void AddObjectArgument(CLI::App& command, ObjectArgument& object) {
-    CLI::Option* path =
-        command.add_option("PATH", object.path, "an object path, its keys in any order");
-    CLI::Option* disk =
-        command.add_option("--disk", object.disk, "the published disk with this drive number");
-    CheckWhole(disk, 0, "N");
-    disk->excludes(path);
+/// Returns an answer to a request for the object with a path. For a failed one lists on standard
+/// error the paths that would fit.
+service::Answer WithFittingPaths(const service::Namespace& nameSpace, const std::string& path,
+                                 service::Answer answer) {
+    const auto parsed = service::ParseObjectPath(path);
+    if (Succeeded(answer.status) || !parsed) {
+        return answer;
+    }
+    std::string lines;
+    for (const std::string& fitting : FittingPaths(nameSpace, *parsed)) {
+        lines += "    " + view::Printable(fitting) + '\n';
+    }
+    if (!lines.empty()) {
+        WriteErrorFitted("paths that would fit:\n" + lines);
+    }
+    return answer;
 }
 
-std::string PathOf(const service::ProviderHost& host, const ObjectArgument& object) {
-    if (!object.disk) {
-        if (object.path.empty()) {
-            throw CLI::ValidationError("give the PATH of an object or --disk N");
-        }
-        return object.path;
-    }
-    const std::string name = "disk #" + std::to_string(*object.disk);
-    const std::vector<view::OsDisk> disks = ReadOsDisks(host);
+/// Returns the published disk with a drive number. Throws CommandError if there is none.
+service::ObjectPtr PublishedDisk(const service::ProviderHost& host, unsigned number) {
+    const std::string name = "disk #" + std::to_string(number);
+    const std::vector<view::OsDisk> disks = ReadOsDisks(host).disks;
     if (IsUnread(host.Journal().Queries(), cimNamespace, "Win32_DiskDrive")) {
         throw CommandError(name + ": disks not readable");
     }
-    const auto disk = std::ranges::find(disks, *object.disk, &view::OsDisk::number);
+    const auto disk = std::ranges::find(disks, number, &view::OsDisk::number);
     if (disk == disks.end()) {
         throw CommandError(name + ": there is no such disk");
     }
@@ -90,36 +92,45 @@ std::string PathOf(const service::ProviderHost& host, const ObjectArgument& obje
     if (published.empty()) {
         throw CommandError(name + ": no instance has its ID");
     }
-    return service::TextOf(*published.front(), "__RELPATH");
+    return published.front();
 }
 
-service::Answer WithFittingPaths(const service::Namespace& nameSpace, const std::string& path,
-                                 service::Answer answer) {
-    const auto parsed = service::ParseObjectPath(path);
-    if (Succeeded(answer.status) || !parsed) {
-        return answer;
+}  // namespace
+
+void AddObjectArgument(CLI::App& command, ObjectArgument& object) {
+    CLI::Option* path =
+        command.add_option("PATH", object.path, "an object path, its keys in any order");
+    CLI::Option* disk =
+        command.add_option("--disk", object.disk, "the published disk with this drive number");
+    CheckWhole(disk, 0, "N");
+    disk->excludes(path);
+}
+
+service::Answer NamedObject(const service::ProviderHost& host, const ObjectArgument& object) {
+    if (object.disk) {
+        return {Status::noError, {}, {PublishedDisk(host, *object.disk)}};
     }
-    std::string lines;
-    for (const std::string& fitting : FittingPaths(nameSpace, *parsed)) {
-        lines += "    " + view::Printable(fitting) + '\n';
+    if (object.path.empty()) {
+        throw CLI::ValidationError("give the PATH of an object or --disk N");
     }
-    if (!lines.empty()) {
-        WriteErrorFitted("paths that would fit:\n" + lines);
-    }
-    return answer;
+    const service::Namespace& nameSpace = host.Published();
+    return WithFittingPaths(nameSpace, object.path, nameSpace.GetInAnyOrder(object.path));
 }
 
 service::ObjectPath ExistingObject(const service::ProviderHost& host,
                                    const ObjectArgument& object) {
-    const service::Namespace& nameSpace = host.Published();
-    const std::string path = PathOf(host, object);
     // Throws for a text that is not a path or names nothing.
-    Take(WithFittingPaths(nameSpace, path, nameSpace.GetInAnyOrder(path)));
-    service::ObjectPath parsed = service::ParseObjectPath(path).value();
-    if (!parsed.NamesInstance()) {
+    const service::ObjectPtr found = Take(NamedObject(host, object)).front();
+    const std::string path = object.disk ? service::TextOf(*found, "__RELPATH") : object.path;
+    service::PathError error;
+    std::optional<service::ObjectPath> parsed = service::ParseObjectPath(path, &error);
+    if (!parsed) {
+        throw CommandError("'" + path + "': " + error.reason);
+    }
+    if (!parsed->NamesInstance()) {
         throw CommandError("'" + path + "' is a class; give the path of an object");
     }
-    return parsed;
+    return *std::move(parsed);
 }
 
 void RequireClass(const service::Namespace& nameSpace, const std::string& className) {

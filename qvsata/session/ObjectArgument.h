@@ -17,14 +17,11 @@ struct ObjectArgument {
 /// Adds PATH and --disk to a command.
 void AddObjectArgument(CLI::App& command, ObjectArgument& object);
 
-/// Returns the path that the argument names: PATH as it is given, or that of the disk. Throws
-/// CommandError if no published disk has the number, CLI::ParseError without an argument.
-std::string PathOf(const service::ProviderHost& host, const ObjectArgument& object);
-
-/// Returns an answer to a request for the object with a path. For a failed one lists on standard
-/// error the paths of the class whose keys contain those that the path gives.
-service::Answer WithFittingPaths(const service::Namespace& nameSpace, const std::string& path,
-                                 service::Answer answer);
+/// Returns the object or class that the argument names, or the failure to get it by its path. For a
+/// failure lists on standard error the paths of the class whose keys contain those that the path
+/// gives. Throws CommandError if no published disk has the number, CLI::ParseError without an
+/// argument.
+service::Answer NamedObject(const service::ProviderHost& host, const ObjectArgument& object);
 
 /// Returns the path of an existing object. Throws CommandError for a path that does not fit or that
 /// names no object or a class.

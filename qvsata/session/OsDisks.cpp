@@ -32,12 +32,35 @@ platform::Rows RowsOf(const platform::QueryPort& machine, const std::string& cla
     return Read(machine, cimNamespace, className).rows;
 }
 
+/// A failure-prediction row.
+struct Prediction {
+    std::string device;         ///< its name
+    std::string compared;       ///< the same in upper case
+    std::optional<bool> fails;  ///< unset if the row does not tell
+};
+
+std::vector<Prediction> PredictionsOf(const platform::Rows& rows) {
+    std::vector<Prediction> predictions;
+    for (const auto& row : rows) {
+        Prediction prediction;
+        prediction.device = TextOrEmpty(*row, "InstanceName");
+        prediction.compared = ToUpper(prediction.device);
+        bool fails = false;
+        if (Succeeded(GetBooleanProperty(*row, "PredictFailure", fails))) {
+            prediction.fails = fails;
+        }
+        predictions.push_back(std::move(prediction));
+    }
+    return predictions;
+}
+
 /// Reads the rows once and describes disks with them.
 class DiskReader {
 public:
     explicit DiskReader(const platform::QueryPort& machine)
         : DiskReader(machine, Read(machine, cimNamespace, "Win32_IDEController"),
-                     Read(machine, cimNamespace, "Win32_IDEControllerDevice")) {}
+                     Read(machine, cimNamespace, "Win32_IDEControllerDevice"),
+                     Read(machine, wmiNamespace, "MSStorageDriver_FailurePredictStatus")) {}
 
     static platform::Rows Disks(const platform::QueryPort& machine) {
         return RowsOf(machine, "Win32_DiskDrive");
@@ -61,7 +84,7 @@ public:
         }
         disk.health = HealthOf(row);
         disk.attachmentIsRead = attachmentsAreRead_;
-        if (Succeeded(predictions_.status)) {
+        if (predictionsAreRead_) {
             disk.failureIsPredicted = IsPredictedToFail(disk.deviceId);
         }
         if (!IsIdeDisk(row)) {
@@ -72,13 +95,32 @@ public:
         return disk;
     }
 
+    bool PredictionsAreRead() const { return predictionsAreRead_; }
+
+    /// Returns the devices that are predicted to fail and are none of these disks.
+    std::vector<std::string> FailingOthers(const std::vector<view::OsDisk>& disks) const {
+        std::vector<std::string> devices;
+        for (const Prediction& prediction : predictions_) {
+            const auto isOf = [&prediction](const view::OsDisk& disk) {
+                return !disk.deviceId.empty() &&
+                       IsPredictionOf(prediction.compared, ToUpper(disk.deviceId));
+            };
+            if (prediction.fails == true && std::ranges::none_of(disks, isOf)) {
+                devices.push_back(prediction.device);
+            }
+        }
+        return devices;
+    }
+
 private:
-    DiskReader(const platform::QueryPort& machine, ReadRows controllers, const ReadRows& links)
+    DiskReader(const platform::QueryPort& machine, ReadRows controllers, const ReadRows& links,
+               const ReadRows& predictions)
         : media_(RowsOf(machine, "Win32_PhysicalMedia")),
           controllers_(std::move(controllers.rows)),
           links_(links.rows, controllers_),
           attachmentsAreRead_(Succeeded(controllers.status) && Succeeded(links.status)),
-          predictions_(Read(machine, wmiNamespace, "MSStorageDriver_FailurePredictStatus")) {}
+          predictions_(PredictionsOf(predictions.rows)),
+          predictionsAreRead_(Succeeded(predictions.status)) {}
 
     std::string SerialNumberOf(const platform::Row& row) const {
         std::string deviceId;
@@ -114,47 +156,56 @@ private:
         return namesakes > 1 ? name + " (" + instance + ")" : name;
     }
 
-    bool HasPrediction(const std::string& deviceId, bool thatFails) const {
+    /// Returns whether a row of the disk predicts a failure; nothing if none does but one of them
+    /// does not tell.
+    std::optional<bool> IsPredictedToFail(const std::string& deviceId) const {
+        if (deviceId.empty()) {
+            return false;
+        }
+        std::optional<bool> fails = false;
         const std::string compared = ToUpper(deviceId);
-        return std::ranges::any_of(predictions_.rows, [&](const auto& row) {
-            bool fails = false;
-            GetBooleanProperty(*row, "PredictFailure", fails);
-            return (fails || !thatFails) &&
-                   IsPredictionOf(ToUpper(TextOrEmpty(*row, "InstanceName")), compared);
-        });
-    }
-
-    bool IsPredictedToFail(const std::string& deviceId) const {
-        return !deviceId.empty() && HasPrediction(deviceId, true);
+        for (const Prediction& prediction : predictions_) {
+            if (prediction.fails != false && IsPredictionOf(prediction.compared, compared)) {
+                fails = fails == true ? fails : prediction.fails;
+            }
+        }
+        return fails;
     }
 
     std::string WhyUnwatched(const std::string& deviceId) const {
-        if (!Succeeded(predictions_.status)) {
+        if (!predictionsAreRead_) {
             return "failure predictions not readable";
         }
-        return HasPrediction(deviceId, false) ? "" : "no failure-prediction row names it";
+        const std::string compared = ToUpper(deviceId);
+        const bool isNamed = std::ranges::any_of(predictions_, [&](const Prediction& prediction) {
+            return IsPredictionOf(prediction.compared, compared);
+        });
+        return isNamed ? "" : "no failure-prediction row names it";
     }
 
     platform::Rows media_;
     platform::Rows controllers_;
     ControllerLinks links_;
     bool attachmentsAreRead_;
-    ReadRows predictions_;
+    std::vector<Prediction> predictions_;
+    bool predictionsAreRead_;
 };
 
 }  // namespace
 
-std::vector<view::OsDisk> ReadOsDisks(const service::ProviderHost& host) {
+view::OsDisks ReadOsDisks(const service::ProviderHost& host) {
     const service::MachineQueries machine(host.Machine());
     const platform::Rows rows = DiskReader::Disks(machine);
     const DiskReader reader(machine);
-    std::vector<view::OsDisk> disks;
-    std::ranges::transform(rows, std::back_inserter(disks),
+    view::OsDisks all;
+    std::ranges::transform(rows, std::back_inserter(all.disks),
                            [&reader](const auto& row) { return reader.Describe(*row); });
-    std::ranges::stable_sort(disks, {}, [](const view::OsDisk& disk) {
+    std::ranges::stable_sort(all.disks, {}, [](const view::OsDisk& disk) {
         return disk.number.value_or(std::numeric_limits<std::int64_t>::max());
     });
-    return disks;
+    all.predictionsAreRead = reader.PredictionsAreRead();
+    all.failingOthers = reader.FailingOthers(all.disks);
+    return all;
 }
 
 }  // namespace qv::tool

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <vector>
-
 #include "qvsata/service/ProviderHost.h"
 #include "qvsata/view/OsDisk.h"
 
@@ -9,6 +7,6 @@ namespace qv::tool {
 
 /// Reads all disks of the operating system (Win32_DiskDrive), by drive number, by the rules that
 /// decide what the provider publishes. A source that cannot be read is in the host's journal.
-std::vector<view::OsDisk> ReadOsDisks(const service::ProviderHost& host);
+view::OsDisks ReadOsDisks(const service::ProviderHost& host);
 
 }  // namespace qv::tool
