@@ -97,10 +97,10 @@ TEST_F(KernelMutexTest, IsOfTheProcessItselfOnceTheNamedOneCannotBeWaitedFor) {
                                      &FailFirstWaits);
         EXPECT_TRUE(mutex.TryAcquireFor(0ms));
     }
+    same.Release();
     EXPECT_FALSE(AnotherThreadGets(mutex));
     mutex.Release();
     EXPECT_TRUE(AnotherThreadGets(mutex));
-    same.Release();
 }
 
 TEST_F(KernelMutexTest, LogsAWaitThatFailedOnce) {
