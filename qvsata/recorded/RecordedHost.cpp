@@ -28,18 +28,18 @@ void RecordedHost::DefineNamespace(std::string_view nameSpace) {
     Namespace(nameSpace);
 }
 
-void RecordedHost::DefineClass(std::string_view nameSpace, std::string_view className) {
-    Namespace(nameSpace).Class(className);
+RecordedClass& RecordedHost::DefineClass(std::string_view nameSpace, std::string_view className) {
+    return Namespace(nameSpace).Class(className);
 }
 
 void RecordedHost::AddRow(std::string_view nameSpace, std::string_view className,
                           RowProperties properties) {
-    Namespace(nameSpace).Class(className).Add(std::move(properties));
+    DefineClass(nameSpace, className).Add(std::move(properties));
 }
 
 void RecordedHost::FailClass(std::string_view nameSpace, std::string_view className,
                              Status failure) {
-    Namespace(nameSpace).Class(className).Fail(failure);
+    DefineClass(nameSpace, className).Fail(failure);
 }
 
 }  // namespace qv::service

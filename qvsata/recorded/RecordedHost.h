@@ -35,7 +35,7 @@ public:
 
     // Building. A missing namespace or class is created.
     void DefineNamespace(std::string_view nameSpace);
-    void DefineClass(std::string_view nameSpace, std::string_view className);
+    RecordedClass& DefineClass(std::string_view nameSpace, std::string_view className);
     void AddRow(std::string_view nameSpace, std::string_view className, RowProperties properties);
     /// Drops the rows of a class; its queries fail with `failure` from then on.
     void FailClass(std::string_view nameSpace, std::string_view className,
