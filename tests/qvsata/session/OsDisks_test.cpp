@@ -1,5 +1,5 @@
 // What commands say of failure-prediction rows that are unlike the ordinary ones.
-#include "qvsata/commands/OsDisks.h"
+#include "qvsata/session/OsDisks.h"
 
 #include <gmock/gmock.h>
 
