@@ -35,6 +35,11 @@ Verdict MediaVerdict(const Facts& facts, const std::shared_ptr<const platform::R
                FindMediaOfDisk(*facts.rows.disks[disk], alone) != nullptr;
     };
     if (verdict.disks = DisksWith(facts, true, takes); !verdict.disks.empty()) {
+        if (auto failure = MediaSearchFailure(facts)) {
+            verdict.outcome = Outcome::unpublished;
+            verdict.reason = *std::move(failure);
+            return verdict;
+        }
         const std::string serialNumber = TextOrEmpty(*media, "SerialNumber");
         verdict.outcome = Outcome::used;
         verdict.reason =

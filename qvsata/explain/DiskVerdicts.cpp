@@ -72,19 +72,11 @@ Finding ShownPartition(const Facts& facts, const platform::Row& disk) {
                : Finding{Rule::showsLastPartition, {shown, std::to_string(partitions.size())}};
 }
 
-// Returns the name of the disk that fails all requests that compare disks with media rows.
-std::string FailingDisk(const Facts& facts) {
-    const auto failing = DisksWith(facts, true, [&facts](std::size_t disk) {
-        return !IsComparableWithMedia(*facts.rows.disks[disk]);
-    });
-    return facts.diskNames[failing.front()];
-}
-
 }  // namespace
 
 std::vector<Verdict> DiskVerdicts(const Facts& facts, Publisher& publisher) {
     std::vector<Verdict> verdicts;
-    const bool fails = FailsMediaSearch(facts.rows);
+    const std::optional<Finding> failure = MediaSearchFailure(facts);
     for (std::size_t place = 0; place < facts.rows.disks.size(); ++place) {
         const platform::Row& disk = *facts.rows.disks[place];
         Verdict verdict{source::disks, facts.diskNames[place], facts.diskIds[place]};
@@ -99,8 +91,8 @@ std::vector<Verdict> DiskVerdicts(const Facts& facts, Publisher& publisher) {
             verdicts.push_back(std::move(verdict));
             continue;
         }
-        if (fails) {
-            verdict.notes.push_back({Rule::failsMediaSearch, {FailingDisk(facts)}});
+        if (failure) {
+            verdict.notes.push_back(*failure);
         } else {
             publisher.Publish(verdict, classesWithMedia);
         }

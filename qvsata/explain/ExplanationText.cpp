@@ -1,6 +1,7 @@
 #include "qvsata/explain/ExplanationText.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "qvsata/explain/Sentences.h"
 #include "qvsata/explain/SourceRows.h"
@@ -54,9 +55,9 @@ nlohmann::ordered_json AsJson(const Verdict& verdict) {
             {"row", verdict.name},
             {"id", verdict.id},
             {"outcome", NameOf(verdict.outcome)},
-            {"instances", instances},
+            {"instances", std::move(instances)},
             {"reason", verdict.reason ? AsJson(*verdict.reason) : nlohmann::ordered_json()},
-            {"notes", notes}};
+            {"notes", std::move(notes)}};
 }
 
 }  // namespace
@@ -96,7 +97,7 @@ nlohmann::ordered_json ExplanationAsJson(const Explanation& explanation) {
     for (const Verdict& verdict : explanation.verdicts) {
         verdicts.push_back(AsJson(verdict));
     }
-    return {{"verdicts", verdicts}, {"keyWarnings", explanation.keyWarnings}};
+    return {{"verdicts", std::move(verdicts)}, {"keyWarnings", explanation.keyWarnings}};
 }
 
 }  // namespace qv::explain

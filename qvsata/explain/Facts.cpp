@@ -96,6 +96,16 @@ std::string NamesOf(const Facts& facts, const std::vector<std::size_t>& disks) {
     return names;
 }
 
+std::optional<Finding> MediaSearchFailure(const Facts& facts) {
+    if (!FailsMediaSearch(facts.rows)) {
+        return std::nullopt;
+    }
+    const auto failing = DisksWith(facts, true, [&facts](std::size_t disk) {
+        return !IsComparableWithMedia(*facts.rows.disks[disk]);
+    });
+    return Finding{Rule::failsMediaSearch, {facts.diskNames[failing.front()]}};
+}
+
 void LeaveOut(const Facts& facts, Verdict& verdict, std::initializer_list<std::string_view> classes,
               Finding finding) {
     if (const auto unread = facts.FirstUnread(classes)) {

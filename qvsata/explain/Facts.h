@@ -83,6 +83,10 @@ std::vector<std::size_t> DisksWith(const Facts& facts, bool published, Condition
     return disks;
 }
 
+/// Returns why the requests that compare disks with media rows fail; nothing if they do not (see
+/// FailsMediaSearch).
+std::optional<Finding> MediaSearchFailure(const Facts& facts);
+
 /// Sets the outcome of a row that no rule joins with another: unreadable if one of the classes was
 /// not read, otherwise unpublished because of `finding`.
 void LeaveOut(const Facts& facts, Verdict& verdict, std::initializer_list<std::string_view> classes,

@@ -125,6 +125,11 @@ INSTANTIATE_TEST_SUITE_P(
         Broken{"NoDeviceId", R"([{"op":"remove","path":"@Win32_DiskDrive/0/DeviceID"}])",
                "    requests for disks, their firmware and their packages fail: the DeviceID of #0 "
                "Disk X is not a text\n"},
+        Broken{"MediaOfAFailedRequest",
+               R"([{"op":"copy","from":"@Win32_DiskDrive/0","path":"@Win32_DiskDrive/-"},
+                   {"op":"remove","path":"@Win32_DiskDrive/1/DeviceID"}])",
+               "PHYSICALDRIVE0: not used: requests for disks, their firmware and their packages "
+               "fail: the DeviceID of #0 Disk X is not a text\n"},
         Broken{
             "NoPrediction",
             R"([{"op":"remove","path":"/namespaces/root\\wmi/MSStorageDriver_FailurePredictStatus/0"}])",
