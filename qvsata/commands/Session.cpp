@@ -9,6 +9,7 @@
 #include "qvsata/cim/StatusCodes.h"
 #include "qvsata/commands/Deadline.h"
 #include "qvsata/commands/ExitCodes.h"
+#include "qvsata/commands/InstanceLimit.h"
 #include "qvsata/commands/SourceReport.h"
 #include "qvsata/mof/ShippedMof.h"
 #include "qvsata/output/Output.h"
@@ -31,20 +32,49 @@ path FromUtf8(const std::string& text) {
     return std::u8string(text.begin(), text.end());
 }
 
-std::shared_ptr<const service::RecordedHost> ReadHost(const std::string& file) {
-    return std::make_shared<service::RecordedHost>(service::ReadHostFile(FromUtf8(file)));
+std::shared_ptr<const service::RecordedHost> ReadHost(const std::string& file,
+                                                      const Options& options) {
+    constexpr std::uintmax_t mebibyte = 1U << 20U;
+    return std::make_shared<service::RecordedHost>(
+        service::ReadHostFile(FromUtf8(file), options.limit * mebibyte));
 }
 
 std::vector<std::shared_ptr<const service::RecordedHost>> ReadLaterHosts(
     const Options& options, const service::RecordedHost& first) {
     std::vector<std::shared_ptr<const service::RecordedHost>> hosts;
     for (const std::string& file : options.laterHosts) {
-        hosts.push_back(ReadHost(file));
+        hosts.push_back(ReadHost(file, options));
         if (hosts.back()->Computer() != first.Computer()) {
             throw CommandError(file + ": not a recording of the computer of " + options.host);
         }
     }
     return hosts;
+}
+
+/// Returns the number of rows of the largest recorded class.
+std::size_t LargestClass(const service::HostOptions& host) {
+    std::size_t largest = 0;
+    for (const auto& recording : service::RecordingsOf(host)) {
+        for (const service::RecordedNamespace& nameSpace : recording->Namespaces()) {
+            for (const service::RecordedClass& one : nameSpace.Classes()) {
+                largest = std::max(largest, one.Rows().size());
+            }
+        }
+    }
+    return largest;
+}
+
+/// Associations join up to three lists of instances, each about as long as a recorded class. Few
+/// rows need no counting.
+void LimitInstances(service::HostOptions& host, unsigned thousands) {
+    const std::size_t most = std::size_t{1000} * thousands;
+    const std::size_t rows = LargestClass(host);
+    if (rows != 0 && most / rows / rows < rows) {
+        host.guard = [most](std::shared_ptr<const service::InstanceSource> provider,
+                            const service::Namespace& published) {
+            return WithInstanceLimit(std::move(provider), published, most);
+        };
+    }
 }
 
 std::unique_ptr<service::ProviderHost> StartSession(
@@ -58,8 +88,9 @@ std::unique_ptr<service::ProviderHost> StartSession(
             std::chrono::milliseconds(std::chrono::seconds(options.timeout)) / queriesAtLeast;
     }
     if (!options.live) {
-        host.recorded = ReadHost(options.host);
+        host.recorded = ReadHost(options.host, options);
         host.laterRecordings = ReadLaterHosts(options, *host.recorded);
+        LimitInstances(host, options.limit);
     }
     std::ranges::transform(options.installedMof, std::back_inserter(host.mofFiles), FromUtf8);
     const path mofFolder = options.mofFolder.empty() ? here : FromUtf8(options.mofFolder);

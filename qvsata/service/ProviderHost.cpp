@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 #include <string>
+#include <utility>
 
 #include "qvsata/mof/MofReader.h"
 #include "qvsata/service/PublishedNamespace.h"
@@ -14,6 +15,12 @@ std::vector<std::shared_ptr<const RecordedHost>> RecordingsOf(const HostOptions&
     std::vector recordings{options.recorded};
     std::ranges::copy(options.laterRecordings, std::back_inserter(recordings));
     return recordings;
+}
+
+void AttachProvider(Namespace& published, std::shared_ptr<const InstanceSource> provider,
+                    const HostOptions& options) {
+    published.Attach(options.guard ? options.guard(std::move(provider), published)
+                                   : std::move(provider));
 }
 
 ClassRepository ReadPublishedClasses(const std::vector<std::filesystem::path>& mofFiles) {
