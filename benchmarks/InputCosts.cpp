@@ -38,11 +38,11 @@ std::string Rows(const std::string& className, const std::string& rows) {
     return Recording(R"("root\\CIMv2":{")" + className + "\":[" + rows + "]}");
 }
 
-/// Returns a recording of disks on one controller with a partition each, and these device IDs.
+/// Returns a recording of disks on one controller with a partition each, and these plug-and-play
+/// IDs.
 std::string Disks(int count, const auto& deviceId) {
     const auto disk = [&](const std::string& number) {
-        const std::string id = deviceId(number);
-        return R"({"DeviceID":")" + id + R"(","PNPDeviceID":")" + id +
+        return R"({"DeviceID":"D)" + number + R"(","PNPDeviceID":")" + deviceId(number) +
                R"(","InterfaceType":"IDE","Status":"OK"})";
     };
     const auto partition = [](const std::string& number) {
@@ -54,11 +54,13 @@ std::string Disks(int count, const auto& deviceId) {
                deviceId(number) + R"(\""})";
     };
     const auto ofDisk = [&](const std::string& number) {
-        return R"({"Antecedent":"Win32_DiskDrive.DeviceID=\")" + deviceId(number) +
+        return R"({"Antecedent":"Win32_DiskDrive.DeviceID=\"D)" + number +
                R"(\"","Dependent":"Win32_DiskPartition.DeviceID=\"P)" + number + R"(\""})";
     };
-    return Recording(R"("root\\CIMv2":{"Win32_DiskDrive":[)" + Repeat(count, ",", disk) +
-                     R"(],"Win32_DiskPartition":[)" + Repeat(count, ",", partition) +
+    return Recording(R"("root\\CIMv2":{"Win32_PhysicalMedia":[],"Win32_PnPDevice":[],)"
+                     R"("Win32_DiskDrive":[)" +
+                     Repeat(count, ",", disk) + R"(],"Win32_DiskPartition":[)" +
+                     Repeat(count, ",", partition) +
                      R"(],"Win32_IDEController":[{"DeviceID":"C"}],"Win32_IDEControllerDevice":[)" +
                      Repeat(count, ",", onController) + R"(],"Win32_DiskDriveToDiskPartition":[)" +
                      Repeat(count, ",", ofDisk) + "]}");
@@ -97,10 +99,6 @@ std::string EqualDisks(int count) {
     return Disks(count, [](const auto&) { return std::string("IDE"); });
 }
 
-std::string NestedDisks(int count) {
-    return Disks(count, [](const auto& n) { return std::string(std::stoul(n) + 1, 'a'); });
-}
-
 std::string LargeRecording(int count) {
     return Rows("X", Repeat(count, ",", [](const auto& n) {
                     return R"({"DeviceID":"\\\\.\\D)" + n +
@@ -134,12 +132,7 @@ const std::vector<Input> inputs{
     {"disks with equal IDs",
      EqualDisks,
      {400, 1'600},
-     {"enumerate", "QV_SATAInitiatorTargetLogicalUnitPath"},
-     1},
-    {"disks with IDs a, aa, aaa",
-     NestedDisks,
-     {500, 1'000},
-     {"enumerate", "QV_SATAInitiatorTargetLogicalUnitPath"},
+     {"enumerate", "QV_SATADiskDriveStorageExtent"},
      1},
     {"a large recording", LargeRecording, {50'000, 200'000}, {"sources"}, 3},
     {"a chain of classes in MOF",
