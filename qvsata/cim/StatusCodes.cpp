@@ -34,6 +34,7 @@ constexpr std::array meanings{
     Meaning{status::transportFailure, "WBEM_E_TRANSPORT_FAILURE", "the connection failed"},
     Meaning{status::shuttingDown, "WBEM_E_SHUTTING_DOWN", "the service is shutting down"},
     Meaning{status::timedOut, "WBEM_E_TIMED_OUT", "no answer in time"},
+    Meaning{status::quotaViolation, "WBEM_E_QUOTA_VIOLATION", "quota exceeded"},
     Meaning{Status::unspecifiedFailure, "E_FAIL", "unspecified failure"},
     // COM's own, winerror.h.
     Meaning{Status{0x80070005}, "E_ACCESSDENIED", "access denied"},

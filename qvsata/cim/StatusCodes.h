@@ -28,6 +28,7 @@ inline constexpr Status shuttingDown{0x80041033};
 inline constexpr Status invalidObjectPath{0x8004103A};
 inline constexpr Status bufferTooSmall{0x8004103C};
 inline constexpr Status timedOut{0x80041069};
+inline constexpr Status quotaViolation{0x8004106C};
 }  // namespace status
 
 /// Returns the meaning of a status and its number, "access denied (0x80041003)", or only the number

@@ -79,7 +79,7 @@ ManagementHost::ManagementHost(const HostOptions& options)
     }
     provider_ = std::make_shared<ProviderObject>(object, windows::ToWide(providerNamespace),
                                                  *Connect().Get());
-    namespace_->Attach(std::make_shared<const ProviderSource>(provider_));
+    AttachProvider(*namespace_, std::make_shared<const ProviderSource>(provider_), options);
 }
 
 ManagementHost::~ManagementHost() {

@@ -24,7 +24,8 @@ public:
           namespace_(OpenPublished(*options.classes, names_.server)),
           machine_(WithPublished(namespace_, WithJournal(ConnectRecorded(recordings_),
                                                          MachineKind::recorded, journal_))) {
-        namespace_->Attach(std::make_shared<const LinkedProvider>(machine_, names_));
+        AttachProvider(*namespace_, std::make_shared<const LinkedProvider>(machine_, names_),
+                       options);
     }
     LinkedHost(const LinkedHost&) = delete;
     LinkedHost& operator=(const LinkedHost&) = delete;

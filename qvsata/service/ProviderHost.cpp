@@ -17,6 +17,12 @@ std::vector<std::shared_ptr<const RecordedHost>> RecordingsOf(const HostOptions&
     return recordings;
 }
 
+void AttachProvider(Namespace& published, std::shared_ptr<const InstanceSource> provider,
+                    const HostOptions& options) {
+    published.Attach(options.guard ? options.guard(std::move(provider), published)
+                                   : std::move(provider));
+}
+
 std::shared_ptr<const ClassRepository> ReadPublishedClasses(
     const std::vector<std::filesystem::path>& mofFiles) {
     std::vector<std::string> files;

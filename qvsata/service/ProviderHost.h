@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -31,12 +32,20 @@ struct HostOptions {
     bool registered = false;
     /// The longest time for one query of the machine itself; unset for no limit.
     std::optional<std::chrono::milliseconds> queryTimeout;
+    /// Makes, of the provider, the source that is attached to its namespace; unset: the provider.
+    std::function<std::shared_ptr<const InstanceSource>(std::shared_ptr<const InstanceSource>,
+                                                        const Namespace&)>
+        guard;
     /// Notes all queries of the machine, from the start on; see ProviderHost::Journal.
     std::shared_ptr<SourceJournal> journal = std::make_shared<SourceJournal>();
 };
 
 /// Returns the recordings of the options, in order; at least one.
 std::vector<std::shared_ptr<const RecordedHost>> RecordingsOf(const HostOptions& options);
+
+/// Attaches the provider to its namespace, behind the guard of the options.
+void AttachProvider(Namespace& published, std::shared_ptr<const InstanceSource> provider,
+                    const HostOptions& options);
 
 /// Reads the classes of the provider's namespace from MOF files, in order. Throws MofError.
 std::shared_ptr<const ClassRepository> ReadPublishedClasses(

@@ -12,6 +12,7 @@
 #include "qvsata/recorded/HostFile.h"
 #include "qvsata/service/StartProvider.h"
 #include "qvsata/session/ExitCodes.h"
+#include "qvsata/session/InstanceLimit.h"
 #include "qvsata/session/Recordings.h"
 #include "qvsata/session/SourceReport.h"
 #include "qvsata/system/Process.h"
@@ -22,20 +23,49 @@ namespace {
 
 using std::filesystem::path;
 
-std::shared_ptr<const service::RecordedHost> ReadHost(const std::string& file) {
-    return std::make_shared<service::RecordedHost>(service::ReadHostFile(FromUtf8(file)));
+std::shared_ptr<const service::RecordedHost> ReadHost(const std::string& file,
+                                                      const Options& options) {
+    constexpr std::uintmax_t mebibyte = 1U << 20U;
+    return std::make_shared<service::RecordedHost>(
+        service::ReadHostFile(FromUtf8(file), options.limit * mebibyte));
 }
 
 std::vector<std::shared_ptr<const service::RecordedHost>> ReadLaterHosts(
     const Options& options, const service::RecordedHost& first) {
     std::vector<std::shared_ptr<const service::RecordedHost>> hosts;
     for (const std::string& file : options.laterHosts) {
-        hosts.push_back(ReadHost(file));
+        hosts.push_back(ReadHost(file, options));
         if (hosts.back()->Computer() != first.Computer()) {
             throw CommandError(file + ": not a recording of the computer of " + options.host);
         }
     }
     return hosts;
+}
+
+/// Returns the number of rows of the largest recorded class.
+std::size_t LargestClass(const service::HostOptions& host) {
+    std::size_t largest = 0;
+    for (const auto& recording : service::RecordingsOf(host)) {
+        for (const service::RecordedNamespace& nameSpace : recording->Namespaces()) {
+            for (const service::RecordedClass& one : nameSpace.Classes()) {
+                largest = std::max(largest, one.Rows().size());
+            }
+        }
+    }
+    return largest;
+}
+
+/// Associations join up to three lists of instances, each about as long as a recorded class. Few
+/// rows need no counting.
+void LimitInstances(service::HostOptions& host, unsigned thousands) {
+    const std::size_t most = std::size_t{1000} * thousands;
+    const std::size_t rows = LargestClass(host);
+    if (rows != 0 && most / rows / rows < rows) {
+        host.guard = [most](std::shared_ptr<const service::InstanceSource> provider,
+                            const service::Namespace& published) {
+            return WithInstanceLimit(std::move(provider), published, most);
+        };
+    }
 }
 
 std::shared_ptr<const service::ClassRepository> ReadClasses(const Options& options) {
@@ -89,8 +119,9 @@ std::unique_ptr<service::ProviderHost> MachineRun::Start(const Options& options)
             std::chrono::milliseconds(std::chrono::seconds(options.timeout)) / queriesAtLeast;
     }
     if (!options.live) {
-        host.recorded = ReadHost(options.host);
+        host.recorded = ReadHost(options.host, options);
         host.laterRecordings = ReadLaterHosts(options, *host.recorded);
+        LimitInstances(host, options.limit);
     }
     host.library = FromUtf8(options.library);
     host.programFolder = ProgramFolder();
