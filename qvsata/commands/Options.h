@@ -19,6 +19,7 @@ struct Options {
     std::vector<std::string> laterHosts;  ///< files of later recordings of the host, in order
     bool live = false;
     unsigned timeout = 0;                   ///< seconds for the command; 0: no limit
+    unsigned queriesInTime = 2;             ///< so many queries of the machine fit into it
     bool isEndless = false;                 ///< the timeout is for each query only
     std::string library;                    ///< empty: beside this program
     std::string mofFolder;                  ///< empty: beside this program

@@ -47,19 +47,13 @@ std::vector<std::shared_ptr<const service::RecordedHost>> ReadLaterHosts(
     return hosts;
 }
 
-std::unique_ptr<service::ProviderHost> StartSession(
-    const Options& options, const std::shared_ptr<service::SourceJournal>& journal) {
+/// Returns what the options say of the provider. The machine's facts are missing.
+service::HostOptions HostOptionsOf(const Options& options) {
     const path here = ProgramFolder();
     service::HostOptions host;
-    host.journal = journal;
     if (options.timeout != 0) {
-        constexpr int queriesAtLeast = 2;
-        host.queryTimeout =
-            std::chrono::milliseconds(std::chrono::seconds(options.timeout)) / queriesAtLeast;
-    }
-    if (!options.live) {
-        host.recorded = ReadHost(options.host);
-        host.laterRecordings = ReadLaterHosts(options, *host.recorded);
+        host.queryTimeout = std::chrono::milliseconds(std::chrono::seconds(options.timeout)) /
+                            options.queriesInTime;
     }
     std::ranges::transform(options.installedMof, std::back_inserter(host.mofFiles), FromUtf8);
     const path mofFolder = options.mofFolder.empty() ? here : FromUtf8(options.mofFolder);
@@ -69,6 +63,10 @@ std::unique_ptr<service::ProviderHost> StartSession(
     host.library = FromUtf8(options.library);
     host.programFolder = here;
     host.registered = options.registered;
+    return host;
+}
+
+std::unique_ptr<service::ProviderHost> Start(const service::HostOptions& host) {
     if (const std::string reason = service::WhyNotStarted(host); !reason.empty()) {
         throw CommandError(reason);
     }
@@ -77,6 +75,17 @@ std::unique_ptr<service::ProviderHost> StartSession(
     } catch (const RequestError& error) {
         throw CommandError("starting the provider: " + service::StatusText(error.status()));
     }
+}
+
+std::unique_ptr<service::ProviderHost> StartSession(
+    const Options& options, const std::shared_ptr<service::SourceJournal>& journal) {
+    service::HostOptions host = HostOptionsOf(options);
+    host.journal = journal;
+    if (!options.live) {
+        host.recorded = ReadHost(options.host);
+        host.laterRecordings = ReadLaterHosts(options, *host.recorded);
+    }
+    return Start(host);
 }
 
 /// Returns what begins each line on a machine.
@@ -142,6 +151,13 @@ bool RunOnEach(const std::vector<Machine>& machines,
         isComplete = RunOn(machines[index], journals[index], command) && isComplete;
     }
     return isComplete;
+}
+
+std::unique_ptr<service::ProviderHost> StartOn(
+    const Options& options, std::shared_ptr<const service::RecordedHost> recorded) {
+    service::HostOptions host = HostOptionsOf(options);
+    host.recorded = std::move(recorded);
+    return Start(host);
 }
 
 void RunOnProvider(const Options& options,

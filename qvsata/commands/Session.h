@@ -54,6 +54,10 @@ struct Machine {
 bool RunOnEach(const std::vector<Machine>& machines,
                const std::function<void(const service::ProviderHost&)>& command);
 
+/// Starts the provider that the options name on a recording. Throws what RunOnProvider throws.
+std::unique_ptr<service::ProviderHost> StartOn(
+    const Options& options, std::shared_ptr<const service::RecordedHost> recorded);
+
 /// Makes `action(host, arguments)` what a command does on the provider that arguments.options name.
 template <typename Arguments, typename Action>
 void OnProvider(CLI::App& command, std::shared_ptr<Arguments> arguments, Action action) {
