@@ -116,7 +116,7 @@ INSTANTIATE_TEST_SUITE_P(
         std::pair{legacyHost, "48442d57434130353131373330303132"}, std::pair{virtualHost, "srv07"},
         std::pair{virtualHost, "71047f21"}, std::pair{virtualHost, "fcbf2ac5"},
         std::pair{russianHost, "бухгалтерия"}, std::pair{russianHost, "БУХГАЛТЕРИЯ"},
-        std::pair{russianHost, "5a41364c3139393030"},
+        std::pair{russianHost, "5a41364c3139393031"},
         std::pair{russianHost, "4448574d415230303731"}));
 
 TEST(Capture, KeepsWhatSupportNeedsRedacted) {
