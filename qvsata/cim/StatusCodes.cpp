@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
+#include <cstdint>
 #include <cstdio>
 
 namespace qv::service {
@@ -49,6 +51,19 @@ std::string Number(Status code) {
     return number.data();
 }
 
+std::optional<Status> FailureOfNumber(std::string_view text) {
+    constexpr std::string_view prefix = "0x";
+    constexpr std::size_t length = 10;
+    std::uint32_t number = 0;
+    const char* const end = text.data() + text.size();
+    if (text.size() != length || !text.starts_with(prefix) ||
+        std::from_chars(text.data() + prefix.size(), end, number, 16).ptr != end ||
+        Succeeded(Status{number})) {
+        return std::nullopt;
+    }
+    return Status{number};
+}
+
 const Meaning* MeaningOf(Status code) {
     const auto* const found = std::ranges::find(meanings, code, &Meaning::code);
     return found == meanings.end() ? nullptr : found;
@@ -68,6 +83,11 @@ std::string StatusName(Status code) {
                               : std::string(meaning->symbol) + " (" + Number(code) + ")";
 }
 
+std::string StatusSymbol(Status code) {
+    const Meaning* const meaning = MeaningOf(code);
+    return meaning == nullptr ? Number(code) : std::string(meaning->symbol);
+}
+
 std::string_view StatusMeaning(Status code) {
     const Meaning* const meaning = MeaningOf(code);
     return meaning == nullptr ? std::string_view() : meaning->text;
@@ -75,7 +95,7 @@ std::string_view StatusMeaning(Status code) {
 
 std::optional<Status> StatusOfName(std::string_view symbol) {
     const auto* const found = std::ranges::find(meanings, symbol, &Meaning::symbol);
-    return found == meanings.end() ? std::nullopt : std::optional(found->code);
+    return found == meanings.end() ? FailureOfNumber(symbol) : std::optional(found->code);
 }
 
 }  // namespace qv::service

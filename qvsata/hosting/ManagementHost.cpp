@@ -6,6 +6,7 @@
 #include "platform/windows/WbemStatus.h"
 #include "provider/public/ClassIds.h"
 #include "qvsata/hosting/HostedEvents.h"
+#include "qvsata/hosting/LiveComputer.h"
 #include "qvsata/hosting/LiveMachine.h"
 #include "qvsata/hosting/ProviderSource.h"
 #include "qvsata/hosting/ServicesFace.h"
@@ -84,6 +85,10 @@ ManagementHost::ManagementHost(const HostOptions& options)
 
 ManagementHost::~ManagementHost() {
     ReleaseProvider();
+}
+
+RecordedHost ManagementHost::Computer() const {
+    return recordings_ ? recordings_->Present()->WithoutRows() : ReadLiveComputer();
 }
 
 void ManagementHost::ReleaseProvider() {

@@ -34,6 +34,7 @@ public:
 
     const Namespace& Published() const override { return *namespace_; }
     const Connector& Machine() const override { return machine_; }
+    RecordedHost Computer() const override { return recordings_->Present()->WithoutRows(); }
     SourceJournal& Journal() const override { return *journal_; }
     RecordingSequence* Recordings() const override { return recordings_.get(); }
     std::unique_ptr<EventFeed> Subscribe() const override {

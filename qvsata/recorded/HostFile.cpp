@@ -156,7 +156,7 @@ Status ToFailure(const Json& json, const Place& place) {
     const auto status = reason.is_string() ? StatusOfName(reason.get<std::string>()) : std::nullopt;
     if (!status) {
         place.Member("fails").Fail(
-            "expected true or the name of a status like \"WBEM_E_ACCESS_DENIED\"");
+            "expected true or the name of a status like \"WBEM_E_ACCESS_DENIED\", or its number");
     }
     return *status;
 }
@@ -188,6 +188,20 @@ void AddNamespace(RecordedHost& host, const std::string& nameSpace, Json& json,
     }
 }
 
+RecordedSystem ToSystem(Json& root, const Place& top) {
+    if (!root.contains("system")) {
+        return {};
+    }
+    const Place place = top.Member("system");
+    const Json& system = RequireObject(root["system"], place);
+    const auto codePage = system.find("codePage");
+    const bool hasCodePage = codePage != system.end() && !codePage->is_null();
+    if (hasCodePage && !codePage->is_number_unsigned()) {
+        place.Member("codePage").Fail("expected the number of a code page");
+    }
+    return {OptionalText(system, "osVersion", place), hasCodePage ? codePage->get<unsigned>() : 0};
+}
+
 }  // namespace
 
 RecordedHost ReadHostText(std::string_view json, std::string_view name) {
@@ -200,7 +214,7 @@ RecordedHost ReadHostText(std::string_view json, std::string_view name) {
         {OptionalText(computer, "server", names),
          OptionalText(computer, "dnsFullyQualified", names),
          OptionalText(computer, "dnsHostname", names), OptionalText(computer, "netbios", names)},
-        OptionalText(root, "description", top));
+        OptionalText(root, "description", top), ToSystem(root, top));
     const Place namespaces = top.Member("namespaces");
     for (auto& [nameSpace, classes] :
          RequireMember(root, "namespaces", top).get_ref<Json::object_t&>()) {

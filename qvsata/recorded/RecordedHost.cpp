@@ -6,8 +6,10 @@
 
 namespace qv::service {
 
-RecordedHost::RecordedHost(ComputerNames computer, std::string description)
-    : description_(std::move(description)), computer_(std::move(computer)) {
+RecordedHost::RecordedHost(ComputerNames computer, std::string description, RecordedSystem system)
+    : description_(std::move(description)),
+      computer_(std::move(computer)),
+      system_(std::move(system)) {
     if (computer_.server.empty()) {
         computer_.server = computer_.netbios.empty() ? "." : computer_.netbios;
     }

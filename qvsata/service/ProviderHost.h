@@ -62,6 +62,9 @@ public:
     /// Connects to the machine on which the provider runs; root\QVQ is the provider's namespace.
     virtual const Connector& Machine() const = 0;
 
+    /// Returns the names and the system of that machine, as a recording without rows.
+    virtual RecordedHost Computer() const = 0;
+
     /// Returns the journal of all queries of the machine, by the provider and through Machine().
     virtual SourceJournal& Journal() const = 0;
 

@@ -78,6 +78,33 @@ std::shared_ptr<const service::ClassRepository> ReadClasses(const Options& optio
     return service::ReadPublishedClasses(files);
 }
 
+/// Returns what the options say of the provider. The machine's facts and the classes are missing.
+service::HostOptions HostOptionsOf(const Options& options) {
+    service::HostOptions host;
+    if (options.timeout != 0) {
+        host.queryTimeout = std::chrono::milliseconds(std::chrono::seconds(options.timeout)) /
+                            options.queriesInTime;
+    }
+    host.library = FromUtf8(options.library);
+    host.programFolder = ProgramFolder();
+    host.registered = options.registered;
+    return host;
+}
+
+void RefuseUnlessPossible(const service::HostOptions& host) {
+    if (const std::string reason = service::WhyNotStarted(host); !reason.empty()) {
+        throw CommandError(reason);
+    }
+}
+
+std::unique_ptr<service::ProviderHost> StartOrExplain(const service::HostOptions& host) {
+    try {
+        return service::StartProvider(host);
+    } catch (const RequestError& error) {
+        throw CommandError("starting the provider: " + service::StatusText(error.status()));
+    }
+}
+
 }  // namespace
 
 MachineRun::MachineRun(const Options& options) {
@@ -111,31 +138,26 @@ bool MachineRun::On(const Machine& machine,
 }
 
 std::unique_ptr<service::ProviderHost> MachineRun::Start(const Options& options) {
-    service::HostOptions host;
+    service::HostOptions host = HostOptionsOf(options);
     host.journal = journal_;
-    if (options.timeout != 0) {
-        constexpr int queriesAtLeast = 2;
-        host.queryTimeout =
-            std::chrono::milliseconds(std::chrono::seconds(options.timeout)) / queriesAtLeast;
-    }
     if (!options.live) {
         host.recorded = ReadHost(options.host, options);
         host.laterRecordings = ReadLaterHosts(options, *host.recorded);
         LimitInstances(host, options.limit);
     }
-    host.library = FromUtf8(options.library);
-    host.programFolder = ProgramFolder();
-    host.registered = options.registered;
-    if (const std::string reason = service::WhyNotStarted(host); !reason.empty()) {
-        throw CommandError(reason);
-    }
+    RefuseUnlessPossible(host);
     classes_ = classes_ ? classes_ : ReadClasses(options);
     host.classes = classes_;
-    try {
-        return service::StartProvider(host);
-    } catch (const RequestError& error) {
-        throw CommandError("starting the provider: " + service::StatusText(error.status()));
-    }
+    return StartOrExplain(host);
+}
+
+std::unique_ptr<service::ProviderHost> StartOn(
+    const Options& options, std::shared_ptr<const service::RecordedHost> recorded) {
+    service::HostOptions host = HostOptionsOf(options);
+    host.recorded = std::move(recorded);
+    LimitInstances(host, options.limit);
+    host.classes = ReadClasses(options);
+    return StartOrExplain(host);
 }
 
 void MachineRun::End(unsigned seconds) {

@@ -64,6 +64,10 @@ private:
     std::optional<Deadline> deadline_;                 ///< the last member: it uses the others
 };
 
+/// Starts the provider that the options name on a recording. Throws what MachineRun::On throws.
+std::unique_ptr<service::ProviderHost> StartOn(
+    const Options& options, std::shared_ptr<const service::RecordedHost> recorded);
+
 /// Writes an error to standard error: "qvsata: MESSAGE", a line with printable characters only.
 void WriteErrorLine(const std::string& message);
 

@@ -20,11 +20,12 @@ struct Options {
     std::vector<std::string> hosts;
     std::vector<std::string> laterHosts;  ///< files of later recordings of the host, in order
     bool live = false;
-    unsigned limit = 100;    ///< MiB of a recording, and thousands of instances of a class on it
-    unsigned timeout = 0;    ///< seconds for the command; 0: no limit
-    bool isEndless = false;  ///< the timeout is for each query only
-    std::string library;     ///< empty: beside this program
-    std::string mofFolder;   ///< empty: beside this program
+    unsigned limit = 100;  ///< MiB of a recording, and thousands of instances of a class on it
+    unsigned timeout = 0;  ///< seconds for the command; 0: no limit
+    unsigned queriesInTime = 2;             ///< so many queries of the machine fit into it
+    bool isEndless = false;                 ///< the timeout is for each query only
+    std::string library;                    ///< empty: beside this program
+    std::string mofFolder;                  ///< empty: beside this program
     std::vector<std::string> installedMof;  ///< files of classes that already exist
     bool registered = false;
     Format format = Format::text;

@@ -37,7 +37,8 @@ std::string_view LossWithout(std::string_view nameSpace, std::string_view classN
         return EqualsIgnoringCase(source.nameSpace, nameSpace) &&
                EqualsIgnoringCase(source.name, className);
     });
-    return found == SourceClasses().end() ? "what rests on it cannot be published" : found->loss;
+    return found == SourceClasses().end() ? "what is linked to it cannot be published"
+                                          : found->loss;
 }
 
 std::vector<service::SourceQuery> UnreadSources(const std::vector<service::SourceQuery>& queries) {
