@@ -85,6 +85,47 @@ INSTANTIATE_TEST_SUITE_P(
              "(new, OK)."}),
     [](const auto& step) { return "Event" + std::string(step.param.event); });
 
+/// Returns the events of the drill's steps as diff names them: "604 Halden HD4000F05".
+std::vector<std::string> EventsOfTheSteps() {
+    std::vector<std::string> recordings;
+    for (const auto& file : std::filesystem::directory_iterator(drill)) {
+        recordings.push_back(file.path().string());
+    }
+    std::erase_if(recordings, [](const std::string& name) { return !name.ends_with(".json"); });
+    std::ranges::sort(recordings);
+    std::vector<std::string> events;
+    for (std::size_t step = 1; step < recordings.size(); ++step) {
+        const json diff = DiffAsJson(recordings[step - 1], recordings[step]);
+        for (const json& event : diff["events"]) {
+            events.push_back(event["event"].get<std::string>() + ' ' +
+                             event["model"].get<std::string>());
+        }
+    }
+    return events;
+}
+
+/// Returns the events that the library delivered in the drill, in the same form.
+std::vector<std::string> DeliveredEvents() {
+    std::vector<std::string> events;
+    std::ifstream golden(QV_SOURCE_DIR "/tests/golden/event-drill.txt");
+    for (std::string line; std::getline(golden, line);) {
+        const std::string value =
+            line.substr(line.find('"') + 1, line.rfind('"') - line.find('"') - 1);
+        if (line.starts_with("  EventID: ")) {
+            events.push_back(value);
+        } else if (line.starts_with("  DeviceModel: ")) {
+            events.back() += ' ' + value;
+        }
+    }
+    return events;
+}
+
+TEST(Diff, OfTheStepsOfTheDrillNamesTheDeliveredEvents) {
+    const std::vector<std::string> delivered = DeliveredEvents();
+    EXPECT_EQ(delivered.size(), 7U);
+    EXPECT_EQ(EventsOfTheSteps(), delivered);
+}
+
 TEST(Diff, OfADiskOfAnotherStatusSaysFromWhatToWhat) {
     EXPECT_EQ(Diff(drill + "0-healthy.json", drill + "1-degraded.json").output,
               "from " + drill + "0-healthy.json (cellar-nas.example.org)\n" + "to   " + drill +
