@@ -82,13 +82,13 @@ void Stop(HANDLE thread) {
 }
 
 /// A pointer per thread. Unlike a thread_local variable it allocates no memory and takes no lock
-/// that a terminated thread could leave locked.
+/// that a terminated thread could leave locked. Its index is freed when the library is unloaded
+/// (ThreadStorage.cpp).
 class ThreadPointer {
 public:
     ThreadPointer() : index_(TlsAlloc()) {}
     ThreadPointer(const ThreadPointer&) = delete;
     ThreadPointer& operator=(const ThreadPointer&) = delete;
-    ~ThreadPointer() { TlsFree(index_); }
 
     /// False if the system has no slot left.
     bool Set(void* value) const { return TlsSetValue(index_, value) != FALSE; }
