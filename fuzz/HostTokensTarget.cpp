@@ -167,7 +167,7 @@ void RunHostTokens(Bytes input) {
     for (int objects = 0; objects < mostObjects && !chooser.AtEnd(); ++objects) {
         AddObject(host, chooser);
     }
-    CheckPublished(host.Build(), chosen);
+    CheckClass(host.Build(), chosen);
 }
 
 }  // namespace qv::fuzz

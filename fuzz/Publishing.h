@@ -7,10 +7,12 @@
 
 namespace qv::fuzz {
 
-/// Publishes one class of a host, which `chosen` (less than 256) chooses: checks an association
-/// against plain loops, and that an instance is found by its path. One choice publishes all classes
-/// and checks the views of them.
-void CheckPublished(const service::RecordedHost& host, std::size_t chosen);
+/// Publishes the class of a host that `chosen` chooses: checks an association against plain loops,
+/// and that an instance is found by its path.
+void CheckClass(const service::RecordedHost& host, std::size_t chosen);
+
+/// Publishes all classes of a host and checks the views of them.
+void CheckViews(const service::RecordedHost& host, std::size_t columns);
 
 /// Checks what people and programs read of published objects: no line controls a terminal, and what
 /// is JSON parses.
