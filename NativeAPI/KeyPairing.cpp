@@ -1,6 +1,7 @@
 #include "NativeAPI/KeyPairing.h"
 
 #include <algorithm>
+#include <limits>
 #include <numeric>
 #include <ranges>
 
@@ -42,8 +43,11 @@ KeyTable::Places PartsOf(const std::string& text, const KeyTable& parts, Part pa
     return {};
 }
 
-// Returns for each text the positions of the keys that are part of it.
-Partners FindParts(Keys texts, Keys keys, Part part) {
+using Bounded = std::optional<Partners>;
+
+// Returns for each text the positions of the keys that are part of it; nothing if there are more
+// than `most` in all.
+Bounded FindParts(std::size_t most, Keys texts, Keys keys, Part part) {
     std::vector<std::string> comparable;
     comparable.reserve(keys.size());
     for (const std::string& key : keys) {
@@ -54,22 +58,32 @@ Partners FindParts(Keys texts, Keys keys, Part part) {
     found.reserve(texts.size());
     for (const std::string& text : texts) {
         found.push_back(PartsOf(Comparable(text, part), table, part));
+        if (found.back().size() > most) {
+            return std::nullopt;
+        }
+        most -= found.back().size();
     }
     return found;
 }
 
 // Returns the same pairs by the keys of the other side, of which there are `count`.
-Partners Reversed(const Partners& partners, std::size_t count) {
+Bounded Reversed(const Bounded& partners, std::size_t count) {
+    if (!partners) {
+        return std::nullopt;
+    }
     Partners reversed(count);
-    for (std::size_t first = 0; first < partners.size(); ++first) {
-        for (const std::size_t second : partners[first]) {
+    for (std::size_t first = 0; first < partners->size(); ++first) {
+        for (const std::size_t second : (*partners)[first]) {
             reversed[second].push_back(first);
         }
     }
     return reversed;
 }
 
-Partners Everyone(std::size_t firstCount, std::size_t secondCount) {
+Bounded Everyone(std::size_t most, std::size_t firstCount, std::size_t secondCount) {
+    if (firstCount != 0 && secondCount > most / firstCount) {
+        return std::nullopt;
+    }
     std::vector<std::size_t> all(secondCount);
     std::iota(all.begin(), all.end(), std::size_t{0});
     return Partners(firstCount, all);
@@ -78,13 +92,19 @@ Partners Everyone(std::size_t firstCount, std::size_t secondCount) {
 }  // namespace
 
 Partners PairKeys(Keys firstKeys, Keys secondKeys, MatchRule rule) {
-    const auto inFirst = [&](Part part) { return FindParts(firstKeys, secondKeys, part); };
+    return PairKeysUpTo(std::numeric_limits<std::size_t>::max(), firstKeys, secondKeys, rule)
+        .value();
+}
+
+std::optional<Partners> PairKeysUpTo(std::size_t most, Keys firstKeys, Keys secondKeys,
+                                     MatchRule rule) {
+    const auto inFirst = [&](Part part) { return FindParts(most, firstKeys, secondKeys, part); };
     const auto inSecond = [&](Part part) {
-        return Reversed(FindParts(secondKeys, firstKeys, part), firstKeys.size());
+        return Reversed(FindParts(most, secondKeys, firstKeys, part), firstKeys.size());
     };
     switch (rule) {
         case MatchRule::always:
-            return Everyone(firstKeys.size(), secondKeys.size());
+            return Everyone(most, firstKeys.size(), secondKeys.size());
         case MatchRule::equal:
             return inFirst(Part::whole);
         case MatchRule::firstBeginsWith:

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -16,5 +17,9 @@ using Partners = std::vector<std::vector<std::size_t>>;
 /// key in a table of the other side's keys instead of testing every pair.
 Partners PairKeys(std::span<const std::string> firstKeys, std::span<const std::string> secondKeys,
                   MatchRule rule);
+
+/// The same for at most `most` pairs; returns nothing, early, if there are more.
+std::optional<Partners> PairKeysUpTo(std::size_t most, std::span<const std::string> firstKeys,
+                                     std::span<const std::string> secondKeys, MatchRule rule);
 
 }  // namespace qv

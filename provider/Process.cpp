@@ -36,7 +36,7 @@ struct Process {
 
     LentLog monitorLog{guard};
     LoggedQueryPort monitorQueries{service, monitorLog};
-    windows::KernelMutex inventoryLock{L"DiskDriveListCurrMutex"};
+    windows::KernelMutex inventoryLock{L"DiskDriveListCurrMutex", monitorLog};
     DiskInventory inventory{monitorQueries, host, clock, inventoryLock};
     CSATAHBA_EVENTS monitor{inventory, clock, monitorLog};
     EventDeliveries deliveries{guard, {service, host, system, clock}, log};

@@ -4,9 +4,11 @@
 #include <olectl.h>
 
 #include <array>
+#include <optional>
 #include <string>
 
 #include "platform/windows/ComObject.h"
+#include "platform/windows/RegistryKey.h"
 #include "provider/Module.h"
 #include "provider/public/ClassIds.h"
 
@@ -55,14 +57,22 @@ std::wstring ModulePath() {
     }
 }
 
+std::wstring ClassKey(const RegisteredClass& one) {
+    return std::wstring(L"CLSID\\") + one.classId;
+}
+
+std::wstring ServerKey(const RegisteredClass& one) {
+    return ClassKey(one) + L"\\InprocServer32";
+}
+
 bool WriteClass(const RegisteredClass& one, const std::wstring& modulePath) {
-    const std::wstring classKey = std::wstring(L"CLSID\\") + one.classId;
+    const std::wstring classKey = ClassKey(one);
     const std::wstring versioned = one.versionedProgramId;
     const std::wstring unversioned = one.programId;
     return WriteText(classKey, nullptr, one.description) &&
            WriteText(classKey, L"AppID", applicationId) &&
-           WriteText(classKey + L"\\InprocServer32", nullptr, modulePath) &&
-           WriteText(classKey + L"\\InprocServer32", L"ThreadingModel", L"Both") &&
+           WriteText(ServerKey(one), nullptr, modulePath) &&
+           WriteText(ServerKey(one), L"ThreadingModel", L"Both") &&
            WriteText(classKey + L"\\ProgID", nullptr, versioned) &&
            WriteText(classKey + L"\\VersionIndependentProgID", nullptr, unversioned) &&
            WriteText(classKey + L"\\TypeLib", nullptr, typeLibraryText) &&
@@ -74,17 +84,33 @@ bool WriteClass(const RegisteredClass& one, const std::wstring& modulePath) {
 }
 
 bool RemoveClass(const RegisteredClass& one) {
-    const bool classGone = RemoveTree(std::wstring(L"CLSID\\") + one.classId);
+    const bool classGone = RemoveTree(ClassKey(one));
     const bool versionedGone = RemoveTree(one.versionedProgramId);
     return RemoveTree(one.programId) && classGone && versionedGone;
 }
 
-bool WriteClasses(const std::wstring& modulePath) {
+/// The file of each registered class.
+using ModulePaths = std::array<std::wstring, registeredClasses.size()>;
+
+bool WriteClasses(const ModulePaths& modulePaths) {
     const std::wstring applicationKey = std::wstring(L"AppID\\") + applicationId;
     return WriteText(applicationKey, nullptr, L"QVWMISATA") &&
            WriteText(L"AppID\\QVWMISATA.dll", L"AppID", applicationId) &&
-           WriteClass(registeredClasses[0], modulePath) &&
-           WriteClass(registeredClasses[1], modulePath);
+           WriteClass(registeredClasses[0], modulePaths[0]) &&
+           WriteClass(registeredClasses[1], modulePaths[1]);
+}
+
+/// Returns the files of a registration; nothing if not all classes are registered.
+std::optional<ModulePaths> RegisteredPaths() {
+    ModulePaths paths;
+    for (std::size_t index = 0; index < paths.size(); ++index) {
+        const std::wstring key = classesKey + ServerKey(registeredClasses[index]);
+        const auto opened = windows::RegistryKey::OpenLocalMachine(key.c_str());
+        if (!opened || opened.ReadText(nullptr, paths[index]) != ERROR_SUCCESS) {
+            return std::nullopt;
+        }
+    }
+    return paths;
 }
 
 bool RegisterTypeLibrary(const std::wstring& modulePath) {
@@ -92,16 +118,27 @@ bool RegisterTypeLibrary(const std::wstring& modulePath) {
     return SUCCEEDED(LoadTypeLibEx(modulePath.c_str(), REGKIND_REGISTER, &library));
 }
 
+/// Undoes a registration that failed. All entries but the paths are the same for every file.
+void TakeBack(const std::optional<ModulePaths>& before) {
+    if (!before) {
+        UnregisterLibrary();
+        return;
+    }
+    WriteClasses(*before);
+    RegisterTypeLibrary(before->front());
+}
+
 }  // namespace
 
 HRESULT RegisterLibrary() {
+    const std::optional<ModulePaths> before = RegisteredPaths();
     const std::wstring modulePath = ModulePath();
-    if (modulePath.empty() || !WriteClasses(modulePath)) {
-        UnregisterLibrary();
+    if (modulePath.empty() || !WriteClasses({modulePath, modulePath})) {
+        TakeBack(before);
         return SELFREG_E_CLASS;
     }
     if (!RegisterTypeLibrary(modulePath)) {
-        UnregisterLibrary();
+        TakeBack(before);
         return SELFREG_E_TYPELIB;
     }
     return S_OK;

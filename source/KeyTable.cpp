@@ -4,38 +4,36 @@
 #include <numeric>
 
 namespace qv {
-namespace {
 
-constexpr auto none = static_cast<std::size_t>(-1);
-
-}  // namespace
-
-KeyTable::KeyTable(std::vector<std::string> texts) {
+KeyTable::KeyTable(std::vector<std::string> texts) : entries_(1) {
     Places order(texts.size());
     std::iota(order.begin(), order.end(), std::size_t{0});
     std::ranges::stable_sort(order, {},
                              [&](std::size_t place) -> const std::string& { return texts[place]; });
     for (const std::size_t place : order) {
-        if (entries_.empty() || entries_.back().text != texts[place]) {
-            std::size_t beginning = entries_.empty() ? none : entries_.size() - 1;
-            while (beginning != none && !texts[place].starts_with(entries_[beginning].text)) {
-                beginning = entries_[beginning].beginning;
-            }
-            entries_.push_back({std::move(texts[place]), {}, beginning});
+        if (entries_.back().text != texts[place]) {
+            Add(std::move(texts[place]));
         }
         entries_.back().places.push_back(place);
     }
-    for (const Entry& entry : entries_) {
-        if (!entry.text.empty()) {
-            firstBytes_[static_cast<unsigned char>(entry.text.front())] = true;
-        }
-    }
+}
+
+// Adds a text that sorts after all others. The leaps are such that each chain can be searched in a
+// number of steps of the order of the logarithm of its length.
+void KeyTable::Add(std::string text) {
+    firstBytes_[static_cast<unsigned char>(text.front())] = true;
+    const std::size_t beginning = LongestBeginning(text);
+    const Entry& next = entries_[beginning];
+    const Entry& behind = entries_[next.leap];
+    const bool asFar = next.depth - behind.depth == behind.depth - entries_[behind.leap].depth;
+    const std::size_t leap = asFar ? behind.leap : beginning;
+    entries_.push_back({std::move(text), {}, beginning, next.depth + 1, leap});
 }
 
 KeyTable::Places KeyTable::Equal(std::string_view text) const {
     Numbers found;
     CollectEqual(text, found);
-    return PlacesOf(std::move(found));
+    return PlacesOf(found);
 }
 
 KeyTable::Places KeyTable::EqualToAny(const std::vector<std::string>& texts) const {
@@ -43,66 +41,64 @@ KeyTable::Places KeyTable::EqualToAny(const std::vector<std::string>& texts) con
     for (const std::string& text : texts) {
         CollectEqual(text, found);
     }
-    return PlacesOf(std::move(found));
+    return PlacesOf(found);
 }
 
 KeyTable::Places KeyTable::Beginnings(std::string_view text) const {
     Numbers found;
     CollectBeginnings(text, found);
-    return PlacesOf(std::move(found));
+    return PlacesOf(found);
 }
 
 KeyTable::Places KeyTable::Contained(std::string_view text) const {
     Numbers found;
+    CollectBeginnings({}, found);
     for (std::size_t at = 0; at < text.size(); ++at) {
         if (firstBytes_[static_cast<unsigned char>(text[at])]) {
             CollectBeginnings(text.substr(at), found);
         }
     }
-    CollectBeginnings({}, found);
-    return PlacesOf(std::move(found));
+    return PlacesOf(found);
 }
 
 // Returns the index of the longest entry with which the text begins.
 std::size_t KeyTable::LongestBeginning(std::string_view text) const {
     const auto behind = std::ranges::upper_bound(
         entries_, text, {}, [](const Entry& entry) -> std::string_view { return entry.text; });
-    if (behind == entries_.begin()) {
-        return none;
-    }
     auto number = static_cast<std::size_t>(behind - entries_.begin()) - 1;
-    while (number != none && !text.starts_with(entries_[number].text)) {
-        number = entries_[number].beginning;
+    const std::string& last = entries_[number].text;
+    const auto common =
+        static_cast<std::size_t>(std::ranges::mismatch(last, text).in1 - last.begin());
+    // The first one on its chain that is no longer than what they have in common.
+    while (entries_[number].text.size() > common) {
+        const Entry& entry = entries_[number];
+        number = entries_[entry.leap].text.size() > common ? entry.leap : entry.beginning;
     }
     return number;
 }
 
+// Follows the chain up to an entry that was found before: what is behind it was found with it.
 void KeyTable::CollectBeginnings(std::string_view text, Numbers& found) const {
-    for (auto number = LongestBeginning(text); number != none;
-         number = entries_[number].beginning) {
-        found.push_back(number);
+    auto number = LongestBeginning(text);
+    while (found.insert(number).second) {
+        number = entries_[number].beginning;
     }
 }
 
 void KeyTable::CollectEqual(std::string_view text, Numbers& found) const {
     const auto number = LongestBeginning(text);
-    if (number != none && entries_[number].text.size() == text.size()) {
-        found.push_back(number);
+    if (entries_[number].text.size() == text.size()) {
+        found.insert(number);
     }
 }
 
-KeyTable::Places KeyTable::PlacesOf(Numbers found) const {
-    // An entry found several times counts once.
-    std::ranges::sort(found);
-    found.erase(std::unique(found.begin(), found.end()), found.end());
+KeyTable::Places KeyTable::PlacesOf(const Numbers& found) const {
     Places places;
     for (const std::size_t number : found) {
         const Places& more = entries_[number].places;
         places.insert(places.end(), more.begin(), more.end());
     }
-    if (found.size() > 1) {
-        std::ranges::sort(places);
-    }
+    std::ranges::sort(places);
     return places;
 }
 

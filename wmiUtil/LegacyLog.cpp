@@ -7,6 +7,7 @@
 #include "log/LogLine.h"
 #include "log/LogPlace.h"
 #include "platform/windows/RegistryKey.h"
+#include "platform/windows/Text.h"
 
 namespace qv {
 
@@ -37,10 +38,12 @@ void LegacyLog::CommonLogEntry(std::string_view message, LogLevel severity) cons
         GetLocalTime(&now);
         // The leading blank is on purpose: programs that read these files depend on it.
         std::string line = " [" + FormatTime(now, ':') + "] [";
-        line.append(prefix_).append("] - ").append(message).append("\r\n");
+        const std::string text = windows::ToNarrow(LogText(windows::ToWide(message)));
+        line.append(prefix_).append("] - ").append(text).append("\r\n");
         AppendToFile(file, std::as_bytes(std::span(line)));
     } catch (const std::exception&) {
-        // If memory runs out, the line is lost, as when the file cannot be written.
+        // If memory runs out or the text cannot be converted, the line is lost, as when the file
+        // cannot be written.
     }
 }
 

@@ -10,6 +10,7 @@ namespace qv {
 
 /// The log file that providers of several libraries share, by default qvwbems.log. Its lines are
 /// narrow text in the system's ANSI code page and contain the prefix with which the log was opened.
+/// Messages are written as LogText (log/LogLine.h) returns them.
 ///
 /// Settings are read once, from HKLM\Software\Corvane\WBEM\ServerLOGGING: LOGFILENAME (text), LEVEL
 /// and TYPE (numbers). A setting that is missing or of the wrong type keeps its default.

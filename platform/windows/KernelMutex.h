@@ -1,23 +1,35 @@
 #pragma once
 
+#include <atomic>
+
+#include "platform/LogPort.h"
 #include "platform/NamedLock.h"
 #include "platform/windows/Handle.h"
 
 namespace qv::windows {
 
 /// A lock that is a named system mutex. A mutex whose owner thread was terminated counts as
-/// acquired, and so does one for which the system has no resources.
+/// acquired.
+///
+/// A private mutex takes its place if the process is denied access to the named one, and from the
+/// first wait for it that fails, which is logged. If the system has no resources for the private
+/// one, each wait counts as successful.
 class KernelMutex : public platform::NamedLock {
 public:
-    /// Creates the mutex, or opens the one of that name, without owning it. If this process is
-    /// denied access to it, uses a private mutex instead.
-    explicit KernelMutex(const wchar_t* name);
+    /// Creates the mutex, or opens the one of that name, without owning it. Does not log; `log`
+    /// must outlive the object.
+    KernelMutex(const wchar_t* name, platform::LogPort& log);
 
     bool TryAcquireFor(std::chrono::milliseconds limit) override;
     void Release() override;
 
 private:
-    KernelHandle mutex_;
+    void LogFailure(DWORD error) const noexcept;
+
+    KernelHandle named_;
+    KernelHandle own_;
+    std::atomic<HANDLE> used_;  ///< one of the two
+    platform::LogPort& log_;
 };
 
 }  // namespace qv::windows

@@ -20,10 +20,13 @@ bool IsSameValue(const std::string& left, const std::string& right) {
     return rightPath && NamesSameObject(*leftPath, *rightPath);
 }
 
-bool HasKey(const std::vector<PathKey>& keys, const PathKey& wanted) {
-    return std::ranges::any_of(keys, [&wanted](const PathKey& key) {
-        return EqualsIgnoringCase(key.name, wanted.name) && IsSameValue(key.value, wanted.value);
-    });
+bool IsSameKey(const PathKey& left, const PathKey& right) {
+    return EqualsIgnoringCase(left.name, right.name) && IsSameValue(left.value, right.value);
+}
+
+std::vector<PathKey> Sorted(std::vector<PathKey> keys) {
+    std::ranges::stable_sort(keys, {}, [](const PathKey& key) { return FoldCase(key.name); });
+    return keys;
 }
 
 }  // namespace
@@ -40,12 +43,8 @@ std::string FormatObjectPath(const ObjectPath& path, PathForm form, KeyOrder ord
     if (path.singleton) {
         return text + "=@";
     }
-    std::vector<PathKey> keys = path.keys;
-    if (order == KeyOrder::alphabetical) {
-        std::ranges::stable_sort(keys, {}, [](const PathKey& key) { return FoldCase(key.name); });
-    }
     char separator = '.';
-    for (const PathKey& key : keys) {
+    for (const PathKey& key : order == KeyOrder::alphabetical ? Sorted(path.keys) : path.keys) {
         if (!key.name.empty()) {
             text.append(1, separator).append(key.name);
         }
@@ -67,36 +66,45 @@ std::string EscapePathValue(std::string_view value) {
     return escaped;
 }
 
-bool NamesSameObject(const ObjectPath& left, const ObjectPath& right) {
-    if (!EqualsIgnoringCase(left.className, right.className) || left.singleton != right.singleton ||
-        left.keys.size() != right.keys.size()) {
+bool HaveSameKeys(const std::vector<PathKey>& left, const std::vector<PathKey>& right) {
+    if (left.size() != right.size()) {
         return false;
     }
-    if (!left.nameSpace.empty() && !right.nameSpace.empty() &&
-        !IsSameNamespace(left.nameSpace, right.nameSpace)) {
-        return false;
+    if (left.size() == 1) {
+        return left[0].name.empty() || right[0].name.empty()
+                   ? IsSameValue(left[0].value, right[0].value)
+                   : IsSameKey(left[0], right[0]);
     }
-    if (left.keys.size() == 1 && (left.keys[0].name.empty() || right.keys[0].name.empty())) {
-        return IsSameValue(left.keys[0].value, right.keys[0].value);
-    }
-    return std::ranges::all_of(left.keys,
-                               [&right](const PathKey& key) { return HasKey(right.keys, key); });
+    return std::ranges::equal(left, right, IsSameKey) ||
+           std::ranges::equal(Sorted(left), Sorted(right), IsSameKey);
 }
 
-std::string IdentityOf(const ObjectPath& path) {
-    std::vector<std::string> keys;
-    for (const PathKey& key : path.keys) {
+bool NamesSameObject(const ObjectPath& left, const ObjectPath& right) {
+    return EqualsIgnoringCase(left.className, right.className) &&
+           left.singleton == right.singleton &&
+           (left.nameSpace.empty() || right.nameSpace.empty() ||
+            IsSameNamespace(left.nameSpace, right.nameSpace)) &&
+           HaveSameKeys(left.keys, right.keys);
+}
+
+std::string IdentityOf(const std::vector<PathKey>& keys) {
+    std::vector<std::string> texts;
+    for (const PathKey& key : keys) {
         const auto reference = ParseObjectPath(key.value);
-        keys.push_back(
+        texts.push_back(
             FoldCase(key.name) + '=' +
             (reference && !reference->keys.empty() ? IdentityOf(*reference) : FoldCase(key.value)));
     }
-    std::ranges::sort(keys);
-    std::string identity = FoldCase(path.className);
-    for (const std::string& key : keys) {
-        identity.append("\n").append(key);
+    std::ranges::sort(texts);
+    std::string identity;
+    for (const std::string& text : texts) {
+        identity.append("\n").append(text);
     }
     return identity;
+}
+
+std::string IdentityOf(const ObjectPath& path) {
+    return FoldCase(path.className) + IdentityOf(path.keys);
 }
 
 std::string NormalNamespace(std::string_view nameSpace) {

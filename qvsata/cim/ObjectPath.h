@@ -55,10 +55,16 @@ std::string EscapePathValue(std::string_view value);
 /// as paths.
 bool NamesSameObject(const ObjectPath& left, const ObjectPath& right);
 
+/// Returns whether the keys of two paths are the same, by the rules of NamesSameObject.
+bool HaveSameKeys(const std::vector<PathKey>& left, const std::vector<PathKey>& right);
+
 /// Returns a text that is equal for all paths of one object whose keys are named: it ignores key
 /// order, letter case, server and namespace. Paths of different objects may have the same text;
 /// NamesSameObject decides.
 std::string IdentityOf(const ObjectPath& path);
+
+/// Returns the same for the keys of objects of one class.
+std::string IdentityOf(const std::vector<PathKey>& keys);
 
 /// Returns a namespace with backslashes, without a server or a leading backslash; letter case is
 /// kept.

@@ -1,6 +1,7 @@
 #include "qvsata/cim/ObjectPathParser.h"
 
 #include <algorithm>
+#include <set>
 #include <utility>
 
 #include "source/Text.h"
@@ -121,13 +122,11 @@ private:
     }
 
     void ParseKeys() {
+        std::set<std::string> given;
         do {
             std::string name = ParseName("a key name");
             Expect(TakeIf('='), "expected = after the key name");
-            const auto isGiven = [&name](const PathKey& key) {
-                return EqualsIgnoringCase(key.name, name);
-            };
-            Expect(std::ranges::none_of(path_.keys, isGiven), "a key is given twice");
+            Expect(given.insert(FoldCase(name)).second, "a key is given twice");
             path_.keys.push_back(ParseValue(std::move(name)));
         } while (TakeIf(','));
         Expect(AtEnd(), "expected , or the end after the value");

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
+#include <cstdint>
 #include <cstdio>
 
 namespace qv::service {
@@ -34,6 +36,7 @@ constexpr std::array meanings{
     Meaning{status::transportFailure, "WBEM_E_TRANSPORT_FAILURE", "the connection failed"},
     Meaning{status::shuttingDown, "WBEM_E_SHUTTING_DOWN", "the service is shutting down"},
     Meaning{status::timedOut, "WBEM_E_TIMED_OUT", "no answer in time"},
+    Meaning{status::quotaViolation, "WBEM_E_QUOTA_VIOLATION", "quota exceeded"},
     Meaning{Status::unspecifiedFailure, "E_FAIL", "unspecified failure"},
     // COM's own, winerror.h.
     Meaning{Status{0x80070005}, "E_ACCESSDENIED", "access denied"},
@@ -46,6 +49,19 @@ std::string Number(Status code) {
     std::array<char, 16> number{};
     std::snprintf(number.data(), number.size(), "0x%08lX", static_cast<unsigned long>(code));
     return number.data();
+}
+
+std::optional<Status> FailureOfNumber(std::string_view text) {
+    constexpr std::string_view prefix = "0x";
+    constexpr std::size_t length = 10;
+    std::uint32_t number = 0;
+    const char* const end = text.data() + text.size();
+    if (text.size() != length || !text.starts_with(prefix) ||
+        std::from_chars(text.data() + prefix.size(), end, number, 16).ptr != end ||
+        Succeeded(Status{number})) {
+        return std::nullopt;
+    }
+    return Status{number};
 }
 
 const Meaning* MeaningOf(Status code) {
@@ -67,6 +83,11 @@ std::string StatusName(Status code) {
                               : std::string(meaning->symbol) + " (" + Number(code) + ")";
 }
 
+std::string StatusSymbol(Status code) {
+    const Meaning* const meaning = MeaningOf(code);
+    return meaning == nullptr ? Number(code) : std::string(meaning->symbol);
+}
+
 std::string_view StatusMeaning(Status code) {
     const Meaning* const meaning = MeaningOf(code);
     return meaning == nullptr ? std::string_view() : meaning->text;
@@ -74,7 +95,7 @@ std::string_view StatusMeaning(Status code) {
 
 std::optional<Status> StatusOfName(std::string_view symbol) {
     const auto* const found = std::ranges::find(meanings, symbol, &Meaning::symbol);
-    return found == meanings.end() ? std::nullopt : std::optional(found->code);
+    return found == meanings.end() ? FailureOfNumber(symbol) : std::optional(found->code);
 }
 
 }  // namespace qv::service

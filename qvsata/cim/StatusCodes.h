@@ -28,6 +28,7 @@ inline constexpr Status shuttingDown{0x80041033};
 inline constexpr Status invalidObjectPath{0x8004103A};
 inline constexpr Status bufferTooSmall{0x8004103C};
 inline constexpr Status timedOut{0x80041069};
+inline constexpr Status quotaViolation{0x8004106C};
 }  // namespace status
 
 /// Returns the meaning of a status and its number, "access denied (0x80041003)", or only the number
@@ -38,10 +39,15 @@ std::string StatusText(Status code);
 /// only the number if the code has no name here.
 std::string StatusName(Status code);
 
+/// Returns the symbolic name of a status, or its number if the code has no name here:
+/// "WBEM_E_ACCESS_DENIED", "0x80070002".
+std::string StatusSymbol(Status code);
+
 /// Returns the meaning of a status, "access denied"; empty if the code has no text here.
 std::string_view StatusMeaning(Status code);
 
-/// Returns the status with a symbolic name ("WBEM_E_ACCESS_DENIED"); nothing for an unknown name.
+/// Returns the failure with a symbolic name ("WBEM_E_ACCESS_DENIED") or a number of eight digits
+/// ("0x80041003"); nothing for any other text.
 std::optional<Status> StatusOfName(std::string_view symbol);
 
 }  // namespace qv::service

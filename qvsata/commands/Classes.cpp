@@ -4,12 +4,12 @@
 
 #include "catalogue/Classes.h"
 #include "qvsata/commands/Commands.h"
-#include "qvsata/commands/Options.h"
-#include "qvsata/commands/Session.h"
-#include "qvsata/commands/SourceReport.h"
 #include "qvsata/output/Output.h"
 #include "qvsata/output/OutputJson.h"
 #include "qvsata/output/OutputMof.h"
+#include "qvsata/session/Options.h"
+#include "qvsata/session/Session.h"
+#include "qvsata/session/SourceReport.h"
 #include "qvsata/system/Console.h"
 #include "qvsata/view/text/TextTable.h"
 

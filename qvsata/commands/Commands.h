@@ -9,6 +9,7 @@ namespace qv::tool {
 // Each function adds one command to the program. The command runs when the command line names it,
 // and throws what Session.h throws.
 void AddAssociators(CLI::App& program);
+void AddCapture(CLI::App& program);
 void AddClasses(CLI::App& program);
 void AddDiff(CLI::App& program);
 void AddDisks(CLI::App& program);
@@ -22,8 +23,8 @@ void AddTopology(CLI::App& program);
 void AddWatch(CLI::App& program);
 
 /// All of them, in the order in which --help lists them.
-inline constexpr std::array commands{AddDisks,      AddExplain, AddTopology, AddClasses,
-                                     AddEnumerate,  AddGet,     AddQuery,    AddAssociators,
-                                     AddReferences, AddSources, AddDiff,     AddWatch};
+inline constexpr std::array commands{
+    AddDisks,       AddExplain,    AddTopology, AddClasses, AddEnumerate, AddGet,  AddQuery,
+    AddAssociators, AddReferences, AddSources,  AddCapture, AddDiff,      AddWatch};
 
 }  // namespace qv::tool

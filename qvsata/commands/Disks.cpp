@@ -3,12 +3,10 @@
 #include <memory>
 
 #include "qvsata/commands/Commands.h"
-#include "qvsata/commands/Options.h"
-#include "qvsata/commands/OsDisks.h"
-#include "qvsata/commands/Session.h"
-#include "qvsata/commands/SourceReport.h"
-#include "qvsata/output/Output.h"
-#include "qvsata/output/OutputJson.h"
+#include "qvsata/session/MachineAnswer.h"
+#include "qvsata/session/Options.h"
+#include "qvsata/session/OsDisks.h"
+#include "qvsata/session/SourceReport.h"
 #include "qvsata/system/Console.h"
 #include "qvsata/view/DiskTable.h"
 #include "qvsata/view/KeyWarnings.h"
@@ -20,18 +18,18 @@ namespace {
 
 enum class DisksFormat { text, json };
 
-nlohmann::ordered_json AsJson(const std::vector<view::OsDisk>& disks) {
+nlohmann::ordered_json AsJson(const view::OsDisks& all) {
     nlohmann::ordered_json array = nlohmann::ordered_json::array();
-    std::ranges::transform(disks, std::back_inserter(array), view::OsDiskAsJson);
-    return {{"disks", array}};
+    std::ranges::transform(all.disks, std::back_inserter(array), view::OsDiskAsJson);
+    return {{"disks", array}, {"failingOthers", all.failingOthers}};
 }
 
-void PrintTable(const service::ProviderHost& host, const std::vector<view::OsDisk>& disks) {
+view::StyledText AsText(const service::ProviderHost& host, const std::vector<view::OsDisk>& disks) {
     if (!disks.empty()) {
-        return PrintFitted(view::DisksAsText(disks, ColumnsOf(Stream::output)));
+        return view::DisksAsText(disks, ColumnsOf(Stream::output));
     }
     const bool unread = IsUnread(host.Journal().Queries(), cimNamespace, "Win32_DiskDrive");
-    Print(unread ? "disks not readable\n" : "no disks\n");
+    return {{unread ? "disks not readable\n" : "no disks\n"}};
 }
 
 }  // namespace
@@ -44,19 +42,23 @@ void AddDisks(CLI::App& program) {
     const auto arguments = std::make_shared<Arguments>();
     CLI::App* command = program.add_subcommand(
         "disks", "all disks of the operating system, published or not, and why not");
-    AddSourceOptions(*command, arguments->options);
+    AddFleetOptions(*command, arguments->options);
     AddFormatOption<DisksFormat>(
         *command, {{"text", DisksFormat::text}, {"json", DisksFormat::json}}, arguments->format);
-    command->footer("Example: qvsata disks --host hosts/mixed-buses-failing.json");
-    OnProvider(*command, arguments, [](const service::ProviderHost& host, const Arguments& given) {
-        const std::vector<view::OsDisk> disks = ReadOsDisks(host);
-        WriteErrorFitted(view::KeyWarnings(disks));
-        if (given.format == DisksFormat::json) {
-            PrintDocument(host, AsJson(disks));
-        } else {
-            PrintTable(host, disks);
-        }
-    });
+    command->footer(
+        "Examples: qvsata disks --host hosts/mixed-buses-failing.json\n"
+        "          qvsata disks --host hosts --host hosts/drill/0-healthy.json --format json");
+    OnRecordings(
+        *command, arguments,
+        [](const service::ProviderHost& host, const Arguments& given, const MachineAnswer& answer) {
+            const view::OsDisks all = ReadOsDisks(host);
+            answer.Warn(view::KeyWarnings(all.disks) + view::PredictionWarnings(all));
+            if (given.format == DisksFormat::json) {
+                answer.PrintJson(AsJson(all));
+            } else {
+                answer.PrintText(AsText(host, all.disks));
+            }
+        });
 }
 
 }  // namespace qv::tool

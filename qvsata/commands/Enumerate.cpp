@@ -1,8 +1,8 @@
 #include <memory>
 
 #include "qvsata/commands/Commands.h"
-#include "qvsata/commands/Options.h"
-#include "qvsata/commands/Session.h"
+#include "qvsata/session/Options.h"
+#include "qvsata/session/Session.h"
 
 namespace qv::tool {
 

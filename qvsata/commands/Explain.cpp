@@ -2,18 +2,18 @@
 
 #include <algorithm>
 #include <memory>
+#include <optional>
 #include <utility>
 
 #include "qvsata/commands/Commands.h"
-#include "qvsata/commands/Options.h"
-#include "qvsata/commands/OsDisks.h"
-#include "qvsata/commands/PublishedInstances.h"
-#include "qvsata/commands/Session.h"
-#include "qvsata/commands/SourceReport.h"
 #include "qvsata/explain/ExplanationText.h"
-#include "qvsata/output/Output.h"
-#include "qvsata/output/OutputJson.h"
 #include "qvsata/service/MachineQueries.h"
+#include "qvsata/session/MachineAnswer.h"
+#include "qvsata/session/Options.h"
+#include "qvsata/session/OsDisks.h"
+#include "qvsata/session/PublishedInstances.h"
+#include "qvsata/session/Session.h"
+#include "qvsata/session/SourceReport.h"
 #include "qvsata/view/KeyWarnings.h"
 #include "qvsata/view/text/Characters.h"
 #include "qvsata/view/text/Columns.h"
@@ -70,27 +70,32 @@ bool Fits(const view::OsDisk& disk, const std::string& part) {
            has(EncodeDeviceId(disk.deviceId));
 }
 
-/// Returns the disk that a text names: by its whole drive number, otherwise by part of its serial
-/// number, model or ID. Throws CommandError unless exactly one fits.
-const view::OsDisk& FindDisk(const std::vector<view::OsDisk>& disks, const std::string& text) {
+/// Returns the disks that a text names: the one with that drive number, otherwise those of which it
+/// is part of the serial number, model or ID.
+std::vector<const view::OsDisk*> FittingDisks(const std::vector<view::OsDisk>& disks,
+                                              const std::string& text) {
     std::vector<const view::OsDisk*> fitting;
     for (const view::OsDisk& disk : disks) {
         if (disk.number && std::to_string(*disk.number) == text) {
-            return disk;
+            return {&disk};
         }
         if (Fits(disk, text)) {
             fitting.push_back(&disk);
         }
     }
-    if (fitting.size() == 1) {
-        return *fitting.front();
-    }
-    std::string lines;
+    return fitting;
+}
+
+/// Lists on standard error the disks among which the user has to choose. Throws CommandError.
+[[noreturn]] void RefuseChoice(const std::vector<view::OsDisk>& disks,
+                               const std::vector<const view::OsDisk*>& fitting,
+                               const std::string& text, const MachineAnswer& answer) {
+    std::string lines = fitting.empty() ? "the disks:\n" : "disks that would fit:\n";
     for (const view::OsDisk& disk : disks) {
         const bool isListed = fitting.empty() || std::ranges::count(fitting, &disk) != 0;
         lines += isListed ? DiskLine(disk) : "";
     }
-    WriteErrorFitted((fitting.empty() ? "the disks:\n" : "disks that would fit:\n") + lines);
+    answer.Warn(lines);
     throw CommandError("'" + text + "' fits " + (fitting.empty() ? "no disk" : "several disks"));
 }
 
@@ -133,8 +138,15 @@ std::vector<std::string> KeyLines(const explain::SourceRows& rows,
     return lines;
 }
 
-explain::Explanation ExplainHost(const service::ProviderHost& host, const std::string& disk) {
-    const std::vector<view::OsDisk> disks = ReadOsDisks(host);
+/// Returns nothing if `disk` names none of the disks of one of many machines.
+std::optional<explain::Explanation> ExplainHost(const service::ProviderHost& host,
+                                                const std::string& disk,
+                                                const MachineAnswer& answer) {
+    const std::vector<view::OsDisk> disks = ReadOsDisks(host).disks;
+    const auto fitting = FittingDisks(disks, disk);
+    if (!disk.empty() && fitting.empty() && answer.IsOneOfMany()) {
+        return std::nullopt;
+    }
     explain::SourceRows rows = explain::ReadSourceRows(service::MachineQueries(host.Machine()));
     const view::PublishedHost published =
         ReadExplained(host.Published(), explain::FailsMediaSearch(rows));
@@ -143,7 +155,10 @@ explain::Explanation ExplainHost(const service::ProviderHost& host, const std::s
                                      {rows.unread.begin(), rows.unread.end()},
                                      KeyLines(rows, disks)};
     if (!disk.empty()) {
-        const std::size_t place = PlaceOf(rows.disks, FindDisk(disks, disk));
+        if (fitting.size() != 1) {
+            RefuseChoice(disks, fitting, disk, answer);
+        }
+        const std::size_t place = PlaceOf(rows.disks, *fitting.front());
         std::erase_if(explanation.verdicts, [place](const explain::Verdict& verdict) {
             return std::ranges::count(verdict.disks, place) == 0;
         });
@@ -164,20 +179,27 @@ void AddExplain(CLI::App& program) {
         "explain", "for each row of the operating system, whether it is published, and why not");
     command->add_option("DISK", arguments->disk,
                         "a disk: its drive number, or part of its serial number, model or ID "
-                        "(default: everything)");
-    AddSourceOptions(*command, arguments->options);
+                        "(default: everything); of several machines, those that have one");
+    AddFleetOptions(*command, arguments->options);
     AddFormatOption<ExplainFormat>(*command,
                                    {{"text", ExplainFormat::text}, {"json", ExplainFormat::json}},
                                    arguments->format);
-    command->footer("Example: qvsata explain 1 --host hosts/mixed-buses-failing.json");
-    OnProvider(*command, arguments, [](const service::ProviderHost& host, const Arguments& given) {
-        const explain::Explanation explanation = ExplainHost(host, given.disk);
-        if (given.format == ExplainFormat::json) {
-            PrintDocument(host, explain::ExplanationAsJson(explanation));
-        } else {
-            PrintFitted(explain::ExplanationAsText(explanation));
-        }
-    });
+    command->footer(
+        "Examples: qvsata explain 1 --host hosts/mixed-buses-failing.json\n"
+        "          qvsata explain --host hosts --format json");
+    OnRecordings(
+        *command, arguments,
+        [](const service::ProviderHost& host, const Arguments& given, const MachineAnswer& answer) {
+            const auto explanation = ExplainHost(host, given.disk, answer);
+            if (!explanation) {
+                return;
+            }
+            if (given.format == ExplainFormat::json) {
+                answer.PrintJson(explain::ExplanationAsJson(*explanation));
+            } else {
+                answer.PrintText(explain::ExplanationAsText(*explanation));
+            }
+        });
 }
 
 }  // namespace qv::tool

@@ -1,9 +1,9 @@
 #include <memory>
 
 #include "qvsata/commands/Commands.h"
-#include "qvsata/commands/ObjectArgument.h"
-#include "qvsata/commands/Options.h"
-#include "qvsata/commands/Session.h"
+#include "qvsata/session/ObjectArgument.h"
+#include "qvsata/session/Options.h"
+#include "qvsata/session/Session.h"
 
 namespace qv::tool {
 
@@ -22,10 +22,7 @@ void AddGet(CLI::App& program) {
         "         qvsata get \"QV_WinComputerSystem.CreationClassName='QV_WinComputerSystem',"
         "Name='study-desk.example.org'\" --host hosts/ahci-desktop.json");
     OnProvider(*command, arguments, [](const service::ProviderHost& host, const Arguments& given) {
-        const service::Namespace& nameSpace = host.Published();
-        const std::string path = PathOf(host, given.object);
-        PrintAnswer(host, WithFittingPaths(nameSpace, path, nameSpace.GetInAnyOrder(path)),
-                    given.options.format);
+        PrintAnswer(host, NamedObject(host, given.object), given.options.format);
     });
 }
 

@@ -8,19 +8,17 @@
 #include <vector>
 
 #include "qvsata/commands/Commands.h"
-#include "qvsata/commands/ExitCodes.h"
-#include "qvsata/commands/Session.h"
 #include "qvsata/commands/UsageMessage.h"
-#include "qvsata/output/Output.h"
+#include "qvsata/session/ExitCodes.h"
+#include "qvsata/session/MachineRun.h"
 #include "qvsata/system/Console.h"
 #include "qvsata/system/Process.h"
-#include "qvsata/view/text/Characters.h"
 
 namespace qv::tool {
 namespace {
 
 int Report(const std::string& message, int exitCode) {
-    WriteErrorFitted("qvsata: " + view::Printable(message) + '\n');
+    WriteErrorLine(message);
     return exitCode;
 }
 
@@ -54,10 +52,8 @@ int RunCommand(std::vector<std::string> arguments) {
     int exitCode = 0;
     try {
         exitCode = Run(std::move(arguments));
-    } catch (const IncompleteAnswer&) {
-        exitCode = incomplete;
-    } catch (const DifferentAnswer&) {
-        exitCode = different;
+    } catch (const CommandEnd& end) {
+        exitCode = end.ExitCode();
     } catch (const std::exception& error) {
         return Report(error.what(), failed);
     }

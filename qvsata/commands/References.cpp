@@ -1,9 +1,9 @@
 #include <memory>
 
 #include "qvsata/commands/Commands.h"
-#include "qvsata/commands/ObjectArgument.h"
-#include "qvsata/commands/Options.h"
-#include "qvsata/commands/Session.h"
+#include "qvsata/session/ObjectArgument.h"
+#include "qvsata/session/Options.h"
+#include "qvsata/session/Session.h"
 
 namespace qv::tool {
 

@@ -5,11 +5,11 @@
 #include <utility>
 
 #include "catalogue/Classes.h"
-#include "qvsata/commands/OsDisks.h"
-#include "qvsata/commands/Session.h"
-#include "qvsata/commands/SourceReport.h"
 #include "qvsata/output/OutputJson.h"
 #include "qvsata/service/MachineQueries.h"
+#include "qvsata/session/OsDisks.h"
+#include "qvsata/session/Session.h"
+#include "qvsata/session/SourceReport.h"
 #include "source/Namespaces.h"
 
 namespace qv::tool {
@@ -33,7 +33,7 @@ constexpr std::array memberSources{
 
 void ReadDisks(const service::ProviderHost& host, view::Snapshot& snapshot) {
     const std::size_t begin = host.Journal().Size();
-    snapshot.disks = ReadOsDisks(host);
+    snapshot.disks = ReadOsDisks(host).disks;
     const std::vector<service::SourceQuery> queries = host.Journal().Queries(begin);
     snapshot.disksAreRead = !IsUnread(queries, cimNamespace, "Win32_DiskDrive");
     for (const MemberSource& source : memberSources) {

@@ -7,11 +7,10 @@
 #include "catalogue/Classes.h"
 #include "qvsata/cim/StatusCodes.h"
 #include "qvsata/commands/Commands.h"
-#include "qvsata/commands/Options.h"
-#include "qvsata/commands/Session.h"
-#include "qvsata/commands/SourceReport.h"
-#include "qvsata/output/Output.h"
-#include "qvsata/output/OutputJson.h"
+#include "qvsata/session/MachineAnswer.h"
+#include "qvsata/session/Options.h"
+#include "qvsata/session/Session.h"
+#include "qvsata/session/SourceReport.h"
 #include "qvsata/system/Console.h"
 #include "qvsata/view/text/TextTable.h"
 #include "source/Namespaces.h"
@@ -149,19 +148,23 @@ void AddSources(CLI::App& program) {
     const auto arguments = std::make_shared<Arguments>();
     CLI::App* command = program.add_subcommand(
         "sources", "what the provider reads of the machine, and what is lost when it cannot");
-    AddSourceOptions(*command, arguments->options);
+    AddFleetOptions(*command, arguments->options);
     AddFormatOption<SourcesFormat>(*command,
                                    {{"text", SourcesFormat::text}, {"json", SourcesFormat::json}},
                                    arguments->format);
-    command->footer("Example: qvsata sources --host hosts/ahci-desktop.json");
-    OnProvider(*command, arguments, [](const service::ProviderHost& host, const Arguments& given) {
-        const std::vector<SourceUse> uses = ReadSources(host);
-        if (given.format == SourcesFormat::json) {
-            PrintDocument(host, AsJson(uses));
-        } else {
-            PrintFitted(AsText(uses));
-        }
-    });
+    command->footer(
+        "Examples: qvsata sources --host hosts/ahci-desktop.json\n"
+        "          qvsata sources --host hosts/drill");
+    OnRecordings(
+        *command, arguments,
+        [](const service::ProviderHost& host, const Arguments& given, const MachineAnswer& answer) {
+            const std::vector<SourceUse> uses = ReadSources(host);
+            if (given.format == SourcesFormat::json) {
+                answer.PrintJson(AsJson(uses));
+            } else {
+                answer.PrintText(AsText(uses));
+            }
+        });
 }
 
 }  // namespace qv::tool

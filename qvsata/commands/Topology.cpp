@@ -3,13 +3,13 @@
 
 #include "catalogue/Classes.h"
 #include "qvsata/commands/Commands.h"
-#include "qvsata/commands/Options.h"
-#include "qvsata/commands/OsDisks.h"
-#include "qvsata/commands/PublishedInstances.h"
-#include "qvsata/commands/Session.h"
-#include "qvsata/commands/SourceReport.h"
 #include "qvsata/output/Output.h"
 #include "qvsata/output/OutputJson.h"
+#include "qvsata/session/Options.h"
+#include "qvsata/session/OsDisks.h"
+#include "qvsata/session/PublishedInstances.h"
+#include "qvsata/session/Session.h"
+#include "qvsata/session/SourceReport.h"
 #include "qvsata/system/Console.h"
 #include "qvsata/view/AssociationGraph.h"
 #include "qvsata/view/KeyWarnings.h"
@@ -25,8 +25,8 @@ namespace {
 enum class View { tree, json, graph };
 
 view::Topology ReadTopology(const service::ProviderHost& host) {
-    const std::vector<view::OsDisk> disks = ReadOsDisks(host);
-    WriteErrorFitted(view::KeyWarnings(disks));
+    const view::OsDisks disks = ReadOsDisks(host);
+    WriteErrorFitted(view::KeyWarnings(disks.disks) + view::PredictionWarnings(disks));
     view::Topology topology =
         view::BuildTopology(ReadInstances(host.Published(), view::topologyClasses), disks);
     const std::vector<service::SourceQuery> queries = host.Journal().Queries();

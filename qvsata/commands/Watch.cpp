@@ -2,9 +2,9 @@
 #include <memory>
 
 #include "qvsata/commands/Commands.h"
-#include "qvsata/commands/Options.h"
-#include "qvsata/commands/Session.h"
 #include "qvsata/commands/WatchRun.h"
+#include "qvsata/session/Options.h"
+#include "qvsata/session/Session.h"
 
 namespace qv::tool {
 void AddWatch(CLI::App& program) {

@@ -4,13 +4,13 @@
 #include <cstdio>
 
 #include "qvsata/cim/StatusCodes.h"
-#include "qvsata/commands/OsDisks.h"
-#include "qvsata/commands/PublishedInstances.h"
-#include "qvsata/commands/Session.h"
-#include "qvsata/commands/SourceReport.h"
 #include "qvsata/output/Output.h"
 #include "qvsata/output/OutputJson.h"
 #include "qvsata/output/WaitingLine.h"
+#include "qvsata/session/OsDisks.h"
+#include "qvsata/session/PublishedInstances.h"
+#include "qvsata/session/Session.h"
+#include "qvsata/session/SourceReport.h"
 #include "qvsata/system/Console.h"
 #include "qvsata/system/StopRequest.h"
 #include "qvsata/view/KeyWarnings.h"
@@ -31,10 +31,11 @@ public:
     EventPrinter(const service::ProviderHost& host, std::optional<std::size_t> most,
                  EventFormat format)
         : host_(host), left_(most), format_(format) {
-        const std::vector<view::OsDisk> disks = ReadOsDisks(host);
+        const view::OsDisks all = ReadOsDisks(host);
+        const std::vector<view::OsDisk>& disks = all.disks;
         const bool unread = IsUnread(host.Journal().Queries(), cimNamespace, "Win32_DiskDrive");
         WriteErrorFitted(unread ? "disks not readable\n" : view::WatchedText(disks));
-        WriteErrorFitted(view::KeyWarnings(disks));
+        WriteErrorFitted(view::KeyWarnings(disks) + view::PredictionWarnings(all));
         disks_ = view::KnownDisksOf(disks);
     }
 
@@ -44,7 +45,7 @@ public:
         if (indications.empty()) {
             return;
         }
-        view::KnownDisks now = view::KnownDisksOf(ReadOsDisks(host_));
+        view::KnownDisks now = view::KnownDisksOf(ReadOsDisks(host_).disks);
         for (const auto& indication : indications) {
             if (IsDone()) {
                 break;

@@ -71,7 +71,8 @@ std::optional<Finding> MissingSoftware(const Facts& facts, const std::string& de
                 Rule::hasForeignDriver, {driver.name, FamilyDrivers()}, softwareOfController};
         }
     }
-    if (const auto unread = facts.FirstUnread({source::devices, source::drivers});
+    if (const auto unread = facts.FirstUnread(
+            {source::devices, source::entities, source::drivers, source::servingDrivers});
         unread && !missing) {
         return Finding{Rule::unreadDriver, {std::string(*unread)}, softwareOfController};
     }

@@ -27,14 +27,19 @@ bool BelongsToDisks(const Facts& facts, Verdict& verdict, Belongs belongs, Rule 
 Verdict MediaVerdict(const Facts& facts, const std::shared_ptr<const platform::Row>& media) {
     const std::string tag = TextOrEmpty(*media, "Tag");
     Verdict verdict{source::media, tag, tag};
-    const auto takes = [&](const platform::Rows& all) {
-        return [&](std::size_t disk) {
-            const platform::Row& row = *facts.rows.disks[disk];
-            return IsComparableWithMedia(row) && FindMediaOfDisk(row, all) == media.get();
-        };
-    };
+    const auto takes = [&](std::size_t disk) { return facts.mediaOfDisk[disk] == media.get(); };
     const platform::Rows alone{media};
-    if (verdict.disks = DisksWith(facts, true, takes(facts.rows.media)); !verdict.disks.empty()) {
+    const auto takesAlone = [&](std::size_t disk) {
+        // A disk that cannot be compared, or has no media row, takes none.
+        return facts.mediaOfDisk[disk] != nullptr &&
+               FindMediaOfDisk(*facts.rows.disks[disk], alone) != nullptr;
+    };
+    if (verdict.disks = DisksWith(facts, true, takes); !verdict.disks.empty()) {
+        if (auto failure = MediaSearchFailure(facts)) {
+            verdict.outcome = Outcome::unpublished;
+            verdict.reason = *std::move(failure);
+            return verdict;
+        }
         const std::string serialNumber = TextOrEmpty(*media, "SerialNumber");
         verdict.outcome = Outcome::used;
         verdict.reason =
@@ -43,12 +48,12 @@ Verdict MediaVerdict(const Facts& facts, const std::shared_ptr<const platform::R
                 : Finding{Rule::hasSerialNumber, {NamesOf(facts, verdict.disks), serialNumber}};
         return verdict;
     }
-    if (verdict.disks = DisksWith(facts, true, takes(alone)); !verdict.disks.empty()) {
+    if (verdict.disks = DisksWith(facts, true, takesAlone); !verdict.disks.empty()) {
         verdict.outcome = Outcome::unpublished;
         verdict.reason = Finding{Rule::isLaterMedia, {NamesOf(facts, verdict.disks)}};
         return verdict;
     }
-    if (verdict.disks = DisksWith(facts, false, takes(alone)); !verdict.disks.empty()) {
+    if (verdict.disks = DisksWith(facts, false, takesAlone); !verdict.disks.empty()) {
         verdict.outcome = Outcome::unpublished;
         verdict.reason = Finding{Rule::isMediaOfUnpublished, {NamesOf(facts, verdict.disks)}};
         return verdict;
@@ -103,9 +108,17 @@ Verdict PartitionLinkVerdict(const Facts& facts, const std::shared_ptr<const pla
     const auto joined = [&](std::size_t place) {
         return !alone.PartitionsOfDisk(TextOrEmpty(*facts.rows.disks[place], "DeviceID")).empty();
     };
+    const auto shown = [&](std::size_t place) {
+        const std::string id = TextOrEmpty(*facts.rows.disks[place], "DeviceID");
+        return joined(place) &&
+               facts.partitions.PartitionsOfDisk(id).back() == alone.PartitionsOfDisk(id).back();
+    };
     if (!BelongsToDisks(facts, verdict, joined, Rule::joinsPartition, Rule::linksUnpublished)) {
         LeaveOut(facts, verdict, {source::disks, source::partitions},
                  {Rule::linksNothing, {KeyIn(disk), KeyIn(partition)}});
+    } else if (verdict.outcome == Outcome::used && DisksWith(facts, true, shown).empty()) {
+        verdict.outcome = Outcome::unpublished;
+        verdict.reason = Finding{Rule::joinsEarlierPartition, {NamesOf(facts, verdict.disks)}};
     }
     return verdict;
 }
@@ -114,8 +127,11 @@ Verdict PredictionVerdict(const Facts& facts, const platform::Row& prediction) {
     const std::string name = TextOrEmpty(prediction, "InstanceName");
     Verdict verdict{source::predictions, name, name};
     const auto predicts = [&](std::size_t disk) { return facts.Predicts(prediction, disk); };
-    if (!BelongsToDisks(facts, verdict, predicts, Rule::predicts, Rule::predictsUnpublished)) {
-        LeaveOut(facts, verdict, {source::disks}, {Rule::predictsNone, {name}});
+    const bool fails = PredictsFailure(prediction);
+    if (!BelongsToDisks(facts, verdict, predicts, fails ? Rule::predictsFailure : Rule::predicts,
+                        fails ? Rule::predictsFailureOfUnpublished : Rule::predictsUnpublished)) {
+        LeaveOut(facts, verdict, {source::disks},
+                 {fails ? Rule::predictsFailureOfNone : Rule::predictsNone, {name}});
     }
     return verdict;
 }

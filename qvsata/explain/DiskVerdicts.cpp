@@ -42,11 +42,12 @@ Finding Attachment(const Facts& facts, std::size_t disk) {
     return {inPlaceOfPort, {ControllerName(*controller)}, associationsOfAttachment};
 }
 
-std::optional<Finding> MissingSerialNumber(const Facts& facts, const platform::Row& disk) {
+std::optional<Finding> MissingSerialNumber(const Facts& facts, std::size_t place) {
+    const platform::Row& disk = *facts.rows.disks[place];
     if (!IsComparableWithMedia(disk)) {
         return std::nullopt;
     }
-    const auto* const media = FindMediaOfDisk(disk, facts.rows.media);
+    const auto* const media = facts.mediaOfDisk[place];
     if (media == nullptr) {
         return facts.FirstUnread({source::media})
                    ? Finding{Rule::unreadMedia}
@@ -71,38 +72,34 @@ Finding ShownPartition(const Facts& facts, const platform::Row& disk) {
                : Finding{Rule::showsLastPartition, {shown, std::to_string(partitions.size())}};
 }
 
-// Returns the name of the disk that fails all requests that compare disks with media rows.
-std::string FailingDisk(const Facts& facts) {
-    const auto failing = DisksWith(facts, true, [&facts](std::size_t disk) {
-        return !IsComparableWithMedia(*facts.rows.disks[disk]);
-    });
-    return facts.diskNames[failing.front()];
-}
-
 }  // namespace
 
 std::vector<Verdict> DiskVerdicts(const Facts& facts, Publisher& publisher) {
     std::vector<Verdict> verdicts;
-    const bool fails = FailsMediaSearch(facts.rows);
+    const std::optional<Finding> failure = MediaSearchFailure(facts);
     for (std::size_t place = 0; place < facts.rows.disks.size(); ++place) {
         const platform::Row& disk = *facts.rows.disks[place];
         Verdict verdict{source::disks, facts.diskNames[place], facts.diskIds[place]};
         verdict.disks = {place};
+        if (const auto* const prediction = facts.FailureOf(place)) {
+            verdict.notes.push_back(
+                {Rule::failureIsPredicted, {TextOrEmpty(*prediction, "InstanceName")}});
+        }
         if (!facts.isPublished[place]) {
             verdict.outcome = Outcome::unpublished;
             verdict.reason = Finding{Rule::interfaceType, {TextOrEmpty(disk, "InterfaceType")}};
             verdicts.push_back(std::move(verdict));
             continue;
         }
-        if (fails) {
-            verdict.notes.push_back({Rule::failsMediaSearch, {FailingDisk(facts)}});
+        if (failure) {
+            verdict.notes.push_back(*failure);
         } else {
             publisher.Publish(verdict, classesWithMedia);
         }
         publisher.Publish(verdict, classesWithoutMedia);
         verdict.notes.push_back(Events(facts, place));
         verdict.notes.push_back(Attachment(facts, place));
-        if (auto missing = MissingSerialNumber(facts, disk)) {
+        if (auto missing = MissingSerialNumber(facts, place)) {
             verdict.notes.push_back(*std::move(missing));
         }
         verdict.notes.push_back(ShownPartition(facts, disk));

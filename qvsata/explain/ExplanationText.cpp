@@ -1,6 +1,7 @@
 #include "qvsata/explain/ExplanationText.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "qvsata/explain/Sentences.h"
 #include "qvsata/explain/SourceRows.h"
@@ -54,9 +55,9 @@ nlohmann::ordered_json AsJson(const Verdict& verdict) {
             {"row", verdict.name},
             {"id", verdict.id},
             {"outcome", NameOf(verdict.outcome)},
-            {"instances", instances},
+            {"instances", std::move(instances)},
             {"reason", verdict.reason ? AsJson(*verdict.reason) : nlohmann::ordered_json()},
-            {"notes", notes}};
+            {"notes", std::move(notes)}};
 }
 
 }  // namespace
@@ -85,8 +86,8 @@ view::StyledText ExplanationAsText(const Explanation& explanation) {
     }
     if (explanation.keyWarnings.empty()) {
         text.push_back(
-            {"  no ID is equal to another or part of it, and each published disk has a serial "
-             "number of its own\n"});
+            {"  no published disk's ID is equal to another's or part of it, and each published "
+             "disk has a serial number of its own\n"});
     }
     return text;
 }
@@ -96,7 +97,7 @@ nlohmann::ordered_json ExplanationAsJson(const Explanation& explanation) {
     for (const Verdict& verdict : explanation.verdicts) {
         verdicts.push_back(AsJson(verdict));
     }
-    return {{"verdicts", verdicts}, {"keyWarnings", explanation.keyWarnings}};
+    return {{"verdicts", std::move(verdicts)}, {"keyWarnings", explanation.keyWarnings}};
 }
 
 }  // namespace qv::explain

@@ -37,6 +37,8 @@ Facts::Facts(const SourceRows& sourceRows)
         diskNames.push_back(DiskName(*disk));
         diskIds.push_back(TextOrEmpty(*disk, "PNPDeviceID"));
         isPublished.push_back(IsIdeDisk(*disk));
+        mediaOfDisk.push_back(IsComparableWithMedia(*disk) ? FindMediaOfDisk(*disk, rows.media)
+                                                           : nullptr);
     }
 }
 
@@ -51,6 +53,14 @@ bool Facts::Predicts(const platform::Row& prediction, std::size_t disk) const {
     return IsPredictionOf(ToUpper(TextOrEmpty(prediction, "InstanceName")), ToUpper(diskIds[disk]));
 }
 
+const platform::Row* Facts::FailureOf(std::size_t disk) const {
+    const auto found = std::ranges::find_if(rows.predictions, [&](const auto& prediction) {
+        return !diskIds[disk].empty() && PredictsFailure(*prediction) &&
+               Predicts(*prediction, disk);
+    });
+    return found == rows.predictions.end() ? nullptr : found->get();
+}
+
 void Publisher::Publish(Verdict& verdict, std::span<const std::string_view> classes) {
     verdict.outcome = Outcome::published;
     for (const std::string_view className : classes) {
@@ -59,6 +69,12 @@ void Publisher::Publish(Verdict& verdict, std::span<const std::string_view> clas
         verdict.instances.push_back(
             {className, place, place < instances.size() ? instances[place].path : ""});
     }
+}
+
+bool PredictsFailure(const platform::Row& prediction) {
+    bool predicts = false;
+    GetBooleanProperty(prediction, "PredictFailure", predicts);
+    return predicts;
 }
 
 std::string ControllerName(const platform::Row& controller) {
@@ -78,6 +94,16 @@ std::string NamesOf(const Facts& facts, const std::vector<std::size_t>& disks) {
         names.append(names.empty() ? "" : ", ").append(facts.diskNames[disk]);
     }
     return names;
+}
+
+std::optional<Finding> MediaSearchFailure(const Facts& facts) {
+    if (!FailsMediaSearch(facts.rows)) {
+        return std::nullopt;
+    }
+    const auto failing = DisksWith(facts, true, [&facts](std::size_t disk) {
+        return !IsComparableWithMedia(*facts.rows.disks[disk]);
+    });
+    return Finding{Rule::failsMediaSearch, {facts.diskNames[failing.front()]}};
 }
 
 void LeaveOut(const Facts& facts, Verdict& verdict, std::initializer_list<std::string_view> classes,

@@ -29,10 +29,16 @@ struct Facts {
     /// it.
     bool Predicts(const platform::Row& prediction, std::size_t disk) const;
 
+    /// Returns the failure-prediction row that predicts the failure of the disk at a place; null if
+    /// there is none. A disk without an ID has none.
+    const platform::Row* FailureOf(std::size_t disk) const;
+
     const SourceRows& rows;
     std::vector<std::string> diskNames;  ///< by place in rows.disks: "#0 Model"
     std::vector<std::string> diskIds;    ///< their PNPDeviceIDs
     std::vector<bool> isPublished;       ///< whether the disk is
+    /// By place: the disk's media row; null if it has none or cannot be compared with them.
+    std::vector<const platform::Row*> mediaOfDisk;
     ControllerLinks links;
     PartitionLinks partitions;     ///< of the published disks
     PartitionLinks allPartitions;  ///< of all disks
@@ -51,6 +57,9 @@ private:
     const view::PublishedHost& published_;
     std::map<std::string_view, std::size_t> next_;
 };
+
+/// Returns whether a failure-prediction row predicts a failure.
+bool PredictsFailure(const platform::Row& prediction);
 
 /// Returns a controller or channel for people: its name and its ID.
 std::string ControllerName(const platform::Row& controller);
@@ -73,6 +82,10 @@ std::vector<std::size_t> DisksWith(const Facts& facts, bool published, Condition
     }
     return disks;
 }
+
+/// Returns why the requests that compare disks with media rows fail; nothing if they do not (see
+/// FailsMediaSearch).
+std::optional<Finding> MediaSearchFailure(const Facts& facts);
 
 /// Sets the outcome of a row that no rule joins with another: unreadable if one of the classes was
 /// not read, otherwise unpublished because of `finding`.

@@ -26,6 +26,8 @@ constexpr auto wordings = std::to_array<Wording>({
      "raises no events: no failure-prediction row names it"},
     {Rule::unreadEvents, "unreadEvents",
      "events not readable: MSStorageDriver_FailurePredictStatus could not be read"},
+    {Rule::failureIsPredicted, "failureIsPredicted",
+     "its failure is predicted: PredictFailure of failure-prediction row %1 is TRUE"},
     {Rule::joinsPort, "joinsPort", "joins port %1"},
     {Rule::hangsOnController, "hangsOnController",
      "joins no port: it hangs directly on its controller %1, there is no channel row between them "
@@ -95,6 +97,8 @@ constexpr auto wordings = std::to_array<Wording>({
     {Rule::isMediaOfNone, "isMediaOfNone", R"(its Tag "%1" is the DeviceID of no disk)"},
 
     {Rule::joinsPartition, "joinsPartition", "joins a partition with %1"},
+    {Rule::joinsEarlierPartition, "joinsEarlierPartition",
+     "the storage extent of %1 shows one partition, the last, and this joins an earlier one"},
     {Rule::linksUnpublished, "linksUnpublished", "its disk %1 is not published"},
     {Rule::linksNothing, "linksNothing",
      R"(its Antecedent "%1" names no disk, or its Dependent "%2" no partition)"},
@@ -107,6 +111,12 @@ constexpr auto wordings = std::to_array<Wording>({
     {Rule::predicts, "predicts", "%1 raises events because of it"},
     {Rule::predictsUnpublished, "predictsUnpublished", "it names %1, which is not published"},
     {Rule::predictsNone, "predictsNone", R"(its InstanceName "%1" contains the ID of no disk)"},
+    {Rule::predictsFailure, "predictsFailure",
+     "%1 raises events because of it, and its failure is predicted (PredictFailure is TRUE)"},
+    {Rule::predictsFailureOfUnpublished, "predictsFailureOfUnpublished",
+     "it predicts a failure of %1, which is not published"},
+    {Rule::predictsFailureOfNone, "predictsFailureOfNone",
+     R"(it predicts a failure, and its InstanceName "%1" contains the ID of no disk)"},
 
     {Rule::isForeign, "isForeign", R"(its Name "%1" is none of %2)"},
     {Rule::isLaterOfFamily, "isLaterOfFamily",

@@ -19,6 +19,7 @@ inline constexpr std::string_view links = "Win32_IDEControllerDevice";
 inline constexpr std::string_view partitionLinks = "Win32_DiskDriveToDiskPartition";
 inline constexpr std::string_view partitions = "Win32_DiskPartition";
 inline constexpr std::string_view devices = "Win32_PnPDevice";
+inline constexpr std::string_view entities = "Win32_PnPEntity";
 inline constexpr std::string_view drivers = "Win32_SystemDriverPNPEntity";
 inline constexpr std::string_view servingDrivers = "Win32_SystemDriver";
 inline constexpr std::string_view predictions = "MSStorageDriver_FailurePredictStatus";
@@ -26,8 +27,8 @@ inline constexpr std::string_view predictions = "MSStorageDriver_FailurePredictS
 /// Returns all of them, in the order in which people read them. A function, because GNU ld for
 /// Windows takes an inline array for defined twice.
 constexpr auto All() {
-    return std::array{disks,      predictions,    controllers, links,   media,
-                      partitions, partitionLinks, devices,     drivers, servingDrivers};
+    return std::array{disks,          predictions, controllers, links,   media,         partitions,
+                      partitionLinks, devices,     entities,    drivers, servingDrivers};
 }
 }  // namespace source
 

@@ -25,6 +25,7 @@ enum class Rule {
     raisesEvents,
     raisesNoEvents,
     unreadEvents,
+    failureIsPredicted,
     joinsPort,
     hangsOnController,
     hangsOnOther,
@@ -65,6 +66,7 @@ enum class Rule {
     isMediaOfNone,
     // partitions and their links
     joinsPartition,
+    joinsEarlierPartition,
     linksUnpublished,
     linksNothing,
     isShown,
@@ -75,6 +77,9 @@ enum class Rule {
     predicts,
     predictsUnpublished,
     predictsNone,
+    predictsFailure,
+    predictsFailureOfUnpublished,
+    predictsFailureOfNone,
     // drivers
     isForeign,
     isLaterOfFamily,

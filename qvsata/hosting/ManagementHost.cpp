@@ -6,6 +6,7 @@
 #include "platform/windows/WbemStatus.h"
 #include "provider/public/ClassIds.h"
 #include "qvsata/hosting/HostedEvents.h"
+#include "qvsata/hosting/LiveComputer.h"
 #include "qvsata/hosting/LiveMachine.h"
 #include "qvsata/hosting/ProviderSource.h"
 #include "qvsata/hosting/ServicesFace.h"
@@ -51,9 +52,9 @@ HMODULE ModuleOf(IUnknown& object) {
 
 ManagementHost::ManagementHost(const HostOptions& options)
     : journal_(options.journal),
-      namespace_(
-          OpenPublished(ReadPublishedClasses(options.mofFiles),
-                        options.recorded ? options.recorded->Computer().server : ThisComputer())),
+      namespace_(OpenPublished(*options.classes, options.recorded
+                                                     ? options.recorded->Computer().server
+                                                     : ThisComputer())),
       recordings_(options.recorded ? std::make_shared<RecordingSequence>(RecordingsOf(options))
                                    : nullptr),
       machine_(WithPublished(
@@ -79,11 +80,15 @@ ManagementHost::ManagementHost(const HostOptions& options)
     }
     provider_ = std::make_shared<ProviderObject>(object, windows::ToWide(providerNamespace),
                                                  *Connect().Get());
-    namespace_->Attach(std::make_shared<const ProviderSource>(provider_));
+    AttachProvider(*namespace_, std::make_shared<const ProviderSource>(provider_), options);
 }
 
 ManagementHost::~ManagementHost() {
     ReleaseProvider();
+}
+
+RecordedHost ManagementHost::Computer() const {
+    return recordings_ ? recordings_->Present()->WithoutRows() : ReadLiveComputer();
 }
 
 void ManagementHost::ReleaseProvider() {

@@ -30,6 +30,7 @@ public:
 
     const Namespace& Published() const override { return *namespace_; }
     const Connector& Machine() const override { return machine_; }
+    RecordedHost Computer() const override;
     SourceJournal& Journal() const override { return *journal_; }
 
     /// Returns the provider itself, for raw requests.

@@ -1,5 +1,6 @@
 #include "qvsata/hosting/ProviderLibrary.h"
 
+#include <string>
 #include <system_error>
 
 #include "platform/windows/WbemStatus.h"
@@ -7,9 +8,26 @@
 namespace qv::service {
 namespace {
 
-[[noreturn]] void RaiseSystemError(const std::filesystem::path& file) {
-    throw std::system_error(static_cast<int>(GetLastError()), std::system_category(),
-                            file.string());
+[[noreturn]] void RaiseSystemError(DWORD error, const std::filesystem::path& file) {
+    const std::u8string name = file.u8string();
+    throw std::system_error(
+        static_cast<int>(error), std::system_category(),
+        std::string(name.begin(), name.end()) + ": error " + std::to_string(error));
+}
+
+/// A relative name would be searched for: beside the program and among the loaded libraries first.
+/// With an absolute one the library's own imports are found beside it and beside the program, in
+/// the system's folder, and nowhere else.
+HMODULE Load(const std::filesystem::path& file) {
+    constexpr DWORD whereImportsAre =
+        LOAD_LIBRARY_SEARCH_DLL_LOAD_DIR | LOAD_LIBRARY_SEARCH_DEFAULT_DIRS;
+    const std::filesystem::path absolute = std::filesystem::absolute(file).make_preferred();
+    const HMODULE module = LoadLibraryExW(absolute.c_str(), nullptr, whereImportsAre);
+    if (module == nullptr) {
+        const DWORD error = GetLastError();
+        RaiseSystemError(error, file);
+    }
+    return module;
 }
 
 template <typename Function>
@@ -19,16 +37,11 @@ Function Export(HMODULE module, const char* name) {
 
 }  // namespace
 
-ProviderLibrary::ProviderLibrary(const std::filesystem::path& file)
-    : module_(LoadLibraryExW(file.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH)) {
-    if (module_ == nullptr) {
-        RaiseSystemError(file);
-    }
+ProviderLibrary::ProviderLibrary(const std::filesystem::path& file) : module_(Load(file)) {
     if (GetProcAddress(module_, "DllGetClassObject") == nullptr ||
         GetProcAddress(module_, "DllCanUnloadNow") == nullptr) {
         FreeLibrary(module_);
-        SetLastError(ERROR_PROC_NOT_FOUND);
-        RaiseSystemError(file);
+        RaiseSystemError(ERROR_PROC_NOT_FOUND, file);
     }
 }
 

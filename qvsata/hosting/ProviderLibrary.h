@@ -14,7 +14,9 @@ namespace qv::service {
 /// unless it reports that it is in use.
 class ProviderLibrary {
 public:
-    /// Throws std::system_error if the file cannot be loaded or is not a COM server.
+    /// Loads exactly this file; a relative name begins in the current folder. Throws
+    /// std::system_error, "FILE: error NUMBER: TEXT", if the file cannot be loaded or is not a COM
+    /// server.
     explicit ProviderLibrary(const std::filesystem::path& file);
     ProviderLibrary(const ProviderLibrary&) = delete;
     ProviderLibrary& operator=(const ProviderLibrary&) = delete;

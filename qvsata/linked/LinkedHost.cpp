@@ -21,10 +21,11 @@ public:
         : names_(options.recorded->Computer()),
           journal_(options.journal),
           recordings_(std::make_shared<RecordingSequence>(RecordingsOf(options))),
-          namespace_(OpenPublished(ReadPublishedClasses(options.mofFiles), names_.server)),
+          namespace_(OpenPublished(*options.classes, names_.server)),
           machine_(WithPublished(namespace_, WithJournal(ConnectRecorded(recordings_),
                                                          MachineKind::recorded, journal_))) {
-        namespace_->Attach(std::make_shared<const LinkedProvider>(machine_, names_));
+        AttachProvider(*namespace_, std::make_shared<const LinkedProvider>(machine_, names_),
+                       options);
     }
     LinkedHost(const LinkedHost&) = delete;
     LinkedHost& operator=(const LinkedHost&) = delete;
@@ -33,6 +34,7 @@ public:
 
     const Namespace& Published() const override { return *namespace_; }
     const Connector& Machine() const override { return machine_; }
+    RecordedHost Computer() const override { return recordings_->Present()->WithoutRows(); }
     SourceJournal& Journal() const override { return *journal_; }
     RecordingSequence* Recordings() const override { return recordings_.get(); }
     std::unique_ptr<EventFeed> Subscribe() const override {

@@ -25,6 +25,10 @@ constexpr std::array valueTypes{
     CimType::string, CimType::char16, CimType::boolean, CimType::datetime, CimType::object,
 };
 
+/// Bounds what a chain of classes costs: each class repeats the properties of its ancestors.
+/// Schemas have about ten.
+constexpr std::size_t mostAncestors = 256;
+
 /// Applies the declarations of one file.
 class FileReader {
 public:
@@ -169,6 +173,10 @@ private:
         if (!written.superclass.empty() && Repository().Find(written.superclass) == nullptr) {
             Fail(written.superclassPosition, "superclass " + written.superclass + " is not defined",
                  &mof_status::invalidSuperclass);
+        }
+        if (Repository().Derivation(written.superclass).size() >= mostAncestors) {
+            Fail(written.superclassPosition, "class " + written.name + " has more than " +
+                                                 std::to_string(mostAncestors) + " ancestors");
         }
     }
 

@@ -1,7 +1,11 @@
 #include "qvsata/output/OutputJson.h"
 
+#include <array>
 #include <charconv>
 #include <cstdint>
+#include <cstdio>
+
+#include "qvsata/cim/Characters.h"
 
 namespace qv::tool {
 namespace {
@@ -47,6 +51,37 @@ ordered_json AsJson(const service::ObjectProperty& property) {
     return AsJson(property.value);
 }
 
+std::string Escape(char32_t code) {
+    std::array<char, 16> text{};
+    if (code < 0x10000) {
+        std::snprintf(text.data(), text.size(), "\\u%04x", static_cast<unsigned>(code));
+    } else {
+        const auto beyond = static_cast<unsigned>(code) - 0x10000U;
+        std::snprintf(text.data(), text.size(), "\\u%04x\\u%04x", 0xD800U + (beyond >> 10U),
+                      0xDC00U + (beyond & 0x3FFU));
+    }
+    return text.data();
+}
+
+/// Escapes what would control a terminal or turn the direction of writing, as far as JSON itself
+/// does not. The document keeps its value.
+std::string SafeForTerminal(std::string_view json) {
+    constexpr char32_t firstUnescaped = 0x7F;
+    std::string safe;
+    safe.reserve(json.size());
+    while (!json.empty()) {
+        const service::Character character = service::FirstCharacter(json);
+        const char32_t code = character.code.value_or(0);
+        if (code >= firstUnescaped && service::ControlsText(character)) {
+            safe += Escape(code);
+        } else {
+            safe += character.bytes;
+        }
+        json.remove_prefix(character.bytes.size());
+    }
+    return safe;
+}
+
 ordered_json Versioned(const ordered_json& content) {
     ordered_json document{{"formatVersion", jsonFormatVersion}};
     document.update(content);
@@ -77,12 +112,15 @@ ordered_json ObjectsAsJson(const service::ObjectList& objects) {
 
 std::string DocumentText(const ordered_json& content) {
     constexpr int indent = 2;
-    return Versioned(content).dump(indent, ' ', false, ordered_json::error_handler_t::replace) +
+    return SafeForTerminal(Versioned(content).dump(indent, ' ', false,
+                                                   ordered_json::error_handler_t::replace)) +
            '\n';
 }
 
 std::string DocumentLine(const ordered_json& content) {
-    return Versioned(content).dump(-1, ' ', false, ordered_json::error_handler_t::replace) + '\n';
+    return SafeForTerminal(
+               Versioned(content).dump(-1, ' ', false, ordered_json::error_handler_t::replace)) +
+           '\n';
 }
 
 }  // namespace qv::tool

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "qvsata/recorded/RecordedHost.h"
+#include "qvsata/recorded/TextFile.h"
 
 namespace qv::service {
 
@@ -19,7 +20,8 @@ public:
 RecordedHost ReadHostText(std::string_view json, std::string_view name);
 
 /// Reads a recorded host from a file in UTF-8, or in UTF-16 with a byte-order mark, as
-/// PowerShell 5.1 writes it. Throws HostFileError.
-RecordedHost ReadHostFile(const std::filesystem::path& file);
+/// PowerShell 5.1 writes it. Throws HostFileError, also for a file of more than `mostBytes`.
+RecordedHost ReadHostFile(const std::filesystem::path& file,
+                          std::uintmax_t mostBytes = noFileLimit);
 
 }  // namespace qv::service

@@ -17,8 +17,8 @@ bool HasIdentity(const ObjectPath& path) {
 void RecordedClass::Add(RowProperties properties) {
     const auto row = std::make_shared<const RecordedRow>(MakeRow(name_, std::move(properties)));
     rows_.push_back(row);
-    if (!row->path.keys.empty()) {
-        byPath_[IdentityOf(row->path)].push_back(row);
+    if (!row->keys.empty()) {
+        byKeys_[IdentityOf(row->keys)].push_back(row);
     }
     for (const Reference& reference : row->references) {
         RecordedRows& referencing = byReference_[IdentityOf(reference.path)];
@@ -29,21 +29,24 @@ void RecordedClass::Add(RowProperties properties) {
 }
 
 void RecordedClass::Fail(Status failure) {
-    *this = RecordedClass(std::move(name_));
+    *this = RecordedClass(*name_);
     failure_ = failure;
 }
 
 RecordedRowPtr RecordedClass::Find(const ObjectPath& path) const {
-    const auto candidates = byPath_.find(IdentityOf(path));
+    if (path.singleton) {
+        return nullptr;
+    }
+    const auto candidates = byKeys_.find(IdentityOf(path.keys));
     const RecordedRows* among = &rows_;
     if (HasIdentity(path)) {
-        if (candidates == byPath_.end()) {
+        if (candidates == byKeys_.end()) {
             return nullptr;
         }
         among = &candidates->second;
     }
     const auto found = std::ranges::find_if(
-        *among, [&path](const RecordedRowPtr& row) { return NamesSameObject(row->path, path); });
+        *among, [&path](const RecordedRowPtr& row) { return HaveSameKeys(row->keys, path.keys); });
     return found == among->end() ? nullptr : *found;
 }
 

@@ -18,9 +18,10 @@ using RecordedRows = std::vector<RecordedRowPtr>;
 /// the paths that their references name.
 class RecordedClass {
 public:
-    explicit RecordedClass(std::string name) : name_(std::move(name)) {}
+    explicit RecordedClass(std::string name)
+        : name_(std::make_shared<const std::string>(std::move(name))) {}
 
-    const std::string& Name() const { return name_; }
+    const std::string& Name() const { return *name_; }
     const RecordedRows& Rows() const { return rows_; }
     /// Returns the status with which queries of the class fail; nothing if they succeed. A class
     /// whose queries fail has no rows.
@@ -29,7 +30,7 @@ public:
     void Add(RowProperties properties);
     void Fail(Status failure);
 
-    /// Returns the first row that the path names; null if there is none.
+    /// Returns the first row that a path of the class names; null if there is none.
     RecordedRowPtr Find(const ObjectPath& path) const;
 
     /// Returns the rows with a reference that may name the path. No row whose reference names it is
@@ -39,10 +40,10 @@ public:
 private:
     using Places = std::unordered_map<std::string, RecordedRows>;
 
-    std::string name_;
+    std::shared_ptr<const std::string> name_;
     RecordedRows rows_;
     std::optional<Status> failure_;
-    Places byPath_;       ///< by the identity of the row's path
+    Places byKeys_;       ///< by the identity of the row's keys
     Places byReference_;  ///< by the identity of a reference
 };
 

@@ -6,8 +6,10 @@
 
 namespace qv::service {
 
-RecordedHost::RecordedHost(ComputerNames computer, std::string description)
-    : description_(std::move(description)), computer_(std::move(computer)) {
+RecordedHost::RecordedHost(ComputerNames computer, std::string description, RecordedSystem system)
+    : description_(std::move(description)),
+      computer_(std::move(computer)),
+      system_(std::move(system)) {
     if (computer_.server.empty()) {
         computer_.server = computer_.netbios.empty() ? "." : computer_.netbios;
     }
@@ -28,18 +30,18 @@ void RecordedHost::DefineNamespace(std::string_view nameSpace) {
     Namespace(nameSpace);
 }
 
-void RecordedHost::DefineClass(std::string_view nameSpace, std::string_view className) {
-    Namespace(nameSpace).Class(className);
+RecordedClass& RecordedHost::DefineClass(std::string_view nameSpace, std::string_view className) {
+    return Namespace(nameSpace).Class(className);
 }
 
 void RecordedHost::AddRow(std::string_view nameSpace, std::string_view className,
                           RowProperties properties) {
-    Namespace(nameSpace).Class(className).Add(std::move(properties));
+    DefineClass(nameSpace, className).Add(std::move(properties));
 }
 
 void RecordedHost::FailClass(std::string_view nameSpace, std::string_view className,
                              Status failure) {
-    Namespace(nameSpace).Class(className).Fail(failure);
+    DefineClass(nameSpace, className).Fail(failure);
 }
 
 }  // namespace qv::service

@@ -20,6 +20,14 @@ struct ComputerNames {
     bool operator==(const ComputerNames&) const = default;
 };
 
+/// The recorded computer's system. What was not recorded is empty or 0.
+struct RecordedSystem {
+    std::string osVersion;  ///< "10.0.19045"
+    unsigned codePage = 0;  ///< the ANSI code page
+
+    bool operator==(const RecordedSystem&) const = default;
+};
+
 /// A host's recorded answers to management queries. HostFile.h or code builds it; RecordedMachine
 /// answers queries from it. Const methods may be called from several threads at once.
 ///
@@ -28,14 +36,19 @@ struct ComputerNames {
 /// of exactly the class that it names.
 class RecordedHost {
 public:
-    explicit RecordedHost(ComputerNames computer = {}, std::string description = {});
+    explicit RecordedHost(ComputerNames computer = {}, std::string description = {},
+                          RecordedSystem system = {});
 
     const std::string& Description() const { return description_; }
     const ComputerNames& Computer() const { return computer_; }
+    const RecordedSystem& System() const { return system_; }
+
+    /// Returns the recording without its namespaces.
+    RecordedHost WithoutRows() const { return RecordedHost(computer_, description_, system_); }
 
     // Building. A missing namespace or class is created.
     void DefineNamespace(std::string_view nameSpace);
-    void DefineClass(std::string_view nameSpace, std::string_view className);
+    RecordedClass& DefineClass(std::string_view nameSpace, std::string_view className);
     void AddRow(std::string_view nameSpace, std::string_view className, RowProperties properties);
     /// Drops the rows of a class; its queries fail with `failure` from then on.
     void FailClass(std::string_view nameSpace, std::string_view className,
@@ -51,6 +64,7 @@ private:
 
     std::string description_;
     ComputerNames computer_;
+    RecordedSystem system_;
     std::deque<RecordedNamespace> namespaces_;
     std::unordered_map<std::string, std::size_t> byName_;  ///< folded normal name to position
 };

@@ -15,7 +15,7 @@ std::optional<CimValue> RecordedObject::Get(std::string_view name) const {
         return std::nullopt;
     }
     if (EqualsIgnoringCase(name, "__CLASS")) {
-        return row_->className;
+        return *row_->className;
     }
     if (EqualsIgnoringCase(name, "__SERVER")) {
         return scope_->server;
@@ -27,12 +27,10 @@ std::optional<CimValue> RecordedObject::Get(std::string_view name) const {
     if (!isFullPath && !EqualsIgnoringCase(name, "__RELPATH")) {
         return std::nullopt;
     }
-    if (row_->path.keys.empty()) {
+    if (row_->keys.empty()) {
         return CimValue{};
     }
-    ObjectPath path = row_->path;
-    path.server = scope_->server;
-    path.nameSpace = scope_->nameSpace;
+    const ObjectPath path{scope_->server, scope_->nameSpace, *row_->className, row_->keys};
     return FormatObjectPath(path, isFullPath ? PathForm::full : PathForm::relative);
 }
 

@@ -26,7 +26,7 @@ public:
 
     std::optional<ObjectProperty> Find(std::string_view name) const override;
     std::vector<std::string> Names() const override;
-    std::string ClassName() const override { return row_->className; }
+    std::string ClassName() const override { return *row_->className; }
     std::span<const Reference> References() const override { return row_->references; }
 
 private:

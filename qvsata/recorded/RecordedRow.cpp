@@ -35,10 +35,10 @@ void FindReferences(RecordedRow& row) {
         auto path = ParseObjectPath(*text);
         if (path && (!path->keys.empty() || path->singleton)) {
             row.references.push_back({name, *std::move(path)});
-            row.path.keys.push_back({name, *text, true});
+            row.keys.push_back({name, *text, true});
         }
     }
-    std::ranges::sort(row.path.keys, {}, [](const PathKey& key) { return FoldCase(key.name); });
+    std::ranges::sort(row.keys, {}, [](const PathKey& key) { return FoldCase(key.name); });
 }
 
 }  // namespace
@@ -50,21 +50,16 @@ const CimValue* RecordedRow::FindProperty(std::string_view name) const {
     return found == properties.end() ? nullptr : &found->second;
 }
 
-RecordedRow MakeRow(std::string className, RowProperties properties) {
+RecordedRow MakeRow(std::shared_ptr<const std::string> className, RowProperties properties) {
     RecordedRow row{std::move(className), std::move(properties), {}, {}};
-    row.path.className = row.className;
     const auto* classKey = std::ranges::find_if(classKeys, [&row](const ClassKey& candidate) {
-        return EqualsIgnoringCase(candidate.className, row.className);
+        return EqualsIgnoringCase(candidate.className, *row.className);
     });
-    if (classKey != classKeys.end()) {
-        const CimValue* value = row.FindProperty(classKey->key);
-        const auto* text = std::get_if<std::string>(value);
-        if (text != nullptr) {
-            row.path.keys.push_back({std::string(classKey->key), *text, true});
-        }
-        return row;
+    if (classKey == classKeys.end()) {
+        FindReferences(row);
+    } else if (const auto* text = std::get_if<std::string>(row.FindProperty(classKey->key))) {
+        row.keys.push_back({std::string(classKey->key), *text, true});
     }
-    FindReferences(row);
     return row;
 }
 

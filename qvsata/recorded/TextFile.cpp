@@ -12,11 +12,13 @@
 namespace qv::service {
 namespace {
 
+constexpr std::uintmax_t mebibyte = 1U << 20U;
 constexpr std::string_view utf8Mark = "\xEF\xBB\xBF";
 constexpr std::string_view littleEndianMark = "\xFF\xFE";
 constexpr std::string_view bigEndianMark = "\xFE\xFF";
 
-std::string ReadBytes(const std::filesystem::path& file, const std::string& name) {
+std::string ReadBytes(const std::filesystem::path& file, const std::string& name,
+                      std::uintmax_t most) {
     std::error_code error;
     const auto status = std::filesystem::status(file, error);
     if (!std::filesystem::exists(status)) {
@@ -34,7 +36,11 @@ std::string ReadBytes(const std::filesystem::path& file, const std::string& name
     do {
         stream.read(block.data(), block.size());
         bytes.append(block.data(), static_cast<std::size_t>(stream.gcount()));
-    } while (stream);
+    } while (stream && bytes.size() <= most);
+    if (bytes.size() > most) {
+        throw HostFileError(name + ": larger than " + std::to_string(most / mebibyte) +
+                            " MiB (--limit)");
+    }
     if (stream.bad()) {
         throw HostFileError(name + ": the file cannot be read");
     }
@@ -59,8 +65,9 @@ std::optional<std::string> Decoded(std::string_view bytes, std::size_t high) {
 
 }  // namespace
 
-std::string ReadTextFile(const std::filesystem::path& file, const std::string& name) {
-    std::string bytes = ReadBytes(file, name);
+std::string ReadTextFile(const std::filesystem::path& file, const std::string& name,
+                         std::uintmax_t mostBytes) {
+    std::string bytes = ReadBytes(file, name, mostBytes);
     if (bytes.starts_with(utf8Mark)) {
         return bytes.substr(utf8Mark.size());
     }

@@ -13,6 +13,9 @@ struct Answer {
     Status status = Status::noError;
     std::string message;  ///< one line that describes the failure; empty on success
     ObjectList objects;   ///< in order
+    /// The class that could not be read, where the request does not name it: a class to which an
+    /// association leads, or the class of a path.
+    std::string unreadClass = {};
 };
 
 /// Returns the answer to a failed request to a provider. The message is "request: meaning of the

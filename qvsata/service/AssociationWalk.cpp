@@ -52,13 +52,12 @@ public:
     }
 
     /// Returns the object that a reference names; null if there is none or the instances of its
-    /// class cannot be read. Each class is enumerated at most once.
+    /// class cannot be read, which is a failure. Each class is enumerated at most once.
     ObjectPtr Find(const ObjectPath& path) {
         const ResolvedClassPtr type = nameSpace_.Classes().Find(path.className);
         if (!type) {
-            if (!nameSpace_.Classes().HasUndefined()) {
-                failure_ = {status::invalidClass, "unknown class '" + path.className + "'", {}};
-            }
+            failure_ = {
+                status::invalidClass, "unknown class '" + path.className + "'", {}, path.className};
             return nullptr;
         }
         for (const auto& source : nameSpace_.SourcesOf(type)) {
@@ -80,10 +79,10 @@ private:
     };
     using Named = std::vector<NamedObject>;
 
-    ObjectList Take(Answer answer) {
+    ObjectList Take(const ResolvedClassPtr& type, Answer answer) {
         ObjectList objects = std::move(answer.objects);
         if (!Succeeded(answer.status)) {
-            failure_ = std::move(answer);
+            failure_ = {answer.status, std::move(answer.message), {}, type->name};
             objects.clear();
         }
         return objects;
@@ -93,7 +92,7 @@ private:
         ObjectList candidates;
         for (const auto& source : nameSpace_.SourcesOf(type)) {
             std::optional<Answer> answer = source->Referencing(type, path_);
-            std::ranges::move(Take(answer ? std::move(*answer) : source->Enumerate(type)),
+            std::ranges::move(Take(type, answer ? std::move(*answer) : source->Enumerate(type)),
                               std::back_inserter(candidates));
         }
         return candidates;
@@ -123,7 +122,7 @@ private:
                         const ObjectPath& path) {
         const auto [known, isNew] = named_.try_emplace({&source, type->name});
         if (isNew) {
-            for (const ObjectPtr& object : Take(source.Enumerate(type))) {
+            for (const ObjectPtr& object : Take(type, source.Enumerate(type))) {
                 if (auto own = ParseObjectPath(TextOf(*object, "__RELPATH"))) {
                     const std::string identity = IdentityOf(*own);
                     known->second[identity].push_back({std::move(*own), object});

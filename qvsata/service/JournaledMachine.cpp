@@ -1,12 +1,21 @@
 #include "qvsata/service/JournaledMachine.h"
 
+#include <optional>
 #include <string>
 #include <utility>
+#include <variant>
 
+#include "qvsata/cim/ObjectPath.h"
 #include "qvsata/cim/StatusCodes.h"
+#include "qvsata/wql/Wql.h"
+#include "source/Text.h"
 
 namespace qv::service {
 namespace {
+
+SourceEnd EndOfUnknownClass(MachineKind kind) {
+    return kind == MachineKind::recorded ? SourceEnd::neverRecorded : SourceEnd::unknownClass;
+}
 
 SourceEnd EndOf(const Answer& answer, MachineKind kind) {
     if (Succeeded(answer.status)) {
@@ -19,9 +28,17 @@ SourceEnd EndOf(const Answer& answer, MachineKind kind) {
         return SourceEnd::brokenOff;
     }
     if (answer.status == status::invalidClass) {
-        return kind == MachineKind::recorded ? SourceEnd::neverRecorded : SourceEnd::unknownClass;
+        return EndOfUnknownClass(kind);
     }
     return SourceEnd::refusedAtSubmission;
+}
+
+/// That a class has no object with a path is an answer.
+SourceEnd EndOfGet(const Answer& answer, MachineKind kind) {
+    if (answer.status != Status::notFound) {
+        return EndOf(answer, kind);
+    }
+    return answer.unreadClass.empty() ? SourceEnd::answered : EndOfUnknownClass(kind);
 }
 
 SourceEnd EndOfConnection(Status status, MachineKind kind) {
@@ -33,6 +50,14 @@ SourceEnd EndOfConnection(Status status, MachineKind kind) {
                : SourceEnd::refusedAtConnection;
 }
 
+std::optional<AssociatorsQuery> AssociatorsIn(std::string_view wql) try {
+    WqlQuery query = ParseWql(wql);
+    auto* const associators = std::get_if<AssociatorsQuery>(&query);
+    return associators == nullptr ? std::nullopt : std::optional(std::move(*associators));
+} catch (const WqlError&) {
+    return std::nullopt;
+}
+
 class JournaledServices final : public Services {
 public:
     JournaledServices(std::shared_ptr<const Services> machine, MachineKind kind,
@@ -42,24 +67,65 @@ public:
           nameSpace_(std::move(nameSpace)),
           journal_(std::move(journal)) {}
 
-    Answer Get(std::string_view path) const override { return machine_->Get(path); }
+    Answer Get(std::string_view path) const override {
+        return Noted(path, EndOfGet, [&] { return machine_->Get(path); });
+    }
 
     Answer Enumerate(std::string_view className) const override {
-        return Noted("SELECT * FROM " + std::string(className),
+        return Noted("SELECT * FROM " + std::string(className), EndOf,
                      [&] { return machine_->Enumerate(className); });
     }
 
     Answer Query(std::string_view wql) const override {
-        return Noted(wql, [&] { return machine_->Query(wql); });
+        Answer answer = Noted(wql, EndOf, [&] { return machine_->Query(wql); });
+        if (const auto associators = AssociatorsIn(wql); associators && Succeeded(answer.status)) {
+            NoteAssociated(*associators, wql, answer.objects);
+        }
+        return answer;
     }
 
 private:
-    template <typename Ask>
-    Answer Noted(std::string_view wql, Ask ask) const {
-        SourceJournal::Entry& entry = journal_->Begin(nameSpace_, wql);
+    template <typename GetEnd, typename Ask>
+    Answer Noted(std::string_view text, GetEnd getEnd, Ask ask) const {
+        const std::string className = SourceClassOf(text);
+        SourceJournal::Entry& entry = journal_->Begin(nameSpace_, text, className);
         Answer answer = ask();
-        SourceJournal::End(entry, answer.status, answer.objects.size(), EndOf(answer, kind_));
+        const SourceEnd end = getEnd(answer, kind_);
+        const bool isOther =
+            !answer.unreadClass.empty() && !EqualsIgnoringCase(answer.unreadClass, className);
+        if (isOther) {
+            // The association was read, the class to which it leads was not.
+            SourceJournal::End(entry, Status::noError, 0, SourceEnd::answered);
+            SourceJournal::End(journal_->Begin(nameSpace_, text, answer.unreadClass), answer.status,
+                               0, end);
+        } else {
+            SourceJournal::End(entry, answer.status, answer.objects.size(), end);
+        }
         return answer;
+    }
+
+    /// Notes that the class to which an association led was read. A live service leaves out the
+    /// objects that it cannot read: if it returned none, each is read by its path.
+    void NoteAssociated(const AssociatorsQuery& query, std::string_view wql,
+                        const ObjectList& objects) const {
+        if (!objects.empty()) {
+            SourceJournal::End(journal_->Begin(nameSpace_, wql, objects.front()->ClassName()),
+                               Status::noError, objects.size(), SourceEnd::answered);
+        } else if (kind_ == MachineKind::live && !query.assocClass.empty()) {
+            const Answer links = machine_->Query("REFERENCES OF {" + FormatObjectPath(query.path) +
+                                                 "} WHERE ResultClass = " + query.assocClass);
+            for (const ObjectPtr& link : links.objects) {
+                ReadEnds(*link, query.path);
+            }
+        }
+    }
+
+    void ReadEnds(const Object& link, const ObjectPath& known) const {
+        for (const Reference& end : link.References()) {
+            if (!NamesSameObject(end.path, known)) {
+                Get(FormatObjectPath(end.path));
+            }
+        }
     }
 
     std::shared_ptr<const Services> machine_;

@@ -1,10 +1,12 @@
 #include "qvsata/service/MachineQueries.h"
 
 #include <algorithm>
+#include <iterator>
 #include <memory>
 #include <new>
 #include <type_traits>
 #include <utility>
+#include <vector>
 
 #include "qvsata/cim/Utf8.h"
 
@@ -18,8 +20,9 @@ public:
     explicit ObjectRow(ObjectPtr object) : object_(std::move(object)) {}
 
     platform::PropertyRead Get(std::string_view name) const override {
-        const std::optional<ObjectProperty> property = object_->Find(name);
-        return property ? platform::PropertyRead{Status::noError, ToPlatformValue(property->value)}
+        std::optional<ObjectProperty> property = object_->Find(name);
+        return property ? platform::PropertyRead{Status::noError,
+                                                 ToPlatformValue(std::move(property->value))}
                         : platform::PropertyRead{Status::notFound, {}};
     }
 
@@ -53,8 +56,13 @@ Status MachineQueries::RunWqlQuery(std::string_view nameSpace, std::string_view 
     if (!Succeeded(answer.status)) {
         return answer.status;
     }
-    for (ObjectPtr& object : answer.objects) {
-        rows.push_back(std::make_shared<const ObjectRow>(std::move(object)));
+    // One block of memory for all rows: the queries of a class may read it once per disk.
+    const auto block = std::make_shared<const std::vector<ObjectRow>>(
+        std::make_move_iterator(answer.objects.begin()),
+        std::make_move_iterator(answer.objects.end()));
+    rows.reserve(block->size());
+    for (const ObjectRow& row : *block) {
+        rows.emplace_back(block, &row);
     }
     return Status::noError;
 } catch (const std::bad_alloc&) {
@@ -75,9 +83,9 @@ std::string RecordedNames::ToNarrow(std::wstring_view text) const {
     return ToUtf8(text);
 }
 
-platform::Value ToPlatformValue(const CimValue& value) {
+platform::Value ToPlatformValue(CimValue value) {
     return std::visit(
-        [](const auto& held) -> platform::Value {
+        [](auto& held) -> platform::Value {
             using T = std::decay_t<decltype(held)>;
             if constexpr (std::is_same_v<T, std::int64_t>) {
                 return static_cast<std::int32_t>(held);
@@ -89,7 +97,7 @@ platform::Value ToPlatformValue(const CimValue& value) {
                 return numbers;
             } else if constexpr (std::is_constructible_v<platform::Value,
                                                          std::in_place_type_t<T>>) {
-                return held;
+                return std::move(held);
             } else {
                 return platform::UnreadValue{};
             }

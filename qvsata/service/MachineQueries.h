@@ -35,6 +35,6 @@ private:
 
 /// Returns a property's value as the management service passes it to the core: whole numbers with
 /// 32 bits, and platform::UnreadValue for anything that the core does not read.
-platform::Value ToPlatformValue(const CimValue& value);
+platform::Value ToPlatformValue(CimValue value);
 
 }  // namespace qv::service

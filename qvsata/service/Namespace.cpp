@@ -15,7 +15,7 @@ namespace qv::service {
 namespace {
 
 Answer UnknownClass(Status status, std::string_view className) {
-    return {status, "unknown class '" + std::string(className) + "'", {}};
+    return {status, "unknown class '" + std::string(className) + "'", {}, std::string(className)};
 }
 
 void Append(ObjectList& objects, ObjectList more) {

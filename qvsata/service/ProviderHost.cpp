@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 #include <string>
+#include <utility>
 
 #include "qvsata/mof/MofReader.h"
 #include "qvsata/service/PublishedNamespace.h"
@@ -16,7 +17,14 @@ std::vector<std::shared_ptr<const RecordedHost>> RecordingsOf(const HostOptions&
     return recordings;
 }
 
-ClassRepository ReadPublishedClasses(const std::vector<std::filesystem::path>& mofFiles) {
+void AttachProvider(Namespace& published, std::shared_ptr<const InstanceSource> provider,
+                    const HostOptions& options) {
+    published.Attach(options.guard ? options.guard(std::move(provider), published)
+                                   : std::move(provider));
+}
+
+std::shared_ptr<const ClassRepository> ReadPublishedClasses(
+    const std::vector<std::filesystem::path>& mofFiles) {
     std::vector<std::string> files;
     for (const std::filesystem::path& file : mofFiles) {
         const std::u8string utf8 = file.u8string();
@@ -24,7 +32,7 @@ ClassRepository ReadPublishedClasses(const std::vector<std::filesystem::path>& m
     }
     Namespaces namespaces;
     ReadMofFiles(files, namespaces);
-    return namespaces.Of(providerNamespace);
+    return std::make_shared<const ClassRepository>(std::move(namespaces.Of(providerNamespace)));
 }
 
 }  // namespace qv::service

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -21,8 +22,8 @@ struct HostOptions {
     std::shared_ptr<const RecordedHost> recorded;
     /// Later recordings of the same computer, for ProviderHost::Recordings to step through.
     std::vector<std::shared_ptr<const RecordedHost>> laterRecordings;
-    /// The MOF files of the provider's namespace, in reading order.
-    std::vector<std::filesystem::path> mofFiles;
+    /// The classes of the provider's namespace; never null.
+    std::shared_ptr<const ClassRepository> classes;
     /// The provider's library; empty: QVWMISATA.dll in `programFolder`.
     std::filesystem::path library;
     std::filesystem::path programFolder;
@@ -31,6 +32,10 @@ struct HostOptions {
     bool registered = false;
     /// The longest time for one query of the machine itself; unset for no limit.
     std::optional<std::chrono::milliseconds> queryTimeout;
+    /// Makes, of the provider, the source that is attached to its namespace; unset: the provider.
+    std::function<std::shared_ptr<const InstanceSource>(std::shared_ptr<const InstanceSource>,
+                                                        const Namespace&)>
+        guard;
     /// Notes all queries of the machine, from the start on; see ProviderHost::Journal.
     std::shared_ptr<SourceJournal> journal = std::make_shared<SourceJournal>();
 };
@@ -38,8 +43,13 @@ struct HostOptions {
 /// Returns the recordings of the options, in order; at least one.
 std::vector<std::shared_ptr<const RecordedHost>> RecordingsOf(const HostOptions& options);
 
-/// Reads the classes of the provider's namespace. Throws MofError.
-ClassRepository ReadPublishedClasses(const std::vector<std::filesystem::path>& mofFiles);
+/// Attaches the provider to its namespace, behind the guard of the options.
+void AttachProvider(Namespace& published, std::shared_ptr<const InstanceSource> provider,
+                    const HostOptions& options);
+
+/// Reads the classes of the provider's namespace from MOF files, in order. Throws MofError.
+std::shared_ptr<const ClassRepository> ReadPublishedClasses(
+    const std::vector<std::filesystem::path>& mofFiles);
 
 /// A provider running on a machine, recorded or live.
 class ProviderHost {
@@ -51,6 +61,9 @@ public:
 
     /// Connects to the machine on which the provider runs; root\QVQ is the provider's namespace.
     virtual const Connector& Machine() const = 0;
+
+    /// Returns the names and the system of that machine, as a recording without rows.
+    virtual RecordedHost Computer() const = 0;
 
     /// Returns the journal of all queries of the machine, by the provider and through Machine().
     virtual SourceJournal& Journal() const = 0;

@@ -36,7 +36,11 @@ public:
 
     std::optional<ObjectPtr> LookUp(const ResolvedClassPtr& type,
                                     const ObjectPath& path) const override {
-        const RecordedRowPtr row = rows_.Find(type->name)->Find(path);
+        const RecordedClass& recorded = *rows_.Find(type->name);
+        if (recorded.Failure()) {
+            return std::nullopt;  // Enumerate tells why.
+        }
+        const RecordedRowPtr row = recorded.Find(path);
         return row ? AsObject(row) : nullptr;
     }
 
@@ -50,10 +54,13 @@ private:
     }
 
     Answer Rows(const RecordedRows& rows) const {
+        // One block of memory for all objects: a class may be read once per disk.
+        const auto block = std::make_shared<std::vector<RecordedObject>>();
+        block->reserve(rows.size());
         Answer answer;
         answer.objects.reserve(rows.size());
         for (const RecordedRowPtr& row : rows) {
-            answer.objects.push_back(AsObject(row));
+            answer.objects.emplace_back(block, &block->emplace_back(row, scope_));
         }
         return answer;
     }

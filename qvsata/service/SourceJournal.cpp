@@ -1,8 +1,11 @@
 #include "qvsata/service/SourceJournal.h"
 
 #include <algorithm>
+#include <optional>
+#include <utility>
 #include <variant>
 
+#include "qvsata/cim/ObjectPathParser.h"
 #include "qvsata/wql/Wql.h"
 #include "source/Text.h"
 
@@ -62,10 +65,15 @@ SourceJournal::~SourceJournal() {
     }
 }
 
-SourceJournal::Entry& SourceJournal::Begin(std::string_view nameSpace, std::string_view wql) {
+SourceJournal::Entry& SourceJournal::Begin(std::string_view nameSpace, std::string_view text) {
+    return Begin(nameSpace, text, SourceClassOf(text));
+}
+
+SourceJournal::Entry& SourceJournal::Begin(std::string_view nameSpace, std::string_view text,
+                                           std::string className) {
     Entry* newest = newest_.load(std::memory_order_acquire);
     auto* const entry =
-        new Entry({std::string(nameSpace), SourceClassOf(wql), std::string(wql)}, newest);
+        new Entry({std::string(nameSpace), std::move(className), std::string(text)}, newest);
     while (!newest_.compare_exchange_weak(newest, entry, std::memory_order_acq_rel)) {
         entry->SetOlder(newest);
         entry->SetNumber(Entry::NumberAfter(newest));
@@ -123,8 +131,8 @@ bool IsSameEnd(const SourceQuery& one, const SourceQuery& other) {
            one.status == other.status;
 }
 
-std::string SourceClassOf(std::string_view wql) try {
-    const WqlQuery query = ParseWql(wql);
+std::string SourceClassOf(std::string_view text) try {
+    const WqlQuery query = ParseWql(text);
     if (const auto* const select = std::get_if<SelectQuery>(&query)) {
         return select->className;
     }
@@ -135,7 +143,8 @@ std::string SourceClassOf(std::string_view wql) try {
     const auto& references = std::get<ReferencesQuery>(query);
     return references.resultClass.empty() ? references.path.className : references.resultClass;
 } catch (const WqlError&) {
-    return {};
+    const std::optional<ObjectPath> path = ParseObjectPath(text);
+    return path ? path->className : std::string();
 }
 
 }  // namespace qv::service

@@ -26,9 +26,9 @@ enum class SourceEnd {
 /// A query that the provider, or the tool itself, ran on the machine.
 struct SourceQuery {
     std::string nameSpace;  ///< with backslashes, in the spelling of the query
-    std::string className;  ///< what it selects, or the association of ASSOCIATORS OF; empty if the
-                            ///< connection was refused
-    std::string text;       ///< WQL; empty if the connection was refused
+    std::string className;  ///< what it reads, see SourceClassOf, or the class to which an
+                            ///< association leads; empty if the connection was refused
+    std::string text;       ///< WQL, or the path of one object; empty if the connection was refused
     std::size_t rows = 0;
     std::chrono::microseconds time{};
     Status status = Status::noError;
@@ -56,8 +56,9 @@ public:
     SourceJournal& operator=(const SourceJournal&) = delete;
     ~SourceJournal();
 
-    /// Notes that a query begins.
-    Entry& Begin(std::string_view nameSpace, std::string_view wql);
+    /// Notes that a query begins: of the class that its text names, or of another one.
+    Entry& Begin(std::string_view nameSpace, std::string_view text);
+    Entry& Begin(std::string_view nameSpace, std::string_view text, std::string className);
 
     /// Notes how it ended. Call it once.
     static void End(Entry& entry, Status status, std::size_t rows, SourceEnd end);
@@ -78,7 +79,7 @@ private:
 };
 
 /// Returns the class that a query selects; the association class of ASSOCIATORS OF and REFERENCES
-/// OF, or without one the class of the path; empty if the text is not a query.
-std::string SourceClassOf(std::string_view wql);
+/// OF, or without one the class of the path; the class of an object path; empty for any other text.
+std::string SourceClassOf(std::string_view text);
 
 }  // namespace qv::service

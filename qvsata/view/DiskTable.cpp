@@ -14,6 +14,13 @@
 namespace qv::view {
 namespace {
 
+// The places of the columns that a narrow terminal may lack.
+constexpr std::size_t size = 3;
+constexpr std::size_t bus = 4;
+constexpr std::size_t attachment = 6;
+constexpr std::size_t firmware = 7;
+constexpr std::size_t serialNumber = 8;
+
 const CellRow heading{
     {{"#", Style::faint}, true},     {{"Health", Style::faint}},   {{"Model", Style::faint}},
     {{"Size", Style::faint}, true},  {{"Bus", Style::faint}},      {{"Published", Style::faint}},
@@ -43,7 +50,8 @@ CellRow RowOf(const OsDisk& disk) {
 }  // namespace
 
 StyledText DisksAsText(const std::vector<OsDisk>& disks, std::optional<std::size_t> columns) {
-    TextTable table{heading, {}, 3};
+    constexpr std::size_t inTitle = 3;
+    TextTable table{heading, {}, inTitle, {serialNumber, size, bus, firmware, attachment}};
     std::ranges::transform(disks, std::back_inserter(table.rows), RowOf);
     return TableAsText(table, columns);
 }

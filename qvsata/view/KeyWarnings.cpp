@@ -8,19 +8,33 @@
 namespace qv::view {
 namespace {
 
-bool IsPartOf(const OsDisk& part, const OsDisk& whole) {
-    return FoldCase(whole.deviceId).find(FoldCase(part.deviceId)) != std::string::npos;
+struct ComparedDisk {
+    std::string number;
+    std::string id;  ///< folded once: there are many pairs
+};
+
+std::vector<ComparedDisk> PublishedAmong(const std::vector<OsDisk>& disks) {
+    std::vector<ComparedDisk> published;
+    for (const OsDisk& disk : disks) {
+        if (disk.whyUnpublished.empty()) {
+            published.push_back({DriveNumberText(disk.number), FoldCase(disk.deviceId)});
+        }
+    }
+    return published;
 }
 
-std::string PartWarning(const OsDisk& part, const OsDisk& whole) {
-    return "the plug-and-play ID of disk " + DriveNumberText(part.number) +
-           " is part of that of disk " + DriveNumberText(whole.number) +
-           ": associations of one may name the other, too";
+bool IsPartOf(const ComparedDisk& part, const ComparedDisk& whole) {
+    return whole.id.find(part.id) != std::string::npos;
 }
 
-std::string Warning(const OsDisk& one, const OsDisk& other) {
-    if (EqualsIgnoringCase(one.deviceId, other.deviceId)) {
-        return "disks " + DriveNumberText(one.number) + " and " + DriveNumberText(other.number) +
+std::string PartWarning(const ComparedDisk& part, const ComparedDisk& whole) {
+    return "the plug-and-play ID of disk " + part.number + " is part of that of disk " +
+           whole.number + ": associations of one may name the other, too";
+}
+
+std::string Warning(const ComparedDisk& one, const ComparedDisk& other) {
+    if (one.id == other.id) {
+        return "disks " + one.number + " and " + other.number +
                " have one plug-and-play ID: their instances have the same keys";
     }
     if (IsPartOf(one, other)) {
@@ -33,11 +47,9 @@ std::string Warning(const OsDisk& one, const OsDisk& other) {
 
 std::vector<std::string> KeyWarningLines(const std::vector<OsDisk>& disks) {
     std::vector<std::string> lines;
-    for (auto one = disks.begin(); one != disks.end(); ++one) {
-        for (auto other = one + 1; other != disks.end(); ++other) {
-            if (!one->whyUnpublished.empty() || !other->whyUnpublished.empty()) {
-                continue;
-            }
+    const std::vector<ComparedDisk> published = PublishedAmong(disks);
+    for (auto one = published.begin(); one != published.end(); ++one) {
+        for (auto other = one + 1; other != published.end(); ++other) {
             if (std::string warning = Warning(*one, *other); !warning.empty()) {
                 lines.push_back(std::move(warning));
             }

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "qvsata/view/Health.h"
 
@@ -22,12 +23,26 @@ struct OsDisk {
     std::string attachmentName;    ///< the same for people: "channel 4&1F2B6C03&0&0", a name
     std::string deviceId;          ///< plug-and-play ID
     Health health;                 ///< the status that the system reports
-    std::optional<bool> failureIsPredicted;  ///< unset if the predictions could not be read
-    std::string whyUnpublished;              ///< three words at most; empty for a published disk
-    std::string whyUnwatched;                ///< why it raises no events; empty for a watched disk
+    /// Unset if the predictions could not be read, or the disk's rows do not tell.
+    std::optional<bool> failureIsPredicted;
+    std::string whyUnpublished;  ///< three words at most; empty for a published disk
+    std::string whyUnwatched;    ///< why it raises no events; empty for a watched disk
+};
+
+/// All disks of the operating system.
+struct OsDisks {
+    std::vector<OsDisk> disks;  ///< by drive number
+    bool predictionsAreRead = true;
+    /// The devices of the failure-prediction rows that predict a failure but name none of the
+    /// disks.
+    std::vector<std::string> failingOthers = {};
 };
 
 /// Returns the health of a disk, see WithPrediction.
 Health HealthOf(const OsDisk& disk);
+
+/// Returns a line for each predicted failure of a device that is none of the disks, and for each
+/// disk of which it is unknown whether a failure is predicted, unless no prediction could be read.
+std::string PredictionWarnings(const OsDisks& all);
 
 }  // namespace qv::view

@@ -54,8 +54,8 @@ std::string ComparedId(const std::string& deviceId) {
 
 class Builder {
 public:
-    Builder(const PublishedHost& host, const std::vector<OsDisk>& osDisks) : host_(host) {
-        for (const OsDisk& disk : osDisks) {
+    Builder(const PublishedHost& host, const OsDisks& osDisks) : host_(host) {
+        for (const OsDisk& disk : osDisks.disks) {
             osDisks_.emplace(ComparedId(disk.deviceId), &disk);
             if (!disk.whyUnpublished.empty()) {
                 unpublished_.push_back(disk);
@@ -243,8 +243,12 @@ void Append(const std::vector<Disk>& disks, std::vector<const Disk*>& all) {
 
 }  // namespace
 
-Topology BuildTopology(const PublishedHost& host, const std::vector<OsDisk>& osDisks) {
-    return Builder(host, osDisks).Build();
+Topology BuildTopology(const PublishedHost& host, const OsDisks& osDisks) {
+    Topology topology = Builder(host, osDisks).Build();
+    topology.failingOthers = osDisks.failingOthers;
+    topology.unknownPredictions = static_cast<std::size_t>(std::ranges::count_if(
+        osDisks.disks, [](const OsDisk& disk) { return !disk.failureIsPredicted; }));
+    return topology;
 }
 
 Health HealthOf(const Disk& disk) {

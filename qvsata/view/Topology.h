@@ -68,8 +68,12 @@ struct Topology {
     std::vector<Channel> looseChannels;  ///< of no published controller
     std::vector<Disk> looseDisks;        ///< not attached to a published object
     Sight sight;
-    std::optional<Health> collection;  ///< the published consolidated status of the disks
-    std::vector<OsDisk> unpublished;   ///< the other disks of the operating system
+    std::optional<Health> collection;        ///< the published consolidated status of the disks
+    std::vector<OsDisk> unpublished;         ///< the other disks of the operating system
+    std::vector<std::string> failingOthers;  ///< see OsDisks
+    /// The number of disks, published or not, of which it is unknown whether a failure is
+    /// predicted.
+    std::size_t unknownPredictions = 0;
 };
 
 /// The classes whose instances BuildTopology reads.
@@ -100,7 +104,7 @@ inline constexpr std::array<std::string_view, 18> topologyClasses{
 /// the beginning of another; then the longest counts. A disk's drive number and whether its failure
 /// is predicted come from the disk of the operating system with its ID; of several, from the one
 /// with the published index.
-Topology BuildTopology(const PublishedHost& host, const std::vector<OsDisk>& osDisks = {});
+Topology BuildTopology(const PublishedHost& host, const OsDisks& osDisks = {});
 
 /// Returns all disks of a host, in the order of the tree.
 std::vector<const Disk*> DisksOf(const Topology& topology);

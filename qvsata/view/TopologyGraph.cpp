@@ -102,6 +102,10 @@ std::string TopologyAsGraph(const Topology& topology) {
         graph.AddChannel(channel, host);
     }
     graph.AddDisks(topology.looseDisks, host);
+    for (const std::string& device : topology.failingOthers) {
+        graph.Join(host,
+                   graph.Add("failure predicted, unknown device\n" + Printable(device), "khaki"));
+    }
     const Sight& sight = topology.sight;
     for (const auto& [isRead, what] :
          {std::pair(sight.disks, "disks"), std::pair(sight.controllers, "controllers"),

@@ -77,6 +77,7 @@ ordered_json TopologyAsJson(const Topology& topology) {
     document["unpublishedDisks"] = Array(topology.unpublished, UnpublishedAsJson);
     document["publishedConsolidatedStatus"] =
         topology.collection ? StatusAsJson(*topology.collection) : ordered_json(nullptr);
+    document["failingOthers"] = topology.failingOthers;
     return document;
 }
 

@@ -228,7 +228,25 @@ StyledText PublishedSummary(const Topology& topology) {
     return summary;
 }
 
-StyledText Summary(const Topology& topology) {
+/// Returns the summary's words on predicted failures that no line of a disk shows.
+StyledText PredictionSummary(const Topology& topology) {
+    StyledText summary;
+    const auto count = [&summary](const std::string& what, std::size_t number, std::string noun) {
+        noun += number == 1 ? "" : "s";
+        summary.push_back({"; " + what + std::to_string(number) + ' ' + noun, Style::caution});
+    };
+    if (!topology.failingOthers.empty()) {
+        count("failure predicted for ", topology.failingOthers.size(), "unknown device");
+    }
+    if (!topology.sight.predictions) {
+        summary.push_back({"; failure predictions " + notReadable.text, notReadable.style});
+    } else if (topology.unknownPredictions != 0) {
+        count("failure prediction unknown of ", topology.unknownPredictions, "disk");
+    }
+    return summary;
+}
+
+StyledText DiskSummary(const Topology& topology) {
     if (!topology.sight.disks) {
         return {{"disks " + notReadable.text, notReadable.style}};
     }
@@ -239,9 +257,6 @@ StyledText Summary(const Topology& topology) {
         summary.push_back({"; "});
         summary.push_back(
             CountsSpan(std::to_string(topology.unpublished.size()) + " not published", others));
-    }
-    if (!topology.sight.predictions) {
-        summary.push_back({"; failure predictions " + notReadable.text, notReadable.style});
     }
     return summary;
 }
@@ -255,7 +270,8 @@ StyledText TopologyAsText(const Topology& topology, std::optional<std::size_t> c
         {(topology.computer.empty() ? "computer without a name" : Printable(topology.computer)) +
          '\n'}};
     std::ranges::move(writer.Take(), std::back_inserter(text));
-    std::ranges::move(Summary(topology), std::back_inserter(text));
+    std::ranges::move(DiskSummary(topology), std::back_inserter(text));
+    std::ranges::move(PredictionSummary(topology), std::back_inserter(text));
     text.push_back({"\n"});
     return text;
 }

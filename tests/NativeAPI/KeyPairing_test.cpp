@@ -73,5 +73,15 @@ TEST(KeyPairing, ReversedRulesAreOrderedByTheFirstKeysToo) {
               Partners({{0, 2}, {0, 1}}));
 }
 
+TEST(KeyPairing, UpToALimitFindsNothingBeyondIt) {
+    const Keys first{"a", "b", "a"};
+    const Keys second{"a", "a"};
+    EXPECT_EQ(PairKeysUpTo(4, first, second, MatchRule::equal), Partners({{0, 1}, {}, {0, 1}}));
+    EXPECT_EQ(PairKeysUpTo(3, first, second, MatchRule::equal), std::nullopt);
+    EXPECT_EQ(PairKeysUpTo(3, first, second, MatchRule::secondContains), std::nullopt);
+    EXPECT_EQ(PairKeysUpTo(5, first, second, MatchRule::always), std::nullopt);
+    EXPECT_EQ(PairKeysUpTo(0, first, {}, MatchRule::always), Partners({{}, {}, {}}));
+}
+
 }  // namespace
 }  // namespace qv::test

@@ -56,10 +56,38 @@ TEST(LogLine, IsTheMessageAloneWithoutAFunction) {
               L"07/04/2024 09:05:03.007 [Error] Message\r\n");
 }
 
-TEST(LogLine, TakesTextsOfAnyLengthAndPercentSigns) {
-    const std::wstring message = std::wstring(10000, L'x') + L"%s%n\u00E9";
-    EXPECT_EQ(FormatLogLine(earlyMoment, LogLevel::debug, L"", message),
-              L"07/04/2024 09:05:03.007 [Debug] " + message + L"\r\n");
+TEST(LogLine, TakesPercentSignsAndCharactersOfAnyScript) {
+    EXPECT_EQ(FormatLogLine(earlyMoment, LogLevel::debug, L"", L"%s%n\u00E9\u4E2D\U0001F600"),
+              L"07/04/2024 09:05:03.007 [Debug] %s%n\u00E9\u4E2D\U0001F600\r\n");
+}
+
+TEST(LogLine, OfATextWithLineEndsIsOneLine) {
+    EXPECT_EQ(FormatLogLine(earlyMoment, LogLevel::information, L"C::M",
+                            L"A disk\r\n07/04/2024 09:05:03.008 [Error] forged"),
+              L"07/04/2024 09:05:03.007 [Information] C::M| "
+              L"A disk\\x0d\\x0a07/04/2024 09:05:03.008 [Error] forged\r\n");
+}
+
+TEST(LogLine, ShowsCharactersThatControlAReaderAsCodes) {
+    EXPECT_EQ(LogText(L"\x1b[2J\u202e\u2028\x7f"), L"\\x1b[2J\\u202e\\u2028\\x7f");
+    EXPECT_EQ(LogText(std::wstring_view(L"\0", 1)), L"\\x00");
+}
+
+TEST(LogLine, ShowsHalfACharacterAsACode) {
+    EXPECT_EQ(LogText(L"a\xD83D"), L"a\\ud83d");
+    EXPECT_EQ(LogText(L"\xDE00z"), L"\\ude00z");
+}
+
+TEST(LogLine, LeavesALongTextWholeUpToItsGreatestLength) {
+    const std::wstring longest(4096, L'x');
+    EXPECT_EQ(LogText(longest), longest);
+}
+
+TEST(LogLine, CutsALongerTextAndSaysHowMuchIsMissing) {
+    EXPECT_EQ(LogText(std::wstring(10000, L'x')),
+              std::wstring(4096, L'x') + L"... (5904 more characters)");
+    EXPECT_EQ(LogText(std::wstring(4095, L'x') + L"\r"),
+              std::wstring(4095, L'x') + L"... (1 more characters)");
 }
 
 }  // namespace

@@ -52,6 +52,15 @@ TEST_F(ProviderLogTest, TakesTheNarrowTextOfTheCore) {
     EXPECT_EQ(TextOf(lines[2]), L"[Error] C::M| It failed");
 }
 
+TEST_F(ProviderLogTest, KeepsATextThatEndsALineInItsOwnLine) {
+    log.Write(LogLevel::information, "C::M| Description = a\r\n[Error] forged");
+    log.Plain(L"C::M", L"a\n[Error] forged");
+    const std::vector<std::wstring> lines = ReadLinesOf(file);
+    ASSERT_EQ(lines.size(), 3U);
+    EXPECT_EQ(TextOf(lines[1]), L"[Information] C::M| Description = a\\x0d\\x0a[Error] forged");
+    EXPECT_EQ(TextOf(lines[2]), L"[Information] C::M| a\\x0a[Error] forged");
+}
+
 struct RuleCase {
     std::uint32_t level;
     std::size_t plainLines;

@@ -239,6 +239,50 @@ TEST_F(RegistrationTest, IsTakenBackWhereverItsWritingFails) {
     EXPECT_EQ(library.RegisterServer(), S_OK);
 }
 
+/// Registers another file of the library in place of this one.
+void RegisterElsewhere() {
+    for (const std::wstring& id : {instanceId, eventId}) {
+        RegSetKeyValueW(HKEY_LOCAL_MACHINE,
+                        (root + L"\\CLSID\\" + id + L"\\InprocServer32").c_str(), nullptr, REG_SZ,
+                        L"C:\\x", 10);
+    }
+}
+
+TEST_F(RegistrationTest, LeavesAWorkingOneWhereTheTypeLibraryCannotBeRegistered) {
+    ASSERT_EQ(library.RegisterServer(), S_OK);
+    RegisterElsewhere();
+    const RegistryDump working = Classes();
+    const auto fail = [](LPCOLESTR, REGKIND, ITypeLib** types) -> HRESULT {
+        *types = nullptr;
+        return TYPE_E_REGISTRYACCESS;
+    };
+    const ReplacedImport<HRESULT WINAPI(LPCOLESTR, REGKIND, ITypeLib**)> loading(
+        library.Module(), "LoadTypeLibEx", +fail);
+    EXPECT_EQ(library.RegisterServer(), SELFREG_E_TYPELIB);
+    EXPECT_EQ(Classes(), working);
+}
+
+LSTATUS WINAPI WriteAllButOne(HKEY key, LPCWSTR path, LPCWSTR name, DWORD type, const void* data,
+                              DWORD size) {
+    return writesLeft-- != 0 ? RegSetKeyValueW(key, path, name, type, data, size)
+                             : ERROR_ACCESS_DENIED;
+}
+
+TEST_F(RegistrationTest, LeavesAWorkingOneWhereverItsWritingFails) {
+    ASSERT_EQ(library.RegisterServer(), S_OK);
+    RegisterElsewhere();
+    const RegistryDump working = Classes();
+    const ReplacedImport writing(library.Module(), "RegSetKeyValueW", &WriteAllButOne);
+    constexpr int allWrites = 26;
+    std::vector<HRESULT> results;
+    Repeat(allWrites, [&] {
+        writesLeft = static_cast<int>(results.size());
+        results.push_back(library.RegisterServer());
+    });
+    EXPECT_THAT(results, ::testing::Each(SELFREG_E_CLASS));
+    EXPECT_EQ(Classes(), working);
+}
+
 TEST_F(RegistrationTest, ReportsAClassThatCannotBeRemoved) {
     const auto deny = [](HKEY, LPCWSTR) -> LSTATUS { return ERROR_ACCESS_DENIED; };
     const ReplacedImport<LSTATUS WINAPI(HKEY, LPCWSTR)> removing(library.Module(), "RegDeleteTreeW",

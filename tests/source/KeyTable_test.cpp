@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace qv::test {
 namespace {
 
@@ -33,6 +35,17 @@ TEST(KeyTable, FindsAllBeginningsThoughOthersAreSortedBetweenThem) {
     EXPECT_EQ(table.Beginnings("abd"), (Places{0, 1, 3, 6}));
     EXPECT_EQ(table.Beginnings("zz"), Places{6});
     EXPECT_EQ(table.Beginnings(""), Places{6});
+}
+
+TEST(KeyTable, FindsTheBeginningsInALongChainOfThem) {
+    std::vector<std::string> chain(100);
+    std::ranges::generate(chain, [text = std::string()]() mutable { return text += 'a'; });
+    const KeyTable table(chain);
+    EXPECT_EQ(table.Beginnings("aaab"), (Places{0, 1, 2}));
+    EXPECT_EQ(table.Beginnings("b"), Places{});
+    EXPECT_EQ(table.Contained("baab"), (Places{0, 1}));
+    EXPECT_EQ(table.Equal(std::string(57, 'a')), Places{56});
+    EXPECT_EQ(table.Contained(std::string(200, 'a')).size(), 100U);
 }
 
 TEST(KeyTable, FindsTextsThatOccurAtTheBeginningInTheMiddleAndAtTheEnd) {

@@ -6,14 +6,14 @@
 
 namespace qv::test {
 
-/// The path of a file in the folder for temporary files, with a name that no other process uses.
-/// The destructor deletes the file.
+/// The path of a file or folder in the folder for temporary files, with a name that no other
+/// process uses. The destructor deletes it.
 class TemporaryFile {
 public:
     TemporaryFile() = default;
     TemporaryFile(const TemporaryFile&) = delete;
     TemporaryFile& operator=(const TemporaryFile&) = delete;
-    ~TemporaryFile() { std::filesystem::remove(path_); }
+    ~TemporaryFile() { std::filesystem::remove_all(path_); }
 
     const std::filesystem::path& Path() const { return path_; }
 

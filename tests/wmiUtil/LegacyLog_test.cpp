@@ -101,6 +101,18 @@ TEST_F(LegacyLogTest, WritesNarrowLinesWithTheLocalTimeBehindABlank) {
     EXPECT_GE(after, TimeOf(match));
 }
 
+TEST_F(LegacyLogTest, KeepsATextThatEndsALineInItsOwnLine) {
+    LegacyLog(prefix).CommonLogEntry("a\r\n [forged\x1b\xe9", LogLevel::error);
+    EXPECT_TRUE(std::regex_match(
+        ReadBytesOf(file), std::regex(" [^\r]*\\] - a\\\\x0d\\\\x0a \\[forged\\\\x1b\xe9\r\n")));
+}
+
+TEST_F(LegacyLogTest, CutsALongText) {
+    LegacyLog(prefix).CommonLogEntry(std::string(5000, 'x'), LogLevel::error);
+    EXPECT_TRUE(ReadBytesOf(file).ends_with("] - " + std::string(4096, 'x') +
+                                            "... (904 more characters)\r\n"));
+}
+
 TEST_F(LegacyLogTest, AppendsToWhatIsThere) {
     WriteBytesTo(file, "older\r\n");
     const LegacyLog log(prefix);

@@ -8,43 +8,77 @@
 namespace qv::service {
 namespace {
 
-/// Returns a structure of a loaded module by its address relative to the module's base.
-template <typename T>
-T* At(HMODULE module, DWORD address) {
-    auto* base = reinterpret_cast<std::byte*>(module);
-    return static_cast<T*>(static_cast<void*>(base + address));
-}
+/// The headers and tables of a loaded module. Nothing beyond the module is read: another build of a
+/// library may be packed, bound or made by an unusual linker.
+class ModuleImage {
+public:
+    explicit ModuleImage(HMODULE module) : base_(reinterpret_cast<std::byte*>(module)) {
+        const auto* dos = At<IMAGE_DOS_HEADER>(0);
+        const auto* headers = At<IMAGE_NT_HEADERS>(static_cast<DWORD>(dos->e_lfanew));
+        const bool isImage = dos->e_magic == IMAGE_DOS_SIGNATURE && headers != nullptr &&
+                             headers->Signature == IMAGE_NT_SIGNATURE;
+        size_ = isImage ? headers->OptionalHeader.SizeOfImage : 0;
+        if (isImage && headers->OptionalHeader.NumberOfRvaAndSizes > IMAGE_DIRECTORY_ENTRY_IMPORT) {
+            imports_ = headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
+        }
+    }
 
-const IMAGE_DATA_DIRECTORY& ImportDirectory(HMODULE module) {
-    const auto* dos = At<IMAGE_DOS_HEADER>(module, 0);
-    const auto* headers = At<IMAGE_NT_HEADERS>(module, static_cast<DWORD>(dos->e_lfanew));
-    return headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
-}
-
-/// Returns the entries of the address table through which the module calls a function.
-std::vector<void*> SlotsOf(HMODULE module, std::string_view function) {
-    std::vector<void*> slots;
-    const IMAGE_DATA_DIRECTORY& directory = ImportDirectory(module);
-    if (directory.Size == 0) {
+    /// Returns the entries of the address tables through which the module calls a function.
+    std::vector<void*> SlotsOf(std::string_view function) const {
+        std::vector<void*> slots;
+        const std::size_t count = imports_.Size / sizeof(IMAGE_IMPORT_DESCRIPTOR);
+        for (std::size_t index = 0; index < count; ++index) {
+            const auto* library = Entry<IMAGE_IMPORT_DESCRIPTOR>(imports_.VirtualAddress, index);
+            if (library == nullptr || library->Name == 0) {
+                break;
+            }
+            AddSlots(*library, function, slots);
+        }
         return slots;
     }
-    const auto* library = At<IMAGE_IMPORT_DESCRIPTOR>(module, directory.VirtualAddress);
-    for (; library->Name != 0; ++library) {
-        const auto* name = At<IMAGE_THUNK_DATA>(module, library->OriginalFirstThunk);
-        auto* address = At<IMAGE_THUNK_DATA>(module, library->FirstThunk);
-        for (; name->u1.AddressOfData != 0; ++name, ++address) {
-            if (IMAGE_SNAP_BY_ORDINAL(name->u1.Ordinal)) {
-                continue;
+
+private:
+    /// A library without a table of names, whose addresses the linker has bound, adds nothing.
+    void AddSlots(const IMAGE_IMPORT_DESCRIPTOR& library, std::string_view function,
+                  std::vector<void*>& slots) const {
+        for (std::size_t index = 0;; ++index) {
+            const auto* name = Entry<IMAGE_THUNK_DATA>(library.OriginalFirstThunk, index);
+            auto* address = Entry<IMAGE_THUNK_DATA>(library.FirstThunk, index);
+            if (name == nullptr || address == nullptr || name->u1.AddressOfData == 0) {
+                return;
             }
-            const auto* imported =
-                At<IMAGE_IMPORT_BY_NAME>(module, static_cast<DWORD>(name->u1.AddressOfData));
-            if (function == static_cast<const char*>(imported->Name)) {
+            if (!IMAGE_SNAP_BY_ORDINAL(name->u1.Ordinal) &&
+                IsText(name->u1.AddressOfData + offsetof(IMAGE_IMPORT_BY_NAME, Name), function)) {
                 slots.push_back(&address->u1.Function);
             }
         }
     }
-    return slots;
-}
+
+    bool IsText(std::size_t address, std::string_view text) const {
+        const auto* first = At<char>(address);
+        const auto* end = At<char>(address + text.size());
+        return first != nullptr && end != nullptr && *end == '\0' &&
+               std::string_view(first, text.size()) == text;
+    }
+
+    /// Returns the structure at an address relative to the module's base; null if it is not wholly
+    /// inside the module.
+    template <typename T>
+    T* At(std::size_t address) const {
+        const bool isInside = address <= size_ && sizeof(T) <= size_ - address;
+        return isInside ? static_cast<T*>(static_cast<void*>(base_ + address)) : nullptr;
+    }
+
+    /// Returns an entry of a table; null also if the module has no such table.
+    template <typename T>
+    T* Entry(DWORD table, std::size_t index) const {
+        return table == 0 ? nullptr : At<T>(table + index * sizeof(T));
+    }
+
+    std::byte* base_;
+    std::size_t size_ = 0x1000;  ///< until the headers tell it: their page
+    IMAGE_DATA_DIRECTORY imports_{};
+};
 
 }  // namespace
 
@@ -58,7 +92,7 @@ bool ImportPatch::Write(Function* slot, Function function) {
 }
 
 ImportPatch::ImportPatch(HMODULE module, const char* function, Function replacement) {
-    for (void* found : SlotsOf(module, function)) {
+    for (void* found : ModuleImage(module).SlotsOf(function)) {
         auto* slot = static_cast<Function*>(found);
         entries_.push_back({slot, *slot});
         if (!Write(slot, replacement)) {

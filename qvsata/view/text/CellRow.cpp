@@ -17,11 +17,14 @@ void WidenFor(const CellRow& row, std::vector<std::size_t>& widths) {
 void AppendRow(const CellRow& row, const std::vector<std::size_t>& widths, StyledText& text) {
     std::string gap;
     for (std::size_t column = 0; column < row.size(); ++column) {
+        if (widths[column] == 0) {
+            continue;
+        }
         const Cell& cell = row[column];
         const std::string padding = Padding(widths[column], cell.span.text);
         text.push_back({gap + (cell.toTheRight ? padding : "")});
         text.push_back(cell.span);
-        gap = (cell.toTheRight ? "" : padding) + (widths[column] == 0 ? "" : "  ");
+        gap = (cell.toTheRight ? "" : padding) + "  ";
     }
     text.push_back({"\n"});
 }

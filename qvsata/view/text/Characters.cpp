@@ -2,8 +2,9 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
 #include <utility>
+
+#include "platform/ControlCharacters.h"
 
 namespace qv::view {
 namespace {
@@ -29,12 +30,8 @@ bool IsIn(const Ranges& ranges, char32_t code) {
 }
 
 std::string Escaped(const Character& character) {
-    constexpr char32_t firstOfFourDigits = 0x100;
-    std::array<char, 16> text{};
-    const unsigned code = character.code ? static_cast<unsigned>(*character.code)
-                                         : static_cast<unsigned char>(character.bytes.front());
-    std::snprintf(text.data(), text.size(), code < firstOfFourDigits ? "\\x%02x" : "\\u%04x", code);
-    return text.data();
+    return platform::CodeText(
+        character.code.value_or(static_cast<unsigned char>(character.bytes.front())));
 }
 
 }  // namespace

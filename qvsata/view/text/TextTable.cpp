@@ -1,5 +1,7 @@
 #include "qvsata/view/text/TextTable.h"
 
+#include <string>
+
 #include "qvsata/view/text/Columns.h"
 
 namespace qv::view {
@@ -22,6 +24,39 @@ StyledText AsBlocks(const TextTable& table, std::size_t columns) {
     return text;
 }
 
+StyledText AsLines(const TextTable& table, const std::vector<std::size_t>& widths) {
+    StyledText text;
+    AppendRow(table.heading, widths, text);
+    for (const CellRow& row : table.rows) {
+        AppendRow(row, widths, text);
+    }
+    return text;
+}
+
+/// Sets the widths of the dispensable columns that do not fit to zero.
+void LeaveOut(const TextTable& table, std::size_t columns, std::vector<std::size_t>& widths) {
+    const std::vector<std::size_t> whole = widths;
+    for (const std::size_t column : table.dispensable) {
+        widths[column] = 0;
+    }
+    for (const std::size_t column : table.dispensable) {
+        widths[column] = whole[column];
+        if (WidthOfRow(widths) > columns) {
+            widths[column] = 0;
+        }
+    }
+}
+
+std::string LeftOut(const TextTable& table, const std::vector<std::size_t>& widths) {
+    std::string names;
+    for (const std::size_t column : table.dispensable) {
+        if (widths[column] == 0) {
+            names.append(names.empty() ? "" : ", ").append(table.heading[column].span.text);
+        }
+    }
+    return names;
+}
+
 }  // namespace
 
 StyledText TableAsText(const TextTable& table, std::optional<std::size_t> columns) {
@@ -30,14 +65,15 @@ StyledText TableAsText(const TextTable& table, std::optional<std::size_t> column
     for (const CellRow& row : table.rows) {
         WidenFor(row, widths);
     }
-    if (columns && WidthOfRow(widths) > *columns) {
+    if (!columns || WidthOfRow(widths) <= *columns) {
+        return AsLines(table, widths);
+    }
+    LeaveOut(table, *columns, widths);
+    if (WidthOfRow(widths) > *columns) {
         return AsBlocks(table, *columns);
     }
-    StyledText text;
-    AppendRow(table.heading, widths, text);
-    for (const CellRow& row : table.rows) {
-        AppendRow(row, widths, text);
-    }
+    StyledText text = AsLines(table, widths);
+    text.push_back({"too narrow for: " + LeftOut(table, widths) + '\n', Style::faint});
     return text;
 }
 

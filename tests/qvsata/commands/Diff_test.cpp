@@ -1,7 +1,9 @@
 // What differs between two recordings, and the events that the change raises.
 #include <gmock/gmock.h>
 
+#include <filesystem>
 #include <fstream>
+#include <sstream>
 
 #include "nlohmann/json.hpp"
 #include "tests/qvsata/commands/RunHere.h"
@@ -82,6 +84,47 @@ INSTANTIATE_TEST_SUITE_P(
              "Disk #1 Halden HD6000G02 (S/N HDG2Z0418A1R) of cellar-nas.example.org: disk appeared "
              "(new, OK)."}),
     [](const auto& step) { return "Event" + std::string(step.param.event); });
+
+/// Returns the events of the drill's steps as diff names them: "604 Halden HD4000F05".
+std::vector<std::string> EventsOfTheSteps() {
+    std::vector<std::string> recordings;
+    for (const auto& file : std::filesystem::directory_iterator(drill)) {
+        recordings.push_back(file.path().string());
+    }
+    std::erase_if(recordings, [](const std::string& name) { return !name.ends_with(".json"); });
+    std::ranges::sort(recordings);
+    std::vector<std::string> events;
+    for (std::size_t step = 1; step < recordings.size(); ++step) {
+        const json diff = DiffAsJson(recordings[step - 1], recordings[step]);
+        for (const json& event : diff["events"]) {
+            events.push_back(event["event"].get<std::string>() + ' ' +
+                             event["model"].get<std::string>());
+        }
+    }
+    return events;
+}
+
+/// Returns the events that the library delivered in the drill, in the same form.
+std::vector<std::string> DeliveredEvents() {
+    std::vector<std::string> events;
+    std::ifstream golden(QV_SOURCE_DIR "/tests/golden/event-drill.txt");
+    for (std::string line; std::getline(golden, line);) {
+        const std::string value =
+            line.substr(line.find('"') + 1, line.rfind('"') - line.find('"') - 1);
+        if (line.starts_with("  EventID: ")) {
+            events.push_back(value);
+        } else if (line.starts_with("  DeviceModel: ")) {
+            events.back() += ' ' + value;
+        }
+    }
+    return events;
+}
+
+TEST(Diff, OfTheStepsOfTheDrillNamesTheDeliveredEvents) {
+    const std::vector<std::string> delivered = DeliveredEvents();
+    EXPECT_EQ(delivered.size(), 7U);
+    EXPECT_EQ(EventsOfTheSteps(), delivered);
+}
 
 TEST(Diff, OfADiskOfAnotherStatusSaysFromWhatToWhat) {
     EXPECT_EQ(Diff(drill + "0-healthy.json", drill + "1-degraded.json").output,
@@ -196,6 +239,69 @@ TEST_F(ChangedDesktop, WithRowsInAnotherOrderIsTheSame) {
     json& disks = Rows(cimv2, "Win32_DiskDrive");
     std::swap(disks[1], disks[2]);
     EXPECT_EQ(Diff(desktop, Written()).exitCode, 0);
+}
+
+/// Two folders of recordings.
+class DiffOfFolders : public testing::Test {
+protected:
+    DiffOfFolders() {
+        std::filesystem::create_directory(before_.Path());
+        std::filesystem::create_directory(now_.Path());
+        Copy(desktop, before_, "desktop.json");
+        Copy(desktop, now_, "desktop.json");
+        Copy(drill + "0-healthy.json", before_, "nas.json");
+        Copy(drill + "1-degraded.json", now_, "nas.json");
+    }
+
+    static void Copy(const std::string& recording, const TemporaryFile& folder, const char* name) {
+        std::filesystem::copy_file(recording, folder.Path() / name);
+    }
+    Ending Run(const std::vector<std::string>& more = {}) const {
+        return Diff(before_.Path().string(), now_.Path().string(), more);
+    }
+
+    const TemporaryFile before_;
+    const TemporaryFile now_;
+};
+
+TEST_F(DiffOfFolders, ComparesRecordingsOfOneName) {
+    const Ending run = Run();
+    EXPECT_EQ(run.exitCode, 4);
+    EXPECT_THAT(run.errors, IsEmpty());
+    EXPECT_THAT(run.output,
+                AllOf(testing::StartsWith("from " + (before_.Path() / "desktop.json").string() +
+                                          " (study-desk.example.org)\n"),
+                      HasSubstr("\nno differences\nfrom " + (before_.Path() / "nas.json").string()),
+                      HasSubstr("    604 Disk #1 Halden")));
+}
+
+TEST_F(DiffOfFolders, HasADocumentInALineForEachPair) {
+    std::istringstream lines(Run({"--format", "json"}).output);
+    std::string desktops;
+    std::string stores;
+    std::getline(lines, desktops);
+    std::getline(lines, stores);
+    EXPECT_EQ(json::parse(desktops)["same"], true);
+    EXPECT_EQ(json::parse(stores)["same"], false);
+    EXPECT_EQ(json::parse(stores)["to"]["name"], (now_.Path() / "nas.json").string());
+}
+
+TEST_F(DiffOfFolders, FailsForARecordingWithoutItsLike) {
+    Copy(desktop, now_, "new.json");
+    const Ending run = Run();
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_EQ(run.errors, "qvsata: " + (now_.Path() / "new.json").string() +
+                              ": no recording of this name in the other folder\n");
+    EXPECT_THAT(run.output, HasSubstr("    604 Disk #1 Halden"));
+}
+
+TEST_F(DiffOfFolders, GoesOnAfterABrokenRecording) {
+    std::ofstream(now_.Path() / "desktop.json") << "{";
+    const Ending run = Run();
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_THAT(run.errors,
+                testing::StartsWith("qvsata: " + (now_.Path() / "desktop.json").string() + ": "));
+    EXPECT_THAT(run.output, HasSubstr("    604 Disk #1 Halden"));
 }
 
 TEST(Diff, NeedsTwoRecordings) {

@@ -125,6 +125,11 @@ INSTANTIATE_TEST_SUITE_P(
         Broken{"NoDeviceId", R"([{"op":"remove","path":"@Win32_DiskDrive/0/DeviceID"}])",
                "    requests for disks, their firmware and their packages fail: the DeviceID of #0 "
                "Disk X is not a text\n"},
+        Broken{"MediaOfAFailedRequest",
+               R"([{"op":"copy","from":"@Win32_DiskDrive/0","path":"@Win32_DiskDrive/-"},
+                   {"op":"remove","path":"@Win32_DiskDrive/1/DeviceID"}])",
+               "PHYSICALDRIVE0: not used: requests for disks, their firmware and their packages "
+               "fail: the DeviceID of #0 Disk X is not a text\n"},
         Broken{
             "NoPrediction",
             R"([{"op":"remove","path":"/namespaces/root\\wmi/MSStorageDriver_FailurePredictStatus/0"}])",
@@ -182,6 +187,14 @@ INSTANTIATE_TEST_SUITE_P(
             "Disk #0, Partition #0: not used: the storage extent of #0 Disk X shows one partition, "
             "the last, and this is an earlier one\n"},
         Broken{
+            "EarlierPartitionLink",
+            R"([{"op":"copy","from":"@Win32_DiskDriveToDiskPartition/0","path":"@Win32_DiskDriveToDiskPartition/-"},
+               {"op":"add","path":"@Win32_DiskPartition/-","value":{"DeviceID":"Partition #1"}},
+               {"op":"replace","path":"@Win32_DiskDriveToDiskPartition/1/Dependent","value":"Win32_DiskPartition.DeviceID=\"Partition #1\""}])",
+            "PHYSICALDRIVE0 - Disk #0, Partition #0: not used: the storage extent of #0 Disk X "
+            "shows "
+            "one partition, the last, and this joins an earlier one\n"},
+        Broken{
             "PartitionLinkOfNothing", R"([{"op":"remove","path":"@Win32_DiskPartition/0"}])",
             R"(not used: its Antecedent "\\.\PHYSICALDRIVE0" names no disk, or its Dependent "Disk #0, Partition #0" no partition)"},
         Broken{"PartitionLinkOfUnpublished",
@@ -192,6 +205,34 @@ INSTANTIATE_TEST_SUITE_P(
             "PredictionOfNone",
             R"([{"op":"replace","path":"/namespaces/root\\wmi/MSStorageDriver_FailurePredictStatus/0/InstanceName","value":"IDE\\Y"}])",
             "IDE\\Y: not used: its InstanceName \"IDE\\Y\" contains the ID of no disk\n"},
+        Broken{
+            "Failure",
+            R"([{"op":"replace","path":"/namespaces/root\\wmi/MSStorageDriver_FailurePredictStatus/0/PredictFailure","value":true}])",
+            "    its failure is predicted: PredictFailure of failure-prediction row "
+            "IDE\\DISKX\\5&1_0 is "
+            "TRUE\n"},
+        Broken{
+            "FailureOfADisk",
+            R"([{"op":"replace","path":"/namespaces/root\\wmi/MSStorageDriver_FailurePredictStatus/0/PredictFailure","value":true}])",
+            "used: #0 Disk X raises events because of it, and its failure is predicted "
+            "(PredictFailure is TRUE)\n"},
+        Broken{
+            "FailureOfAnUnpublishedDisk",
+            R"([{"op":"replace","path":"/namespaces/root\\wmi/MSStorageDriver_FailurePredictStatus/0/PredictFailure","value":true},
+                   {"op":"replace","path":"@Win32_DiskDrive/0/InterfaceType","value":"USB"}])",
+            "only \"IDE\" is published; usual for USB enclosures and sticks; what can be done: "
+            "attach a SATA disk to a SATA port\n    its failure is predicted: "},
+        Broken{
+            "FailureOfUnpublished",
+            R"([{"op":"replace","path":"/namespaces/root\\wmi/MSStorageDriver_FailurePredictStatus/0/PredictFailure","value":true},
+                   {"op":"replace","path":"@Win32_DiskDrive/0/InterfaceType","value":"USB"}])",
+            "not used: it predicts a failure of #0 Disk X, which is not published\n"},
+        Broken{
+            "FailureOfNone",
+            R"([{"op":"replace","path":"/namespaces/root\\wmi/MSStorageDriver_FailurePredictStatus/0/PredictFailure","value":true},
+                   {"op":"replace","path":"/namespaces/root\\wmi/MSStorageDriver_FailurePredictStatus/0/InstanceName","value":"IDE\\Y"}])",
+            "not used: it predicts a failure, and its InstanceName \"IDE\\Y\" contains the ID of "
+            "no disk\n"},
         Broken{"PredictionOfUnpublished",
                R"([{"op":"replace","path":"@Win32_DiskDrive/0/InterfaceType","value":"USB"}])",
                "not used: it names #0 Disk X, which is not published\n"}),

@@ -80,6 +80,17 @@ constexpr const char* cimv2 = R"(root\CIMv2)";
 constexpr const char* software = "drivers, firmware and BIOS of controllers cannot be published";
 constexpr const char* partitions = "partitions of storage extents cannot be published";
 
+constexpr const char* computer =
+    "QV_WinComputerSystem.CreationClassName='QV_WinComputerSystem',Name='study-desk.example.org'";
+constexpr const char* controller =
+    "QV_SATAPortController.CreationClassName='QV_SATAPortController',DeviceID='"
+    "PCI&VEN_1AF7&DEV_3A22&SUBSYS_82D41043&REV_05&3&2411E6FE&0&FA',"
+    "SystemCreationClassName='QV_WinComputerSystem',SystemName='study-desk.example.org'";
+
+const auto failures = testing::Values(
+    Failure{"WBEM_E_ACCESS_DENIED", "WBEM_E_ACCESS_DENIED (0x80041003)"},
+    Failure{"WBEM_E_TIMED_OUT", "WBEM_E_TIMED_OUT (0x80041069)"}, Failure{"", "never recorded"});
+
 INSTANTIATE_TEST_SUITE_P(
     Commands, EachUnreadSource,
     testing::Combine(
@@ -91,13 +102,38 @@ INSTANTIATE_TEST_SUITE_P(
                    "where disks and channels are attached cannot be published"},
             Source{cimv2, "Win32_DiskDriveToDiskPartition", partitions},
             Source{cimv2, "Win32_DiskPartition", partitions},
-            Source{cimv2, "Win32_PnPDevice", software},
-            Source{cimv2, "Win32_SystemDriverPNPEntity", software}),
-        testing::Values(Failure{"WBEM_E_ACCESS_DENIED", "WBEM_E_ACCESS_DENIED (0x80041003)"},
-                        Failure{"WBEM_E_TIMED_OUT", "WBEM_E_TIMED_OUT (0x80041069)"},
-                        Failure{"", "never recorded"}),
+            Source{cimv2, "Win32_PnPDevice", software}, Source{cimv2, "Win32_PnPEntity", software},
+            Source{cimv2, "Win32_SystemDriverPNPEntity", software},
+            Source{cimv2, "Win32_SystemDriver", software}),
+        failures,
         testing::Values(std::vector<std::string>{"topology"}, std::vector<std::string>{"classes"},
                         std::vector<std::string>{"enumerate", "CIM_ManagedElement"})));
+
+// The neighbours of the computer and those of a controller rest on different sources.
+INSTANTIATE_TEST_SUITE_P(
+    AssociationCommands, EachUnreadSource,
+    testing::Combine(
+        testing::Values(
+            Source{cimv2, "Win32_DiskDrive", "disks and what belongs to them cannot be published"},
+            Source{cimv2, "Win32_PhysicalMedia", "serial numbers of disks cannot be published"},
+            Source{cimv2, "Win32_IDEController", "controllers and channels cannot be published"},
+            Source{cimv2, "Win32_IDEControllerDevice",
+                   "where disks and channels are attached cannot be published"},
+            Source{cimv2, "Win32_DiskDriveToDiskPartition", partitions},
+            Source{cimv2, "Win32_DiskPartition", partitions}),
+        failures,
+        testing::Values(std::vector<std::string>{"associators", computer},
+                        std::vector<std::string>{"references", computer})));
+
+INSTANTIATE_TEST_SUITE_P(
+    SoftwareCommands, EachUnreadSource,
+    testing::Combine(testing::Values(Source{cimv2, "Win32_PnPDevice", software},
+                                     Source{cimv2, "Win32_PnPEntity", software},
+                                     Source{cimv2, "Win32_SystemDriverPNPEntity", software},
+                                     Source{cimv2, "Win32_SystemDriver", software}),
+                     failures,
+                     testing::Values(std::vector<std::string>{"associators", controller},
+                                     std::vector<std::string>{"references", controller})));
 
 // The disks alone rest on these.
 INSTANTIATE_TEST_SUITE_P(
@@ -108,9 +144,7 @@ INSTANTIATE_TEST_SUITE_P(
             Source{cimv2, "Win32_PhysicalMedia", "serial numbers of disks cannot be published"},
             Source{R"(root\wmi)", "MSStorageDriver_FailurePredictStatus",
                    "disks cannot be watched, and predicted failures are not seen"}),
-        testing::Values(Failure{"WBEM_E_ACCESS_DENIED", "WBEM_E_ACCESS_DENIED (0x80041003)"},
-                        Failure{"WBEM_E_TIMED_OUT", "WBEM_E_TIMED_OUT (0x80041069)"},
-                        Failure{"", "never recorded"}),
+        failures,
         testing::Values(std::vector<std::string>{"disks"}, std::vector<std::string>{"sources"},
                         std::vector<std::string>{"topology", "--format", "json"})));
 
@@ -195,7 +229,9 @@ TEST_F(UnreadSourcesTest, AreNoneOnACompleteRecording) {
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_THAT(run.errors, IsEmpty());
     const json sources = json::parse(run.output)["sources"];
-    EXPECT_EQ(sources.size(), 9U);
+    EXPECT_EQ(sources.size(), 11U);
+    EXPECT_EQ(sources[7]["class"], "Win32_PnPEntity");
+    EXPECT_GT(sources[7]["rows"], 0);
     EXPECT_EQ(sources[0]["class"], "Win32_DiskDrive");
     EXPECT_EQ(sources[0]["rows"], 3);
     EXPECT_EQ(sources[0]["status"], "OK");

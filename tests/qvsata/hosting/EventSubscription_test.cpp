@@ -97,7 +97,7 @@ TEST(EventSubscription, FailsAsTheProviderDoes) {
     service::HostOptions options = FailingDisk();
     const auto mof = std::filesystem::temp_directory_path() / "without-indication.mof";
     std::ofstream(mof) << "#pragma namespace(\"\\\\\\\\.\\\\root\\\\QVQ\")\nclass T { };\n";
-    options.mofFiles = {mof};
+    options.classes = service::ReadPublishedClasses({mof});
     const service::ManagementHost host(options);
     EXPECT_THAT([&host] { const EventSubscription subscription(host); },
                 testing::Throws<RequestError>(testing::Property(

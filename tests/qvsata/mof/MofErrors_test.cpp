@@ -195,6 +195,21 @@ TEST(MofErrors, ReadMofForgetsAliasesAtTheEndOfTheFile) {
     EXPECT_THROW(ReadMof(files, namespaces), MofError);
 }
 
+/// Returns a class and a chain of so many below it, a line each.
+std::string ChainOfClasses(int length) {
+    std::string text = "class C0 {};\n";
+    for (int number = 1; number <= length; ++number) {
+        text += "class C" + std::to_string(number) + " : C" + std::to_string(number - 1) + " {};\n";
+    }
+    return text;
+}
+
+TEST(MofErrors, ReadMofTakesAClassWith256AncestorsAndNoMore) {
+    EXPECT_EQ(ErrorOf(ChainOfClasses(256)), "no error");
+    EXPECT_EQ(ErrorOf(ChainOfClasses(8000)),
+              "a.mof:258:14: class C257 has more than 256 ancestors");
+}
+
 TEST(MofErrors, ReadMofFilesNamesAFileThatCannotBeRead) {
     Namespaces namespaces;
     const std::array files{std::string("no/such/file.mof")};

@@ -184,11 +184,27 @@ TEST_P(HostFileFailureTest, IsRefusedUnlessItIsAStatus) {
     EXPECT_EQ(Refusal(std::string(R"({"computer":{},"namespaces":{"n":{"C":{"fails":)") +
                       GetParam() + "}}}}"),
               "h.json: namespaces.n.C.fails: expected true or the name of a status like "
-              "\"WBEM_E_ACCESS_DENIED\"");
+              "\"WBEM_E_ACCESS_DENIED\", or its number");
 }
 
 INSTANTIATE_TEST_SUITE_P(Values, HostFileFailureTest,
-                         testing::Values("false", "null", "5", R"("denied")", "[]"));
+                         testing::Values("false", "null", "5", R"("denied")", "[]", R"("0x8004")",
+                                         R"("0x00000000")", R"("0x8004100Z")"));
+
+TEST(HostFile, KnowsAFailureByNumber) {
+    const RecordedHost host =
+        Loaded(R"({"computer":{},"namespaces":{"n":{"C":{"fails":"0x80070002"}}}})");
+    EXPECT_EQ(host.FindNamespace("n")->Find("C")->Failure(), Status{0x80070002});
+}
+
+TEST(HostFile, KnowsTheRecordedSystem) {
+    EXPECT_EQ(Loaded(R"({"computer":{},"namespaces":{},
+                         "system":{"osVersion":"10.0.19045","codePage":1252}})")
+                  .System(),
+              (RecordedSystem{"10.0.19045", 1252}));
+    EXPECT_EQ(Refusal(R"({"computer":{},"namespaces":{},"system":{"codePage":"1252"}})"),
+              "h.json: system.codePage: expected the number of a code page");
+}
 
 TEST(HostFile, RefusesARowListThatIsNone) {
     const std::string expected =

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "qvsata/cim/ObjectPathParser.h"
+#include "qvsata/cim/StatusCodes.h"
 #include "tests/support/HostBuilder.h"
 #include "tests/support/RecordedAnswers.h"
 
@@ -169,6 +170,25 @@ TEST(RecordedMachine, SkipsFailingClassesWhereAllAreSearched) {
     EXPECT_THAT(
         Paths(host.Build(), R"(ASSOCIATORS OF {Win32_PnPEntity="PCI\\VEN_8086&REV_02\\3"})"),
         ElementsAre(R"(Win32_SystemDriver.Name="msahci")"));
+}
+
+TEST(RecordedMachine, FailsWhereAnAssociationLeadsToAClassThatFails) {
+    HostBuilder host;
+    host.Controller(controllerId).Driver("msahci").Fail("Win32_SystemDriver");
+    const Answer answer = Ask(host.Build(), R"(root\CIMv2)",
+                              R"(ASSOCIATORS OF {Win32_PnPEntity="PCI\\VEN_8086&REV_02\\3"})"
+                              " WHERE AssocClass = Win32_SystemDriverPNPEntity");
+    EXPECT_EQ(answer.status, Status::failed);
+    EXPECT_EQ(answer.unreadClass, "Win32_SystemDriver");
+}
+
+TEST(RecordedMachine, FailsWhereAnAssociationLeadsToAClassThatWasNeverRecorded) {
+    RecordedHost host({"SRV01", "", "", ""});
+    host.AddRow(R"(root\CIMv2)", "Link", {{"A", "X.Key=1"}, {"B", "Y.Key=2"}});
+    const Answer answer =
+        Ask(host, R"(root\CIMv2)", "ASSOCIATORS OF {X.Key=1} WHERE AssocClass = Link");
+    EXPECT_EQ(answer.status, status::invalidClass);
+    EXPECT_EQ(answer.unreadClass, "Y");
 }
 
 TEST(RecordedMachine, FindsTheReferencesToAnObject) {

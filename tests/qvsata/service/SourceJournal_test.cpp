@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include "qvsata/cim/Snapshot.h"
 #include "qvsata/cim/StatusCodes.h"
 #include "qvsata/service/JournaledMachine.h"
 
@@ -27,18 +28,55 @@ private:
     Answer answer_;
 };
 
+constexpr const char* entityPath = R"(Win32_PnPEntity.DeviceID="E")";
+
+/// A machine that knows the link from a controller to its device and may not read the device.
+class SilentServices final : public Services {
+public:
+    Answer Get(std::string_view path) const override {
+        EXPECT_EQ(path, entityPath);
+        return {status::accessDenied, {}, {}};
+    }
+    Answer Enumerate(std::string_view) const override { return {}; }
+    Answer Query(std::string_view wql) const override {
+        Answer answer;
+        if (wql == R"(REFERENCES OF {C.DeviceID="C"} WHERE ResultClass = Win32_PnPDevice)") {
+            answer.objects = {std::make_shared<Snapshot>(std::vector{
+                Reference("SameElement", R"(\\SRV01\root\cimv2:)" + std::string(entityPath)),
+                Reference("SystemElement", R"(\\SRV01\root\cimv2:C.DeviceID="C")")})};
+        }
+        return answer;
+    }
+
+private:
+    static ObjectProperty Reference(const char* name, std::string path) {
+        return {name, CimType::reference, false, std::move(path)};
+    }
+};
+
 class SourceJournalTest : public testing::Test {
 protected:
+    std::shared_ptr<const Services> Journaled(std::shared_ptr<const Services> services,
+                                              MachineKind kind) const {
+        return WithJournal(
+                   [services = std::move(services)](std::string_view) {
+                       return Connection{Status::noError, services};
+                   },
+                   kind, journal)(R"(root\CIMv2)")
+            .services;
+    }
+
     /// Returns how a query ends on a machine that gives this answer.
     SourceQuery Ended(Answer answer, MachineKind kind = MachineKind::live) const {
-        const auto services = std::make_shared<const AnsweringServices>(std::move(answer));
-        const Connector machine = WithJournal(
-            [services](std::string_view) {
-                return Connection{Status::noError, services};
-            },
-            kind, journal);
-        machine(R"(root\CIMv2)").services->Query(disks);
+        Journaled(std::make_shared<const AnsweringServices>(std::move(answer)), kind)->Query(disks);
         return journal->Queries().back();
+    }
+
+    /// Returns how the reading of an object by its path ends.
+    SourceEnd EndOfGet(Answer answer, MachineKind kind = MachineKind::live) const {
+        Journaled(std::make_shared<const AnsweringServices>(std::move(answer)), kind)
+            ->Get(entityPath);
+        return journal->Queries().back().end;
     }
 
     SourceQuery Refused(Status status, MachineKind kind) const {
@@ -82,6 +120,35 @@ TEST_F(SourceJournalTest, TellsHowAConnectionFailed) {
               SourceEnd::neverRecorded);
     EXPECT_EQ(Refused(status::accessDenied, MachineKind::recorded).end,
               SourceEnd::refusedAtConnection);
+}
+
+TEST_F(SourceJournalTest, HoldsTheReadingOfAnObjectByItsPath) {
+    EXPECT_EQ(EndOfGet({status::accessDenied, {}, {}}), SourceEnd::refusedAtSubmission);
+    EXPECT_EQ(EndOfGet({Status::notFound, {}, {}}), SourceEnd::answered);
+    EXPECT_EQ(EndOfGet({Status::notFound, {}, {}, "Win32_PnPEntity"}), SourceEnd::unknownClass);
+    EXPECT_EQ(EndOfGet({Status::notFound, {}, {}, "Win32_PnPEntity"}, MachineKind::recorded),
+              SourceEnd::neverRecorded);
+    EXPECT_EQ(journal->Queries()[0].className, "Win32_PnPEntity");
+    EXPECT_EQ(journal->Queries()[0].text, entityPath);
+}
+
+TEST_F(SourceJournalTest, HoldsTheClassToWhichAnAssociationLeadsAsUnread) {
+    const Answer answer{status::accessDenied, {}, {}, "Win32_PnPEntity"};
+    Journaled(std::make_shared<const AnsweringServices>(answer), MachineKind::recorded)
+        ->Query("ASSOCIATORS OF {C='C'} WHERE AssocClass = Win32_PnPDevice");
+    const std::vector<SourceQuery> queries = journal->Queries();
+    ASSERT_EQ(queries.size(), 2U);
+    EXPECT_EQ(queries[0].className, "Win32_PnPDevice");
+    EXPECT_TRUE(WasRead(queries[0]));
+    EXPECT_EQ(queries[1].className, "Win32_PnPEntity");
+    EXPECT_EQ(queries[1].end, SourceEnd::refusedAtSubmission);
+}
+
+TEST_F(SourceJournalTest, FindsTheClassThatALiveServiceLeavesOut) {
+    Journaled(std::make_shared<const SilentServices>(), MachineKind::live)
+        ->Query(R"(ASSOCIATORS OF {C.DeviceID="C"} WHERE AssocClass = Win32_PnPDevice)");
+    EXPECT_EQ(journal->Queries().back().className, "Win32_PnPEntity");
+    EXPECT_EQ(journal->Queries().back().status, status::accessDenied);
 }
 
 TEST_F(SourceJournalTest, HoldsARunningQueryAsPending) {

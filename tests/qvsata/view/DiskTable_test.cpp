@@ -45,10 +45,27 @@ TEST(DiskTable, HasALineForEachDisk) {
               "-            -         -\n");
 }
 
-TEST(DiskTable, HasABlockForEachDiskWhereALineDoesNotFit) {
+TEST(DiskTable, LeavesOutTheColumnsThatDoNotFitTheLeastImportantFirst) {
     EXPECT_EQ(PlainText(DisksAsText({Published()}, 60)),
+              " #  Health  Model        Size  Bus  Published  Firmware  S/N\n"
+              "#0  OK      Model A  240.1 GB  IDE  yes        FW1       SN1\n"
+              "too narrow for: Attached to\n");
+    EXPECT_EQ(PlainText(DisksAsText({Published()}, 45)),
+              " #  Health  Model        Size  Published  S/N\n"
+              "#0  OK      Model A  240.1 GB  yes        SN1\n"
+              "too narrow for: Bus, Firmware, Attached to\n");
+    EXPECT_EQ(PlainText(DisksAsText({Published()}, 35)),
+              " #  Health  Model    Published  S/N\n"
+              "#0  OK      Model A  yes        SN1\n"
+              "too narrow for: Size, Bus, Firmware, Attached to\n");
+}
+
+TEST(DiskTable, HasABlockForEachDiskWhereNoLineFits) {
+    EXPECT_EQ(PlainText(DisksAsText({Published()}, 27)),
               "#0  OK  Model A\n"
-              "    Size 240.1 GB  Bus IDE  Published yes  Attached to AHCI\n"
+              "    Size 240.1 GB  Bus IDE\n"
+              "    Published yes\n"
+              "    Attached to AHCI\n"
               "    Firmware FW1  S/N SN1\n");
 }
 

@@ -12,7 +12,7 @@ using nlohmann::json;
 TEST(TopologyJson, OfNothingHasEveryMember) {
     EXPECT_EQ(json(view::TopologyAsJson({})), json::parse(R"({"computer": null, "controllers": [],
         "looseChannels": [], "looseDisks": [], "unpublishedDisks": [],
-        "publishedConsolidatedStatus": null})"));
+        "publishedConsolidatedStatus": null, "failingOthers": []})"));
 }
 
 TEST(TopologyJson, NestsDisksInTheirChannel) {

@@ -113,6 +113,15 @@ TEST(TopologyText, SumsUpAPredictedFailureThatIsNotPublished) {
                                           "consolidated status: OK\n"));
 }
 
+TEST(TopologyText, SumsUpPredictionsThatNoLineShows) {
+    Topology topology;
+    topology.looseDisks = {MakeDisk("A", ok)};
+    topology.failingOthers = {"D1", "D2"};
+    topology.unknownPredictions = 1;
+    EXPECT_THAT(Text(topology), EndsWith("\n1 disk: 1 OK; failure predicted for 2 unknown devices; "
+                                         "failure prediction unknown of 1 disk\n"));
+}
+
 TEST(TopologyText, CountsTheDisksThatAreNotPublished) {
     Topology topology;
     topology.looseDisks = {MakeDisk("A", ok)};

@@ -156,11 +156,17 @@ TEST_F(TopologyTest, TakesTheDriveNumberAndThePredictionFromTheDiskWithItsId) {
     view::OsDisk osDisk = NumberedDisk(4, {2, "OK"});
     osDisk.deviceId = R"(IDE\DiskB\5)";
     osDisk.failureIsPredicted = true;
-    const Topology topology = BuildTopology(host_, {osDisk});
+    const Topology topology = BuildTopology(host_, {{osDisk}});
     EXPECT_FALSE(topology.looseDisks[0].number.has_value());
     EXPECT_FALSE(topology.looseDisks[0].failureIsPredicted.has_value());
     EXPECT_EQ(topology.looseDisks[1].number, 4);
     EXPECT_EQ(topology.looseDisks[1].failureIsPredicted, true);
+}
+
+TEST_F(TopologyTest, CountsTheDisksOfWhichNoPredictionIsKnown) {
+    view::OsDisk known = NumberedDisk(1, {2, "OK"});
+    known.failureIsPredicted = false;
+    EXPECT_EQ(BuildTopology(host_, {{known, NumberedDisk(2, {2, "OK"})}}).unknownPredictions, 1U);
 }
 
 TEST_F(TopologyTest, TellsDisksWithOneIdApartByTheirIndex) {
@@ -173,7 +179,7 @@ TEST_F(TopologyTest, TellsDisksWithOneIdApartByTheirIndex) {
     first.deviceId = "D";
     view::OsDisk second = NumberedDisk(2, {2, "OK"});
     second.deviceId = "D";
-    const Topology topology = BuildTopology(host_, {first, second});
+    const Topology topology = BuildTopology(host_, {{first, second}});
     EXPECT_EQ(topology.looseDisks[0].number, 2);
     EXPECT_EQ(topology.looseDisks[1].number, 1);
     EXPECT_FALSE(topology.looseDisks[2].number.has_value());
@@ -182,7 +188,7 @@ TEST_F(TopologyTest, TellsDisksWithOneIdApartByTheirIndex) {
 TEST_F(TopologyTest, KeepsTheDisksThatAreNotPublished) {
     view::OsDisk other = NumberedDisk(1, {2, "OK"});
     other.whyUnpublished = "bus is USB";
-    EXPECT_EQ(BuildTopology(host_, {other, NumberedDisk(2, {2, "OK"})}).unpublished.size(), 1U);
+    EXPECT_EQ(BuildTopology(host_, {{other, NumberedDisk(2, {2, "OK"})}}).unpublished.size(), 1U);
 }
 
 TEST_F(TopologyTest, TakesFlagsFromTheDisksExtent) {

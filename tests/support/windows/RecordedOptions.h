@@ -1,9 +1,11 @@
 #pragma once
 
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "SourceTree.h"
 #include "qvsata/mof/ShippedMof.h"
@@ -23,9 +25,11 @@ inline service::HostOptions RecordedOptions(std::shared_ptr<const service::Recor
                                             const char* library) {
     service::HostOptions options;
     options.recorded = std::move(recorded);
+    std::vector<std::filesystem::path> files;
     for (const std::string_view name : service::shippedClassFiles) {
-        options.mofFiles.emplace_back(QV_SOURCE_DIR "/mof/" + std::string(name));
+        files.emplace_back(QV_SOURCE_DIR "/mof/" + std::string(name));
     }
+    options.classes = service::ReadPublishedClasses(files);
     options.library = library;
     return options;
 }

@@ -1,0 +1,214 @@
+// Measures what hostile inputs cost the tool: the time and memory of inputs that were once
+// expensive, at a size and at four times that size. tools/bench-inputs runs it.
+//   input_costs QVSATA FOLDER: QVSATA is the program, FOLDER holds the inputs while it runs.
+// "growth" is the time per byte of the larger input divided by that of the smaller one: 1 for a
+// cost proportional to the size, 4 for one proportional to its square. "memory" is the peak per
+// byte of the larger input. A run on an empty recording is subtracted from both. Exit code 1 if a
+// growth exceeds 5 or a command does not end as expected.
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+namespace {
+
+std::string Repeat(int count, const std::string& between, const auto& part) {
+    std::string text;
+    for (int number = 0; number < count; ++number) {
+        text += (number == 0 ? "" : between) + part(std::to_string(number));
+    }
+    return text;
+}
+
+std::string Recording(const std::string& namespaces) {
+    return R"({"computer":{"netbios":"H"},"namespaces":{)" + namespaces + "}}";
+}
+
+std::string Rows(const std::string& className, const std::string& rows) {
+    return Recording(R"("root\\CIMv2":{")" + className + "\":[" + rows + "]}");
+}
+
+/// Returns a recording of disks on one controller with a partition each, and these plug-and-play
+/// IDs.
+std::string Disks(int count, const auto& deviceId) {
+    const auto disk = [&](const std::string& number) {
+        return R"({"DeviceID":"D)" + number + R"(","PNPDeviceID":")" + deviceId(number) +
+               R"(","InterfaceType":"IDE","Status":"OK"})";
+    };
+    const auto partition = [](const std::string& number) {
+        return R"({"DeviceID":"P)" + number + "\"}";
+    };
+    const auto onController = [&](const std::string& number) {
+        return R"({"Antecedent":"Win32_IDEController.DeviceID=\"C\"",)"
+               R"("Dependent":"Win32_PnPEntity.DeviceID=\")" +
+               deviceId(number) + R"(\""})";
+    };
+    const auto ofDisk = [&](const std::string& number) {
+        return R"({"Antecedent":"Win32_DiskDrive.DeviceID=\"D)" + number +
+               R"(\"","Dependent":"Win32_DiskPartition.DeviceID=\"P)" + number + R"(\""})";
+    };
+    return Recording(R"("root\\CIMv2":{"Win32_PhysicalMedia":[],"Win32_PnPDevice":[],)"
+                     R"("Win32_DiskDrive":[)" +
+                     Repeat(count, ",", disk) + R"(],"Win32_DiskPartition":[)" +
+                     Repeat(count, ",", partition) +
+                     R"(],"Win32_IDEController":[{"DeviceID":"C"}],"Win32_IDEControllerDevice":[)" +
+                     Repeat(count, ",", onController) + R"(],"Win32_DiskDriveToDiskPartition":[)" +
+                     Repeat(count, ",", ofDisk) + "]}");
+}
+
+std::string EmptyRows(int count) {
+    return Rows("X", Repeat(count, ",", [](const auto&) { return std::string("{}"); }));
+}
+
+std::string LongClassName(int count) {
+    return Rows(std::string(static_cast<std::size_t>(count), 'N'),
+                Repeat(count, ",", [](const auto&) { return std::string("{}"); }));
+}
+
+std::string ManyNamespaces(int count) {
+    return Recording(Repeat(count, ",", [](const auto& n) { return "\"n" + n + "\":{}"; }));
+}
+
+std::string ManyClasses(int count) {
+    return Recording(R"("root\\CIMv2":{)" +
+                     Repeat(count, ",", [](const auto& n) { return "\"C" + n + "\":[]"; }) + "}");
+}
+
+std::string ManyProperties(int count) {
+    return Rows("X",
+                "{" + Repeat(count, ",", [](const auto& n) { return "\"p" + n + "\":1"; }) + "}");
+}
+
+std::string ManyKeys(int count) {
+    return Rows("X", "{\"R\":\"X." + Repeat(count, ",", [](const auto& n) {
+                         return "k" + n + "=" + n;
+                     }) + "\"}");
+}
+
+std::string EqualDisks(int count) {
+    return Disks(count, [](const auto&) { return std::string("IDE"); });
+}
+
+std::string LargeRecording(int count) {
+    return Rows("X", Repeat(count, ",", [](const auto& n) {
+                    return R"({"DeviceID":"\\\\.\\D)" + n +
+                           R"(","Caption":"A device of some kind","Size":")" + n +
+                           R"(000","Index":1,"Status":"OK"})";
+                }));
+}
+
+std::string ClassChain(int count) {
+    return "class C0 { string p; };\n" + Repeat(count, "\n", [](const auto& n) {
+               return "class C" + std::to_string(std::stoi(n) + 1) + " : C" + n + " {};";
+           });
+}
+
+struct Input {
+    const char* name;
+    std::string (*text)(int count);
+    std::array<int, 2> counts;  ///< the second makes an input about four times as large
+    std::vector<std::string> command;
+    int exitCode;
+    const char* option = "--host";
+};
+
+const std::vector<Input> inputs{
+    {"empty rows", EmptyRows, {50'000, 200'000}, {"sources"}, 3},
+    {"rows of a class with a long name", LongClassName, {25'000, 100'000}, {"sources"}, 3},
+    {"namespaces", ManyNamespaces, {20'000, 80'000}, {"sources"}, 3},
+    {"classes", ManyClasses, {5'000, 20'000}, {"sources"}, 3},
+    {"properties of a row", ManyProperties, {20'000, 80'000}, {"sources"}, 3},
+    {"keys of a path", ManyKeys, {20'000, 80'000}, {"sources"}, 3},
+    {"disks with equal IDs",
+     EqualDisks,
+     {400, 1'600},
+     {"enumerate", "QV_SATADiskDriveStorageExtent"},
+     1},
+    {"a large recording", LargeRecording, {50'000, 200'000}, {"sources"}, 3},
+    {"a chain of classes in MOF",
+     ClassChain,
+     {2'000, 8'000},
+     {"classes", "--host", "empty.json"},
+     1,
+     "--installed"},
+};
+
+struct Cost {
+    double seconds;
+    double bytes;
+};
+
+double Seconds(const timeval& time) {
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+}
+
+/// Runs a command without output; returns its cost. Ends this program if the command ends otherwise
+/// than expected.
+Cost Run(std::vector<std::string> command, int exitCode) {
+    std::vector<char*> arguments;
+    std::ranges::transform(command, std::back_inserter(arguments),
+                           [](std::string& one) { return one.data(); });
+    arguments.push_back(nullptr);
+    const pid_t child = fork();
+    if (child == 0) {
+        const int nowhere = open("/dev/null", O_WRONLY);
+        dup2(nowhere, STDOUT_FILENO);
+        dup2(nowhere, STDERR_FILENO);
+        execv(arguments.front(), arguments.data());
+        _exit(127);
+    }
+    int status = 0;
+    rusage usage{};
+    wait4(child, &status, 0, &usage);
+    if (!WIFEXITED(status) || WEXITSTATUS(status) != exitCode) {
+        std::printf("%s: ended with status %d\n", command[1].c_str(), status);
+        std::exit(1);
+    }
+    return {Seconds(usage.ru_utime) + Seconds(usage.ru_stime),
+            static_cast<double>(usage.ru_maxrss) * 1024};
+}
+
+}  // namespace
+
+int main(int count, char** given) {
+    if (count != 3) {
+        return 2;
+    }
+    const std::string program = std::filesystem::absolute(given[1]);
+    std::filesystem::current_path(given[2]);
+    std::ofstream("empty.json") << Recording("");
+    const Cost base = Run({program, "sources", "--host", "empty.json"}, 3);
+    std::printf("%-34s %10s %10s %8s %8s\n", "input", "bytes", "seconds", "growth", "memory");
+    bool isNear = true;
+    for (const Input& input : inputs) {
+        std::array<double, 2> perByte{};
+        for (std::size_t size = 0; size < 2; ++size) {
+            const std::string text = input.text(input.counts[size]);
+            std::ofstream("input", std::ios::binary) << text;
+            std::vector<std::string> command = input.command;
+            command.insert(command.begin(), program);
+            command.insert(command.end(), {input.option, "input"});
+            const Cost cost = Run(command, input.exitCode);
+            const auto bytes = static_cast<double>(text.size());
+            perByte[size] = std::max(cost.seconds - base.seconds, 1e-3) / bytes;
+            std::printf("%-34s %10.0f %10.3f", size == 0 ? input.name : "", bytes, cost.seconds);
+            if (size != 0) {
+                std::printf(" %8.2f %8.1f", perByte[1] / perByte[0],
+                            std::max(cost.bytes - base.bytes, 0.0) / bytes);
+            }
+            std::printf("\n");
+        }
+        isNear = isNear && perByte[1] <= 5 * perByte[0];
+    }
+    return isNear ? 0 : 1;
+}

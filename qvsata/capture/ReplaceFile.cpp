@@ -1,0 +1,29 @@
+#include "qvsata/capture/ReplaceFile.h"
+
+#include <fstream>
+#include <stdexcept>
+#include <string>
+#include <system_error>
+
+namespace qv::capture {
+
+void ReplaceFile(const std::filesystem::path& file, std::string_view content) {
+    std::filesystem::path part = file;
+    part += ".part";
+    std::ofstream stream(part, std::ios::binary);
+    stream << content;
+    stream.close();
+    std::error_code error;
+    if (stream) {
+        std::filesystem::rename(part, file, error);
+    }
+    if (!stream || error) {
+        std::error_code ignored;
+        std::filesystem::remove(part, ignored);
+        const std::u8string name = file.u8string();
+        throw std::runtime_error(std::string(name.begin(), name.end()) +
+                                 ": the file cannot be written");
+    }
+}
+
+}  // namespace qv::capture

@@ -1,0 +1,121 @@
+#include "qvsata/recorded/JsonText.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <set>
+#include <utility>
+#include <vector>
+
+#include "qvsata/recorded/HostFile.h"
+#include "source/Text.h"
+
+namespace qv::service {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+/// Builds a document from the parser's events. The JSON library's own builders search an object for
+/// each new name, or an array at the end of each element, so their time grows as the square.
+class DocumentBuilder {
+public:
+    DocumentBuilder(Json& root, const std::string& file) : root_(root), file_(file) {}
+
+    // The events, with the names that the parser requires.
+    bool null() { return Add(nullptr); }
+    bool boolean(bool value) { return Add(value); }
+    bool number_integer(Json::number_integer_t value) { return Add(value); }
+    bool number_unsigned(Json::number_unsigned_t value) { return Add(value); }
+    bool number_float(Json::number_float_t value, const std::string&) { return Add(value); }
+    bool string(std::string& value) { return Add(std::move(value)); }
+    bool binary(const Json::binary_t&) { return false; }  // never in a text
+    bool start_array(std::size_t) { return Open(Json::array()); }
+    bool end_array() { return Close(); }
+    bool start_object(std::size_t) {
+        names_.emplace_back();
+        return Open(Json::object());
+    }
+    bool end_object() {
+        names_.pop_back();
+        return Close();
+    }
+
+    // Names that differ only in case would hide each other.
+    bool key(std::string& name) {
+        if (!names_.back().insert(FoldCase(name)).second) {
+            throw HostFileError(file_ + ": " + Json(name).dump() + " stands twice in one object");
+        }
+        open_.back()->get_ref<Json::object_t&>().emplace_back(std::move(name), nullptr);
+        return true;
+    }
+
+    template <typename Error>
+    bool parse_error(std::size_t, const std::string&, const Error& error) {
+        throw error;
+    }
+
+private:
+    Json& Put(Json value) {
+        if (open_.empty()) {
+            return root_ = std::move(value);
+        }
+        Json& parent = *open_.back();
+        if (parent.is_array()) {
+            return parent.emplace_back(std::move(value));
+        }
+        return parent.get_ref<Json::object_t&>().back().second = std::move(value);
+    }
+
+    bool Add(Json value) {
+        Put(std::move(value));
+        return true;
+    }
+
+    bool Open(Json value) {
+        open_.push_back(&Put(std::move(value)));
+        return true;
+    }
+
+    bool Close() {
+        open_.pop_back();
+        return true;
+    }
+
+    Json& root_;
+    const std::string& file_;
+    std::vector<Json*> open_;  ///< from the root to the innermost
+    std::vector<std::set<std::string>> names_;
+};
+
+/// Returns the parser's message without its error number and without a copy of the input.
+std::string SyntaxReason(std::string_view what, std::string_view json, std::size_t byte) {
+    const std::string_view before = json.substr(0, byte == 0 ? 0 : byte - 1);
+    const auto line = 1 + std::ranges::count(before, '\n');
+    const std::size_t lineStart = before.find_last_of('\n');
+    const std::size_t column =
+        before.size() - (lineStart == std::string_view::npos ? 0 : lineStart + 1) + 1;
+    const std::size_t detail = what.find(": ", what.find("column"));
+    what = what.substr(0, what.find("; last read"));
+    std::string reason =
+        "line " + std::to_string(line) + ", column " + std::to_string(column) + ": not JSON";
+    if (detail != std::string_view::npos) {
+        reason.append(": ").append(what.substr(detail + 2));
+    }
+    return reason;
+}
+
+}  // namespace
+
+Json ParseJson(std::string_view text, const std::string& file) {
+    Json root;
+    DocumentBuilder builder(root, file);
+    try {
+        Json::sax_parse(text, &builder);
+    } catch (const Json::parse_error& error) {
+        throw HostFileError(file + ": " + SyntaxReason(error.what(), text, error.byte));
+    } catch (const Json::out_of_range&) {
+        throw HostFileError(file + ": a number beyond all bounds");
+    }
+    return root;
+}
+
+}  // namespace qv::service

@@ -1,0 +1,51 @@
+#include "qvsata/session/Recordings.h"
+
+#include <algorithm>
+#include <system_error>
+
+#include "qvsata/session/MachineRun.h"
+#include "source/Text.h"
+
+namespace qv::tool {
+namespace {
+
+std::string ToUtf8Text(const std::filesystem::path& path) {
+    const std::u8string text = path.u8string();
+    return {text.begin(), text.end()};
+}
+
+}  // namespace
+
+std::filesystem::path FromUtf8(const std::string& text) {
+    return std::u8string(text.begin(), text.end());
+}
+
+bool IsFolder(const std::string& path) {
+    std::error_code error;
+    return std::filesystem::is_directory(FromUtf8(path), error);
+}
+
+std::vector<std::string> RecordingsIn(const std::string& path) {
+    if (!IsFolder(path)) {
+        return {path};
+    }
+    const std::string folder = path.ends_with('/') || path.ends_with('\\') ? path : path + '/';
+    std::vector<std::string> files;
+    std::error_code error;
+    for (std::filesystem::directory_iterator file(FromUtf8(path), error), end;
+         !error && file != end; file.increment(error)) {
+        if (EqualsIgnoringCase(ToUtf8Text(file->path().extension()), ".json")) {
+            files.push_back(folder + ToUtf8Text(file->path().filename()));
+        }
+    }
+    if (error) {
+        throw CommandError(path + ": cannot be read: " + error.message());
+    }
+    if (files.empty()) {
+        throw CommandError(path + ": a folder without recordings (*.json)");
+    }
+    std::ranges::sort(files);
+    return files;
+}
+
+}  // namespace qv::tool

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace qv::tool {
+
+/// Returns the path that a text in UTF-8 names.
+std::filesystem::path FromUtf8(const std::string& text);
+
+/// Returns whether a path names a folder.
+bool IsFolder(const std::string& path);
+
+/// Returns the recordings that a path names: a folder's JSON files by name, each as FOLDER/NAME;
+/// the path itself otherwise, whether it exists or not. Throws CommandError for a folder without
+/// recordings or that cannot be read.
+std::vector<std::string> RecordingsIn(const std::string& path);
+
+}  // namespace qv::tool

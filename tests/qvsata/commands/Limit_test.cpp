@@ -1,0 +1,85 @@
+// What --limit refuses: large recordings and classes with many instances.
+#include <gmock/gmock.h>
+
+#include <fstream>
+
+#include "nlohmann/json.hpp"
+#include "tests/qvsata/commands/RunHere.h"
+#include "tests/support/TemporaryFile.h"
+
+namespace qv::test {
+namespace {
+
+using nlohmann::json;
+using testing::HasSubstr;
+
+constexpr const char* threeWay = "QV_SATAInitiatorTargetLogicalUnitPath";
+
+class LimitTest : public testing::Test {
+protected:
+    /// Records a desktop with each row so often: the three-way class has twice the cube of it.
+    void RecordDisks(std::size_t times) const {
+        json host;
+        std::ifstream(QV_SOURCE_DIR "/hosts/legacy-ide.json") >> host;
+        for (json& classes : host["namespaces"]) {
+            for (json& rows : classes) {
+                Multiply(rows, times);
+            }
+        }
+        std::ofstream(file_.Path()) << host;
+    }
+
+    Ending Run(std::vector<std::string> command) const {
+        command.insert(command.end(),
+                       {"--host", file_.Path().string(), "--mof", QV_SOURCE_DIR "/mof"});
+        return RunHere(command);
+    }
+
+    const TemporaryFile file_;
+
+private:
+    static void Multiply(json& rows, std::size_t times) {
+        const json once = rows;
+        for (std::size_t time = 1; rows.is_array() && time < times; ++time) {
+            rows.insert(rows.end(), once.begin(), once.end());
+        }
+    }
+};
+
+TEST_F(LimitTest, RefusesALargerRecording) {
+    std::ofstream(file_.Path()) << std::string((1 << 20) + 1, ' ');
+    const Ending run = Run({"sources", "--limit", "1"});
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_EQ(run.errors, "qvsata: " + file_.Path().string() + ": larger than 1 MiB (--limit)\n");
+}
+
+TEST_F(LimitTest, TakesARecordingOfItsSize) {
+    std::ofstream(file_.Path()) << std::string(1 << 20, ' ');
+    EXPECT_THAT(Run({"sources", "--limit", "1"}).errors, HasSubstr("not JSON"));
+}
+
+TEST_F(LimitTest, RefusesAClassWithMoreInstances) {
+    RecordDisks(8);
+    const Ending run = Run({"enumerate", threeWay, "--limit", "1"});
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_EQ(run.output, "");
+    EXPECT_EQ(run.errors,
+              "qvsata: QV_SATAInitiatorTargetLogicalUnitPath has more than 1000 "
+              "instances on this host (--limit)\n");
+}
+
+TEST_F(LimitTest, RefusesAPathOfSuchAClass) {
+    RecordDisks(8);
+    const Ending run =
+        Run({"get", std::string(threeWay) + ".Initiator=1,Target=2,LogicalUnit=3", "--limit", "1"});
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_THAT(run.errors, HasSubstr("more than 1000 instances"));
+}
+
+TEST_F(LimitTest, HigherAllowsMoreInstances) {
+    RecordDisks(8);
+    EXPECT_EQ(Run({"enumerate", threeWay, "--limit", "2"}).exitCode, 0);
+}
+
+}  // namespace
+}  // namespace qv::test
