@@ -1,5 +1,7 @@
 #include "qvsata/output/Output.h"
 
+#include <cstdio>
+
 #include "qvsata/system/Console.h"
 #include "qvsata/view/text/Wrapping.h"
 
@@ -14,6 +16,7 @@ void PrintFitted(const view::StyledText& text) {
 }
 
 void WriteErrorFitted(const std::string& text) {
+    std::fflush(stdout);  // both streams may lead to one place
     WriteError(view::PlainText(view::Wrapped({{text}}, ColumnsOf(Stream::errors))));
 }
 

@@ -83,6 +83,7 @@ void AddFleetOptions(CLI::App& command, Options& options) {
                               "several times")
                   ->type_name("FILE")
                   ->expected(1)
+                  ->allow_extra_args(false)
                   ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll));
 }
 
