@@ -50,13 +50,15 @@ std::string AsText(const RecordedHost& host) {
         }
     }
     const ComputerNames& names = host.Computer();
-    return Json{{"description", host.Description()},
-                {"computer",
-                 {{"server", names.server},
-                  {"dnsFullyQualified", names.dnsFullyQualified},
-                  {"dnsHostname", names.dnsHostname},
-                  {"netbios", names.netbios}}},
-                {"namespaces", std::move(namespaces)}}
+    return Json{
+        {"description", host.Description()},
+        {"computer",
+         {{"server", names.server},
+          {"dnsFullyQualified", names.dnsFullyQualified},
+          {"dnsHostname", names.dnsHostname},
+          {"netbios", names.netbios}}},
+        {"system", {{"osVersion", host.System().osVersion}, {"codePage", host.System().codePage}}},
+        {"namespaces", std::move(namespaces)}}
         .dump();
 }
 

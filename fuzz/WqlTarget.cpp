@@ -16,15 +16,17 @@ using namespace service;
 constexpr std::string_view valuesMof = R"(
 class Values {
     [key] string Name;
-    sint8 S8; uint16 U16; sint32 S32; sint64 S64; uint64 U64; real64 R64; boolean Flag;
-    string Text; datetime When; datetime Open; Values ref Other; uint16 Codes[]; string Nothing;
+    sint8 S8; uint16 U16; sint32 S32; sint64 S64; uint64 U64; real32 R32; real64 R64; boolean Flag;
+    string Text; datetime When; datetime Lasting; datetime Open; Values ref Other; uint16 Codes[];
+    string Nothing;
 };
 class MoreValues : Values { string Extra; };
 [association] class Link { [key] Values ref One; [key] Values ref Two; };
 instance of Values {
     Name = "one"; S8 = -8; U16 = 16; S32 = -32; S64 = -9223372036854775808;
-    U64 = 18446744073709551615; R64 = 0.1; Flag = TRUE; Text = "Cat's \"Disk\" 100% C:\\x";
-    When = "19980416130000.000000+060"; Open = "19980416******.000000+***";
+    U64 = 18446744073709551615; R32 = 0.1; R64 = 0.1; Flag = TRUE; Text = "Cat's \"Disk\" 100% C:\\x";
+    When = "19980416130000.000000+060"; Lasting = "00000001120032.000000:000";
+    Open = "19980416******.000000+***";
     Other = "Values.Name=\"other\""; Codes = {2, 5};
 };
 instance of MoreValues { Name = "other"; };
