@@ -62,10 +62,11 @@ function(qv_cached_test name)
   endif()
 endfunction()
 
-# qv_test(name sources... [LINK libraries...] [TIMEOUT seconds]): adds a test program and registers
-# it under its name. Without a test among its sources it contains all tests of the folder.
+# qv_test(name sources... [LINK libraries...] [INPUTS files and folders...] [TIMEOUT seconds]): adds a
+# test program and registers it under its name. Without a test among its sources it contains all
+# tests of the folder.
 function(qv_test name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "TIMEOUT" "LINK")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "TIMEOUT" "LINK;INPUTS")
   if(NOT arg_UNPARSED_ARGUMENTS MATCHES "_test\\.cpp")
     file(GLOB tests CONFIGURE_DEPENDS *_test.cpp)
     list(APPEND arg_UNPARSED_ARGUMENTS ${tests})
@@ -83,6 +84,6 @@ function(qv_test name)
     # A Windows program takes a path without a drive for a relative one.
     set(results Z:${results})
   endif()
-  qv_cached_test(${name} INPUTS $<TARGET_FILE:${name}> TIMEOUT ${arg_TIMEOUT}
+  qv_cached_test(${name} INPUTS $<TARGET_FILE:${name}> ${arg_INPUTS} TIMEOUT ${arg_TIMEOUT}
     COMMAND ${launcher} $<TARGET_FILE:${name}> --gtest_brief=1 --gtest_output=xml:${results})
 endfunction()

@@ -67,7 +67,7 @@ private:
             used_ += blanks;
         }
         blanks_ = {};
-        if (width == 0) {
+        if (word_.empty()) {
             return;
         }
         std::ranges::for_each(word_, [this](const Span& part) { Append(part); });

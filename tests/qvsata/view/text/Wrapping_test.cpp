@@ -45,6 +45,11 @@ TEST(Wrapping, KeepsWordsOfOneStyleTogether) {
               (StyledText{{"a  "}, {"! Pred Fail", Style::caution}, {"  b\n"}}));
 }
 
+TEST(Wrapping, KeepsAWordThatTakesNoColumn) {
+    EXPECT_EQ(Lines("a \u0301 b", 80), "a \u0301 b");
+    EXPECT_EQ(Lines("a \u0301", 80), "a \u0301");
+}
+
 TEST(Wrapping, CountsColumnsNotBytes) {
     EXPECT_EQ(Lines("標準 標準\n", 9), "標準 標準\n");
     EXPECT_EQ(Lines("標準 標準\n", 8), "標準\n    標準\n");

@@ -1,0 +1,50 @@
+// libFuzzer's entry: runs the target that the environment variable QV_FUZZ_TARGET names.
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+#include <string>
+
+#include "fuzz/Oracle.h"
+
+namespace {
+
+using qv::fuzz::Target;
+
+// What an execution may cost: generous for the sanitizers, and far below what a quadratic rule
+// costs in an input of libFuzzer's greatest length.
+constexpr double secondsPerRun = 0.1;
+constexpr double secondsPerByte = 0.00002;
+
+const Target* target = nullptr;
+
+double ProcessorSeconds() {
+    timespec time{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e9;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerInitialize(int*, char***) {
+    const char* name = std::getenv("QV_FUZZ_TARGET");
+    target = std::ranges::find(qv::fuzz::targets, name == nullptr ? "" : name, &Target::name);
+    if (target == qv::fuzz::targets.end()) {
+        std::fprintf(stderr, "QV_FUZZ_TARGET names no target\n");
+        std::exit(1);
+    }
+    // What a target reads once is no cost of an input.
+    target->run({});
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const double begin = ProcessorSeconds();
+    target->run({data, size});
+    const double bound = secondsPerRun + secondsPerByte * static_cast<double>(size);
+    const double seconds = ProcessorSeconds() - begin;
+    qv::fuzz::Require(seconds <= bound, "an input of " + std::to_string(size) +
+                                            " bytes takes less than " + std::to_string(bound) +
+                                            " s; it took " + std::to_string(seconds));
+    return 0;
+}

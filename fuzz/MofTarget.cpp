@@ -1,0 +1,79 @@
+#include <numeric>
+#include <set>
+#include <string>
+#include <utility>
+
+#include "fuzz/Oracle.h"
+#include "qvsata/mof/MofParser.h"
+#include "qvsata/mof/MofReader.h"
+#include "qvsata/mof/MofText.h"
+#include "qvsata/service/StatedInstances.h"
+
+namespace qv::fuzz {
+namespace {
+
+using namespace service;
+
+constexpr std::string_view nameSpace = R"(root\default)";
+
+NamespaceClasses ClassesOf(const Namespaces& namespaces) {
+    return NamespaceClasses(*namespaces.Find(nameSpace), "SRV", nameSpace);
+}
+
+// An instance without a key is one more each time that it is read, so this is a set.
+std::set<std::string> InstancesAsMof(const Namespaces& namespaces) {
+    const NamespaceClasses classes = ClassesOf(namespaces);
+    const StatedInstances stated(*namespaces.Find(nameSpace), classes);
+    std::set<std::string> texts;
+    for (const ResolvedClassPtr& type : classes.Listed()) {
+        for (const ObjectPtr& instance : stated.Enumerate(type).objects) {
+            texts.insert(ObjectAsMof(*instance));
+        }
+    }
+    return texts;
+}
+
+// Written classes have no flavors of qualifiers, so another meaning than those that were read.
+void CheckClasses(const Namespaces& namespaces) {
+    const NamespaceClasses classes = ClassesOf(namespaces);
+    for (const ResolvedClassPtr& type : classes.Listed()) {
+        const std::string text = ClassAsMof(*type);
+        try {
+            ParseMof(text, "class.mof");
+        } catch (const MofError& error) {
+            throw Finding(std::string(error.what()) + " in a class that was written:\n" + text);
+        }
+    }
+}
+
+void CheckInstances(Namespaces namespaces) {
+    const std::set<std::string> instances = InstancesAsMof(namespaces);
+    const std::string text = std::accumulate(instances.begin(), instances.end(), std::string());
+    try {
+        ReadMof(text, "instances.mof", namespaces);
+    } catch (const MofError& error) {
+        throw Finding(std::string(error.what()) + " in instances that were written:\n" + text);
+    }
+    Require(InstancesAsMof(namespaces) == instances,
+            "instances that are written are read as the same:\n" + text);
+}
+
+}  // namespace
+
+void RunMof(Bytes input) {
+    Namespaces namespaces;
+    try {
+        ReadMof(TextOf(input), "read.mof", namespaces);
+    } catch (const MofError& error) {
+        const std::string_view message = error.what();
+        Require(message.starts_with("read.mof:") && message.find('\n') == std::string_view::npos,
+                "the error is one line that names the file");
+        return;
+    }
+    if (namespaces.Find(nameSpace) != nullptr) {
+        CheckClasses(namespaces);
+        CheckInstances(std::move(namespaces));
+    }
+}
+
+}  // namespace qv::fuzz
