@@ -49,10 +49,26 @@ TEST_F(ThisMachine, ListsTheSameDisksReplayed) {
     EXPECT_EQ(RunTool({"disks", "--host", file}).output, RunTool({"disks", "--live"}).output);
 }
 
+TEST_F(ThisMachine, DoesNotDifferFromItsRecording) {
+    const ToolRun diff = RunTool({"diff", file, "--live"});
+    EXPECT_EQ(diff.exitCode, 0U) << diff.errors;
+    EXPECT_THAT(diff.output, HasSubstr("to   this machine ("));
+    EXPECT_THAT(diff.output, HasSubstr("\nno differences\n"));
+}
+
+TEST_F(ThisMachine, DiffersFromAnotherOne) {
+    const ToolRun diff = RunTool({"diff", SourceFile("hosts/ahci-desktop.json"), "--live"});
+    EXPECT_EQ(diff.exitCode, 4U) << diff.errors;
+    EXPECT_THAT(diff.output, HasSubstr("gone: disk #0 NORTHLAKE N240S ATA Device"));
+    EXPECT_THAT(diff.output, HasSubstr("new: disk #0 "));
+}
+
 TEST_F(ThisMachine, KeepsItsShapeRedacted) {
-    const ToolRun redacted = RunTool({"capture", "--live", "--redact", "-o", file});
+    const std::string itsFile = WriteFile("qvsata-redacted.json", "");
+    const ToolRun redacted = RunTool({"capture", "--live", "--redact", "-o", itsFile});
     EXPECT_NE(redacted.exitCode, 1U) << redacted.errors;
-    EXPECT_EQ(RunTool({"classes", "--host", file}).output, RunTool({"classes", "--live"}).output);
+    EXPECT_EQ(RunTool({"classes", "--host", itsFile}).output,
+              RunTool({"classes", "--live"}).output);
 }
 
 }  // namespace
