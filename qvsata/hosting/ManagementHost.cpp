@@ -37,10 +37,13 @@ windows::ComPtr<IUnknown> CreateRegistered(REFCLSID classId) {
     return object;
 }
 
-/// Returns the module that contains an object's code.
-HMODULE ModuleOf(IUnknown& object) {
+/// Loads the registered library, without an object of it. Returns its module.
+HMODULE RegisteredModule() {
+    windows::ComPtr<IUnknown> factory;
+    windows::ThrowIfFailed(CoGetClassObject(provider::instanceProviderId, CLSCTX_INPROC_SERVER,
+                                            nullptr, IID_PPV_ARGS(&factory)));
     HMODULE module = nullptr;
-    const void* const* functions = *reinterpret_cast<void***>(&object);
+    const void* const* functions = *reinterpret_cast<void***>(factory.Get());
     const BOOL found = GetModuleHandleExW(
         GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
         static_cast<LPCWSTR>(functions[0]), &module);
@@ -73,13 +76,13 @@ ManagementHost::ManagementHost(const HostOptions& options)
         library_.emplace(options.library.empty() ? options.programFolder / "QVWMISATA.dll"
                                                  : options.library);
     }
-    const windows::ComPtr<IUnknown> object = Create(provider::instanceProviderId);
-    module_ = ModuleOf(*object.Get());
+    module_ = library_ ? library_->Module() : RegisteredModule();
+    logs_.emplace(module_, options.logFolder);
     if (options.recorded) {
         names_.emplace(module_, options.recorded->Computer());
     }
-    provider_ = std::make_shared<ProviderObject>(object, windows::ToWide(providerNamespace),
-                                                 *Connect().Get());
+    provider_ = std::make_shared<ProviderObject>(
+        Create(provider::instanceProviderId), windows::ToWide(providerNamespace), *Connect().Get());
     AttachProvider(*namespace_, std::make_shared<const ProviderSource>(provider_), options);
 }
 

@@ -9,6 +9,7 @@
 #include "qvsata/hosting/ProviderLibrary.h"
 #include "qvsata/hosting/ProviderObject.h"
 #include "qvsata/hosting/substitutes/ComputerNamePatch.h"
+#include "qvsata/hosting/substitutes/LogPatch.h"
 #include "qvsata/hosting/substitutes/ServedClass.h"
 #include "qvsata/service/ProviderHost.h"
 
@@ -21,8 +22,8 @@ namespace qv::service {
 class ManagementHost final : public ProviderHost {
 public:
     /// Reads the MOF, loads the library and initialises the provider.
-    /// @throws MofError; std::system_error if the library cannot be loaded; otherwise RequestError
-    /// with the status of the failed step.
+    /// @throws MofError; std::system_error if the library cannot be loaded or its logs cannot be
+    /// written; otherwise RequestError with the status of the failed step.
     explicit ManagementHost(const HostOptions& options);
     ManagementHost(const ManagementHost&) = delete;
     ManagementHost& operator=(const ManagementHost&) = delete;
@@ -65,6 +66,7 @@ private:
     std::optional<ServedClass> pathParser_;
     std::optional<ProviderLibrary> library_;
     HMODULE module_ = nullptr;
+    std::optional<LogPatch> logs_;  ///< outlives the objects of the library: they log their end
     std::optional<ComputerNamePatch> names_;
     std::shared_ptr<ProviderObject> provider_;
 };

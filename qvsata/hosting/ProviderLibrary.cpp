@@ -1,19 +1,10 @@
 #include "qvsata/hosting/ProviderLibrary.h"
 
-#include <string>
-#include <system_error>
-
 #include "platform/windows/WbemStatus.h"
+#include "qvsata/hosting/SystemError.h"
 
 namespace qv::service {
 namespace {
-
-[[noreturn]] void RaiseSystemError(DWORD error, const std::filesystem::path& file) {
-    const std::u8string name = file.u8string();
-    throw std::system_error(
-        static_cast<int>(error), std::system_category(),
-        std::string(name.begin(), name.end()) + ": error " + std::to_string(error));
-}
 
 /// A relative name would be searched for: beside the program and among the loaded libraries first.
 /// With an absolute one the library's own imports are found beside it and beside the program, in
@@ -25,7 +16,7 @@ HMODULE Load(const std::filesystem::path& file) {
     const HMODULE module = LoadLibraryExW(absolute.c_str(), nullptr, whereImportsAre);
     if (module == nullptr) {
         const DWORD error = GetLastError();
-        RaiseSystemError(error, file);
+        ThrowSystemError(error, file);
     }
     return module;
 }
@@ -41,7 +32,7 @@ ProviderLibrary::ProviderLibrary(const std::filesystem::path& file) : module_(Lo
     if (GetProcAddress(module_, "DllGetClassObject") == nullptr ||
         GetProcAddress(module_, "DllCanUnloadNow") == nullptr) {
         FreeLibrary(module_);
-        RaiseSystemError(ERROR_PROC_NOT_FOUND, file);
+        ThrowSystemError(ERROR_PROC_NOT_FOUND, file);
     }
 }
 

@@ -63,6 +63,9 @@ std::string WhyNotStarted(const HostOptions& options) {
     if (!options.library.empty()) {
         return std::string("--dll") + needsWindows;
     }
+    if (!options.logFolder.empty()) {
+        return std::string("--log") + needsWindows;
+    }
     return options.registered ? std::string("--registered") + needsWindows : std::string();
 }
 

@@ -88,6 +88,7 @@ service::HostOptions HostOptionsOf(const Options& options) {
     host.library = FromUtf8(options.library);
     host.programFolder = ProgramFolder();
     host.registered = options.registered;
+    host.logFolder = FromUtf8(options.logFolder);
     return host;
 }
 

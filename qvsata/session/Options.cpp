@@ -103,6 +103,10 @@ void AddProviderOptions(CLI::App& command, Options& options) {
     command.add_flag("--registered", options.registered, "the provider registered on this machine")
         ->excludes(library);
     command
+        .add_option("--log", options.logFolder,
+                    "folder to which the provider writes its logs (default: it writes none)")
+        ->type_name("DIR");
+    command
         .add_option("--mof", options.mofFolder,
                     "folder of the class definitions (default: beside this program)")
         ->type_name("DIR");

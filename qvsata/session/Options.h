@@ -28,6 +28,7 @@ struct Options {
     std::string mofFolder;                  ///< empty: beside this program
     std::vector<std::string> installedMof;  ///< files of classes that already exist
     bool registered = false;
+    std::string logFolder;  ///< of the provider's logs; empty: none
     Format format = Format::text;
 };
 

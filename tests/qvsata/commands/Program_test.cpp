@@ -25,6 +25,7 @@ INSTANTIATE_TEST_SUITE_P(Options, ProgramTest,
                          testing::Values(std::vector<std::string>{"--live"},
                                          std::vector<std::string>{"--dll", "other.dll", "--host",
                                                                   host},
+                                         std::vector<std::string>{"--log", "logs", "--host", host},
                                          std::vector<std::string>{"--registered", "--host", host}));
 
 }  // namespace
