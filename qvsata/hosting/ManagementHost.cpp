@@ -77,7 +77,9 @@ ManagementHost::ManagementHost(const HostOptions& options)
                                                  : options.library);
     }
     module_ = library_ ? library_->Module() : RegisteredModule();
-    logs_.emplace(module_, options.logFolder);
+    if (options.logFolder) {
+        logs_.emplace(module_, *options.logFolder);
+    }
     if (options.recorded) {
         names_.emplace(module_, options.recorded->Computer());
     }

@@ -63,7 +63,7 @@ std::string WhyNotStarted(const HostOptions& options) {
     if (!options.library.empty()) {
         return std::string("--dll") + needsWindows;
     }
-    if (!options.logFolder.empty()) {
+    if (options.logFolder && !options.logFolder->empty()) {
         return std::string("--log") + needsWindows;
     }
     return options.registered ? std::string("--registered") + needsWindows : std::string();

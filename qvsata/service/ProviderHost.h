@@ -30,8 +30,9 @@ struct HostOptions {
     /// True: the provider is created by its class ID, as registered on this machine, instead of
     /// from `library`.
     bool registered = false;
-    /// The folder of the provider's logs; empty: it writes none.
-    std::filesystem::path logFolder;
+    /// The folder of the provider's logs; empty: it writes none; unset: as the machine's settings
+    /// say.
+    std::optional<std::filesystem::path> logFolder;
     /// The longest time for one query of the machine itself; unset for no limit.
     std::optional<std::chrono::milliseconds> queryTimeout;
     /// Makes, of the provider, the source that is attached to its namespace; unset: the provider.

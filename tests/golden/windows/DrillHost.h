@@ -39,6 +39,7 @@ public:
         settings_->SetText(legacy, L"LOGFILENAME", folder_.File(L"legacy.log"));
         settings_->SetNumber(legacy, L"LEVEL", legacyLogLevel);
         service::HostOptions options = RecordedOptions(recordings.front(), QV_LIBRARY);
+        options.logFolder.reset();
         options.laterRecordings.assign(recordings.begin() + 1, recordings.end());
         host_.emplace(options);
         pauses_.emplace(host_->ProviderModule());

@@ -20,7 +20,8 @@ inline std::shared_ptr<const service::RecordedHost> ShippedRecording(const std::
         service::ReadHostFile(std::string(QV_SOURCE_DIR "/") + name));
 }
 
-/// Returns the options for a library on a recorded host, with the shipped class definitions.
+/// Returns the options for a library on a recorded host, with the shipped class definitions. The
+/// library writes no logs.
 inline service::HostOptions RecordedOptions(std::shared_ptr<const service::RecordedHost> recorded,
                                             const char* library) {
     service::HostOptions options;
@@ -31,6 +32,7 @@ inline service::HostOptions RecordedOptions(std::shared_ptr<const service::Recor
     }
     options.classes = service::ReadPublishedClasses(files);
     options.library = library;
+    options.logFolder.emplace();
     return options;
 }
 
