@@ -28,18 +28,7 @@ std::string_view AfterFirst(std::string_view text, char mark) {
     return text.substr(text.find(mark) + 1);
 }
 
-// Returns the text from ".DeviceID=" on; nothing without it.
-std::optional<std::string_view> PathTail(std::string_view path) {
-    const auto mark = path.find(keyMark);
-    return mark == std::string_view::npos ? std::nullopt : std::optional(path.substr(mark));
-}
-
-// The form in which device IDs are compared.
-std::string ComparedDeviceId(std::string_view deviceId) {
-    return FoldCase(StripBackslashes(deviceId));
-}
-
-// Returns the key value in a path tail, without its quotes.
+// Returns the key value in the text from ".DeviceID=" on, without its quotes.
 std::string_view KeyValue(std::string_view pathTail) {
     constexpr auto opening = keyMark.size() + 1;
     return pathTail.size() > opening ? pathTail.substr(opening, pathTail.size() - opening - 1)
@@ -60,6 +49,11 @@ std::vector<std::string> SoughtDeviceIds(const platform::Rows& disks) {
     std::vector<std::string> ids = DeviceIds(disks);
     std::ranges::transform(ids, ids.begin(), StripBackslashes);
     return ids;
+}
+
+std::vector<std::string> AllToUpper(std::vector<std::string> texts) {
+    std::ranges::transform(texts, texts.begin(), ToUpper);
+    return texts;
 }
 
 const platform::Row* Find(const std::unordered_map<std::string, const platform::Row*>& rows,
@@ -151,6 +145,23 @@ const platform::Row* FindMediaOfDisk(const platform::Row& disk, const platform::
     return nullptr;
 }
 
+MediaOfDisks::MediaOfDisks(const platform::Rows& media) {
+    for (const auto& row : media) {
+        byTag_.emplace(TextOrEmpty(*row, "Tag"), row.get());
+    }
+}
+
+const platform::Row* MediaOfDisks::Of(const platform::Row& disk) const {
+    return Find(byTag_, TextOrEmpty(disk, "DeviceID"));
+}
+
+PredictedDisks::PredictedDisks(std::vector<std::string> pnpDeviceIds)
+    : upperIds_(AllToUpper(std::move(pnpDeviceIds))) {}
+
+KeyTable::Places PredictedDisks::Of(const platform::Row& prediction) const {
+    return upperIds_.Contained(ToUpper(TextOrEmpty(prediction, "InstanceName")));
+}
+
 ControllerPaths::ControllerPaths(const platform::Rows& controllers) {
     for (const auto& controller : controllers) {
         byPath_.emplace(FoldCase(TextOrEmpty(*controller, "__PATH")), controller.get());
@@ -161,6 +172,25 @@ const platform::Row* ControllerPaths::NamedBy(const platform::Row& link) const {
     return Find(byPath_, FoldCase(TextOrEmpty(link, "Antecedent")));
 }
 
+std::string ComparedDiskId(std::string_view pnpDeviceId) {
+    return FoldCase(StripBackslashes(pnpDeviceId));
+}
+
+std::optional<std::string> ComparedChannelPath(std::string_view path) {
+    const auto mark = path.find(keyMark);
+    return mark == std::string_view::npos ? std::nullopt
+                                          : std::optional<std::string>(path.substr(mark));
+}
+
+std::optional<AttachedDevice> DeviceNamedBy(const platform::Row& link) {
+    auto path = ComparedChannelPath(TextOrEmpty(link, "Dependent"));
+    if (!path) {
+        return std::nullopt;
+    }
+    std::string diskId = ComparedDiskId(KeyValue(*path));
+    return AttachedDevice{std::move(diskId), *std::move(path)};
+}
+
 ControllerLinks::ControllerLinks(const platform::Rows& links, const platform::Rows& controllers) {
     const ControllerPaths paths(controllers);
     for (const auto& link : links) {
@@ -168,43 +198,53 @@ ControllerLinks::ControllerLinks(const platform::Rows& links, const platform::Ro
         if (controller == nullptr) {
             continue;
         }
-        const std::string dependent = TextOrEmpty(*link, "Dependent");
-        if (const auto tail = PathTail(dependent)) {
-            byDevice_[ComparedDeviceId(KeyValue(*tail))] = controller;
-            byPathTail_[std::string(*tail)] = controller;
+        if (const auto device = DeviceNamedBy(*link)) {
+            byDiskId_[device->diskId] = controller;
+            byChannelPath_[device->channelPath] = controller;
         }
     }
 }
 
 const platform::Row* ControllerLinks::ControllerOfDisk(std::string_view pnpDeviceId) const {
-    return Find(byDevice_, ComparedDeviceId(pnpDeviceId));
+    return Find(byDiskId_, ComparedDiskId(pnpDeviceId));
 }
 
 const platform::Row* ControllerLinks::ControllerOfChannel(std::string_view path) const {
-    const auto tail = PathTail(path);
-    return tail ? Find(byPathTail_, std::string(*tail)) : nullptr;
+    const auto compared = ComparedChannelPath(path);
+    return compared ? Find(byChannelPath_, *compared) : nullptr;
+}
+
+PartitionNames::PartitionNames(const platform::Rows& disks, const platform::Rows& partitions)
+    : diskIds_(SoughtDeviceIds(disks)), partitionIds_(DeviceIds(partitions)) {}
+
+std::optional<JoinedPartition> PartitionNames::JoinedBy(const platform::Row& link) const {
+    const auto named = partitionIds_.Contained(TextOrEmpty(link, "Dependent"));
+    if (named.empty()) {
+        return std::nullopt;
+    }
+    return JoinedPartition{named.front(),
+                           diskIds_.Contained(StripBackslashes(TextOrEmpty(link, "Antecedent")))};
+}
+
+KeyTable::Places PartitionNames::DisksWithId(std::string_view deviceId) const {
+    return diskIds_.Equal(StripBackslashes(deviceId));
 }
 
 PartitionLinks::PartitionLinks(const platform::Rows& disks, const platform::Rows& links,
                                const platform::Rows& partitions)
-    : disks_(SoughtDeviceIds(disks)), partitionsOfDisk_(disks.size()) {
-    const KeyTable partitionIds(DeviceIds(partitions));
+    : names_(disks, partitions), partitionsOfDisk_(disks.size()) {
     for (const auto& link : links) {
-        const auto named = partitionIds.Contained(TextOrEmpty(*link, "Dependent"));
-        if (named.empty()) {
-            continue;
-        }
-        const auto* partition = partitions[named.front()].get();
-        const std::string antecedent = StripBackslashes(TextOrEmpty(*link, "Antecedent"));
-        for (const std::size_t disk : disks_.Contained(antecedent)) {
-            partitionsOfDisk_[disk].push_back(partition);
+        if (const auto joined = names_.JoinedBy(*link)) {
+            for (const std::size_t disk : joined->disks) {
+                partitionsOfDisk_[disk].push_back(partitions[joined->partition].get());
+            }
         }
     }
 }
 
 std::vector<const platform::Row*> PartitionLinks::PartitionsOfDisk(
     std::string_view deviceId) const {
-    const auto places = disks_.Equal(StripBackslashes(deviceId));
+    const auto places = names_.DisksWithId(deviceId);
     return places.empty() ? std::vector<const platform::Row*>{} : partitionsOfDisk_[places.front()];
 }
 

@@ -64,10 +64,38 @@ bool IsComparableWithMedia(const platform::Row& disk);
 /// if a media row is compared with a disk for which IsComparableWithMedia does not hold.
 const platform::Row* FindMediaOfDisk(const platform::Row& disk, const platform::Rows& media);
 
+/// FindMediaOfDisk for many disks.
+class MediaOfDisks {
+public:
+    /// The media rows must outlive the object.
+    explicit MediaOfDisks(const platform::Rows& media);
+
+    /// Returns the media row of a disk for which IsComparableWithMedia holds; null if there is
+    /// none.
+    const platform::Row* Of(const platform::Row& disk) const;
+
+private:
+    std::unordered_map<std::string, const platform::Row*> byTag_;
+};
+
 /// Returns whether a MSStorageDriver_FailurePredictStatus row belongs to a disk: the row's
 /// InstanceName, which is the device and a suffix, contains the disk's PNPDeviceID. Both are in
 /// upper case. An empty ID is part of every name, on purpose.
 bool IsPredictionOf(std::string_view instanceName, std::string_view pnpDeviceId);
+
+/// IsPredictionOf for many disks.
+class PredictedDisks {
+public:
+    /// @param pnpDeviceIds those of the disks, in any case
+    explicit PredictedDisks(std::vector<std::string> pnpDeviceIds);
+
+    /// Returns the positions of the disks to which a failure-prediction row belongs, in ascending
+    /// order.
+    KeyTable::Places Of(const platform::Row& prediction) const;
+
+private:
+    KeyTable upperIds_;
+};
 
 /// Finds the Win32_IDEController row that the Antecedent of a Win32_IDEControllerDevice row names:
 /// the first whose __PATH equals it, ignoring case.
@@ -82,6 +110,24 @@ public:
 private:
     std::unordered_map<std::string, const platform::Row*> byPath_;
 };
+
+/// The form in which ControllerLinks compares the PNPDeviceID of a disk: without backslashes and in
+/// lower case.
+std::string ComparedDiskId(std::string_view pnpDeviceId);
+
+/// The form in which ControllerLinks compares the __PATH of a channel: from ".DeviceID=" on;
+/// nothing without it.
+std::optional<std::string> ComparedChannelPath(std::string_view path);
+
+/// The Dependent of a Win32_IDEControllerDevice row, in the forms in which a disk and a channel are
+/// compared with it.
+struct AttachedDevice {
+    std::string diskId;
+    std::string channelPath;
+};
+
+/// Returns the device that a link names; nothing if its Dependent has no ".DeviceID=".
+std::optional<AttachedDevice> DeviceNamedBy(const platform::Row& link);
 
 /// Finds the Win32_IDEController row to which a device is attached, by the
 /// Win32_IDEControllerDevice rows that name the device as Dependent and a controller as Antecedent
@@ -102,8 +148,33 @@ public:
 private:
     using ControllerByKey = std::unordered_map<std::string, const platform::Row*>;
 
-    ControllerByKey byDevice_;
-    ControllerByKey byPathTail_;
+    ControllerByKey byDiskId_;
+    ControllerByKey byChannelPath_;
+};
+
+/// What a Win32_DiskDriveToDiskPartition row joins.
+struct JoinedPartition {
+    std::size_t partition = 0;  ///< its position
+    KeyTable::Places disks;     ///< their positions, in ascending order
+};
+
+/// Finds what Win32_DiskDriveToDiskPartition rows join: the first partition whose DeviceID the
+/// Dependent contains with all disks whose DeviceID the Antecedent contains (both without
+/// backslashes). An ID also matches if it is the beginning of another (drive 1 and drive 10), on
+/// purpose.
+class PartitionNames {
+public:
+    PartitionNames(const platform::Rows& disks, const platform::Rows& partitions);
+
+    /// Returns nothing for a link that names no partition.
+    std::optional<JoinedPartition> JoinedBy(const platform::Row& link) const;
+
+    /// Returns the positions of the disks with this DeviceID, compared without backslashes.
+    KeyTable::Places DisksWithId(std::string_view deviceId) const;
+
+private:
+    KeyTable diskIds_;  ///< without backslashes
+    KeyTable partitionIds_;
 };
 
 /// Finds the Win32_DiskPartition rows of a disk by the Win32_DiskDriveToDiskPartition rows.
@@ -114,15 +185,13 @@ public:
     PartitionLinks(const platform::Rows& disks, const platform::Rows& links,
                    const platform::Rows& partitions);
 
-    /// Returns the partitions of the disk with this DeviceID, in the order of the links; none for
-    /// an unknown DeviceID. Each link whose Antecedent contains the DeviceID (both without
-    /// backslashes) adds the first partition whose DeviceID its Dependent contains. An ID also
-    /// matches if it is the beginning of another (drive 1 and drive 10), on purpose.
+    /// Returns the partitions of the disk with this DeviceID, in the order of the links that join
+    /// it with them (PartitionNames); none for an unknown DeviceID.
     std::vector<const platform::Row*> PartitionsOfDisk(std::string_view deviceId) const;
 
 private:
-    KeyTable disks_;  ///< DeviceIDs without backslashes
-    std::vector<std::vector<const platform::Row*>> partitionsOfDisk_;  ///< by place in disks_
+    PartitionNames names_;
+    std::vector<std::vector<const platform::Row*>> partitionsOfDisk_;  ///< by position
 };
 
 }  // namespace qv

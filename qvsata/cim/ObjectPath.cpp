@@ -12,11 +12,11 @@ bool IsSameValue(const std::string& left, const std::string& right) {
     if (EqualsIgnoringCase(left, right)) {
         return true;
     }
-    const auto leftPath = ParseObjectPath(left);
+    const auto leftPath = ParseInstancePath(left);
     if (!leftPath || leftPath->keys.empty()) {
         return false;
     }
-    const auto rightPath = ParseObjectPath(right);
+    const auto rightPath = ParseInstancePath(right);
     return rightPath && NamesSameObject(*leftPath, *rightPath);
 }
 
@@ -90,7 +90,7 @@ bool NamesSameObject(const ObjectPath& left, const ObjectPath& right) {
 std::string IdentityOf(const std::vector<PathKey>& keys) {
     std::vector<std::string> texts;
     for (const PathKey& key : keys) {
-        const auto reference = ParseObjectPath(key.value);
+        const auto reference = ParseInstancePath(key.value);
         texts.push_back(
             FoldCase(key.name) + '=' +
             (reference && !reference->keys.empty() ? IdentityOf(*reference) : FoldCase(key.value)));

@@ -203,4 +203,12 @@ std::optional<ObjectPath> ParseObjectPath(std::string_view text, PathError* erro
     }
 }
 
+std::optional<ObjectPath> ParseInstancePath(std::string_view text) {
+    if (text.find('=') == std::string_view::npos) {
+        return std::nullopt;
+    }
+    std::optional<ObjectPath> path = ParseObjectPath(text);
+    return path && path->NamesInstance() ? std::move(path) : std::nullopt;
+}
+
 }  // namespace qv::service

@@ -2,10 +2,14 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 #include "source/Text.h"
 
 namespace qv::service {
+
+ResolvedClass::ResolvedClass(std::shared_ptr<const ClassContents> contents)
+    : shared(std::move(contents)), derivation(shared->derivation), properties(shared->properties) {}
 
 const PropertyDefinition* ResolvedClass::Find(std::string_view property) const {
     const auto found = std::ranges::find_if(
@@ -14,8 +18,8 @@ const PropertyDefinition* ResolvedClass::Find(std::string_view property) const {
 }
 
 bool ResolvedClass::HasQualifier(std::string_view qualifier) const {
-    return FindQualifier(qualifiers, qualifier) != nullptr ||
-           FindQualifier(inheritedQualifiers, qualifier) != nullptr;
+    return shared && (FindQualifier(shared->qualifiers, qualifier) != nullptr ||
+                      FindQualifier(shared->inheritedQualifiers, qualifier) != nullptr);
 }
 
 bool ResolvedClass::IsA(std::string_view className) const {
@@ -31,22 +35,29 @@ ResolvedClassPtr Resolve(const ClassRepository& repository, std::string_view cla
     if (definition == nullptr) {
         return nullptr;
     }
-    auto resolved = std::make_shared<ResolvedClass>();
+    auto contents = std::make_shared<ClassContents>();
+    contents->derivation = repository.Derivation(className);
+    contents->qualifiers = definition->qualifiers;
+    contents->properties = repository.Properties(className);
+    for (const std::string& ancestor : contents->derivation) {
+        std::ranges::copy_if(repository.Find(ancestor)->qualifiers,
+                             std::back_inserter(contents->inheritedQualifiers),
+                             &Qualifier::toSubclass);
+    }
+    auto resolved = std::make_shared<ResolvedClass>(std::move(contents));
     resolved->name = definition->name;
     resolved->server = server;
     resolved->nameSpace = nameSpace;
-    resolved->derivation = repository.Derivation(className);
-    resolved->qualifiers = definition->qualifiers;
-    resolved->properties = repository.Properties(className);
     const Qualifier* dynamic = repository.ClassQualifier(className, "dynamic");
     resolved->isDynamic = dynamic != nullptr && dynamic->value == CimValue(true) &&
                           !HasQualifier(definition->qualifiers, "abstract");
-    for (const std::string& ancestor : resolved->derivation) {
-        std::ranges::copy_if(repository.Find(ancestor)->qualifiers,
-                             std::back_inserter(resolved->inheritedQualifiers),
-                             &Qualifier::toSubclass);
-    }
     return resolved;
+}
+
+ResolvedClassPtr OnServer(const ResolvedClass& type, std::string_view server) {
+    auto other = std::make_shared<ResolvedClass>(type);
+    other->server = server;
+    return other;
 }
 
 }  // namespace qv::service

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -9,15 +10,27 @@
 
 namespace qv::service {
 
-/// A class with everything that it inherits and the namespace that publishes it. Immutable.
-struct ResolvedClass {
-    std::string name;
-    std::string server;
-    std::string nameSpace;
+/// What a class is on every server.
+struct ClassContents {
     std::vector<std::string> derivation;         ///< ancestors, nearest first
     std::vector<Qualifier> qualifiers;           ///< its own
     std::vector<Qualifier> inheritedQualifiers;  ///< those that its ancestors pass to subclasses
     std::vector<PropertyDefinition> properties;
+};
+
+/// A class with everything that it inherits and the namespace that publishes it. Immutable. Copies
+/// share the contents.
+struct ResolvedClass {
+    ResolvedClass() = default;
+    explicit ResolvedClass(std::shared_ptr<const ClassContents> contents);
+
+    std::string name;
+    std::string server;
+    std::string nameSpace;
+    std::shared_ptr<const ClassContents> shared;  ///< owns the next three; null without any
+    std::span<const std::string> derivation;
+    std::span<const Qualifier> qualifiers;
+    std::span<const PropertyDefinition> properties;
     bool isDynamic = false;  ///< a provider supplies its instances, and it is not abstract
     /// Known by name only, as the classes of a recorded host are: its instances show which
     /// properties and references they have.
@@ -41,6 +54,9 @@ struct ResolvedClass {
 };
 
 using ResolvedClassPtr = std::shared_ptr<const ResolvedClass>;
+
+/// Returns the same class on another server.
+ResolvedClassPtr OnServer(const ResolvedClass& type, std::string_view server);
 
 /// Resolves a class of a repository; returns null if the repository has no class of that name.
 ResolvedClassPtr Resolve(const ClassRepository& repository, std::string_view className,

@@ -51,7 +51,10 @@ constexpr std::array entries{
               return static_cast<std::int64_t>(object.type.properties.size());
           }},
     Entry{"__DERIVATION", CimType::string, true,
-          [](const Context& object) -> CimValue { return object.type.derivation; }},
+          [](const Context& object) -> CimValue {
+              const auto& ancestors = object.type.derivation;
+              return std::vector<std::string>(ancestors.begin(), ancestors.end());
+          }},
     Entry{"__SERVER", CimType::string, false,
           [](const Context& object) -> CimValue { return object.type.server; }},
     Entry{"__NAMESPACE", CimType::string, false,

@@ -1,6 +1,7 @@
 #include "qvsata/explain/Explain.h"
 
 #include <algorithm>
+#include <map>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -31,14 +32,14 @@ enum class ExplainFormat { text, json };
 /// `mayFail`; otherwise throws CommandError for them.
 view::PublishedHost ReadExplained(const service::Namespace& nameSpace, bool mayFail) {
     view::PublishedHost published;
-    for (const std::string_view className : explain::ExplainedClasses()) {
-        service::Answer answer = nameSpace.Enumerate(className);
+    for (const explain::ExplainedClass& one : explain::ExplainedClasses()) {
+        service::Answer answer = nameSpace.Enumerate(one.name);
         if (mayFail && !Succeeded(answer.status)) {
             continue;
         }
-        auto& instances = published[std::string(className)];
+        auto& instances = published[std::string(one.name)];
         for (const auto& object : Take(std::move(answer))) {
-            instances.push_back(ReadObject(*object));
+            instances.push_back(ReadObject(*object, one.properties));
         }
     }
     return published;
@@ -99,25 +100,41 @@ std::vector<const view::OsDisk*> FittingDisks(const std::vector<view::OsDisk>& d
     throw CommandError("'" + text + "' fits " + (fitting.empty() ? "no disk" : "several disks"));
 }
 
-/// Returns the place of a disk's row.
-std::size_t PlaceOf(const platform::Rows& rows, const view::OsDisk& disk) {
-    const auto row = std::ranges::find_if(rows, [&disk](const auto& one) {
-        std::int32_t number = 0;
-        const bool isNumbered = Succeeded(GetIntegerProperty(*one, "Index", number));
-        return TextOrEmpty(*one, "PNPDeviceID") == disk.deviceId &&
-               isNumbered == disk.number.has_value() && (!isNumbered || number == *disk.number);
-    });
-    return static_cast<std::size_t>(row - rows.begin());
-}
+/// The places of disks among the rows of their class.
+class DiskPlaces {
+public:
+    explicit DiskPlaces(const platform::Rows& rows) : count_(rows.size()) {
+        for (std::size_t place = 0; place < rows.size(); ++place) {
+            std::int32_t number = 0;
+            const bool isNumbered = Succeeded(GetIntegerProperty(*rows[place], "Index", number));
+            byKey_.emplace(Key{TextOrEmpty(*rows[place], "PNPDeviceID"),
+                               isNumbered ? std::optional<std::int64_t>(number) : std::nullopt},
+                           place);
+        }
+    }
+
+    /// Returns the place of a disk's first row; the number of rows if it has none.
+    std::size_t Of(const view::OsDisk& disk) const {
+        const auto found = byKey_.find({disk.deviceId, disk.number});
+        return found == byKey_.end() ? count_ : found->second;
+    }
+
+private:
+    using Key = std::pair<std::string, std::optional<std::int64_t>>;
+
+    std::map<Key, std::size_t> byKey_;
+    std::size_t count_;
+};
 
 /// Returns the disks with the serial numbers that are published instead of those that the disks
 /// report.
 std::vector<view::OsDisk> WithPublishedSerialNumbers(const explain::SourceRows& rows,
                                                      std::vector<view::OsDisk> disks) {
+    const DiskPlaces places(rows.disks);
+    const MediaOfDisks mediaOfDisks(rows.media);
     for (view::OsDisk& disk : disks) {
-        const platform::Row& row = *rows.disks.at(PlaceOf(rows.disks, disk));
-        const auto* const media =
-            IsComparableWithMedia(row) ? FindMediaOfDisk(row, rows.media) : nullptr;
+        const platform::Row& row = *rows.disks.at(places.Of(disk));
+        const auto* const media = IsComparableWithMedia(row) ? mediaOfDisks.Of(row) : nullptr;
         disk.serialNumber =
             media == nullptr ? "" : view::Trimmed(TextOrEmpty(*media, "SerialNumber"));
     }
@@ -158,7 +175,7 @@ std::optional<explain::Explanation> ExplainHost(const service::ProviderHost& hos
         if (fitting.size() != 1) {
             RefuseChoice(disks, fitting, disk, answer);
         }
-        const std::size_t place = PlaceOf(rows.disks, *fitting.front());
+        const std::size_t place = DiskPlaces(rows.disks).Of(*fitting.front());
         std::erase_if(explanation.verdicts, [place](const explain::Verdict& verdict) {
             return std::ranges::count(verdict.disks, place) == 0;
         });

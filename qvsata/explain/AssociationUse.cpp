@@ -1,8 +1,11 @@
 #include "qvsata/explain/AssociationUse.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <string>
+#include <utility>
 
+#include "NativeAPI/KeyPairing.h"
 #include "catalogue/Associations.h"
 #include "qvsata/explain/Explain.h"
 
@@ -27,64 +30,70 @@ std::vector<std::string> KeysOf(const view::PublishedHost& published, const Asso
 
 }  // namespace
 
-std::vector<std::string_view> ExplainedClasses() {
-    std::vector<std::string_view> classes;
+std::vector<ExplainedClass> ExplainedClasses() {
+    std::vector<ExplainedClass> classes;
     for (const Association& association : associations) {
         for (const AssociationEnd& end : EndsOf(association)) {
-            if (std::ranges::find(classes, end.className) == classes.end()) {
-                classes.push_back(end.className);
+            auto one = std::ranges::find(classes, end.className, &ExplainedClass::name);
+            if (one == classes.end()) {
+                one = classes.insert(one, {end.className});
+            }
+            if (std::ranges::count(one->properties, end.key) == 0) {
+                one->properties.push_back(end.key);
             }
         }
     }
     return classes;
 }
 
-AssociationUse::AssociationUse(const view::PublishedHost& published) : published_(published) {
+AssociationUse::AssociationUse(const view::PublishedHost& published) {
     for (const Association& association : associations) {
-        const auto firsts = KeysOf(published, association.first);
-        const auto seconds = KeysOf(published, association.second);
-        const auto thirds = KeysOf(published, association.third);
-        const auto add = [&](const AssociationEnd& end, std::size_t place) {
-            parts_.emplace(association.name, end.className, place);
-        };
-        const auto addThirds = [&](std::size_t second) {
-            bool isAny = false;
-            for (std::size_t third = 0; third < thirds.size(); ++third) {
-                if (MatchKeyValues(seconds[second], thirds[third], association.thirdRule)) {
-                    add(association.third, third);
-                    isAny = true;
-                }
+        Use use{association.name, {}};
+        std::vector<std::vector<std::string>> keys;
+        for (const AssociationEnd& end : EndsOf(association)) {
+            if (published.contains(end.className)) {
+                keys.push_back(KeysOf(published, end));
+                use.takesPart[end.className].resize(keys.back().size());
             }
-            return isAny;
-        };
-        for (std::size_t first = 0; first < firsts.size(); ++first) {
-            for (std::size_t second = 0; second < seconds.size(); ++second) {
-                if (MatchKeyValues(firsts[first], seconds[second], association.rule) &&
-                    (!association.HasThreeEnds() || addThirds(second))) {
-                    add(association.first, first);
-                    add(association.second, second);
+        }
+        if (keys.size() != EndsOf(association).size()) {
+            continue;
+        }
+        const Partners seconds = PairKeys(keys[0], keys[1], association.rule);
+        const Partners thirds = association.HasThreeEnds()
+                                    ? PairKeys(keys[1], keys[2], association.thirdRule)
+                                    : Partners(keys[1].size());
+        for (std::size_t first = 0; first < seconds.size(); ++first) {
+            for (const std::size_t second : seconds[first]) {
+                if (association.HasThreeEnds() && thirds[second].empty()) {
+                    continue;
+                }
+                use.takesPart[association.first.className][first] = true;
+                use.takesPart[association.second.className][second] = true;
+                for (const std::size_t third : thirds[second]) {
+                    use.takesPart[association.third.className][third] = true;
                 }
             }
         }
+        uses_.push_back(std::move(use));
     }
 }
 
 std::vector<std::string_view> AssociationUse::EmptyFor(const Verdict& verdict) const {
     std::vector<std::string_view> empty;
-    for (const Association& association : associations) {
-        const auto ends = EndsOf(association);
-        const bool isRead = std::ranges::all_of(
-            ends, [this](const AssociationEnd& end) { return published_.contains(end.className); });
+    for (const Use& use : uses_) {
         bool hasEnd = false;
         bool takesPart = false;
         for (const PublishedAs& instance : verdict.instances) {
-            hasEnd = hasEnd ||
-                     std::ranges::count(ends, instance.className, &AssociationEnd::className) != 0;
-            takesPart = takesPart ||
-                        parts_.contains({association.name, instance.className, instance.place});
+            const auto end = use.takesPart.find(instance.className);
+            if (end != use.takesPart.end()) {
+                hasEnd = true;
+                takesPart = takesPart ||
+                            (instance.place < end->second.size() && end->second[instance.place]);
+            }
         }
-        if (isRead && hasEnd && !takesPart) {
-            empty.push_back(association.name);
+        if (hasEnd && !takesPart) {
+            empty.push_back(use.association);
         }
     }
     return empty;

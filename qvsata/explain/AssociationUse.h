@@ -1,9 +1,7 @@
 #pragma once
 
-#include <cstddef>
-#include <set>
+#include <map>
 #include <string_view>
-#include <tuple>
 #include <vector>
 
 #include "qvsata/explain/Verdict.h"
@@ -15,7 +13,6 @@ namespace qv::explain {
 /// provider's table of associations.
 class AssociationUse {
 public:
-    /// `published` must outlive the object.
     explicit AssociationUse(const view::PublishedHost& published);
 
     /// Returns the association classes that have an end for the verdict's instances and no instance
@@ -24,11 +21,13 @@ public:
     std::vector<std::string_view> EmptyFor(const Verdict& verdict) const;
 
 private:
-    /// An association class, and an instance by its class and place.
-    using Part = std::tuple<std::string_view, std::string_view, std::size_t>;
+    /// An association and, for each class at its ends, which of its instances take part.
+    struct Use {
+        std::string_view association;
+        std::map<std::string_view, std::vector<bool>> takesPart;
+    };
 
-    const view::PublishedHost& published_;
-    std::set<Part> parts_;
+    std::vector<Use> uses_;
 };
 
 }  // namespace qv::explain

@@ -1,11 +1,13 @@
 // The verdicts on controllers, channels and the drivers that serve them.
-#include <algorithm>
 #include <array>
+#include <map>
+#include <string>
+#include <unordered_map>
+#include <unordered_set>
 #include <utility>
 
 #include "qvsata/explain/Facts.h"
 #include "source/PropertyReaders.h"
-#include "source/Text.h"
 
 namespace qv::explain {
 namespace {
@@ -29,19 +31,54 @@ const platform::Row* ControllerOfChannel(const Facts& facts, const platform::Row
     return facts.links.ControllerOfChannel(TextOrEmpty(channel, "__PATH"));
 }
 
-std::string NameWithId(const Facts& facts, const std::string& deviceId) {
-    const auto found = std::ranges::find_if(facts.rows.controllers, [&](const auto& row) {
-        return TextOrEmpty(*row, "DeviceID") == deviceId;
-    });
-    return found == facts.rows.controllers.end() ? deviceId : ControllerName(**found);
-}
+// The drivers by what they serve.
+struct Drivers {
+    explicit Drivers(const Facts& facts) {
+        for (const auto& controller : facts.rows.controllers) {
+            controllerNames.emplace(TextOrEmpty(*controller, "DeviceID"),
+                                    ControllerName(*controller));
+        }
+        for (const ServingDriver& driver : facts.rows.drivers) {
+            ofController[driver.controllerId].push_back(&driver);
+            if (driver.IsPublished()) {
+                published[*driver.family] = &driver;
+            }
+        }
+    }
 
-// Returns the driver of a family that is published.
-const ServingDriver& FirstOfFamily(const Facts& facts, const ServingDriver& driver) {
-    return *std::ranges::find_if(facts.rows.drivers, [&](const ServingDriver& one) {
-        return one.family == driver.family && one.isFirstOfFamily;
-    });
-}
+    std::string NameWithId(const std::string& deviceId) const {
+        const auto found = controllerNames.find(deviceId);
+        return found == controllerNames.end() ? deviceId : found->second;
+    }
+
+    // Returns the controller of the driver that is published of a driver's family.
+    std::string ControllerOfFamily(const ServingDriver& driver) const {
+        return NameWithId(published.at(*driver.family)->controllerId);
+    }
+
+    std::unordered_map<std::string, std::string> controllerNames;  // of the first with an ID
+    std::unordered_map<std::string, std::vector<const ServingDriver*>> ofController;  // by ID
+    std::map<ControllerFamily, const ServingDriver*> published;
+};
+
+// What hangs on controllers.
+struct Attachments {
+    explicit Attachments(const Facts& facts) {
+        for (const auto& row : facts.rows.controllers) {
+            if (IsChannel(TextOrEmpty(*row, "PNPDeviceID"))) {
+                withChannel.insert(ControllerOfChannel(facts, *row));
+            }
+        }
+        for (std::size_t disk = 0; disk < facts.diskIds.size(); ++disk) {
+            if (facts.isPublished[disk]) {
+                disks[facts.links.ControllerOfDisk(facts.diskIds[disk])].push_back(disk);
+            }
+        }
+    }
+
+    std::unordered_set<const platform::Row*> withChannel;
+    std::unordered_map<const platform::Row*, Places> disks;  // the published ones
+};
 
 std::string FamilyDrivers() {
     std::string names;
@@ -52,23 +89,23 @@ std::string FamilyDrivers() {
 }
 
 // Returns why no software is published for a controller; nothing if some is.
-std::optional<Finding> MissingSoftware(const Facts& facts, const std::string& deviceId) {
+std::optional<Finding> MissingSoftware(const Facts& facts, const Drivers& drivers,
+                                       const std::string& deviceId) {
     std::optional<Finding> missing;
-    for (const ServingDriver& driver : facts.rows.drivers) {
-        if (driver.controllerId != deviceId) {
-            continue;
-        }
-        if (driver.IsPublished()) {
+    const auto serving = drivers.ofController.find(deviceId);
+    for (const ServingDriver* const driver : serving == drivers.ofController.end()
+                                                 ? std::vector<const ServingDriver*>{}
+                                                 : serving->second) {
+        if (driver->IsPublished()) {
             return std::nullopt;
         }
-        if (driver.family) {
-            missing =
-                Finding{Rule::hasLaterDriver,
-                        {driver.name, NameWithId(facts, FirstOfFamily(facts, driver).controllerId)},
-                        softwareOfController};
+        if (driver->family) {
+            missing = Finding{Rule::hasLaterDriver,
+                              {driver->name, drivers.ControllerOfFamily(*driver)},
+                              softwareOfController};
         } else if (!missing) {
             missing = Finding{
-                Rule::hasForeignDriver, {driver.name, FamilyDrivers()}, softwareOfController};
+                Rule::hasForeignDriver, {driver->name, FamilyDrivers()}, softwareOfController};
         }
     }
     if (const auto unread = facts.FirstUnread(
@@ -79,24 +116,14 @@ std::optional<Finding> MissingSoftware(const Facts& facts, const std::string& de
     return missing ? missing : Finding{Rule::hasNoDriver, {}, softwareOfController};
 }
 
-std::optional<Finding> MissingChannels(const Facts& facts, const platform::Row& controller) {
-    const bool hasChannel = std::ranges::any_of(facts.rows.controllers, [&](const auto& channel) {
-        return IsChannel(TextOrEmpty(*channel, "PNPDeviceID")) &&
-               ControllerOfChannel(facts, *channel) == &controller;
-    });
-    if (hasChannel) {
-        return std::nullopt;
+void NoteController(const Facts& facts, const Drivers& drivers, bool hasChannel, Verdict& verdict) {
+    if (!hasChannel) {
+        verdict.notes.push_back(
+            {facts.FirstUnread({source::links}) ? Rule::unreadChannels : Rule::hasNoChannel,
+             {},
+             {portsOfController}});
     }
-    return Finding{facts.FirstUnread({source::links}) ? Rule::unreadChannels : Rule::hasNoChannel,
-                   {},
-                   {portsOfController}};
-}
-
-void NoteController(const Facts& facts, const platform::Row& controller, Verdict& verdict) {
-    if (auto missing = MissingChannels(facts, controller)) {
-        verdict.notes.push_back(*std::move(missing));
-    }
-    if (auto missing = MissingSoftware(facts, TextOrEmpty(controller, "DeviceID"))) {
+    if (auto missing = MissingSoftware(facts, drivers, verdict.id)) {
         verdict.notes.push_back(*std::move(missing));
     }
 }
@@ -128,16 +155,17 @@ void NoteChannel(const Facts& facts, const platform::Row& channel, Verdict& verd
 
 std::vector<Verdict> ControllerVerdicts(const Facts& facts, Publisher& publisher) {
     std::vector<Verdict> verdicts;
+    const Drivers drivers(facts);
+    Attachments attachments(facts);
     for (const auto& controller : facts.rows.controllers) {
         const std::string deviceId = TextOrEmpty(*controller, "DeviceID");
         const std::string pnpDeviceId = TextOrEmpty(*controller, "PNPDeviceID");
         Verdict verdict{source::controllers, ControllerName(*controller), deviceId};
-        verdict.disks = DisksWith(facts, true, [&](std::size_t disk) {
-            return facts.links.ControllerOfDisk(facts.diskIds[disk]) == controller.get();
-        });
+        verdict.disks = std::move(attachments.disks[controller.get()]);
         if (IsPortController(deviceId)) {
             publisher.Publish(verdict, controllerClasses);
-            NoteController(facts, *controller, verdict);
+            NoteController(facts, drivers, attachments.withChannel.contains(controller.get()),
+                           verdict);
         }
         if (IsChannel(pnpDeviceId)) {
             publisher.Publish(verdict, portClass);
@@ -157,8 +185,9 @@ std::vector<Verdict> ControllerVerdicts(const Facts& facts, Publisher& publisher
 
 std::vector<Verdict> DriverVerdicts(const Facts& facts, Publisher& publisher) {
     std::vector<Verdict> verdicts;
+    const Drivers drivers(facts);
     for (const ServingDriver& driver : facts.rows.drivers) {
-        const std::string controller = NameWithId(facts, driver.controllerId);
+        const std::string controller = drivers.NameWithId(driver.controllerId);
         Verdict verdict{source::servingDrivers, driver.name + " for " + controller,
                         driver.name + '|' + driver.controllerId};
         if (driver.IsPublished()) {
@@ -169,12 +198,11 @@ std::vector<Verdict> DriverVerdicts(const Facts& facts, Publisher& publisher) {
             }
         } else {
             verdict.outcome = Outcome::unpublished;
-            verdict.reason =
-                driver.family
-                    ? Finding{Rule::isLaterOfFamily,
-                              {FirstOfFamily(facts, driver).name,
-                               NameWithId(facts, FirstOfFamily(facts, driver).controllerId)}}
-                    : Finding{Rule::isForeign, {driver.name, FamilyDrivers()}};
+            verdict.reason = driver.family
+                                 ? Finding{Rule::isLaterOfFamily,
+                                           {drivers.published.at(*driver.family)->name,
+                                            drivers.ControllerOfFamily(driver)}}
+                                 : Finding{Rule::isForeign, {driver.name, FamilyDrivers()}};
         }
         verdicts.push_back(std::move(verdict));
     }

@@ -1,6 +1,8 @@
 // The verdicts on the rows that tell more about disks: media, partitions and their links, failure
 // predictions.
 #include <algorithm>
+#include <string>
+#include <unordered_map>
 #include <utility>
 
 #include "qvsata/explain/Facts.h"
@@ -9,126 +11,135 @@
 namespace qv::explain {
 namespace {
 
-// Sets the verdict on a row that belongs to published disks, or to unpublished ones only; returns
-// false for a row that belongs to none.
-template <typename Belongs>
-bool BelongsToDisks(const Facts& facts, Verdict& verdict, Belongs belongs, Rule toPublished,
+// Sets the verdict on a row that belongs to disks: to the published ones among them, or to
+// unpublished ones only. Returns false for a row that belongs to none.
+bool BelongsToDisks(const Facts& facts, Verdict& verdict, const Places& disks, Rule toPublished,
                     Rule toUnpublished) {
-    verdict.disks = DisksWith(facts, true, belongs);
+    verdict.disks = DisksAmong(facts, disks, true);
     const bool isUsed = !verdict.disks.empty();
     if (!isUsed) {
-        verdict.disks = DisksWith(facts, false, belongs);
+        verdict.disks = disks;
     }
     verdict.outcome = isUsed ? Outcome::used : Outcome::unpublished;
     verdict.reason = Finding{isUsed ? toPublished : toUnpublished, {NamesOf(facts, verdict.disks)}};
     return !verdict.disks.empty();
 }
 
-Verdict MediaVerdict(const Facts& facts, const std::shared_ptr<const platform::Row>& media) {
-    const std::string tag = TextOrEmpty(*media, "Tag");
-    Verdict verdict{source::media, tag, tag};
-    const auto takes = [&](std::size_t disk) { return facts.mediaOfDisk[disk] == media.get(); };
-    const platform::Rows alone{media};
-    const auto takesAlone = [&](std::size_t disk) {
-        // A disk that cannot be compared, or has no media row, takes none.
-        return facts.mediaOfDisk[disk] != nullptr &&
-               FindMediaOfDisk(*facts.rows.disks[disk], alone) != nullptr;
-    };
-    if (verdict.disks = DisksWith(facts, true, takes); !verdict.disks.empty()) {
-        if (auto failure = MediaSearchFailure(facts)) {
-            verdict.outcome = Outcome::unpublished;
-            verdict.reason = *std::move(failure);
-            return verdict;
+template <typename Key>
+using DisksByKey = std::unordered_map<Key, Places>;
+
+template <typename Key>
+const Places& Find(const DisksByKey<Key>& disks, const Key& key) {
+    static const Places none;
+    const auto found = disks.find(key);
+    return found == disks.end() ? none : found->second;
+}
+
+// Returns the disks that can be compared with media rows, by DeviceID.
+DisksByKey<std::string> DisksWithMedia(const Facts& facts) {
+    DisksByKey<std::string> disks;
+    for (std::size_t place = 0; place < facts.rows.disks.size(); ++place) {
+        const platform::Row& disk = *facts.rows.disks[place];
+        if (IsComparableWithMedia(disk)) {
+            disks[TextOrEmpty(disk, "DeviceID")].push_back(place);
         }
-        const std::string serialNumber = TextOrEmpty(*media, "SerialNumber");
-        verdict.outcome = Outcome::used;
-        verdict.reason =
-            serialNumber.empty()
-                ? Finding{Rule::hasNoText, {NamesOf(facts, verdict.disks)}}
-                : Finding{Rule::hasSerialNumber, {NamesOf(facts, verdict.disks), serialNumber}};
-        return verdict;
     }
-    if (verdict.disks = DisksWith(facts, true, takesAlone); !verdict.disks.empty()) {
-        verdict.outcome = Outcome::unpublished;
-        verdict.reason = Finding{Rule::isLaterMedia, {NamesOf(facts, verdict.disks)}};
-        return verdict;
+    return disks;
+}
+
+Verdict MediaVerdict(const Facts& facts, const DisksByKey<std::string>& disks,
+                     const platform::Row& media) {
+    const std::string tag = TextOrEmpty(media, "Tag");
+    Verdict verdict{source::media, tag, tag};
+    if (!BelongsToDisks(facts, verdict, Find(disks, tag), Rule::hasSerialNumber,
+                        Rule::isMediaOfUnpublished)) {
+        LeaveOut(facts, verdict, {source::disks}, {Rule::isMediaOfNone, {tag}});
+    } else if (verdict.outcome == Outcome::used) {
+        const std::string serialNumber = TextOrEmpty(media, "SerialNumber");
+        if (facts.mediaOfDisk[verdict.disks.front()] != &media) {
+            verdict.outcome = Outcome::unpublished;
+            verdict.reason->rule = Rule::isLaterMedia;
+        } else if (facts.mediaSearchFailure) {
+            verdict.outcome = Outcome::unpublished;
+            verdict.reason = facts.mediaSearchFailure;
+        } else if (serialNumber.empty()) {
+            verdict.reason->rule = Rule::hasNoText;
+        } else {
+            verdict.reason->values.push_back(serialNumber);
+        }
     }
-    if (verdict.disks = DisksWith(facts, false, takesAlone); !verdict.disks.empty()) {
-        verdict.outcome = Outcome::unpublished;
-        verdict.reason = Finding{Rule::isMediaOfUnpublished, {NamesOf(facts, verdict.disks)}};
-        return verdict;
-    }
-    LeaveOut(facts, verdict, {source::disks}, {Rule::isMediaOfNone, {tag}});
     return verdict;
 }
 
-Verdict PartitionVerdict(const Facts& facts, const platform::Row& partition) {
+using DisksOfPartition = DisksByKey<const platform::Row*>;
+
+DisksOfPartition DisksOfPartitions(const Facts& facts) {
+    DisksOfPartition disks;
+    for (std::size_t disk = 0; disk < facts.partitionsOfDisk.size(); ++disk) {
+        for (const platform::Row* const partition : facts.partitionsOfDisk[disk]) {
+            Places& places = disks[partition];
+            if (places.empty() || places.back() != disk) {
+                places.push_back(disk);
+            }
+        }
+    }
+    return disks;
+}
+
+// Returns those of a partition's disks that show it: it is their last.
+Places ShowingDisks(const Facts& facts, const Places& disks, const platform::Row& partition) {
+    Places showing = disks;
+    std::erase_if(showing, [&](std::size_t disk) {
+        return facts.partitionsOfDisk[disk].back() != &partition;
+    });
+    return showing;
+}
+
+Verdict PartitionVerdict(const Facts& facts, const DisksOfPartition& disks,
+                         const platform::Row& partition) {
     const std::string id = TextOrEmpty(partition, "DeviceID");
     Verdict verdict{source::partitions, id, id};
-    const auto of = [&facts](std::size_t disk) {
-        return facts.partitions.PartitionsOfDisk(TextOrEmpty(*facts.rows.disks[disk], "DeviceID"));
-    };
-    const auto shown = DisksWith(facts, true, [&](std::size_t disk) {
-        const auto partitions = of(disk);
-        return !partitions.empty() && partitions.back() == &partition;
-    });
-    if (!shown.empty()) {
-        verdict.disks = shown;
-        verdict.outcome = Outcome::used;
-        verdict.reason = Finding{Rule::isShown, {NamesOf(facts, shown)}};
-        return verdict;
+    if (!BelongsToDisks(facts, verdict, Find(disks, &partition), Rule::isNotLast,
+                        Rule::isOfUnpublished)) {
+        LeaveOut(facts, verdict, {source::partitionLinks, source::disks}, {Rule::isOfNoDisk});
+    } else if (verdict.outcome == Outcome::used) {
+        if (Places showing = ShowingDisks(facts, verdict.disks, partition); showing.empty()) {
+            verdict.outcome = Outcome::unpublished;
+        } else {
+            verdict.disks = std::move(showing);
+            verdict.reason = Finding{Rule::isShown, {NamesOf(facts, verdict.disks)}};
+        }
     }
-    verdict.disks = DisksWith(facts, true, [&](std::size_t disk) {
-        return std::ranges::count(of(disk), &partition) != 0;
-    });
-    if (!verdict.disks.empty()) {
-        verdict.outcome = Outcome::unpublished;
-        verdict.reason = Finding{Rule::isNotLast, {NamesOf(facts, verdict.disks)}};
-        return verdict;
-    }
-    verdict.disks = DisksWith(facts, false, [&](std::size_t disk) {
-        const std::string deviceId = TextOrEmpty(*facts.rows.disks[disk], "DeviceID");
-        return std::ranges::count(facts.allPartitions.PartitionsOfDisk(deviceId), &partition) != 0;
-    });
-    if (!verdict.disks.empty()) {
-        verdict.outcome = Outcome::unpublished;
-        verdict.reason = Finding{Rule::isOfUnpublished, {NamesOf(facts, verdict.disks)}};
-        return verdict;
-    }
-    LeaveOut(facts, verdict, {source::partitionLinks, source::disks}, {Rule::isOfNoDisk});
     return verdict;
 }
 
-Verdict PartitionLinkVerdict(const Facts& facts, const std::shared_ptr<const platform::Row>& link) {
-    const std::string disk = TextOrEmpty(*link, "Antecedent");
-    const std::string partition = TextOrEmpty(*link, "Dependent");
+Verdict PartitionLinkVerdict(const Facts& facts, const PartitionNames& names,
+                             const platform::Row& link) {
+    const std::string disk = TextOrEmpty(link, "Antecedent");
+    const std::string partition = TextOrEmpty(link, "Dependent");
     Verdict verdict{source::partitionLinks, KeyIn(disk) + " - " + KeyIn(partition),
                     disk + '|' + partition};
-    const PartitionLinks alone(facts.rows.disks, {link}, facts.rows.partitions);
-    const auto joined = [&](std::size_t place) {
-        return !alone.PartitionsOfDisk(TextOrEmpty(*facts.rows.disks[place], "DeviceID")).empty();
-    };
-    const auto shown = [&](std::size_t place) {
-        const std::string id = TextOrEmpty(*facts.rows.disks[place], "DeviceID");
-        return joined(place) &&
-               facts.partitions.PartitionsOfDisk(id).back() == alone.PartitionsOfDisk(id).back();
-    };
-    if (!BelongsToDisks(facts, verdict, joined, Rule::joinsPartition, Rule::linksUnpublished)) {
+    const auto joined = names.JoinedBy(link);
+    if (!joined || !BelongsToDisks(facts, verdict, joined->disks, Rule::joinsPartition,
+                                   Rule::linksUnpublished)) {
         LeaveOut(facts, verdict, {source::disks, source::partitions},
                  {Rule::linksNothing, {KeyIn(disk), KeyIn(partition)}});
-    } else if (verdict.outcome == Outcome::used && DisksWith(facts, true, shown).empty()) {
+    } else if (verdict.outcome == Outcome::used &&
+               ShowingDisks(facts, verdict.disks, *facts.rows.partitions[joined->partition])
+                   .empty()) {
         verdict.outcome = Outcome::unpublished;
-        verdict.reason = Finding{Rule::joinsEarlierPartition, {NamesOf(facts, verdict.disks)}};
+        verdict.reason->rule = Rule::joinsEarlierPartition;
     }
     return verdict;
 }
 
-Verdict PredictionVerdict(const Facts& facts, const platform::Row& prediction) {
+Verdict PredictionVerdict(const Facts& facts, std::size_t place) {
+    const platform::Row& prediction = *facts.rows.predictions[place];
     const std::string name = TextOrEmpty(prediction, "InstanceName");
     Verdict verdict{source::predictions, name, name};
-    const auto predicts = [&](std::size_t disk) { return facts.Predicts(prediction, disk); };
     const bool fails = PredictsFailure(prediction);
-    if (!BelongsToDisks(facts, verdict, predicts, fails ? Rule::predictsFailure : Rule::predicts,
+    if (!BelongsToDisks(facts, verdict, facts.disksOfPrediction[place],
+                        fails ? Rule::predictsFailure : Rule::predicts,
                         fails ? Rule::predictsFailureOfUnpublished : Rule::predictsUnpublished)) {
         LeaveOut(facts, verdict, {source::disks},
                  {fails ? Rule::predictsFailureOfNone : Rule::predictsNone, {name}});
@@ -140,32 +151,35 @@ Verdict PredictionVerdict(const Facts& facts, const platform::Row& prediction) {
 
 std::vector<Verdict> MediaVerdicts(const Facts& facts) {
     std::vector<Verdict> verdicts;
+    const DisksByKey<std::string> disks = DisksWithMedia(facts);
     for (const auto& media : facts.rows.media) {
-        verdicts.push_back(MediaVerdict(facts, media));
+        verdicts.push_back(MediaVerdict(facts, disks, *media));
     }
     return verdicts;
 }
 
 std::vector<Verdict> PartitionVerdicts(const Facts& facts) {
     std::vector<Verdict> verdicts;
+    const DisksOfPartition disks = DisksOfPartitions(facts);
     for (const auto& partition : facts.rows.partitions) {
-        verdicts.push_back(PartitionVerdict(facts, *partition));
+        verdicts.push_back(PartitionVerdict(facts, disks, *partition));
     }
     return verdicts;
 }
 
 std::vector<Verdict> PartitionLinkVerdicts(const Facts& facts) {
     std::vector<Verdict> verdicts;
+    const PartitionNames names(facts.rows.disks, facts.rows.partitions);
     for (const auto& link : facts.rows.partitionLinks) {
-        verdicts.push_back(PartitionLinkVerdict(facts, link));
+        verdicts.push_back(PartitionLinkVerdict(facts, names, *link));
     }
     return verdicts;
 }
 
 std::vector<Verdict> PredictionVerdicts(const Facts& facts) {
     std::vector<Verdict> verdicts;
-    for (const auto& prediction : facts.rows.predictions) {
-        verdicts.push_back(PredictionVerdict(facts, *prediction));
+    for (std::size_t place = 0; place < facts.rows.predictions.size(); ++place) {
+        verdicts.push_back(PredictionVerdict(facts, place));
     }
     return verdicts;
 }

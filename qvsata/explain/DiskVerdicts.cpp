@@ -17,10 +17,8 @@ const std::vector<std::string_view> associationsOfAttachment{
     "QV_TSATAProtocolEndpointSATADiskDrive", "QV_SATAInitiatorTargetLogicalUnitPath"};
 
 Finding Events(const Facts& facts, std::size_t disk) {
-    for (const auto& prediction : facts.rows.predictions) {
-        if (facts.Predicts(*prediction, disk)) {
-            return {Rule::raisesEvents, {TextOrEmpty(*prediction, "InstanceName")}};
-        }
+    if (const auto& predictions = facts.predictionsOfDisk[disk]; !predictions.empty()) {
+        return {Rule::raisesEvents, {TextOrEmpty(*predictions.front(), "InstanceName")}};
     }
     return {facts.FirstUnread({source::predictions}) ? Rule::unreadEvents : Rule::raisesNoEvents};
 }
@@ -59,8 +57,8 @@ std::optional<Finding> MissingSerialNumber(const Facts& facts, std::size_t place
     return std::nullopt;
 }
 
-Finding ShownPartition(const Facts& facts, const platform::Row& disk) {
-    const auto partitions = facts.partitions.PartitionsOfDisk(TextOrEmpty(disk, "DeviceID"));
+Finding ShownPartition(const Facts& facts, std::size_t disk) {
+    const auto& partitions = facts.partitionsOfDisk[disk];
     if (partitions.empty()) {
         const auto unread = facts.FirstUnread({source::partitionLinks, source::partitions});
         return unread ? Finding{Rule::unreadPartition, {std::string(*unread)}}
@@ -76,7 +74,6 @@ Finding ShownPartition(const Facts& facts, const platform::Row& disk) {
 
 std::vector<Verdict> DiskVerdicts(const Facts& facts, Publisher& publisher) {
     std::vector<Verdict> verdicts;
-    const std::optional<Finding> failure = MediaSearchFailure(facts);
     for (std::size_t place = 0; place < facts.rows.disks.size(); ++place) {
         const platform::Row& disk = *facts.rows.disks[place];
         Verdict verdict{source::disks, facts.diskNames[place], facts.diskIds[place]};
@@ -91,8 +88,8 @@ std::vector<Verdict> DiskVerdicts(const Facts& facts, Publisher& publisher) {
             verdicts.push_back(std::move(verdict));
             continue;
         }
-        if (failure) {
-            verdict.notes.push_back(*failure);
+        if (facts.mediaSearchFailure) {
+            verdict.notes.push_back(*facts.mediaSearchFailure);
         } else {
             publisher.Publish(verdict, classesWithMedia);
         }
@@ -102,7 +99,7 @@ std::vector<Verdict> DiskVerdicts(const Facts& facts, Publisher& publisher) {
         if (auto missing = MissingSerialNumber(facts, place)) {
             verdict.notes.push_back(*std::move(missing));
         }
-        verdict.notes.push_back(ShownPartition(facts, disk));
+        verdict.notes.push_back(ShownPartition(facts, place));
         verdicts.push_back(std::move(verdict));
     }
     return verdicts;

@@ -9,8 +9,14 @@
 
 namespace qv::explain {
 
-/// Returns the instance classes that Explain looks at.
-std::vector<std::string_view> ExplainedClasses();
+/// An instance class that Explain looks at, and the properties that it needs.
+struct ExplainedClass {
+    std::string_view name;
+    std::vector<std::string_view> properties{};
+};
+
+/// Returns the instance classes, those at the ends of associations.
+std::vector<ExplainedClass> ExplainedClasses();
 
 /// Returns a verdict for each row, class by class in the order of the rows; for a driver, one per
 /// controller that it serves. `published` has the instances of ExplainedClasses; a class whose

@@ -11,13 +11,6 @@
 namespace qv::explain {
 namespace {
 
-platform::Rows PublishedDisks(const platform::Rows& disks) {
-    platform::Rows published;
-    std::ranges::copy_if(disks, std::back_inserter(published),
-                         [](const auto& disk) { return IsIdeDisk(*disk); });
-    return published;
-}
-
 std::string DiskName(const platform::Row& disk) {
     std::int32_t number = 0;
     const bool isNumbered = Succeeded(GetIntegerProperty(disk, "Index", number));
@@ -29,16 +22,26 @@ std::string DiskName(const platform::Row& disk) {
 }  // namespace
 
 Facts::Facts(const SourceRows& sourceRows)
-    : rows(sourceRows),
-      links(rows.links, rows.controllers),
-      partitions(PublishedDisks(rows.disks), rows.partitionLinks, rows.partitions),
-      allPartitions(rows.disks, rows.partitionLinks, rows.partitions) {
+    : rows(sourceRows), predictionsOfDisk(rows.disks.size()), links(rows.links, rows.controllers) {
+    const MediaOfDisks media(rows.media);
+    const PartitionLinks partitions(rows.disks, rows.partitionLinks, rows.partitions);
     for (const auto& disk : rows.disks) {
         diskNames.push_back(DiskName(*disk));
         diskIds.push_back(TextOrEmpty(*disk, "PNPDeviceID"));
         isPublished.push_back(IsIdeDisk(*disk));
-        mediaOfDisk.push_back(IsComparableWithMedia(*disk) ? FindMediaOfDisk(*disk, rows.media)
-                                                           : nullptr);
+        const bool isComparable = IsComparableWithMedia(*disk);
+        mediaOfDisk.push_back(isComparable ? media.Of(*disk) : nullptr);
+        if (isPublished.back() && !isComparable && !rows.media.empty() && !mediaSearchFailure) {
+            mediaSearchFailure = Finding{Rule::failsMediaSearch, {diskNames.back()}};
+        }
+        partitionsOfDisk.push_back(partitions.PartitionsOfDisk(TextOrEmpty(*disk, "DeviceID")));
+    }
+    const PredictedDisks predicted(diskIds);
+    for (const auto& prediction : rows.predictions) {
+        disksOfPrediction.push_back(predicted.Of(*prediction));
+        for (const std::size_t disk : disksOfPrediction.back()) {
+            predictionsOfDisk[disk].push_back(prediction);
+        }
     }
 }
 
@@ -49,16 +52,11 @@ std::optional<std::string_view> Facts::FirstUnread(
     return found == classes.end() ? std::nullopt : std::optional(*found);
 }
 
-bool Facts::Predicts(const platform::Row& prediction, std::size_t disk) const {
-    return IsPredictionOf(ToUpper(TextOrEmpty(prediction, "InstanceName")), ToUpper(diskIds[disk]));
-}
-
 const platform::Row* Facts::FailureOf(std::size_t disk) const {
-    const auto found = std::ranges::find_if(rows.predictions, [&](const auto& prediction) {
-        return !diskIds[disk].empty() && PredictsFailure(*prediction) &&
-               Predicts(*prediction, disk);
-    });
-    return found == rows.predictions.end() ? nullptr : found->get();
+    const auto& predictions = predictionsOfDisk[disk];
+    const auto found = std::ranges::find_if(
+        predictions, [](const auto& prediction) { return PredictsFailure(*prediction); });
+    return diskIds[disk].empty() || found == predictions.end() ? nullptr : found->get();
 }
 
 void Publisher::Publish(Verdict& verdict, std::span<const std::string_view> classes) {
@@ -88,7 +86,7 @@ std::string KeyIn(const std::string& path) {
     return parsed && parsed->keys.size() == 1 ? parsed->keys.front().value : path;
 }
 
-std::string NamesOf(const Facts& facts, const std::vector<std::size_t>& disks) {
+std::string NamesOf(const Facts& facts, const Places& disks) {
     std::string names;
     for (const std::size_t disk : disks) {
         names.append(names.empty() ? "" : ", ").append(facts.diskNames[disk]);
@@ -96,14 +94,11 @@ std::string NamesOf(const Facts& facts, const std::vector<std::size_t>& disks) {
     return names;
 }
 
-std::optional<Finding> MediaSearchFailure(const Facts& facts) {
-    if (!FailsMediaSearch(facts.rows)) {
-        return std::nullopt;
-    }
-    const auto failing = DisksWith(facts, true, [&facts](std::size_t disk) {
-        return !IsComparableWithMedia(*facts.rows.disks[disk]);
-    });
-    return Finding{Rule::failsMediaSearch, {facts.diskNames[failing.front()]}};
+Places DisksAmong(const Facts& facts, const Places& disks, bool published) {
+    Places among;
+    std::ranges::copy_if(disks, std::back_inserter(among),
+                         [&](std::size_t disk) { return facts.isPublished[disk] == published; });
+    return among;
 }
 
 void LeaveOut(const Facts& facts, Verdict& verdict, std::initializer_list<std::string_view> classes,

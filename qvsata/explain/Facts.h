@@ -16,6 +16,9 @@
 
 namespace qv::explain {
 
+/// Places of rows in their class, in ascending order.
+using Places = std::vector<std::size_t>;
+
 /// What all verdicts share: the rows, and what the provider's rules say about them.
 struct Facts {
     /// The rows must outlive the object.
@@ -24,10 +27,6 @@ struct Facts {
     /// Returns the first of the classes that could not be read.
     std::optional<std::string_view> FirstUnread(
         std::initializer_list<std::string_view> classes) const;
-
-    /// Returns whether a failure-prediction row belongs to the disk at a place, as the events see
-    /// it.
-    bool Predicts(const platform::Row& prediction, std::size_t disk) const;
 
     /// Returns the failure-prediction row that predicts the failure of the disk at a place; null if
     /// there is none. A disk without an ID has none.
@@ -39,9 +38,12 @@ struct Facts {
     std::vector<bool> isPublished;       ///< whether the disk is
     /// By place: the disk's media row; null if it has none or cannot be compared with them.
     std::vector<const platform::Row*> mediaOfDisk;
+    std::optional<Finding> mediaSearchFailure;  ///< why requests fail, see FailsMediaSearch
+    /// By place: the rows that predict the disk's failure or not, as the events see it.
+    std::vector<platform::Rows> predictionsOfDisk;
+    std::vector<Places> disksOfPrediction;  ///< the same by place in rows.predictions
     ControllerLinks links;
-    PartitionLinks partitions;     ///< of the published disks
-    PartitionLinks allPartitions;  ///< of all disks
+    std::vector<std::vector<const platform::Row*>> partitionsOfDisk;  ///< by place
 };
 
 /// Names published instances. A builder returns its instances in the order of the rows that it
@@ -68,24 +70,10 @@ std::string ControllerName(const platform::Row& controller);
 std::string KeyIn(const std::string& path);
 
 /// Returns the names of disks, by place, separated by commas.
-std::string NamesOf(const Facts& facts, const std::vector<std::size_t>& disks);
+std::string NamesOf(const Facts& facts, const Places& disks);
 
-/// Returns the places of the disks, published or not as wanted, for which a condition on the place
-/// holds.
-template <typename Condition>
-std::vector<std::size_t> DisksWith(const Facts& facts, bool published, Condition condition) {
-    std::vector<std::size_t> disks;
-    for (std::size_t disk = 0; disk < facts.rows.disks.size(); ++disk) {
-        if (facts.isPublished[disk] == published && condition(disk)) {
-            disks.push_back(disk);
-        }
-    }
-    return disks;
-}
-
-/// Returns why the requests that compare disks with media rows fail; nothing if they do not (see
-/// FailsMediaSearch).
-std::optional<Finding> MediaSearchFailure(const Facts& facts);
+/// Returns those of the disks that are published, or not, as wanted.
+Places DisksAmong(const Facts& facts, const Places& disks, bool published);
 
 /// Sets the outcome of a row that no rule joins with another: unreadable if one of the classes was
 /// not read, otherwise unpublished because of `finding`.

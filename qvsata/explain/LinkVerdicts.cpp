@@ -1,5 +1,6 @@
 // The verdicts on the rows that attach disks and channels to controllers.
-#include <algorithm>
+#include <string>
+#include <unordered_map>
 #include <utility>
 
 #include "qvsata/explain/Facts.h"
@@ -8,41 +9,63 @@
 namespace qv::explain {
 namespace {
 
-// What a link would attach if it were the only one.
-struct Attached {
-    std::vector<std::size_t> disks;
-    std::vector<std::size_t> unpublishedDisks;
-    std::vector<const platform::Row*> channels;
+using Channels = std::vector<const platform::Row*>;
+
+// The disks and channels that links may name, in the forms in which they are compared.
+struct NamedDevices {
+    explicit NamedDevices(const Facts& facts) {
+        for (std::size_t disk = 0; disk < facts.diskIds.size(); ++disk) {
+            disks[ComparedDiskId(facts.diskIds[disk])].push_back(disk);
+        }
+        for (const auto& row : facts.rows.controllers) {
+            const auto path = ComparedChannelPath(TextOrEmpty(*row, "__PATH"));
+            if (path && IsChannel(TextOrEmpty(*row, "PNPDeviceID"))) {
+                channels[*path].push_back(row.get());
+            }
+        }
+    }
+
+    std::unordered_map<std::string, Places> disks;
+    std::unordered_map<std::string, Channels> channels;
 };
 
-Attached AttachedBy(const Facts& facts, const std::shared_ptr<const platform::Row>& link) {
-    const ControllerLinks alone({link}, facts.rows.controllers);
-    const auto names = [&](std::size_t disk) {
-        return alone.ControllerOfDisk(facts.diskIds[disk]) != nullptr;
-    };
-    Attached attached{DisksWith(facts, true, names), DisksWith(facts, false, names), {}};
-    for (const auto& row : facts.rows.controllers) {
-        if (IsChannel(TextOrEmpty(*row, "PNPDeviceID")) &&
-            alone.ControllerOfChannel(TextOrEmpty(*row, "__PATH")) != nullptr) {
-            attached.channels.push_back(row.get());
-        }
+struct Attached {
+    Places disks;
+    Places unpublishedDisks;
+    Channels channels;
+};
+
+// Returns what a link would attach if it were the only one.
+Attached AttachedBy(const Facts& facts, const NamedDevices& devices, const platform::Row& link) {
+    Attached attached;
+    const auto named = DeviceNamedBy(link);
+    if (!named) {
+        return attached;
+    }
+    if (const auto disks = devices.disks.find(named->diskId); disks != devices.disks.end()) {
+        attached.disks = DisksAmong(facts, disks->second, true);
+        attached.unpublishedDisks = DisksAmong(facts, disks->second, false);
+    }
+    if (const auto rows = devices.channels.find(named->channelPath);
+        rows != devices.channels.end()) {
+        attached.channels = rows->second;
     }
     return attached;
 }
 
-Verdict LinkVerdict(const Facts& facts, const ControllerPaths& paths,
-                    const std::shared_ptr<const platform::Row>& link) {
-    const std::string antecedent = TextOrEmpty(*link, "Antecedent");
-    const std::string dependent = TextOrEmpty(*link, "Dependent");
+Verdict LinkVerdict(const Facts& facts, const ControllerPaths& paths, const NamedDevices& devices,
+                    const platform::Row& link) {
+    const std::string antecedent = TextOrEmpty(link, "Antecedent");
+    const std::string dependent = TextOrEmpty(link, "Dependent");
     Verdict verdict{source::links, KeyIn(antecedent) + " - " + KeyIn(dependent),
                     antecedent + '|' + dependent};
-    const auto* const controller = paths.NamedBy(*link);
+    const auto* const controller = paths.NamedBy(link);
     if (controller == nullptr) {
         LeaveOut(facts, verdict, {source::controllers},
                  {Rule::namesNoController, {KeyIn(antecedent)}});
         return verdict;
     }
-    Attached attached = AttachedBy(facts, link);
+    Attached attached = AttachedBy(facts, devices, link);
     if (attached.disks.empty() && attached.channels.empty()) {
         verdict.disks = std::move(attached.unpublishedDisks);
         LeaveOut(facts, verdict, {source::disks, source::controllers},
@@ -71,8 +94,9 @@ Verdict LinkVerdict(const Facts& facts, const ControllerPaths& paths,
 std::vector<Verdict> LinkVerdicts(const Facts& facts) {
     std::vector<Verdict> verdicts;
     const ControllerPaths paths(facts.rows.controllers);
+    const NamedDevices devices(facts);
     for (const auto& link : facts.rows.links) {
-        verdicts.push_back(LinkVerdict(facts, paths, link));
+        verdicts.push_back(LinkVerdict(facts, paths, devices, *link));
     }
     return verdicts;
 }

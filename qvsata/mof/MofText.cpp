@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <cstdio>
+#include <span>
 #include <utility>
 
 #include "qvsata/cim/Characters.h"
@@ -106,7 +107,7 @@ std::string QualifierText(const Qualifier& qualifier) {
     return qualifier.name + (value.starts_with('{') ? value : "(" + value + ")");
 }
 
-std::string QualifierList(const std::vector<Qualifier>& qualifiers) {
+std::string QualifierList(std::span<const Qualifier> qualifiers) {
     std::string list;
     for (const Qualifier& qualifier : qualifiers) {
         list += (list.empty() ? "" : ", ") + QualifierText(qualifier);

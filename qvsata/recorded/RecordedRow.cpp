@@ -32,8 +32,7 @@ void FindReferences(RecordedRow& row) {
         if (text == nullptr || IsSystemName(name)) {
             continue;
         }
-        auto path = ParseObjectPath(*text);
-        if (path && (!path->keys.empty() || path->singleton)) {
+        if (auto path = ParseInstancePath(*text)) {
             row.references.push_back({name, *std::move(path)});
             row.keys.push_back({name, *text, true});
         }

@@ -50,10 +50,9 @@ SourceEnd EndOfConnection(Status status, MachineKind kind) {
                : SourceEnd::refusedAtConnection;
 }
 
-std::optional<AssociatorsQuery> AssociatorsIn(std::string_view wql) try {
-    WqlQuery query = ParseWql(wql);
-    auto* const associators = std::get_if<AssociatorsQuery>(&query);
-    return associators == nullptr ? std::nullopt : std::optional(std::move(*associators));
+/// Returns nothing for a text that is not a query.
+std::optional<WqlQuery> ParsedWql(std::string_view wql) try {
+    return ParseWql(wql);
 } catch (const WqlError&) {
     return std::nullopt;
 }
@@ -68,17 +67,21 @@ public:
           journal_(std::move(journal)) {}
 
     Answer Get(std::string_view path) const override {
-        return Noted(path, EndOfGet, [&] { return machine_->Get(path); });
+        return Noted(path, SourceClassOf(path), EndOfGet, [&] { return machine_->Get(path); });
     }
 
     Answer Enumerate(std::string_view className) const override {
-        return Noted("SELECT * FROM " + std::string(className), EndOf,
+        const std::string query = "SELECT * FROM " + std::string(className);
+        return Noted(query, SourceClassOf(query), EndOf,
                      [&] { return machine_->Enumerate(className); });
     }
 
     Answer Query(std::string_view wql) const override {
-        Answer answer = Noted(wql, EndOf, [&] { return machine_->Query(wql); });
-        if (const auto associators = AssociatorsIn(wql); associators && Succeeded(answer.status)) {
+        const std::optional<WqlQuery> query = ParsedWql(wql);
+        Answer answer = Noted(wql, query ? SourceClassOf(*query) : SourceClassOf(wql), EndOf,
+                              [&] { return machine_->Query(wql); });
+        const auto* const associators = query ? std::get_if<AssociatorsQuery>(&*query) : nullptr;
+        if (associators != nullptr && Succeeded(answer.status)) {
             NoteAssociated(*associators, wql, answer.objects);
         }
         return answer;
@@ -86,8 +89,8 @@ public:
 
 private:
     template <typename GetEnd, typename Ask>
-    Answer Noted(std::string_view text, GetEnd getEnd, Ask ask) const {
-        const std::string className = SourceClassOf(text);
+    Answer Noted(std::string_view text, const std::string& className, GetEnd getEnd,
+                 Ask ask) const {
         SourceJournal::Entry& entry = journal_->Begin(nameSpace_, text, className);
         Answer answer = ask();
         const SourceEnd end = getEnd(answer, kind_);

@@ -18,18 +18,33 @@ NamespaceClasses::NamespaceClasses(const ClassRepository& repository, std::strin
         listed_.push_back(Resolve(repository, definition.name, server, nameSpace));
         byName_[FoldCase(definition.name)].type = listed_.back();
     }
-    for (const ResolvedClassPtr& type : listed_) {
-        byName_[FoldCase(type->name)].withSubclasses.push_back(type);
-        for (const std::string& ancestor : type->derivation) {
-            byName_[FoldCase(ancestor)].withSubclasses.push_back(type);
-        }
+    AddToAncestors();
+}
+
+NamespaceClasses::NamespaceClasses(const NamespaceClasses& other, std::string_view server) {
+    for (const auto& [name, entry] : other.byName_) {
+        byName_[name].type = OnServer(*entry.type, server);
     }
+    for (const ResolvedClassPtr& type : other.listed_) {
+        listed_.push_back(Find(type->name));
+    }
+    AddToAncestors();
 }
 
 NamespaceClasses::NamespaceClasses(std::vector<ResolvedClassPtr> classes)
     : listed_(std::move(classes)) {
     for (const ResolvedClassPtr& type : listed_) {
         byName_[FoldCase(type->name)] = {type, {type}};
+    }
+}
+
+/// Fills withSubclasses.
+void NamespaceClasses::AddToAncestors() {
+    for (const ResolvedClassPtr& type : listed_) {
+        byName_[FoldCase(type->name)].withSubclasses.push_back(type);
+        for (const std::string& ancestor : type->derivation) {
+            byName_[FoldCase(ancestor)].withSubclasses.push_back(type);
+        }
     }
 }
 

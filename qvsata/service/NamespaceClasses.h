@@ -18,6 +18,9 @@ public:
     NamespaceClasses(const ClassRepository& repository, std::string_view server,
                      std::string_view nameSpace);
 
+    /// Takes the classes of the same namespace on another server.
+    NamespaceClasses(const NamespaceClasses& other, std::string_view server);
+
     /// Takes these classes, which have no superclasses.
     explicit NamespaceClasses(std::vector<ResolvedClassPtr> classes);
 
@@ -43,6 +46,8 @@ private:
         ResolvedClassPtr type;
         std::vector<ResolvedClassPtr> withSubclasses;
     };
+
+    void AddToAncestors();
 
     std::vector<ResolvedClassPtr> listed_;
     std::unordered_map<std::string, Entry> byName_;  ///< by folded name

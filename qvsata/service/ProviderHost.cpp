@@ -6,7 +6,6 @@
 #include <utility>
 
 #include "qvsata/mof/MofReader.h"
-#include "qvsata/service/PublishedNamespace.h"
 #include "source/Namespaces.h"
 
 namespace qv::service {
@@ -23,7 +22,7 @@ void AttachProvider(Namespace& published, std::shared_ptr<const InstanceSource> 
                                    : std::move(provider));
 }
 
-std::shared_ptr<const ClassRepository> ReadPublishedClasses(
+std::shared_ptr<const PublishedClasses> ReadPublishedClasses(
     const std::vector<std::filesystem::path>& mofFiles) {
     std::vector<std::string> files;
     for (const std::filesystem::path& file : mofFiles) {
@@ -32,7 +31,7 @@ std::shared_ptr<const ClassRepository> ReadPublishedClasses(
     }
     Namespaces namespaces;
     ReadMofFiles(files, namespaces);
-    return std::make_shared<const ClassRepository>(std::move(namespaces.Of(providerNamespace)));
+    return std::make_shared<const PublishedClasses>(std::move(namespaces.Of(providerNamespace)));
 }
 
 }  // namespace qv::service

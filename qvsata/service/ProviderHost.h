@@ -11,6 +11,7 @@
 #include "qvsata/recorded/RecordingSequence.h"
 #include "qvsata/service/EventFeed.h"
 #include "qvsata/service/Namespace.h"
+#include "qvsata/service/PublishedNamespace.h"
 #include "qvsata/service/Services.h"
 #include "qvsata/service/SourceJournal.h"
 
@@ -23,7 +24,7 @@ struct HostOptions {
     /// Later recordings of the same computer, for ProviderHost::Recordings to step through.
     std::vector<std::shared_ptr<const RecordedHost>> laterRecordings;
     /// The classes of the provider's namespace; never null.
-    std::shared_ptr<const ClassRepository> classes;
+    std::shared_ptr<const PublishedClasses> classes;
     /// The provider's library; empty: QVWMISATA.dll in `programFolder`.
     std::filesystem::path library;
     std::filesystem::path programFolder;
@@ -51,7 +52,7 @@ void AttachProvider(Namespace& published, std::shared_ptr<const InstanceSource> 
                     const HostOptions& options);
 
 /// Reads the classes of the provider's namespace from MOF files, in order. Throws MofError.
-std::shared_ptr<const ClassRepository> ReadPublishedClasses(
+std::shared_ptr<const PublishedClasses> ReadPublishedClasses(
     const std::vector<std::filesystem::path>& mofFiles);
 
 /// A provider running on a machine, recorded or live.

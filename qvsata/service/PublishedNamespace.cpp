@@ -7,10 +7,13 @@
 
 namespace qv::service {
 
-std::shared_ptr<Namespace> OpenPublished(const ClassRepository& repository,
+PublishedClasses::PublishedClasses(ClassRepository definitions)
+    : repository(std::move(definitions)), resolved(repository, {}, providerNamespace) {}
+
+std::shared_ptr<Namespace> OpenPublished(const PublishedClasses& published,
                                          const std::string& server) {
-    NamespaceClasses classes(repository, server, providerNamespace);
-    auto stated = std::make_shared<const StatedInstances>(repository, classes);
+    NamespaceClasses classes(published.resolved, server);
+    auto stated = std::make_shared<const StatedInstances>(published.repository, classes);
     return std::make_shared<Namespace>(std::string(providerNamespace), std::move(classes),
                                        Namespace::Sources{std::move(stated)});
 }

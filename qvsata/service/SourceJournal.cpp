@@ -6,7 +6,6 @@
 #include <variant>
 
 #include "qvsata/cim/ObjectPathParser.h"
-#include "qvsata/wql/Wql.h"
 #include "source/Text.h"
 
 namespace qv::service {
@@ -132,7 +131,13 @@ bool IsSameEnd(const SourceQuery& one, const SourceQuery& other) {
 }
 
 std::string SourceClassOf(std::string_view text) try {
-    const WqlQuery query = ParseWql(text);
+    return SourceClassOf(ParseWql(text));
+} catch (const WqlError&) {
+    const std::optional<ObjectPath> path = ParseObjectPath(text);
+    return path ? path->className : std::string();
+}
+
+std::string SourceClassOf(const WqlQuery& query) {
     if (const auto* const select = std::get_if<SelectQuery>(&query)) {
         return select->className;
     }
@@ -142,9 +147,6 @@ std::string SourceClassOf(std::string_view text) try {
     }
     const auto& references = std::get<ReferencesQuery>(query);
     return references.resultClass.empty() ? references.path.className : references.resultClass;
-} catch (const WqlError&) {
-    const std::optional<ObjectPath> path = ParseObjectPath(text);
-    return path ? path->className : std::string();
 }
 
 }  // namespace qv::service

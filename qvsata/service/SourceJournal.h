@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/Status.h"
+#include "qvsata/wql/Wql.h"
 
 namespace qv::service {
 
@@ -78,8 +79,9 @@ private:
     std::atomic<Entry*> newest_ = nullptr;
 };
 
-/// Returns the class that a query selects; the association class of ASSOCIATORS OF and REFERENCES
+/// Return the class that a query selects; the association class of ASSOCIATORS OF and REFERENCES
 /// OF, or without one the class of the path; the class of an object path; empty for any other text.
 std::string SourceClassOf(std::string_view text);
+std::string SourceClassOf(const WqlQuery& query);
 
 }  // namespace qv::service

@@ -68,7 +68,7 @@ void LimitInstances(service::HostOptions& host, unsigned thousands) {
     }
 }
 
-std::shared_ptr<const service::ClassRepository> ReadClasses(const Options& options) {
+std::shared_ptr<const service::PublishedClasses> ReadClasses(const Options& options) {
     std::vector<path> files;
     std::ranges::transform(options.installedMof, std::back_inserter(files), FromUtf8);
     const path folder = options.mofFolder.empty() ? ProgramFolder() : FromUtf8(options.mofFolder);

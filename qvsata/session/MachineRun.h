@@ -57,8 +57,8 @@ private:
     std::unique_ptr<service::ProviderHost> Start(const Options& options);
     [[noreturn]] void End(unsigned seconds);
 
-    std::shared_ptr<const service::ClassRepository> classes_;  ///< null before the first start
-    std::mutex mutex_;                                         ///< guards the next two
+    std::shared_ptr<const service::PublishedClasses> classes_;  ///< null before the first start
+    std::mutex mutex_;                                          ///< guards the next two
     std::string prefix_;
     std::shared_ptr<service::SourceJournal> journal_;  ///< of the present machine
     std::optional<Deadline> deadline_;                 ///< the last member: it uses the others

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <map>
 #include <utility>
 
 #include "qvsata/service/MachineQueries.h"
@@ -116,18 +117,22 @@ private:
     DiskReader(const platform::QueryPort& machine, ReadRows controllers, const ReadRows& links,
                const ReadRows& predictions)
         : media_(RowsOf(machine, "Win32_PhysicalMedia")),
+          mediaOfDisks_(media_),
           controllers_(std::move(controllers.rows)),
           links_(links.rows, controllers_),
           attachmentsAreRead_(Succeeded(controllers.status) && Succeeded(links.status)),
           predictions_(PredictionsOf(predictions.rows)),
-          predictionsAreRead_(Succeeded(predictions.status)) {}
+          predictionsAreRead_(Succeeded(predictions.status)) {
+        for (const auto& controller : controllers_) {
+            ++namesakes_[TextOrEmpty(*controller, "Name")];
+        }
+    }
 
     std::string SerialNumberOf(const platform::Row& row) const {
-        std::string deviceId;
-        if (!Succeeded(GetStringProperty(row, "DeviceID", deviceId))) {
+        if (!IsComparableWithMedia(row)) {
             return {};
         }
-        const auto* const media = FindMediaOfDisk(row, media_);
+        const auto* const media = mediaOfDisks_.Of(row);
         return media == nullptr ? TextOrEmpty(row, "SerialNumber")
                                 : TextOrEmpty(*media, "SerialNumber");
     }
@@ -151,9 +156,7 @@ private:
             return "channel " + instance;
         }
         const std::string name = TextOrEmpty(controller, "Name");
-        const auto namesakes = std::ranges::count_if(
-            controllers_, [&name](const auto& row) { return TextOrEmpty(*row, "Name") == name; });
-        return namesakes > 1 ? name + " (" + instance + ")" : name;
+        return namesakes_.at(name) > 1 ? name + " (" + instance + ")" : name;
     }
 
     /// Returns whether a row of the disk predicts a failure; nothing if none does but one of them
@@ -184,7 +187,9 @@ private:
     }
 
     platform::Rows media_;
+    MediaOfDisks mediaOfDisks_;
     platform::Rows controllers_;
+    std::map<std::string, int> namesakes_;  ///< how many controllers have a name
     ControllerLinks links_;
     bool attachmentsAreRead_;
     std::vector<Prediction> predictions_;

@@ -104,6 +104,21 @@ TEST(SourceRules, FindMediaOfDiskFindsNothingForADiskWithoutDeviceIdAmongNoRows)
     EXPECT_EQ(FindMediaOfDisk(ScriptedRow({}), {}), nullptr);
 }
 
+TEST(SourceRules, MediaOfDisksFindsTheFirstRowWhoseTagIsTheDeviceId) {
+    const platform::Rows media =
+        RowsOf({Properties{{"Tag", "A"}}, Properties{{"Tag", "B"}}, Properties{{"Tag", "B"}}});
+    const MediaOfDisks mediaOfDisks(media);
+    EXPECT_EQ(mediaOfDisks.Of(ScriptedRow(Properties{{"DeviceID", "B"}})), media[1].get());
+    EXPECT_EQ(mediaOfDisks.Of(ScriptedRow(Properties{{"DeviceID", "b"}})), nullptr);
+}
+
+TEST(SourceRules, PredictedDisksAreThoseWhoseIdTheInstanceNameContains) {
+    const PredictedDisks disks({R"(IDE\disk1)", "", R"(IDE\DISK12)", R"(SCSI\DISK1)"});
+    EXPECT_THAT(disks.Of(ScriptedRow(Properties{{"InstanceName", R"(ide\Disk12_0)"}})),
+                testing::ElementsAre(0U, 1U, 2U));
+    EXPECT_THAT(disks.Of(ScriptedRow({})), testing::ElementsAre(1U));
+}
+
 TEST(SourceRules, IsChannelIsTrueForAnIdWithIDECHANNEL) {
     EXPECT_TRUE(IsChannel(R"(PCIIDE\IDECHANNEL\4&1&0&0)"));
     EXPECT_TRUE(IsChannel("IDECHANNEL"));

@@ -143,6 +143,14 @@ TEST(ObjectPath, ParseObjectPathRefusesAMisspeltPrefix) {
     EXPECT_EQ(PathRefusal(":C"), "an empty name in server or namespace at 0");
 }
 
+TEST(ObjectPath, ParseInstancePathTakesPathsOfInstancesOnly) {
+    EXPECT_EQ(ParseInstancePath(R"(A.Name="x")").value().keys.at(0).value, "x");
+    EXPECT_TRUE(ParseInstancePath("A=@").value().singleton);
+    EXPECT_FALSE(ParseInstancePath("A").has_value());
+    EXPECT_FALSE(ParseInstancePath("a = text").has_value());
+    EXPECT_FALSE(ParseInstancePath("").has_value());
+}
+
 TEST(ObjectPath, FormatObjectPathEscapesBackslashesAndDoubleQuotes) {
     const ObjectPath path{"", "", "C", {{"K", R"(\\.\a"b'c)", true}, {"N", "3", false}}, false};
     EXPECT_EQ(FormatObjectPath(path), R"(C.K="\\\\.\\a\"b'c",N=3)");

@@ -90,10 +90,10 @@ std::vector<Verdict> VerdictsOn(const RecordedHost& host, const Output& output) 
         });
     }
     view::PublishedHost published;
-    for (const std::string_view className : explain::ExplainedClasses()) {
-        if (const auto& instances = output.instances.at(className)) {
-            std::ranges::transform(*instances,
-                                   std::back_inserter(published[std::string(className)]), AsObject);
+    for (const explain::ExplainedClass& one : explain::ExplainedClasses()) {
+        if (const auto& instances = output.instances.at(one.name)) {
+            std::ranges::transform(*instances, std::back_inserter(published[std::string(one.name)]),
+                                   AsObject);
         }
     }
     return explain::Explain(rows, published);

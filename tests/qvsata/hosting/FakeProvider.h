@@ -111,7 +111,8 @@ inline service::ClassRepository TestClasses() {
 /// A namespace of the test classes, served by a fake provider.
 struct TestNamespace {
     ComPtr<FakeProvider> fake = windows::MakeObject<FakeProvider>();
-    std::shared_ptr<service::Namespace> names = service::OpenPublished(TestClasses(), "SRV");
+    std::shared_ptr<service::Namespace> names =
+        service::OpenPublished(service::PublishedClasses(TestClasses()), "SRV");
     ComPtr<IWbemServices> services = windows::MakeObject<service::ServicesFace>(names);
     std::shared_ptr<service::ProviderObject> provider = std::make_shared<service::ProviderObject>(
         ComPtr<IUnknown>(static_cast<IWbemServices*>(fake.Get())), L"root\\QVQ", *services.Get());
