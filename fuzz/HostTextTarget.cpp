@@ -31,9 +31,9 @@ Json AsJson(const RecordedClass& recorded) {
         return {{"fails", name.substr(0, name.find(' '))}};
     }
     Json rows = Json::array();
-    for (const RecordedRowPtr& row : recorded.Rows()) {
+    for (const RecordedRow& row : recorded.Rows()) {
         Json members = Json::object();
-        for (const auto& [name, value] : row->properties) {
+        for (const auto& [name, value] : row.Properties()) {
             members[name] = AsJson(value);
         }
         rows.push_back(std::move(members));

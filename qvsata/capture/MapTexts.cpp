@@ -29,8 +29,8 @@ RecordedHost MapTexts(const RecordedHost& host, const RecordedHost& computer, co
             if (recorded.Failure()) {
                 mapped.FailClass(nameSpace.Name(), recorded.Name(), *recorded.Failure());
             }
-            for (const RecordedRowPtr& row : recorded.Rows()) {
-                RowProperties properties = row->properties;
+            for (const RecordedRow& row : recorded.Rows()) {
+                RowProperties properties = row.Properties();
                 for (auto& [name, value] : properties) {
                     value = Mapped(name, std::move(value), map);
                 }

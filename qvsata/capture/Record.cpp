@@ -24,8 +24,8 @@ constexpr std::array<std::string_view, 5> derivedNames{"__CLASS", "__SERVER", "_
 /// Adds the system properties that differ from those that a recording of the row derives.
 void AddStated(const Object& object, const std::string& className,
                const std::shared_ptr<const RecordedScope>& scope, RowProperties& properties) {
-    const RecordedObject derived(std::make_shared<const RecordedRow>(MakeRow(
-                                     std::make_shared<const std::string>(className), properties)),
+    const RecordedObject derived(std::make_shared<const RecordedRow>(
+                                     std::make_shared<const std::string>(className), properties),
                                  scope);
     for (const std::string_view name : derivedNames) {
         std::string stated = TextOf(object, name);

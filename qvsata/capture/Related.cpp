@@ -42,13 +42,13 @@ bool IsKept(const RecordedRow& row, const Filter& filter, const RecordedNamespac
             return false;
         }
         if (filter.isLink) {
-            return std::ranges::any_of(row.references, [others](const Reference& reference) {
+            return std::ranges::any_of(row.References(), [others](const Reference& reference) {
                 return others->Find(reference.path) != nullptr;
             });
         }
         ObjectPath path;
-        path.className = *row.className;
-        path.keys = row.keys;
+        path.className = row.ClassName();
+        path.keys = row.Keys();
         return !path.keys.empty() && !others->Referencing(path).empty();
     });
 }
@@ -59,11 +59,11 @@ void Add(RecordedHost& related, const RecordedNamespace& nameSpace, const Record
         return related.FailClass(nameSpace.Name(), recorded.Name(), *recorded.Failure());
     }
     const Filter* const filter = FilterOf(recorded.Name());
-    for (const RecordedRowPtr& row : recorded.Rows()) {
-        if (filter != nullptr && !IsKept(*row, *filter, *related.FindNamespace(nameSpace.Name()))) {
+    for (const RecordedRow& row : recorded.Rows()) {
+        if (filter != nullptr && !IsKept(row, *filter, *related.FindNamespace(nameSpace.Name()))) {
             continue;
         }
-        RowProperties properties = row->properties;
+        RowProperties properties = row.Properties();
         std::erase_if(properties, [](const auto& property) {
             return EqualsIgnoringCase(property.first, "Signature");
         });

@@ -232,8 +232,8 @@ std::vector<Secret> SecretsOf(const service::RecordedHost& host) {
     });
     for (const service::RecordedNamespace& nameSpace : host.Namespaces()) {
         for (const service::RecordedClass& recorded : nameSpace.Classes()) {
-            for (const service::RecordedRowPtr& row : recorded.Rows()) {
-                for (const service::Reference& reference : row->references) {
+            for (const service::RecordedRow& row : recorded.Rows()) {
+                for (const service::Reference& reference : row.References()) {
                     for (const service::PathKey& key : reference.path.keys) {
                         collection.AddText(key.name, ToWide(key.value));
                     }

@@ -16,7 +16,7 @@ public:
     std::vector<std::string> Names() const override;
     std::string ClassName() const override { return definition_->name; }
     /// Empty: the references of a definition name classes, not objects.
-    std::span<const Reference> References() const override { return {}; }
+    std::vector<Reference> References() const override { return {}; }
 
 private:
     ResolvedClassPtr definition_;

@@ -93,10 +93,8 @@ std::vector<std::string> Instance::Names() const {
     return PropertyNames(*type_);
 }
 
-std::span<const Reference> Instance::References() const {
-    std::call_once(referencesFound_,
-                   [this] { references_ = ReferencesAmong(PropertiesOf(*this)); });
-    return references_;
+std::vector<Reference> Instance::References() const {
+    return ReferencesAmong(PropertiesOf(*this));
 }
 
 std::optional<std::string> Instance::RelativePath() const {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <mutex>
 #include <optional>
 #include <span>
 #include <string>
@@ -53,7 +52,7 @@ public:
     std::optional<ObjectProperty> Find(std::string_view name) const override;
     std::vector<std::string> Names() const override;
     std::string ClassName() const override { return type_->name; }
-    std::span<const Reference> References() const override;
+    std::vector<Reference> References() const override;
 
 private:
     std::optional<CimValue>* Slot(std::string_view name);
@@ -61,8 +60,6 @@ private:
     ResolvedClassPtr type_;
     std::vector<std::optional<CimValue>> values_;  ///< in the order of the class's properties
     std::vector<PutCall> puts_;
-    mutable std::once_flag referencesFound_;
-    mutable std::vector<Reference> references_;
 };
 
 }  // namespace qv::service

@@ -51,8 +51,9 @@ public:
     /// Returns the name of the object's class, as its definition spells it.
     virtual std::string ClassName() const;
 
-    /// Returns the references that name an object, in the order of the properties.
-    virtual std::span<const Reference> References() const = 0;
+    /// Returns the references that name an object, in the order of the properties. They are parsed
+    /// by each call.
+    virtual std::vector<Reference> References() const = 0;
 
     /// Returns the class that the object defines; null for an instance and for a definition of
     /// which only the properties are known.

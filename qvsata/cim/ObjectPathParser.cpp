@@ -34,121 +34,153 @@ bool IsUnquotedValue(std::string_view text) {
     return !digits.empty() && std::ranges::all_of(digits, IsDigit);
 }
 
+struct LessIgnoringCase {
+    bool operator()(std::string_view left, std::string_view right) const {
+        const auto fold = [](char c) {
+            return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+        };
+        return std::ranges::lexicographical_compare(left, right, {}, fold, fold);
+    }
+};
+
+/// It throws nothing: a recording has many texts that are no paths.
 class PathParser {
 public:
     explicit PathParser(std::string_view text) : text_(text) {}
 
-    // Throws PathError.
-    ObjectPath Parse() {
-        ParsePrefix();
-        path_.className = ParseName("a class name");
+    /// Returns whether the text is a path.
+    bool Parse() {
+        if (!ParsePrefix() || !ParseName(path_.className, "expected a class name")) {
+            return false;
+        }
         if (AtEnd()) {
-            return std::move(path_);
+            return true;
         }
         if (TakeIf('=')) {
-            ParseShortForm();
-        } else if (TakeIf('.')) {
-            ParseKeys();
-        } else {
-            Fail("unexpected character after the class name");
+            return ParseShortForm();
         }
-        return std::move(path_);
+        return TakeIf('.') ? ParseKeys() : Fail("unexpected character after the class name");
     }
+
+    ObjectPath Take() { return std::move(path_); }
+    PathError Error() const { return {reason_, position_}; }
 
 private:
     // Server and namespace end with the first colon before any key.
-    void ParsePrefix() {
+    bool ParsePrefix() {
         const std::size_t end = text_.find_first_of(":=\"'");
         if (end == std::string_view::npos || text_[end] != ':') {
-            if (!AtEnd() && IsSlash(Peek())) {
-                Fail("no class after the namespace");
-            }
-            return;
+            return AtEnd() || !IsSlash(Peek()) || Fail("no class after the namespace");
         }
         std::size_t leading = 0;
         while (leading < end && IsSlash(text_[leading])) {
             ++leading;
         }
         if (leading > 2 || (leading == 2 && text_[0] != text_[1])) {
-            Fail("a server is introduced by two equal slashes");
+            return Fail("a server is introduced by two equal slashes");
         }
         position_ = leading;
         if (leading == 2) {
-            path_.server = ParsePrefixPart(end);
-            Expect(position_ < end, "no namespace after the server");
+            if (!ParsePrefixPart(path_.server, end)) {
+                return false;
+            }
+            if (position_ == end) {
+                return Fail("no namespace after the server");
+            }
             ++position_;
         }
-        path_.nameSpace = ParsePrefixPart(end);
+        if (!ParsePrefixPart(path_.nameSpace, end)) {
+            return false;
+        }
         while (position_ < end) {
             ++position_;
             path_.nameSpace += '\\';
-            path_.nameSpace += ParsePrefixPart(end);
+            if (!ParsePrefixPart(path_.nameSpace, end)) {
+                return false;
+            }
         }
         position_ = end + 1;
+        return true;
     }
 
-    std::string ParsePrefixPart(std::size_t end) {
+    bool ParsePrefixPart(std::string& target, std::size_t end) {
         const std::size_t begin = position_;
         position_ = std::min(end, text_.find_first_of(slashes, begin));
         const std::string_view part = text_.substr(begin, position_ - begin);
-        Expect(!part.empty(), "an empty name in server or namespace");
+        if (part.empty()) {
+            return Fail("an empty name in server or namespace");
+        }
         const std::size_t blank = part.find_first_of(" \t\r\n");
         if (blank != std::string_view::npos) {
             position_ = begin + blank;
-            Fail("a blank in server or namespace");
+            return Fail("a blank in server or namespace");
         }
-        return std::string(part);
+        target += part;
+        return true;
     }
 
-    std::string ParseName(const std::string& what) {
+    bool ParseName(std::string& name, const char* expected) {
         const std::size_t begin = position_;
         while (!AtEnd() && IsNameByte(Peek())) {
             ++position_;
         }
         if (position_ == begin || IsDigit(text_[begin])) {
             position_ = begin;
-            Fail("expected " + what);
+            return Fail(expected);
         }
-        return std::string(text_.substr(begin, position_ - begin));
+        name = text_.substr(begin, position_ - begin);
+        return true;
     }
 
-    void ParseShortForm() {
+    bool ParseShortForm() {
         if (TakeIf('@')) {
             path_.singleton = true;
-        } else {
-            path_.keys.push_back(ParseValue({}));
+        } else if (!ParseValue(path_.keys.emplace_back())) {
+            return false;
         }
-        Expect(AtEnd(), "unexpected character after the value");
+        return AtEnd() || Fail("unexpected character after the value");
     }
 
-    void ParseKeys() {
-        std::set<std::string> given;
+    bool ParseKeys() {
+        std::set<std::string_view, LessIgnoringCase> given;
         do {
-            std::string name = ParseName("a key name");
-            Expect(TakeIf('='), "expected = after the key name");
-            Expect(given.insert(FoldCase(name)).second, "a key is given twice");
-            path_.keys.push_back(ParseValue(std::move(name)));
+            PathKey& key = path_.keys.emplace_back();
+            const std::size_t begin = position_;
+            if (!ParseName(key.name, "expected a key name")) {
+                return false;
+            }
+            if (!TakeIf('=')) {
+                return Fail("expected = after the key name");
+            }
+            if (!given.insert(text_.substr(begin, key.name.size())).second) {
+                return Fail("a key is given twice");
+            }
+            if (!ParseValue(key)) {
+                return false;
+            }
         } while (TakeIf(','));
-        Expect(AtEnd(), "expected , or the end after the value");
+        return AtEnd() || Fail("expected , or the end after the value");
     }
 
-    PathKey ParseValue(std::string name) {
-        if (TakeIf('"')) {
-            return {std::move(name), ParseQuoted('"'), true};
+    bool ParseValue(PathKey& key) {
+        for (const char quote : {'"', '\''}) {
+            if (TakeIf(quote)) {
+                return ParseQuoted(key.value, quote);
+            }
         }
-        if (TakeIf('\'')) {
-            return {std::move(name), ParseQuoted('\''), true};
-        }
+        key.quoted = false;
         const std::size_t length = text_.substr(position_).find(',');
         const std::string_view value = text_.substr(position_, length);
-        Expect(IsUnquotedValue(value), "expected a quoted text, a number, TRUE or FALSE");
+        if (!IsUnquotedValue(value)) {
+            return Fail("expected a quoted text, a number, TRUE or FALSE");
+        }
         position_ += value.size();
-        return {std::move(name), std::string(value), false};
+        key.value = value;
+        return true;
     }
 
-    std::string ParseQuoted(char quote) {
+    bool ParseQuoted(std::string& value, char quote) {
         const std::size_t begin = position_ - 1;
-        std::string value;
         while (!AtEnd() && Peek() != quote) {
             if (Peek() == '\\' && position_ + 1 < text_.size() &&
                 (text_[position_ + 1] == '\\' || text_[position_ + 1] == '"' ||
@@ -159,9 +191,9 @@ private:
         }
         if (!TakeIf(quote)) {
             position_ = begin;
-            Fail("the quote is not closed");
+            return Fail("the quote is not closed");
         }
-        return value;
+        return true;
     }
 
     bool AtEnd() const { return position_ == text_.size(); }
@@ -175,32 +207,29 @@ private:
         return true;
     }
 
-    void Expect(bool condition, const char* reason) const {
-        if (!condition) {
-            Fail(reason);
-        }
-    }
-
-    [[noreturn]] void Fail(std::string reason) const {
-        throw PathError{std::move(reason), position_};
+    /// Returns false.
+    bool Fail(const char* reason) {
+        reason_ = reason;
+        return false;
     }
 
     std::string_view text_;
     std::size_t position_ = 0;
     ObjectPath path_;
+    const char* reason_ = "";
 };
 
 }  // namespace
 
 std::optional<ObjectPath> ParseObjectPath(std::string_view text, PathError* error) {
-    try {
-        return PathParser(text).Parse();
-    } catch (PathError& failure) {
-        if (error != nullptr) {
-            *error = std::move(failure);
-        }
-        return std::nullopt;
+    PathParser parser(text);
+    if (parser.Parse()) {
+        return parser.Take();
     }
+    if (error != nullptr) {
+        *error = parser.Error();
+    }
+    return std::nullopt;
 }
 
 std::optional<ObjectPath> ParseInstancePath(std::string_view text) {

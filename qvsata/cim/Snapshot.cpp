@@ -27,9 +27,7 @@ std::vector<ObjectProperty> Choose(const Object& object, Predicate isChosen) {
 
 Snapshot::Snapshot(std::vector<ObjectProperty> properties,
                    std::vector<std::string> shownSystemNames)
-    : properties_(std::move(properties)),
-      shownSystemNames_(std::move(shownSystemNames)),
-      references_(ReferencesAmong(properties_)) {}
+    : properties_(std::move(properties)), shownSystemNames_(std::move(shownSystemNames)) {}
 
 std::optional<ObjectProperty> Snapshot::Find(std::string_view name) const {
     const auto found = std::ranges::find_if(

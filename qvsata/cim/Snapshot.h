@@ -17,12 +17,11 @@ public:
     std::optional<ObjectProperty> Find(std::string_view name) const override;
     std::vector<std::string> Names() const override;
     std::vector<std::string> ShownNames() const override;
-    std::span<const Reference> References() const override { return references_; }
+    std::vector<Reference> References() const override { return ReferencesAmong(properties_); }
 
 private:
     std::vector<ObjectProperty> properties_;
     std::vector<std::string> shownSystemNames_;
-    std::vector<Reference> references_;
 };
 
 /// Returns an object with the selected properties that `object` has, in the object's order, and the

@@ -1,9 +1,13 @@
 #include "qvsata/recorded/HostFile.h"
 
+#include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
 #include <optional>
+#include <span>
+#include <utility>
 
 #include "qvsata/cim/StatusCodes.h"
 #include "qvsata/recorded/JsonText.h"
@@ -132,7 +136,7 @@ std::string OptionalText(const Json& json, const std::string& name, const Place&
     return found->get<std::string>();
 }
 
-RowProperties ToRow(Json json, const Place& place) {
+RowProperties ToRow(Json& json, const Place& place) {
     auto& properties = RequireObject(json, place).get_ref<Json::object_t&>();
     RowProperties row;
     row.reserve(properties.size());
@@ -161,32 +165,74 @@ Status ToFailure(const Json& json, const Place& place) {
     return *status;
 }
 
-void AddClass(RecordedHost& host, const std::string& nameSpace, const std::string& className,
-              Json& json, const Place& place) {
-    if (json.is_object()) {
-        host.FailClass(nameSpace, className, ToFailure(json, place));
-        return;
-    }
-    if (!json.is_array()) {
-        place.Fail(noRows);
-    }
-    RecordedClass& recorded = host.DefineClass(nameSpace, className);
-    for (std::size_t i = 0; i < json.size(); ++i) {
-        // Frees each row of the document as soon as it is added.
-        recorded.Add(ToRow(std::move(json[i]), place.Element(i)));
-    }
-}
+/// Adds the namespaces of a document to a host while the document is parsed, row by row: a
+/// recording is nearly all rows.
+class NamespaceReader {
+public:
+    explicit NamespaceReader(std::string_view file) : top_(file) {}
 
-void AddNamespace(RecordedHost& host, const std::string& nameSpace, Json& json,
-                  const Place& place) {
-    if (host.FindNamespace(nameSpace) != nullptr) {
-        place.Fail("the namespace is given twice");
+    /// Takes the rows, classes and namespaces.
+    bool Take(std::span<const JsonStep> steps, Json& value) {
+        // The steps to a row are the member "namespaces", the namespace, the class and a place.
+        static constexpr std::array isElement{false, false, false, true};
+        if (steps.size() < 2 || steps.size() > isElement.size() || steps[0].name != "namespaces" ||
+            !std::ranges::equal(steps, std::span(isElement).first(steps.size()), {},
+                                &JsonStep::isElement)) {
+            return false;
+        }
+        const Place place = namespaces_.Member(steps[1].name);
+        Enter(steps[1].name, place);
+        if (steps.size() == 2) {
+            RequireObject(value, place);
+            isInside_ = false;
+        } else if (steps.size() == 3) {
+            AddClass(steps, value, place.Member(steps[2].name));
+        } else {
+            AddRow(steps, value, place.Member(steps[2].name));
+        }
+        return true;
     }
-    host.DefineNamespace(nameSpace);
-    for (auto& [name, classes] : RequireObject(json, place).get_ref<Json::object_t&>()) {
-        AddClass(host, nameSpace, name, classes, place.Member(name));
+
+    /// Returns a host with the namespaces, but without names.
+    RecordedHost TakeHost() { return std::move(host_); }
+
+private:
+    void Enter(const std::string& nameSpace, const Place& place) {
+        if (isInside_) {
+            return;
+        }
+        if (host_.FindNamespace(nameSpace) != nullptr) {
+            place.Fail("the namespace is given twice");
+        }
+        host_.DefineNamespace(nameSpace);
+        isInside_ = true;
     }
-}
+
+    void AddClass(std::span<const JsonStep> steps, const Json& json, const Place& place) {
+        if (json.is_object()) {
+            host_.FailClass(steps[1].name, steps[2].name, ToFailure(json, place));
+        } else if (json.is_array()) {
+            host_.DefineClass(steps[1].name, steps[2].name);
+        } else {
+            place.Fail(noRows);
+        }
+    }
+
+    void AddRow(std::span<const JsonStep> steps, Json& json, const Place& place) {
+        if (steps[3].place == 0) {
+            class_ = &host_.DefineClass(steps[1].name, steps[2].name);
+        }
+        RowProperties row = ToRow(json, place.Element(steps[3].place));
+        json = nullptr;  // frees it before the row is added
+        class_->Add(std::move(row));
+    }
+
+    const Place top_;
+    const Place namespaces_ = top_.Member("namespaces");
+    RecordedHost host_;
+    bool isInside_ = false;           ///< inside a namespace, which is defined
+    RecordedClass* class_ = nullptr;  ///< of the row before
+};
 
 RecordedSystem ToSystem(Json& root, const Place& top) {
     if (!root.contains("system")) {
@@ -206,20 +252,21 @@ RecordedSystem ToSystem(Json& root, const Place& top) {
 
 RecordedHost ReadHostText(std::string_view json, std::string_view name) {
     const Place top(name);
-    Json root = ParseJson(json, std::string(name));
+    NamespaceReader reader(name);
+    Json root =
+        ParseJson(json, std::string(name), [&reader](std::span<const JsonStep> steps, Json& value) {
+            return reader.Take(steps, value);
+        });
     RequireObject(root, top);
     const Json& computer = RequireMember(root, "computer", top);
     const Place names = top.Member("computer");
+    RequireMember(root, "namespaces", top);
     RecordedHost host(
         {OptionalText(computer, "server", names),
          OptionalText(computer, "dnsFullyQualified", names),
          OptionalText(computer, "dnsHostname", names), OptionalText(computer, "netbios", names)},
         OptionalText(root, "description", top), ToSystem(root, top));
-    const Place namespaces = top.Member("namespaces");
-    for (auto& [nameSpace, classes] :
-         RequireMember(root, "namespaces", top).get_ref<Json::object_t&>()) {
-        AddNamespace(host, nameSpace, classes, namespaces.Member(nameSpace));
-    }
+    host.TakeNamespaces(reader.TakeHost());
     return host;
 }
 

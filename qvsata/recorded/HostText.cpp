@@ -43,7 +43,7 @@ std::optional<Json> ValueAsJson(const CimValue& value) {
 
 Json RowAsJson(const RecordedRow& row) {
     Json json = Json::object();
-    for (const auto& [name, value] : row.properties) {
+    for (const auto& [name, value] : row.Properties()) {
         if (std::optional<Json> written = ValueAsJson(value)) {
             json[name] = *std::move(written);
         }
@@ -56,8 +56,8 @@ Json ClassAsJson(const RecordedClass& recorded) {
         return {{"fails", StatusSymbol(*recorded.Failure())}};
     }
     Json rows = Json::array();
-    for (const RecordedRowPtr& row : recorded.Rows()) {
-        rows.push_back(RowAsJson(*row));
+    for (const RecordedRow& row : recorded.Rows()) {
+        rows.push_back(RowAsJson(row));
     }
     return rows;
 }

@@ -18,7 +18,8 @@ using Json = nlohmann::ordered_json;
 /// each new name, or an array at the end of each element, so their time grows as the square.
 class DocumentBuilder {
 public:
-    DocumentBuilder(Json& root, const std::string& file) : root_(root), file_(file) {}
+    DocumentBuilder(Json& root, const std::string& file, const JsonTaker& take)
+        : root_(root), file_(file), take_(take) {}
 
     // The events, with the names that the parser requires.
     bool null() { return Add(nullptr); }
@@ -44,6 +45,7 @@ public:
         if (!names_.back().insert(FoldCase(name)).second) {
             throw HostFileError(file_ + ": " + Json(name).dump() + " stands twice in one object");
         }
+        steps_.back().name = name;
         open_.back()->get_ref<Json::object_t&>().emplace_back(std::move(name), nullptr);
         return true;
     }
@@ -66,23 +68,41 @@ private:
     }
 
     bool Add(Json value) {
-        Put(std::move(value));
+        Complete(Put(std::move(value)));
         return true;
     }
 
     bool Open(Json value) {
         open_.push_back(&Put(std::move(value)));
+        steps_.push_back({open_.back()->is_array(), 0, {}});
         return true;
     }
 
     bool Close() {
+        Json& value = *open_.back();
         open_.pop_back();
+        steps_.pop_back();
+        Complete(value);
         return true;
+    }
+
+    void Complete(Json& value) {
+        if (open_.empty()) {
+            return;
+        }
+        Json& parent = *open_.back();
+        if (take_(steps_, value)) {
+            parent.is_array() ? parent.get_ref<Json::array_t&>().pop_back()
+                              : parent.get_ref<Json::object_t&>().pop_back();
+        }
+        ++steps_.back().place;
     }
 
     Json& root_;
     const std::string& file_;
-    std::vector<Json*> open_;  ///< from the root to the innermost
+    const JsonTaker& take_;
+    std::vector<Json*> open_;      ///< from the root to the innermost
+    std::vector<JsonStep> steps_;  ///< inside each of them
     std::vector<std::set<std::string>> names_;
 };
 
@@ -105,9 +125,9 @@ std::string SyntaxReason(std::string_view what, std::string_view json, std::size
 
 }  // namespace
 
-Json ParseJson(std::string_view text, const std::string& file) {
+Json ParseJson(std::string_view text, const std::string& file, const JsonTaker& take) {
     Json root;
-    DocumentBuilder builder(root, file);
+    DocumentBuilder builder(root, file, take);
     try {
         Json::sax_parse(text, &builder);
     } catch (const Json::parse_error& error) {

@@ -1,7 +1,10 @@
 #include "qvsata/recorded/RecordedClass.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
+
+#include "qvsata/recorded/HashIndex.h"
 
 namespace qv::service {
 namespace {
@@ -14,48 +17,71 @@ bool HasIdentity(const ObjectPath& path) {
 
 }  // namespace
 
+struct RecordedClass::Content {
+    std::shared_ptr<const std::string> name;
+    RowShapes shapes;
+    RecordedRows rows;
+    HashIndex byKeys;       ///< by the identity of the row's keys
+    HashIndex byReference;  ///< by the identity of a reference
+};
+
+const RecordedRows& RecordedClass::Rows() const {
+    return content_.Read().rows;
+}
+
 void RecordedClass::Add(RowProperties properties) {
-    const auto row = std::make_shared<const RecordedRow>(MakeRow(name_, std::move(properties)));
-    rows_.push_back(row);
-    if (!row->keys.empty()) {
-        byKeys_[IdentityOf(row->keys)].push_back(row);
+    Content& content = content_.Change();
+    if (!content.name) {
+        content.name = std::make_shared<const std::string>(name_);
     }
-    for (const Reference& reference : row->references) {
-        RecordedRows& referencing = byReference_[IdentityOf(reference.path)];
-        if (referencing.empty() || referencing.back() != row) {
-            referencing.push_back(row);
-        }
+    const std::size_t place = content.rows.size();
+    RecordedRow& row = content.rows.emplace_back(content.name, std::move(properties));
+    row.ShareShape(content.shapes);
+    if (const auto keys = row.Keys(); !keys.empty()) {
+        content.byKeys.Add(IdentityOf(keys), place);
+    }
+    for (const Reference& reference : row.References()) {
+        content.byReference.Add(IdentityOf(reference.path), place);
     }
 }
 
 void RecordedClass::Fail(Status failure) {
-    *this = RecordedClass(*name_);
+    content_ = {};
     failure_ = failure;
 }
 
-RecordedRowPtr RecordedClass::Find(const ObjectPath& path) const {
+const RecordedRow* RecordedClass::Find(const ObjectPath& path) const {
     if (path.singleton) {
         return nullptr;
     }
-    const auto candidates = byKeys_.find(IdentityOf(path.keys));
-    const RecordedRows* among = &rows_;
-    if (HasIdentity(path)) {
-        if (candidates == byKeys_.end()) {
-            return nullptr;
-        }
-        among = &candidates->second;
+    const auto isNamed = [&path](const RecordedRow& row) {
+        return HaveSameKeys(row.Keys(), path.keys);
+    };
+    const RecordedRows& rows = Rows();
+    if (!HasIdentity(path)) {
+        const auto found = std::ranges::find_if(rows, isNamed);
+        return found == rows.end() ? nullptr : &*found;
     }
-    const auto found = std::ranges::find_if(
-        *among, [&path](const RecordedRowPtr& row) { return HaveSameKeys(row->keys, path.keys); });
-    return found == among->end() ? nullptr : *found;
+    for (const std::size_t place : content_.Read().byKeys.Find(IdentityOf(path.keys))) {
+        if (isNamed(rows[place])) {
+            return &rows[place];
+        }
+    }
+    return nullptr;
 }
 
-RecordedRows RecordedClass::Referencing(const ObjectPath& path) const {
+std::vector<const RecordedRow*> RecordedClass::Referencing(const ObjectPath& path) const {
+    const Content& content = content_.Read();
+    std::vector<const RecordedRow*> found;
     if (!HasIdentity(path)) {
-        return rows_;
+        std::ranges::transform(content.rows, std::back_inserter(found),
+                               [](const RecordedRow& row) { return &row; });
+    } else {
+        std::ranges::transform(content.byReference.Find(IdentityOf(path)),
+                               std::back_inserter(found),
+                               [&](std::size_t place) { return &content.rows[place]; });
     }
-    const auto candidates = byReference_.find(IdentityOf(path));
-    return candidates == byReference_.end() ? RecordedRows{} : candidates->second;
+    return found;
 }
 
 }  // namespace qv::service

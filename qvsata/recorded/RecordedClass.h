@@ -1,28 +1,28 @@
 #pragma once
 
+#include <deque>
 #include <memory>
 #include <optional>
 #include <string>
-#include <unordered_map>
+#include <string_view>
 #include <vector>
 
 #include "platform/Status.h"
+#include "qvsata/recorded/CopyOnWrite.h"
 #include "qvsata/recorded/RecordedRow.h"
 
 namespace qv::service {
 
-using RecordedRowPtr = std::shared_ptr<const RecordedRow>;
-using RecordedRows = std::vector<RecordedRowPtr>;
+using RecordedRows = std::deque<RecordedRow>;
 
 /// A recorded class. Its rows keep the order of the recording and are indexed by their paths and by
-/// the paths that their references name.
+/// the paths that their references name. Copies share the rows.
 class RecordedClass {
 public:
-    explicit RecordedClass(std::string name)
-        : name_(std::make_shared<const std::string>(std::move(name))) {}
+    explicit RecordedClass(std::string name) : name_(std::move(name)) {}
 
-    const std::string& Name() const { return *name_; }
-    const RecordedRows& Rows() const { return rows_; }
+    const std::string& Name() const { return name_; }
+    const RecordedRows& Rows() const;
     /// Returns the status with which queries of the class fail; nothing if they succeed. A class
     /// whose queries fail has no rows.
     std::optional<Status> Failure() const { return failure_; }
@@ -31,20 +31,18 @@ public:
     void Fail(Status failure);
 
     /// Returns the first row that a path of the class names; null if there is none.
-    RecordedRowPtr Find(const ObjectPath& path) const;
+    const RecordedRow* Find(const ObjectPath& path) const;
 
     /// Returns the rows with a reference that may name the path. No row whose reference names it is
     /// missing.
-    RecordedRows Referencing(const ObjectPath& path) const;
+    std::vector<const RecordedRow*> Referencing(const ObjectPath& path) const;
 
 private:
-    using Places = std::unordered_map<std::string, RecordedRows>;
+    struct Content;
 
-    std::shared_ptr<const std::string> name_;
-    RecordedRows rows_;
+    std::string name_;
+    CopyOnWrite<Content> content_;  ///< most classes have no rows
     std::optional<Status> failure_;
-    Places byKeys_;       ///< by the identity of the row's keys
-    Places byReference_;  ///< by the identity of a reference
 };
 
 }  // namespace qv::service

@@ -16,14 +16,16 @@ RecordedHost::RecordedHost(ComputerNames computer, std::string description, Reco
 }
 
 const RecordedNamespace* RecordedHost::FindNamespace(std::string_view nameSpace) const {
-    const auto found = byName_.find(FoldCase(NormalNamespace(nameSpace)));
-    return found == byName_.end() ? nullptr : &namespaces_[found->second];
+    return FindNamed(namespaces_, byName_, NormalNamespace(nameSpace));
 }
 
 RecordedNamespace& RecordedHost::Namespace(std::string_view nameSpace) {
     std::string name = NormalNamespace(nameSpace);
-    const auto [found, isNew] = byName_.emplace(FoldCase(name), namespaces_.size());
-    return isNew ? namespaces_.emplace_back(std::move(name)) : namespaces_[found->second];
+    if (RecordedNamespace* const known = FindNamed(namespaces_, byName_, name)) {
+        return *known;
+    }
+    byName_.Add(FoldCase(name), namespaces_.size());
+    return namespaces_.emplace_back(std::move(name));
 }
 
 void RecordedHost::DefineNamespace(std::string_view nameSpace) {

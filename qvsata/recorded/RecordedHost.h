@@ -48,6 +48,12 @@ public:
 
     // Building. A missing namespace or class is created.
     void DefineNamespace(std::string_view nameSpace);
+    /// Replaces the namespaces by those of another recording.
+    void TakeNamespaces(RecordedHost other) {
+        namespaces_ = std::move(other.namespaces_);
+        byName_ = std::move(other.byName_);
+    }
+    /// The class is valid until the next one is defined.
     RecordedClass& DefineClass(std::string_view nameSpace, std::string_view className);
     void AddRow(std::string_view nameSpace, std::string_view className, RowProperties properties);
     /// Drops the rows of a class; its queries fail with `failure` from then on.
@@ -66,7 +72,7 @@ private:
     ComputerNames computer_;
     RecordedSystem system_;
     std::deque<RecordedNamespace> namespaces_;
-    std::unordered_map<std::string, std::size_t> byName_;  ///< folded normal name to position
+    HashIndex byName_;  ///< by the folded normal name
 };
 
 }  // namespace qv::service

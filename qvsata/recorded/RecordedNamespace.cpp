@@ -5,13 +5,17 @@
 namespace qv::service {
 
 const RecordedClass* RecordedNamespace::Find(std::string_view className) const {
-    const auto found = byName_.find(FoldCase(className));
-    return found == byName_.end() ? nullptr : &classes_[found->second];
+    const Content& content = content_.Read();
+    return FindNamed(content.classes, content.byName, className);
 }
 
 RecordedClass& RecordedNamespace::Class(std::string_view className) {
-    const auto [found, isNew] = byName_.emplace(FoldCase(className), classes_.size());
-    return isNew ? classes_.emplace_back(std::string(className)) : classes_[found->second];
+    Content& content = content_.Change();
+    if (RecordedClass* const known = FindNamed(content.classes, content.byName, className)) {
+        return *known;
+    }
+    content.byName.Add(FoldCase(className), content.classes.size());
+    return content.classes.emplace_back(std::string(className));
 }
 
 }  // namespace qv::service

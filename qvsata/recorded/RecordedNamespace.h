@@ -1,10 +1,11 @@
 #pragma once
 
-#include <deque>
 #include <string>
 #include <string_view>
-#include <unordered_map>
+#include <vector>
 
+#include "qvsata/recorded/CopyOnWrite.h"
+#include "qvsata/recorded/HashIndex.h"
 #include "qvsata/recorded/RecordedClass.h"
 
 namespace qv::service {
@@ -16,17 +17,22 @@ public:
 
     /// Returns the namespace's name, with backslashes and without a server.
     const std::string& Name() const { return name_; }
-    const std::deque<RecordedClass>& Classes() const { return classes_; }
+    const std::vector<RecordedClass>& Classes() const { return content_.Read().classes; }
 
     /// Returns a class by name, ignoring case; null if it was not recorded.
     const RecordedClass* Find(std::string_view className) const;
-    /// Returns the class of that name; creates it if it is missing.
+    /// Returns the class of that name, which is valid until the next call; creates it if it is
+    /// missing.
     RecordedClass& Class(std::string_view className);
 
 private:
+    struct Content {
+        std::vector<RecordedClass> classes;
+        HashIndex byName;  ///< by the folded name
+    };
+
     std::string name_;
-    std::deque<RecordedClass> classes_;
-    std::unordered_map<std::string, std::size_t> byName_;  ///< folded name to position
+    CopyOnWrite<Content> content_;
 };
 
 }  // namespace qv::service

@@ -15,7 +15,7 @@ std::optional<CimValue> RecordedObject::Get(std::string_view name) const {
         return std::nullopt;
     }
     if (EqualsIgnoringCase(name, "__CLASS")) {
-        return *row_->className;
+        return row_->ClassName();
     }
     if (EqualsIgnoringCase(name, "__SERVER")) {
         return scope_->server;
@@ -27,10 +27,10 @@ std::optional<CimValue> RecordedObject::Get(std::string_view name) const {
     if (!isFullPath && !EqualsIgnoringCase(name, "__RELPATH")) {
         return std::nullopt;
     }
-    if (row_->keys.empty()) {
+    const ObjectPath path{scope_->server, scope_->nameSpace, row_->ClassName(), row_->Keys()};
+    if (path.keys.empty()) {
         return CimValue{};
     }
-    const ObjectPath path{scope_->server, scope_->nameSpace, *row_->className, row_->keys};
     return FormatObjectPath(path, isFullPath ? PathForm::full : PathForm::relative);
 }
 
@@ -46,7 +46,7 @@ std::optional<ObjectProperty> RecordedObject::Find(std::string_view name) const 
 
 std::vector<std::string> RecordedObject::Names() const {
     std::vector<std::string> names;
-    for (const auto& [name, value] : row_->properties) {
+    for (const std::string& name : row_->Names()) {
         if (!IsSystemName(name)) {
             names.push_back(name);
         }

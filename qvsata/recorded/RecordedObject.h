@@ -26,8 +26,8 @@ public:
 
     std::optional<ObjectProperty> Find(std::string_view name) const override;
     std::vector<std::string> Names() const override;
-    std::string ClassName() const override { return *row_->className; }
-    std::span<const Reference> References() const override { return row_->references; }
+    std::string ClassName() const override { return row_->ClassName(); }
+    std::vector<Reference> References() const override { return row_->References(); }
 
 private:
     std::optional<CimValue> Get(std::string_view name) const;

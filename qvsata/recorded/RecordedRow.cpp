@@ -25,41 +25,80 @@ constexpr std::array<ClassKey, 7> classKeys = {{
     {"MSStorageDriver_FailurePredictStatus", "InstanceName"},
 }};
 
-// A text that is the path of an instance is a reference, and a key of its row.
-void FindReferences(RecordedRow& row) {
-    for (const auto& [name, value] : row.properties) {
-        const auto* text = std::get_if<std::string>(&value);
-        if (text == nullptr || IsSystemName(name)) {
-            continue;
-        }
-        if (auto path = ParseInstancePath(*text)) {
-            row.references.push_back({name, *std::move(path)});
-            row.keys.push_back({name, *text, true});
-        }
-    }
-    std::ranges::sort(row.keys, {}, [](const PathKey& key) { return FoldCase(key.name); });
+// Returns the property that is the key of a source class; empty for any other class.
+std::string_view KeyOf(std::string_view className) {
+    const auto* const found = std::ranges::find_if(classKeys, [className](const ClassKey& one) {
+        return EqualsIgnoringCase(one.className, className);
+    });
+    return found == classKeys.end() ? std::string_view() : found->key;
 }
 
 }  // namespace
 
-const CimValue* RecordedRow::FindProperty(std::string_view name) const {
-    const auto found = std::ranges::find_if(properties, [name](const auto& property) {
-        return EqualsIgnoringCase(property.first, name);
-    });
-    return found == properties.end() ? nullptr : &found->second;
+RecordedRow::RecordedRow(std::shared_ptr<const std::string> className, RowProperties properties) {
+    RowShape shape{std::move(className), {}};
+    shape.names.reserve(properties.size());
+    values_.reserve(properties.size());
+    for (auto& [name, value] : properties) {
+        shape.names.push_back(std::move(name));
+        values_.push_back(std::move(value));
+    }
+    shape_ = std::make_shared<const RowShape>(std::move(shape));
 }
 
-RecordedRow MakeRow(std::shared_ptr<const std::string> className, RowProperties properties) {
-    RecordedRow row{std::move(className), std::move(properties), {}, {}};
-    const auto* classKey = std::ranges::find_if(classKeys, [&row](const ClassKey& candidate) {
-        return EqualsIgnoringCase(candidate.className, *row.className);
-    });
-    if (classKey == classKeys.end()) {
-        FindReferences(row);
-    } else if (const auto* text = std::get_if<std::string>(row.FindProperty(classKey->key))) {
-        row.keys.push_back({std::string(classKey->key), *text, true});
+RowProperties RecordedRow::Properties() const {
+    RowProperties properties;
+    properties.reserve(values_.size());
+    for (std::size_t place = 0; place < values_.size(); ++place) {
+        properties.emplace_back(Names()[place], values_[place]);
     }
-    return row;
+    return properties;
+}
+
+const CimValue* RecordedRow::FindProperty(std::string_view name) const {
+    const auto found = std::ranges::find_if(
+        Names(), [name](const std::string& one) { return EqualsIgnoringCase(one, name); });
+    return found == Names().end() ? nullptr
+                                  : &values_[static_cast<std::size_t>(found - Names().begin())];
+}
+
+std::vector<PathKey> RecordedRow::Keys() const {
+    std::vector<PathKey> keys;
+    const std::string_view key = KeyOf(ClassName());
+    if (key.empty()) {
+        for (const auto& [place, path] : ParsedReferences()) {
+            keys.push_back({Names()[place], std::get<std::string>(values_[place]), true});
+        }
+        std::ranges::sort(keys, {}, [](const PathKey& one) { return FoldCase(one.name); });
+    } else if (const auto* text = std::get_if<std::string>(FindProperty(key))) {
+        keys.push_back({std::string(key), *text, true});
+    }
+    return keys;
+}
+
+std::vector<Reference> RecordedRow::References() const {
+    std::vector<Reference> references;
+    for (auto& [place, path] : ParsedReferences()) {
+        references.push_back({Names()[place], std::move(path)});
+    }
+    return references;
+}
+
+std::vector<std::pair<std::size_t, ObjectPath>> RecordedRow::ParsedReferences() const {
+    std::vector<std::pair<std::size_t, ObjectPath>> references;
+    if (!KeyOf(ClassName()).empty()) {
+        return references;
+    }
+    for (std::size_t place = 0; place < values_.size(); ++place) {
+        const auto* text = std::get_if<std::string>(&values_[place]);
+        if (text == nullptr || IsSystemName(Names()[place])) {
+            continue;
+        }
+        if (auto path = ParseInstancePath(*text)) {
+            references.emplace_back(place, *std::move(path));
+        }
+    }
+    return references;
 }
 
 }  // namespace qv::service

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <set>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -13,21 +14,50 @@ namespace qv::service {
 /// The properties of a row, in order.
 using RowProperties = std::vector<std::pair<std::string, CimValue>>;
 
-/// A recorded row with the keys of its path and its references, which are parsed once and not for
-/// each query.
-struct RecordedRow {
+/// What the rows of a class with the same properties share, because a recording has many rows.
+struct RowShape {
     std::shared_ptr<const std::string> className;  ///< shared by all rows of the class
-    RowProperties properties;
-    /// Those of the row's path, in alphabetical order; empty if the key of the class is unknown or
-    /// the row has no value for it.
-    std::vector<PathKey> keys;
-    std::vector<Reference> references;  ///< in the order of the properties
-
-    const CimValue* FindProperty(std::string_view name) const;
+    std::vector<std::string> names;                ///< of the properties, in order
 };
 
-/// Makes a row with its keys and references. The keys of the source classes are known; the keys of
-/// any other class are its references.
-RecordedRow MakeRow(std::shared_ptr<const std::string> className, RowProperties properties);
+/// The shapes of one class, by their names.
+struct LessNames {
+    bool operator()(const std::shared_ptr<const RowShape>& left,
+                    const std::shared_ptr<const RowShape>& right) const {
+        return left->names < right->names;
+    }
+};
+using RowShapes = std::set<std::shared_ptr<const RowShape>, LessNames>;
+
+/// A recorded row. The keys of the source classes are known. The keys of any other class are its
+/// references: the texts that are the path of an instance.
+class RecordedRow {
+public:
+    RecordedRow(std::shared_ptr<const std::string> className, RowProperties properties);
+
+    /// Takes the shape of the same names among `shapes`, which gains it if it is new.
+    void ShareShape(RowShapes& shapes) { shape_ = *shapes.insert(shape_).first; }
+
+    const std::string& ClassName() const { return *shape_->className; }
+    /// Returns the names of the properties, in order.
+    const std::vector<std::string>& Names() const { return shape_->names; }
+    /// Returns a copy of the properties.
+    RowProperties Properties() const;
+    /// Returns the value of a property by name, ignoring case; null if the row lacks it.
+    const CimValue* FindProperty(std::string_view name) const;
+
+    /// Returns the keys of the row's path, in alphabetical order; none if the key of the class is
+    /// unknown or the row has no value for it.
+    std::vector<PathKey> Keys() const;
+    /// Returns the references, in the order of the properties. They are parsed by each call.
+    std::vector<Reference> References() const;
+
+private:
+    /// Returns each text that is the path of an instance: the place of its property, and the path.
+    std::vector<std::pair<std::size_t, ObjectPath>> ParsedReferences() const;
+
+    std::shared_ptr<const RowShape> shape_;
+    std::vector<CimValue> values_;  ///< in the order of the names
+};
 
 }  // namespace qv::service

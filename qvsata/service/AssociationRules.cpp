@@ -100,8 +100,8 @@ bool Allows(const std::string& asked, std::string_view name) {
     return asked.empty() || EqualsIgnoringCase(asked, name);
 }
 
-const std::vector<ResolvedClassPtr>& ClassesAllowedBy(const std::string& asked,
-                                                      const NamespaceClasses& classes) {
+std::vector<ResolvedClassPtr> ClassesAllowedBy(const std::string& asked,
+                                               const NamespaceClasses& classes) {
     return asked.empty() ? classes.Listed() : classes.WithSubclasses(asked);
 }
 

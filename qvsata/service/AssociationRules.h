@@ -23,8 +23,8 @@ std::optional<Answer> RefusalOf(const Namespace& nameSpace, const ReferencesQuer
 bool Allows(const std::string& asked, std::string_view name);
 
 /// Returns the classes that an optional class of a query allows: it and its subclasses.
-const std::vector<ResolvedClassPtr>& ClassesAllowedBy(const std::string& asked,
-                                                      const NamespaceClasses& classes);
+std::vector<ResolvedClassPtr> ClassesAllowedBy(const std::string& asked,
+                                               const NamespaceClasses& classes);
 
 /// Returns whether a class has the qualifier that a query requires, if any; `type` may be null.
 bool HasRequired(const std::string& qualifier, const ResolvedClassPtr& type);

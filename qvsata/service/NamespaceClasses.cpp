@@ -1,8 +1,5 @@
 #include "qvsata/service/NamespaceClasses.h"
 
-#include <algorithm>
-#include <utility>
-
 #include "qvsata/cim/SystemClasses.h"
 #include "source/Text.h"
 
@@ -31,13 +28,6 @@ NamespaceClasses::NamespaceClasses(const NamespaceClasses& other, std::string_vi
     AddToAncestors();
 }
 
-NamespaceClasses::NamespaceClasses(std::vector<ResolvedClassPtr> classes)
-    : listed_(std::move(classes)) {
-    for (const ResolvedClassPtr& type : listed_) {
-        byName_[FoldCase(type->name)] = {type, {type}};
-    }
-}
-
 /// Fills withSubclasses.
 void NamespaceClasses::AddToAncestors() {
     for (const ResolvedClassPtr& type : listed_) {
@@ -48,21 +38,21 @@ void NamespaceClasses::AddToAncestors() {
     }
 }
 
-bool NamespaceClasses::HasUndefined() const {
-    return std::ranges::any_of(listed_,
-                               [](const ResolvedClassPtr& type) { return type->isUndefined; });
-}
-
 ResolvedClassPtr NamespaceClasses::Find(std::string_view className) const {
+    if (named_) {
+        return named_->Find(className);
+    }
     const auto found = byName_.find(FoldCase(className));
     return found == byName_.end() ? nullptr : found->second.type;
 }
 
-const std::vector<ResolvedClassPtr>& NamespaceClasses::WithSubclasses(
-    std::string_view className) const {
-    static const std::vector<ResolvedClassPtr> none;
+std::vector<ResolvedClassPtr> NamespaceClasses::WithSubclasses(std::string_view className) const {
+    if (named_) {
+        const ResolvedClassPtr type = named_->Find(className);
+        return type ? std::vector{type} : std::vector<ResolvedClassPtr>{};
+    }
     const auto found = byName_.find(FoldCase(className));
-    return found == byName_.end() ? none : found->second.withSubclasses;
+    return found == byName_.end() ? std::vector<ResolvedClassPtr>{} : found->second.withSubclasses;
 }
 
 bool NamespaceClasses::IsA(std::string_view className, std::string_view ancestor) const {

@@ -1,14 +1,28 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "qvsata/cim/ClassRepository.h"
 #include "qvsata/cim/ResolvedClass.h"
 
 namespace qv::service {
+
+/// Classes that are known by name only, resolved each time they are asked for: there may be many,
+/// and a namespace is opened for each query.
+class NamedClasses {
+public:
+    virtual ~NamedClasses() = default;
+
+    /// Returns the class of that name, ignoring case; null if there is none.
+    virtual ResolvedClassPtr Find(std::string_view className) const = 0;
+    virtual std::vector<ResolvedClassPtr> All() const = 0;
+    virtual bool IsEmpty() const = 0;
+};
 
 /// The resolved classes of a namespace. Names are compared ignoring case.
 class NamespaceClasses {
@@ -21,21 +35,21 @@ public:
     /// Takes the classes of the same namespace on another server.
     NamespaceClasses(const NamespaceClasses& other, std::string_view server);
 
-    /// Takes these classes, which have no superclasses.
-    explicit NamespaceClasses(std::vector<ResolvedClassPtr> classes);
+    explicit NamespaceClasses(std::shared_ptr<const NamedClasses> named)
+        : named_(std::move(named)) {}
 
     /// Returns the classes in the order of their definition.
-    const std::vector<ResolvedClassPtr>& Listed() const { return listed_; }
+    std::vector<ResolvedClassPtr> Listed() const { return named_ ? named_->All() : listed_; }
 
     /// Returns whether listed classes are known by name only, as those of a recorded host are: an
     /// object may then be of a class that was not recorded, with any properties.
-    bool HasUndefined() const;
+    bool HasUndefined() const { return named_ && !named_->IsEmpty(); }
 
     /// Returns the class of that name; null if there is none.
     ResolvedClassPtr Find(std::string_view className) const;
 
     /// Returns the listed classes that are `className` or derive from it.
-    const std::vector<ResolvedClassPtr>& WithSubclasses(std::string_view className) const;
+    std::vector<ResolvedClassPtr> WithSubclasses(std::string_view className) const;
 
     /// Returns whether a class is `ancestor` or derives from it. For names without a class, returns
     /// whether they are equal.
@@ -49,6 +63,7 @@ private:
 
     void AddToAncestors();
 
+    std::shared_ptr<const NamedClasses> named_;  ///< null: the next two are the classes
     std::vector<ResolvedClassPtr> listed_;
     std::unordered_map<std::string, Entry> byName_;  ///< by folded name
 };

@@ -25,7 +25,7 @@ public:
 
     Answer Enumerate(const ResolvedClassPtr& type) const override {
         const RecordedClass& recorded = *rows_.Find(type->name);
-        return recorded.Failure() ? Failing(recorded) : Rows(recorded.Rows());
+        return recorded.Failure() ? Failing(recorded) : AllRows(recorded);
     }
 
     std::optional<Answer> Referencing(const ResolvedClassPtr& type,
@@ -40,8 +40,9 @@ public:
         if (recorded.Failure()) {
             return std::nullopt;  // Enumerate tells why.
         }
-        const RecordedRowPtr row = recorded.Find(path);
-        return row ? AsObject(row) : nullptr;
+        const RecordedRow* const row = recorded.Find(path);
+        return row == nullptr ? nullptr
+                              : std::make_shared<const RecordedObject>(Owned(row), scope_);
     }
 
 private:
@@ -49,18 +50,26 @@ private:
         return {recorded.Failure().value(), "queries of " + recorded.Name() + " fail", {}};
     }
 
-    ObjectPtr AsObject(const RecordedRowPtr& row) const {
-        return std::make_shared<const RecordedObject>(row, scope_);
+    /// Returns a row of the host together with the host.
+    std::shared_ptr<const RecordedRow> Owned(const RecordedRow* row) const { return {host_, row}; }
+
+    Answer AllRows(const RecordedClass& recorded) const {
+        std::vector<const RecordedRow*> rows;
+        rows.reserve(recorded.Rows().size());
+        for (const RecordedRow& row : recorded.Rows()) {
+            rows.push_back(&row);
+        }
+        return Rows(rows);
     }
 
-    Answer Rows(const RecordedRows& rows) const {
+    Answer Rows(const std::vector<const RecordedRow*>& rows) const {
         // One block of memory for all objects: a class may be read once per disk.
         const auto block = std::make_shared<std::vector<RecordedObject>>();
         block->reserve(rows.size());
         Answer answer;
         answer.objects.reserve(rows.size());
-        for (const RecordedRowPtr& row : rows) {
-            answer.objects.emplace_back(block, &block->emplace_back(row, scope_));
+        for (const RecordedRow* const row : rows) {
+            answer.objects.emplace_back(block, &block->emplace_back(Owned(row), scope_));
         }
         return answer;
     }
@@ -70,19 +79,42 @@ private:
     std::shared_ptr<const RecordedScope> scope_;
 };
 
-NamespaceClasses ClassesOf(const RecordedHost& host, const RecordedNamespace& recorded,
-                           const std::string& spelling) {
-    std::vector<ResolvedClassPtr> classes;
-    for (const RecordedClass& one : recorded.Classes()) {
-        auto type = std::make_shared<ResolvedClass>();
-        type->name = one.Name();
-        type->server = host.Computer().server;
-        type->nameSpace = spelling;
-        type->isUndefined = true;
-        classes.push_back(std::move(type));
+/// The classes of one recorded namespace.
+class RecordedClasses final : public NamedClasses {
+public:
+    RecordedClasses(std::shared_ptr<const RecordedHost> host, const RecordedNamespace& recorded,
+                    std::string spelling)
+        : host_(std::move(host)), recorded_(recorded), spelling_(std::move(spelling)) {}
+
+    ResolvedClassPtr Find(std::string_view className) const override {
+        const RecordedClass* const found = recorded_.Find(className);
+        return found == nullptr ? nullptr : Resolved(*found);
     }
-    return NamespaceClasses(std::move(classes));
-}
+
+    std::vector<ResolvedClassPtr> All() const override {
+        std::vector<ResolvedClassPtr> classes;
+        for (const RecordedClass& one : recorded_.Classes()) {
+            classes.push_back(Resolved(one));
+        }
+        return classes;
+    }
+
+    bool IsEmpty() const override { return recorded_.Classes().empty(); }
+
+private:
+    ResolvedClassPtr Resolved(const RecordedClass& recorded) const {
+        auto type = std::make_shared<ResolvedClass>();
+        type->name = recorded.Name();
+        type->server = host_->Computer().server;
+        type->nameSpace = spelling_;
+        type->isUndefined = true;
+        return type;
+    }
+
+    std::shared_ptr<const RecordedHost> host_;  ///< owns the classes
+    const RecordedNamespace& recorded_;
+    std::string spelling_;
+};
 
 }  // namespace
 
@@ -93,11 +125,9 @@ std::shared_ptr<const Namespace> OpenRecorded(std::shared_ptr<const RecordedHost
         return nullptr;
     }
     const std::string name = NormalNamespace(spelling);
-    NamespaceClasses classes = ClassesOf(*host, *recorded, name);
     return std::make_shared<const Namespace>(
-        name, std::move(classes),
-        Namespace::Sources{
-            std::make_shared<const RecordedRowsSource>(std::move(host), *recorded, name)});
+        name, NamespaceClasses(std::make_shared<const RecordedClasses>(host, *recorded, name)),
+        Namespace::Sources{std::make_shared<const RecordedRowsSource>(host, *recorded, name)});
 }
 
 Connector ConnectRecorded(std::shared_ptr<const RecordingSequence> recordings) {

@@ -39,7 +39,7 @@ std::string After(const std::string& rows, const std::string& property, std::siz
     const RecordedHost host = HostWith(rows);
     const RecordedHost after = Redaction(host, 1).Applied(host);
     return std::get<std::string>(
-        *after.FindNamespace("root/cimv2")->Find("C")->Rows()[row]->FindProperty(property));
+        *after.FindNamespace("root/cimv2")->Find("C")->Rows()[row].FindProperty(property));
 }
 
 TEST(Redaction, KeepsLengthLettersDigitsAndSigns) {

@@ -108,7 +108,7 @@ RecordedHost Without(const RecordedHost& host, const std::set<RowId>& dropped) {
         kept.DefineClass(nameSpace, one.Name());
         for (std::size_t place = 0; place < one.Rows().size(); ++place) {
             if (!dropped.contains({one.Name(), place})) {
-                kept.AddRow(nameSpace, one.Name(), one.Rows()[place]->properties);
+                kept.AddRow(nameSpace, one.Name(), one.Rows()[place].Properties());
             }
         }
         if (one.Failure()) {
@@ -123,7 +123,7 @@ std::set<RowId> CopiesOf(const RecordedHost& host, const RowId& row) {
     std::set<RowId> copies;
     ForEachClass(host, [&](const std::string&, const service::RecordedClass& one) {
         for (std::size_t place = 0; one.Name() == row.first && place < one.Rows().size(); ++place) {
-            if (one.Rows()[place]->properties == one.Rows()[row.second]->properties) {
+            if (one.Rows()[place].Properties() == one.Rows()[row.second].Properties()) {
                 copies.emplace(row.first, place);
             }
         }

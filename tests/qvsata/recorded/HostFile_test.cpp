@@ -111,6 +111,30 @@ TEST(HostFile, KeepsRowsAndPropertiesInOrder) {
     EXPECT_THAT(answer.objects[1]->Names(), ElementsAre("Z"));
 }
 
+TEST(HostFile, KeepsClassesInOrderWhateverTheyHold) {
+    const RecordedHost host = Loaded(
+        R"({"computer":{},"namespaces":{"n":{"A":[],"B":{"fails":true},"C":[{}],"D":[]},"m":{}}})");
+    EXPECT_THAT(NamesOf(host.Namespaces()), ElementsAre("n", "m"));
+    EXPECT_THAT(NamesOf(host.FindNamespace("n")->Classes()), ElementsAre("A", "B", "C", "D"));
+}
+
+TEST(HostFile, TakesMembersInAnyOrder) {
+    const RecordedHost host =
+        Loaded(R"({"namespaces":{"n":{"C":[{}]}},"computer":{"netbios":"H"},"description":"d"})");
+    EXPECT_EQ(host.Description(), "d");
+    EXPECT_EQ(host.Computer().server, "H");
+    EXPECT_EQ(host.FindNamespace("n")->Find("C")->Rows().size(), 1U);
+}
+
+TEST(HostFile, RefusesRowsInWrongPlaces) {
+    EXPECT_EQ(RefusalOfRow("[{}]"),
+              R"(h.json: namespaces."root\\CIMv2".Win32_DiskDrive[1]: expected an object)");
+    EXPECT_EQ(Refusal(R"({"computer":{},"namespaces":{"n":[{}]}})"),
+              "h.json: namespaces.n: expected an object");
+    EXPECT_EQ(Refusal(R"({"computer":{},"namespaces":[{"n":{"C":[{}]}}]})"),
+              "h.json: namespaces: expected an object");
+}
+
 TEST(HostFile, GivesEachValueItsType) {
     EXPECT_EQ(LoadedValue("null"), CimValue{});
     EXPECT_EQ(LoadedValue("true"), CimValue{true});

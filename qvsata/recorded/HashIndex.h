@@ -1,0 +1,39 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <set>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "source/Text.h"
+
+namespace qv::service {
+
+/// Places by texts, of which it keeps the hashes only: an entry of a long text costs no more than
+/// one of a short text.
+class HashIndex {
+public:
+    void Add(const std::string& text, std::size_t place);
+
+    /// Returns the places of the text, and perhaps of others, in ascending order.
+    std::vector<std::size_t> Find(const std::string& text) const;
+
+private:
+    std::set<std::pair<std::size_t, std::size_t>> entries_;  ///< hash, place
+};
+
+/// Returns the element of that name, ignoring case; null if there is none.
+/// @param byName the elements' places by their folded names
+template <typename Elements>
+auto* FindNamed(Elements& elements, const HashIndex& byName, std::string_view name) {
+    const auto places = byName.Find(FoldCase(name));
+    const auto found = std::ranges::find_if(places, [&](std::size_t place) {
+        return EqualsIgnoringCase(elements[place].Name(), name);
+    });
+    return found == places.end() ? nullptr : &elements[*found];
+}
+
+}  // namespace qv::service
