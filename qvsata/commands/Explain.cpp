@@ -1,9 +1,11 @@
 #include "qvsata/explain/Explain.h"
 
 #include <algorithm>
+#include <charconv>
 #include <map>
 #include <memory>
 #include <optional>
+#include <system_error>
 #include <utility>
 
 #include "qvsata/commands/Commands.h"
@@ -16,6 +18,7 @@
 #include "qvsata/session/Session.h"
 #include "qvsata/session/SourceReport.h"
 #include "qvsata/view/KeyWarnings.h"
+#include "qvsata/view/SerialNumber.h"
 #include "qvsata/view/text/Characters.h"
 #include "qvsata/view/text/Columns.h"
 #include "source/Namespaces.h"
@@ -62,29 +65,47 @@ std::string DiskLine(const view::OsDisk& disk) {
            view::OrDash(disk.serialNumber) + ", ID " + disk.deviceId + '\n';
 }
 
+/// Returns the drive number that a text is: "1", "#1" or "\\.\PHYSICALDRIVE1".
+std::optional<std::int64_t> DriveNumberIn(std::string_view text) {
+    for (const std::string_view prefix : {"\\\\.\\PHYSICALDRIVE", "#"}) {
+        if (EqualsIgnoringCase(text.substr(0, prefix.size()), prefix)) {
+            text.remove_prefix(prefix.size());
+            break;
+        }
+    }
+    std::uint32_t number = 0;
+    const char* const end = text.data() + text.size();
+    const auto [rest, error] = std::from_chars(text.data(), end, number);
+    return error == std::errc() && rest == end ? std::optional<std::int64_t>(number) : std::nullopt;
+}
+
 bool Fits(const view::OsDisk& disk, const std::string& part) {
     const std::string sought = FoldCase(part);
     const auto has = [&sought](const std::string& text) {
         return FoldCase(text).find(sought) != std::string::npos;
     };
-    return has(disk.serialNumber) || has(disk.model) || has(disk.deviceId) ||
-           has(EncodeDeviceId(disk.deviceId));
+    return has(disk.serialNumber) ||
+           has(view::DecodedSerialNumber(disk.serialNumber).value_or("")) || has(disk.model) ||
+           has(disk.deviceId) || has(EncodeDeviceId(disk.deviceId));
 }
 
-/// Returns the disks that a text names: the one with that drive number, otherwise those of which it
-/// is part of the serial number, model or ID.
+/// Returns the disks that a text names: those with that drive number, otherwise those of which it
+/// is part of the serial number, model or ID. A number of few digits is a drive number only.
 std::vector<const view::OsDisk*> FittingDisks(const std::vector<view::OsDisk>& disks,
                                               const std::string& text) {
+    constexpr std::size_t fewDigits = 3;
+    std::vector<const view::OsDisk*> numbered;
     std::vector<const view::OsDisk*> fitting;
+    const std::optional<std::int64_t> number = DriveNumberIn(text);
     for (const view::OsDisk& disk : disks) {
-        if (disk.number && std::to_string(*disk.number) == text) {
-            return {&disk};
+        if (number && disk.number == number) {
+            numbered.push_back(&disk);
         }
         if (Fits(disk, text)) {
             fitting.push_back(&disk);
         }
     }
-    return fitting;
+    return !numbered.empty() || (number && text.size() <= fewDigits) ? numbered : fitting;
 }
 
 /// Lists on standard error the disks among which the user has to choose. Throws CommandError.
@@ -161,6 +182,9 @@ std::optional<explain::Explanation> ExplainHost(const service::ProviderHost& hos
                                                 const MachineAnswer& answer) {
     const std::vector<view::OsDisk> disks = ReadOsDisks(host).disks;
     const auto fitting = FittingDisks(disks, disk);
+    if (!disk.empty() && IsUnread(host.Journal().Queries(), cimNamespace, "Win32_DiskDrive")) {
+        throw CommandError("'" + disk + "': disks not readable");
+    }
     if (!disk.empty() && fitting.empty() && answer.IsOneOfMany()) {
         return std::nullopt;
     }

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <iterator>
+#include <set>
 
 #include "qvsata/cim/StatusCodes.h"
 #include "qvsata/output/Output.h"
@@ -18,11 +20,20 @@
 #include "qvsata/view/events/EventLine.h"
 #include "qvsata/view/events/WatchedText.h"
 #include "source/Namespaces.h"
+#include "source/Text.h"
 
 namespace qv::tool {
 namespace {
 
 using Clock = std::chrono::steady_clock;
+
+/// Returns whether a source that could not be read was asked again.
+bool IsAsked(const std::vector<service::SourceQuery>& queries, const service::SourceQuery& unread) {
+    return std::ranges::any_of(queries, [&unread](const service::SourceQuery& query) {
+        return EqualsIgnoringCase(query.nameSpace, unread.nameSpace) &&
+               (unread.className.empty() || EqualsIgnoringCase(query.className, unread.className));
+    });
+}
 
 /// Prints events up to the maximum number.
 class EventPrinter {
@@ -162,26 +173,40 @@ private:
         std::erase_if(queries, [](const service::SourceQuery& query) {
             return query.end == service::SourceEnd::pending;
         });
-        unread_ = UnreadLines(queries);
-        WriteErrorFitted(unread_);
+        unread_ = UnreadSources(queries);
+        WriteErrorFitted(UnreadLines(unread_));
     }
 
-    /// Names the sources that the last cycle could not read, unless the cycle before could not
-    /// either. The monitor is held, so no query runs.
+    /// Names the sources that cannot be read, unless they could not be read before the last cycle
+    /// either. A source that the cycle did not ask is as it was. The monitor is held, so no query
+    /// runs.
     void ReportUnread() {
         const std::vector<service::SourceQuery> queries = host_.Journal().Queries(reported_);
         reported_ = host_.Journal().Size();
-        const std::string unread = UnreadLines(queries);
-        if (unread != unread_) {
-            WriteErrorFitted(unread.empty() ? "qvsata: every source is readable again\n" : unread);
+        std::vector<service::SourceQuery> unread = UnreadSources(queries);
+        std::ranges::copy_if(
+            unread_, std::back_inserter(unread),
+            [&](const service::SourceQuery& one) { return !IsAsked(queries, one); });
+        const std::set<std::string> lines = LinesOf(unread);
+        if (lines != LinesOf(unread_)) {
+            WriteErrorFitted(lines.empty() ? "qvsata: every source is readable again\n"
+                                           : UnreadLines(unread));
         }
-        unread_ = unread;
+        unread_ = std::move(unread);
         host_.Journal().Condense();
+    }
+
+    static std::set<std::string> LinesOf(const std::vector<service::SourceQuery>& unread) {
+        std::set<std::string> lines;
+        for (const service::SourceQuery& query : unread) {
+            lines.insert(SourceLine(query));
+        }
+        return lines;
     }
 
     const service::ProviderHost& host_;
     std::size_t reported_ = 0;  ///< the number of queries that ReportUnread has seen
-    std::string unread_;        ///< the lines of the last cycle
+    std::vector<service::SourceQuery> unread_;  ///< the sources that cannot be read
     EventPrinter printer_;
     StopRequest stop_;
     WaitingLine waiting_;

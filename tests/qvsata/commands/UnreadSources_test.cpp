@@ -55,6 +55,12 @@ protected:
         return RunHere(command);
     }
 
+    /// Returns the recording as a file of its own, for --then.
+    std::string Twice() const {
+        std::ofstream(file_.Path()) << host_;
+        return file_.Path().string();
+    }
+
 private:
     const std::filesystem::path mofFolder_ = std::filesystem::path(QV_SOURCE_DIR) / "mof";
     const TemporaryFile file_;
@@ -240,6 +246,23 @@ TEST_F(UnreadSourcesTest, AreNoneOnACompleteRecording) {
 TEST_F(UnreadSourcesTest, WithoutAQueryAreNotAskedFor) {
     Spoil({R"(root\wmi)", "MSStorageDriver_FailurePredictStatus", ""}, {"WBEM_E_FAILED", ""});
     EXPECT_EQ(On({"classes"}).exitCode, 0);
+}
+
+/// The introduction of a watch asks for the links, its cycles do not.
+TEST_F(UnreadSourcesTest, WatchSaysNothingNewOfASourceThatItsCyclesDoNotAsk) {
+    Spoil({"root\\CIMv2", "Win32_IDEControllerDevice", ""}, {"WBEM_E_ACCESS_DENIED", ""});
+    const Ending watch = On({"watch", "--then", Twice(), "--then", Twice()});
+    EXPECT_EQ(watch.exitCode, 3);
+    EXPECT_THAT(watch.errors, HasSubstr("Win32_IDEControllerDevice: WBEM_E_ACCESS_DENIED"));
+    EXPECT_THAT(watch.errors, Not(HasSubstr("readable again")));
+}
+
+TEST_F(UnreadSourcesTest, ExplainOfADiskSaysThatTheDisksAreNotReadable) {
+    Spoil({"root\\CIMv2", "Win32_DiskDrive", ""}, {"WBEM_E_ACCESS_DENIED", ""});
+    const Ending explain = On({"explain", "1"});
+    EXPECT_EQ(explain.exitCode, 3);
+    EXPECT_THAT(explain.errors, HasSubstr("qvsata: '1': disks not readable\n"));
+    EXPECT_THAT(explain.errors, Not(HasSubstr("the disks:")));
 }
 
 }  // namespace
