@@ -38,11 +38,11 @@ std::string Rows(const std::string& className, const std::string& rows) {
     return Recording(R"("root\\CIMv2":{")" + className + "\":[" + rows + "]}");
 }
 
-/// Returns a recording of disks on one controller with a partition each, and these plug-and-play
-/// IDs.
-std::string Disks(int count, const auto& deviceId) {
+/// Returns a recording of disks on one controller with a partition each, these device IDs and
+/// these plug-and-play IDs.
+std::string Disks(int count, const auto& path, const auto& deviceId) {
     const auto disk = [&](const std::string& number) {
-        return R"({"DeviceID":"D)" + number + R"(","PNPDeviceID":")" + deviceId(number) +
+        return R"({"DeviceID":")" + path(number) + R"(","PNPDeviceID":")" + deviceId(number) +
                R"(","InterfaceType":"IDE","Status":"OK"})";
     };
     const auto partition = [](const std::string& number) {
@@ -54,7 +54,7 @@ std::string Disks(int count, const auto& deviceId) {
                deviceId(number) + R"(\""})";
     };
     const auto ofDisk = [&](const std::string& number) {
-        return R"({"Antecedent":"Win32_DiskDrive.DeviceID=\"D)" + number +
+        return R"({"Antecedent":"Win32_DiskDrive.DeviceID=\")" + path(number) +
                R"(\"","Dependent":"Win32_DiskPartition.DeviceID=\"P)" + number + R"(\""})";
     };
     return Recording(R"("root\\CIMv2":{"Win32_PhysicalMedia":[],"Win32_PnPDevice":[],)"
@@ -68,6 +68,10 @@ std::string Disks(int count, const auto& deviceId) {
 
 std::string EmptyRows(int count) {
     return Rows("X", Repeat(count, ",", [](const auto&) { return std::string("{}"); }));
+}
+
+std::string RowsOfOneNumber(int count) {
+    return Rows("X", Repeat(count, ",", [](const auto&) { return std::string("{\"A\":1}"); }));
 }
 
 std::string LongClassName(int count) {
@@ -85,8 +89,9 @@ std::string ManyClasses(int count) {
 }
 
 std::string ManyProperties(int count) {
-    return Rows("X",
-                "{" + Repeat(count, ",", [](const auto& n) { return "\"p" + n + "\":1"; }) + "}");
+    return Rows("X", std::string("{").append(Repeat(count, ",", [](const auto& n) {
+        return "\"p" + n + "\":1";
+    })) + "}");
 }
 
 std::string ManyKeys(int count) {
@@ -96,7 +101,15 @@ std::string ManyKeys(int count) {
 }
 
 std::string EqualDisks(int count) {
-    return Disks(count, [](const auto&) { return std::string("IDE"); });
+    return Disks(
+        count, [](const auto& n) { return "D" + n; },
+        [](const auto&) { return std::string("IDE"); });
+}
+
+std::string DisksWithOnePath(int count) {
+    return Disks(
+        count, [](const auto&) { return std::string("D"); },
+        [](const auto& n) { return "IDE" + n; });
 }
 
 std::string LargeRecording(int count) {
@@ -124,6 +137,7 @@ struct Input {
 
 const std::vector<Input> inputs{
     {"empty rows", EmptyRows, {50'000, 200'000}, {"sources"}, 3},
+    {"rows of one number", RowsOfOneNumber, {50'000, 200'000}, {"sources"}, 3},
     {"rows of a class with a long name", LongClassName, {25'000, 100'000}, {"sources"}, 3},
     {"namespaces", ManyNamespaces, {20'000, 80'000}, {"sources"}, 3},
     {"classes", ManyClasses, {5'000, 20'000}, {"sources"}, 3},
@@ -133,6 +147,11 @@ const std::vector<Input> inputs{
      EqualDisks,
      {400, 1'600},
      {"enumerate", "QV_SATADiskDriveStorageExtent"},
+     1},
+    {"disks with equal paths",
+     DisksWithOnePath,
+     {400, 1'600},
+     {"enumerate", "QV_SATAStorageExtent"},
      1},
     {"a large recording", LargeRecording, {50'000, 200'000}, {"sources"}, 3},
     {"a chain of classes in MOF",

@@ -1,6 +1,7 @@
 #include "qvsata/session/InstanceLimit.h"
 
 #include <algorithm>
+#include <array>
 #include <optional>
 #include <string>
 #include <utility>
@@ -9,6 +10,7 @@
 #include "NativeAPI/KeyPairing.h"
 #include "catalogue/Associations.h"
 #include "qvsata/cim/StatusCodes.h"
+#include "source/Namespaces.h"
 #include "source/Text.h"
 
 namespace qv::tool {
@@ -17,11 +19,49 @@ namespace {
 using service::Answer;
 using service::ResolvedClassPtr;
 
+constexpr std::string_view extents = "QV_SATAStorageExtent";
+
+std::string TextIn(const service::RecordedRow& row, std::string_view property) {
+    const auto* const text = std::get_if<std::string>(row.FindProperty(property));
+    return text == nullptr ? std::string() : *text;
+}
+
+/// Returns the texts of a property of a class's rows, without backslashes; none of a
+/// class that was not recorded.
+std::vector<std::string> StrippedTexts(const service::RecordedHost& host,
+                                       std::string_view className, std::string_view property) {
+    std::vector<std::string> texts;
+    const service::RecordedNamespace* const nameSpace = host.FindNamespace(cimNamespace);
+    const service::RecordedClass* const recorded =
+        nameSpace == nullptr ? nullptr : nameSpace->Find(className);
+    for (std::size_t place = 0; recorded != nullptr && place < recorded->Rows().size(); ++place) {
+        texts.push_back(StripBackslashes(TextIn(recorded->Rows()[place], property)));
+    }
+    return texts;
+}
+
+/// Returns whether the provider would join more than `most` links of partitions to the disks of a
+/// host, by the rule of PartitionLinks.
+bool JoinsMore(const service::RecordedHost& host, std::size_t most) {
+    return !PairKeysUpTo(most, StrippedTexts(host, "Win32_DiskDriveToDiskPartition", "Antecedent"),
+                         StrippedTexts(host, "Win32_DiskDrive", "DeviceID"),
+                         MatchRule::firstContains)
+                .has_value();
+}
+
+bool HasExtents(const Association& association) {
+    return std::ranges::any_of(std::array{association.first, association.second, association.third},
+                               [](const AssociationEnd& end) { return end.className == extents; });
+}
+
 class LimitedSource final : public service::InstanceSource {
 public:
     LimitedSource(std::shared_ptr<const InstanceSource> provider,
-                  const service::Namespace& published, std::size_t most)
-        : provider_(std::move(provider)), published_(published), most_(most) {}
+                  const service::Namespace& published, std::size_t most, bool refusesExtents)
+        : provider_(std::move(provider)),
+          published_(published),
+          most_(most),
+          refusesExtents_(refusesExtents) {}
 
     bool Serves(const ResolvedClassPtr& type) const override { return provider_->Serves(type); }
 
@@ -41,18 +81,26 @@ public:
     }
 
 private:
-    /// Returns the answer to a request for a class with too many instances; nothing for another.
+    /// Returns the answer to a request for a class that costs too much; nothing for another.
     std::optional<Answer> Refuse(const ResolvedClassPtr& type) const {
         const auto* const association = std::ranges::find_if(
             associations,
             [&type](const Association& one) { return EqualsIgnoringCase(one.name, type->name); });
-        if (association == associations.end() || IsWithinLimit(*association)) {
-            return std::nullopt;
+        const bool isAssociation = association != associations.end();
+        if (refusesExtents_ &&
+            (isAssociation ? HasExtents(*association) : EqualsIgnoringCase(type->name, extents))) {
+            return Refusal(type->name + " joins more than ", " partitions to disks");
         }
-        return Answer{service::status::quotaViolation,
-                      type->name + " has more than " + std::to_string(most_) +
-                          " instances on this host (--limit)",
-                      {}};
+        if (isAssociation && !IsWithinLimit(*association)) {
+            return Refusal(type->name + " has more than ", " instances");
+        }
+        return std::nullopt;
+    }
+
+    Answer Refusal(const std::string& subject, const std::string& counted) const {
+        return {service::status::quotaViolation,
+                subject + std::to_string(most_) + counted + " on this host (--limit)",
+                {}};
     }
 
     bool IsWithinLimit(const Association& association) const {
@@ -89,14 +137,18 @@ private:
     std::shared_ptr<const InstanceSource> provider_;
     const service::Namespace& published_;
     std::size_t most_;
+    bool refusesExtents_;
 };
 
 }  // namespace
 
 std::shared_ptr<const service::InstanceSource> WithInstanceLimit(
     std::shared_ptr<const service::InstanceSource> provider, const service::Namespace& published,
-    std::size_t most) {
-    return std::make_shared<const LimitedSource>(std::move(provider), published, most);
+    std::span<const std::shared_ptr<const service::RecordedHost>> recordings, std::size_t most) {
+    const bool refusesExtents = std::ranges::any_of(
+        recordings, [most](const auto& recording) { return JoinsMore(*recording, most); });
+    return std::make_shared<const LimitedSource>(std::move(provider), published, most,
+                                                 refusesExtents);
 }
 
 }  // namespace qv::tool

@@ -61,9 +61,10 @@ void LimitInstances(service::HostOptions& host, unsigned thousands) {
     const std::size_t most = std::size_t{1000} * thousands;
     const std::size_t rows = LargestClass(host);
     if (rows != 0 && most / rows / rows < rows) {
-        host.guard = [most](std::shared_ptr<const service::InstanceSource> provider,
-                            const service::Namespace& published) {
-            return WithInstanceLimit(std::move(provider), published, most);
+        host.guard = [most, recordings = service::RecordingsOf(host)](
+                         std::shared_ptr<const service::InstanceSource> provider,
+                         const service::Namespace& published) {
+            return WithInstanceLimit(std::move(provider), published, recordings, most);
         };
     }
 }

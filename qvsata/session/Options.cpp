@@ -88,10 +88,11 @@ void AddFleetOptions(CLI::App& command, Options& options) {
 }
 
 void AddProviderOptions(CLI::App& command, Options& options) {
-    CheckWhole(command.add_option("--limit", options.limit,
-                                  "refuses recordings of more MiB, and classes with more thousands "
-                                  "of instances on a recording (default: 100)"),
-               1, "N");
+    CheckWhole(
+        command.add_option("--limit", options.limit,
+                           "refuses recordings of more MiB, and classes with more thousands "
+                           "of instances or linked partitions on a recording (default: 100)"),
+        1, "N");
     CheckWhole(command.add_option("--timeout", options.timeout,
                                   "ends the command after so many seconds; one query of --live "
                                   "may take half of them"),

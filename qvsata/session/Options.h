@@ -20,7 +20,7 @@ struct Options {
     std::vector<std::string> hosts;
     std::vector<std::string> laterHosts;  ///< files of later recordings of the host, in order
     bool live = false;
-    unsigned limit = 100;  ///< MiB of a recording, and thousands of instances of a class on it
+    unsigned limit = 100;  ///< MiB of a recording; thousands of instances or linked partitions
     unsigned timeout = 0;  ///< seconds for the command; 0: no limit
     unsigned queriesInTime = 2;             ///< so many queries of the machine fit into it
     bool isEndless = false;                 ///< the timeout is for each query only

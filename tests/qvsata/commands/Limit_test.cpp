@@ -76,6 +76,32 @@ TEST_F(LimitTest, RefusesAPathOfSuchAClass) {
     EXPECT_THAT(run.errors, HasSubstr("more than 1000 instances"));
 }
 
+// Each disk with the same ID has the partitions of all of them.
+TEST_F(LimitTest, RefusesExtentsThatJoinMorePartitions) {
+    RecordDisks(40);
+    const Ending run = Run({"enumerate", "QV_SATAStorageExtent", "--limit", "1"});
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_EQ(run.output, "");
+    EXPECT_EQ(run.errors,
+              "qvsata: QV_SATAStorageExtent joins more than 1000 partitions to disks on this host "
+              "(--limit)\n");
+    EXPECT_EQ(Run({"enumerate", "QV_SATADiskDrive", "--limit", "1"}).exitCode, 0);
+}
+
+TEST_F(LimitTest, RefusesAssociationsOfSuchExtents) {
+    RecordDisks(40);
+    const Ending run = Run({"enumerate", "QV_SATADiskDriveStorageExtent", "--limit", "1"});
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_EQ(run.errors,
+              "qvsata: QV_SATADiskDriveStorageExtent joins more than 1000 partitions to disks on "
+              "this host (--limit)\n");
+}
+
+TEST_F(LimitTest, AllowsExtentsThatJoinFewerPartitions) {
+    RecordDisks(40);
+    EXPECT_EQ(Run({"enumerate", "QV_SATAStorageExtent", "--limit", "100"}).exitCode, 0);
+}
+
 TEST_F(LimitTest, HigherAllowsMoreInstances) {
     RecordDisks(8);
     EXPECT_EQ(Run({"enumerate", threeWay, "--limit", "2"}).exitCode, 0);
