@@ -117,10 +117,15 @@ view::StyledText AsText(const std::vector<SourceUse>& uses) {
 nlohmann::ordered_json AsJson(const std::vector<SourceUse>& uses) {
     nlohmann::ordered_json array = nlohmann::ordered_json::array();
     for (const SourceUse& use : uses) {
+        // A class that was not asked has none of these.
         nlohmann::ordered_json rows;
         nlohmann::ordered_json status;
+        nlohmann::ordered_json code;
+        nlohmann::ordered_json meaning;
         if (use.queries != 0) {
             status = EndText(use.worst);
+            code = static_cast<std::uint32_t>(use.worst.status);
+            meaning = service::StatusMeaning(use.worst.status);
             if (WasRead(use.worst)) {
                 rows = use.rows;
             }
@@ -131,8 +136,8 @@ nlohmann::ordered_json AsJson(const std::vector<SourceUse>& uses) {
                          {"rows", rows},
                          {"milliseconds", static_cast<double>(use.time.count()) / 1000.0},
                          {"status", status},
-                         {"code", static_cast<std::uint32_t>(use.worst.status)},
-                         {"meaning", service::StatusMeaning(use.worst.status)},
+                         {"code", code},
+                         {"meaning", meaning},
                          {"loss", use.source.loss}});
     }
     return {{"sources", array}};

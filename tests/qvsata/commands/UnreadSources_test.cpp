@@ -2,6 +2,7 @@
 // class, each way to fail, each kind of command.
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <tuple>
@@ -246,6 +247,17 @@ TEST_F(UnreadSourcesTest, AreNoneOnACompleteRecording) {
 TEST_F(UnreadSourcesTest, WithoutAQueryAreNotAskedFor) {
     Spoil({R"(root\wmi)", "MSStorageDriver_FailurePredictStatus", ""}, {"WBEM_E_FAILED", ""});
     EXPECT_EQ(On({"classes"}).exitCode, 0);
+}
+
+TEST_F(UnreadSourcesTest, SourcesGiveNoCodeToAClassThatWasNotAsked) {
+    Spoil({"root\\CIMv2", "Win32_IDEController", ""}, {"WBEM_E_ACCESS_DENIED", ""});
+    const json sources = json::parse(On({"sources", "--format", "json"}).output).at("sources");
+    const auto drivers = std::ranges::find_if(
+        sources, [](const json& one) { return one.at("class") == "Win32_SystemDriver"; });
+    ASSERT_NE(drivers, sources.end());
+    EXPECT_EQ(drivers->at("queries"), 0);
+    EXPECT_EQ(drivers->at("code"), nullptr);
+    EXPECT_EQ(drivers->at("meaning"), nullptr);
 }
 
 /// The introduction of a watch asks for the links, its cycles do not.
