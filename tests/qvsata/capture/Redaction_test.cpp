@@ -31,13 +31,13 @@ RecordedHost HostWith(const std::string& rows, const std::string& name = "HALL-N
 }
 
 std::string TextAfter(const RecordedHost& host) {
-    return service::HostAsText(Redaction(host, 1).Applied(host));
+    return service::HostAsText(Redaction(host, RedactionKey("a key"), 1).Applied(host));
 }
 
 /// Returns a text of the first row after the redaction.
 std::string After(const std::string& rows, const std::string& property, std::size_t row = 0) {
     const RecordedHost host = HostWith(rows);
-    const RecordedHost after = Redaction(host, 1).Applied(host);
+    const RecordedHost after = Redaction(host, RedactionKey("a key"), 1).Applied(host);
     return std::get<std::string>(
         *after.FindNamespace("root/cimv2")->Find("C")->Rows()[row].FindProperty(property));
 }
@@ -135,7 +135,22 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& secret) { return secret.param.name; });
 
 TEST(Redaction, HasDifferentReplacementsForDifferentTexts) {
-    EXPECT_TRUE(Redaction(HostWith(R"({"SerialNumber": "AAAA11"}, {"SerialNumber": "BBBB22"})"), 1)
+    EXPECT_TRUE(Redaction(HostWith(R"({"SerialNumber": "AAAA11"}, {"SerialNumber": "BBBB22"})"),
+                          RedactionKey("a key"), 1)
+                    .IsDistinct());
+}
+
+TEST(Redaction, HasTheSameReplacementOfATextInEachRecordingWithTheSameKey) {
+    const std::string row = R"({"SerialNumber": "WX41A60T99"})";
+    EXPECT_EQ(After(row + R"(, {"SerialNumber": "A1"}, {"VolumeName": "Payroll"})", "SerialNumber"),
+              After(row, "SerialNumber"));
+    EXPECT_NE(After(R"({"SerialNumber": "WX41A60T98"})", "SerialNumber"),
+              After(row, "SerialNumber"));
+}
+
+TEST(Redaction, HasReplacementsForAllShortTexts) {
+    EXPECT_TRUE(Redaction(HostWith(R"({"IPAddress": ["0", "1", "2", "3", "4", "5", "6"]})"),
+                          RedactionKey("a key"), 1)
                     .IsDistinct());
 }
 
