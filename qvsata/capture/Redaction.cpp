@@ -1,6 +1,8 @@
 #include "qvsata/capture/Redaction.h"
 
 #include <algorithm>
+#include <array>
+#include <iterator>
 #include <set>
 #include <utility>
 
@@ -18,6 +20,21 @@ using service::ToWide;
 
 /// Shorter texts are part of others by chance.
 constexpr std::size_t shortestPart = 4;
+
+/// How a number is also written: in groups with a sign between them.
+struct Spelling {
+    std::size_t length;  ///< hexadecimal digits; 0: any text with a letter, without its signs
+    std::size_t group;
+    wchar_t sign;
+};
+
+constexpr std::array<Spelling, 5> spellings{{
+    {0, 0, L'\0'},
+    {8, 4, L'-'},   // a volume: 1A2B-3C4D
+    {12, 2, L':'},  // a network card
+    {12, 2, L'-'},
+    {12, 4, L'.'},
+}};
 
 /// Returns the character with a code of two hexadecimal digits, folded ones; 0 for anything else.
 wchar_t CharacterOf(std::wstring_view digits) {
@@ -51,7 +68,7 @@ Redaction::Redaction(const RecordedHost& host, const RedactionKey& key, unsigned
     for (const Secret& secret : secrets) {
         const Reach reach = kept.ReachOf(secret);
         reaches_.emplace_back(secret.text, reach);
-        AddPatterns(secret, reach);
+        AddPatterns(secret, reach, kept);
     }
     UniteParts();
     std::ranges::stable_sort(patterns_, std::ranges::greater(), &Pattern::Length);
@@ -89,7 +106,39 @@ Redaction::Glyphs Redaction::SwappedPairs(Glyphs glyphs, bool isShifted) {
     return glyphs;
 }
 
-void Redaction::AddPatterns(const Secret& secret, Reach reach) {
+void Redaction::AddSpellings(const Glyphs& plain, const KeptTexts& kept) {
+    Glyphs bare;
+    std::ranges::copy_if(plain, std::back_inserter(bare),
+                         [](const Glyph& glyph) { return glyph.cell != noCell; });
+    const auto isIn = [](std::wstring_view characters) {
+        return [characters](const Glyph& glyph) {
+            return characters.find(glyph.character) != characters.npos;
+        };
+    };
+    const bool isHex = std::ranges::all_of(bare, isIn(L"0123456789abcdef"));
+    const bool isDecimal = std::ranges::all_of(bare, isIn(L"0123456789"));
+    for (const Spelling& spelling : spellings) {
+        if (spelling.length == 0 ? isDecimal : !isHex || bare.size() != spelling.length) {
+            continue;
+        }
+        Glyphs glyphs;
+        std::wstring text;
+        for (const Glyph& glyph : bare) {
+            if (spelling.length != 0 && text.size() % (spelling.group + 1) == spelling.group) {
+                glyphs.push_back({spelling.sign, noCell});
+                text += spelling.sign;
+            }
+            glyphs.push_back(glyph);
+            text += glyph.character;
+        }
+        if (kept.ReachOf({text, SecretKind::device}) == Reach::everywhere) {
+            reaches_.emplace_back(std::move(text), Reach::everywhere);
+            patterns_.push_back({std::move(glyphs)});
+        }
+    }
+}
+
+void Redaction::AddPatterns(const Secret& secret, Reach reach, const KeptTexts& kept) {
     const Glyphs plain = MakeGlyphs(secret.text);
     whole_[Folded(secret.text)] = plain;
     if (reach == Reach::places) {
@@ -100,18 +149,10 @@ void Redaction::AddPatterns(const Secret& secret, Reach reach) {
         return;
     }
     std::vector<Glyphs> forms{plain};
-    if (secret.kind == SecretKind::mac) {
-        for (const wchar_t sign : {L':', L'-'}) {
-            Glyphs separated;
-            for (const Glyph& glyph : plain) {
-                if (separated.size() % 3 == 2) {
-                    separated.push_back({sign, noCell});
-                }
-                separated.push_back(glyph);
-            }
-            patterns_.push_back({std::move(separated)});
-        }
-    } else if (secret.kind == SecretKind::device) {
+    if (secret.kind != SecretKind::name) {
+        AddSpellings(plain, kept);
+    }
+    if (secret.kind == SecretKind::device) {
         forms.push_back(SwappedPairs(plain, false));
         forms.push_back(SwappedPairs(plain, true));
     }

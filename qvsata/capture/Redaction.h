@@ -38,7 +38,7 @@ public:
     /// Returns whether all secrets reach into any text.
     bool IsComplete() const;
 
-    /// Returns all secrets and their reach.
+    /// Returns all secrets, also as they are spelled without or with other signs, and their reach.
     const std::vector<std::pair<std::wstring, Reach>>& Reaches() const { return reaches_; }
 
 private:
@@ -70,7 +70,8 @@ private:
     static bool Matches(const Pattern& pattern, std::wstring_view folded, std::size_t place);
 
     Glyphs MakeGlyphs(std::wstring_view text);
-    void AddPatterns(const Secret& secret, Reach reach);
+    void AddPatterns(const Secret& secret, Reach reach, const KeptTexts& kept);
+    void AddSpellings(const Glyphs& plain, const KeptTexts& kept);
     void UniteParts();
     void ChooseReplacements(const RedactionKey& key, unsigned attempt);
     std::wstring ReplacementOf(const Glyphs& glyphs) const;
