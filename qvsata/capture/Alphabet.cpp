@@ -25,6 +25,16 @@ constexpr std::array alphabets{
     Alphabet{0xAC00, 0xD7A3, 0},                                     // hangul
 };
 
+// UTF-16: a character from firstPair on is two, of which the second one has the low bits.
+constexpr unsigned firstPair = 0x10000;
+constexpr unsigned firstOfTwo = 0xD800;
+constexpr unsigned firstSecond = 0xDC00;
+constexpr unsigned countOfSeconds = 0x400;
+
+bool IsFirstOfTwo(unsigned code) {
+    return code >= firstOfTwo && code < firstSecond;
+}
+
 /// Returns the alphabet of a character in lower case. Letters of the others are replaced within
 /// groups of sixteen.
 Alphabet AlphabetOf(wchar_t folded) {
@@ -56,6 +66,9 @@ std::wstring Folded(std::wstring_view text) {
 bool IsReplaceable(wchar_t character) {
     constexpr unsigned ascii = 0x80;
     const wchar_t folded = Folded(character);
+    if (IsFirstOfTwo(static_cast<unsigned>(folded))) {
+        return false;
+    }
     return static_cast<unsigned>(folded) >= ascii || (folded >= L'0' && folded <= L'9') ||
            (folded >= L'a' && folded <= L'z');
 }
@@ -64,10 +77,31 @@ std::size_t CountReplaceable(std::wstring_view text) {
     return static_cast<std::size_t>(std::ranges::count_if(text, IsReplaceable));
 }
 
-wchar_t AnyLike(wchar_t folded, std::mt19937& random) {
+wchar_t Shifted(wchar_t folded, std::uint64_t places) {
     const Alphabet alphabet = AlphabetOf(folded);
     const unsigned count = alphabet.last - alphabet.first + 1;
-    return static_cast<wchar_t>(alphabet.first + static_cast<unsigned>(random() % count));
+    const auto place = static_cast<unsigned>(folded) - alphabet.first;
+    return static_cast<wchar_t>(alphabet.first +
+                                (place + static_cast<unsigned>(places % count)) % count);
+}
+
+wchar_t FirstLike(wchar_t folded) {
+    return static_cast<wchar_t>(AlphabetOf(folded).first);
+}
+
+std::string BytesOf(std::wstring_view text) {
+    constexpr unsigned bitsOfByte = 8;
+    std::string bytes;
+    for (const wchar_t character : text) {
+        auto code = static_cast<unsigned>(character);
+        if (IsFirstOfTwo(code)) {
+            continue;
+        }
+        code = code < firstPair ? code : firstSecond + (code - firstPair) % countOfSeconds;
+        bytes += static_cast<char>(code >> bitsOfByte);
+        bytes += static_cast<char>(code);
+    }
+    return bytes;
 }
 
 wchar_t InCaseOf(wchar_t original, wchar_t folded) {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <cstddef>
-#include <random>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -22,9 +22,16 @@ bool IsReplaceable(wchar_t character);
 /// Returns the number of letters and digits.
 std::size_t CountReplaceable(std::wstring_view text);
 
-/// Returns a letter of the same alphabet, in lower case, or a digit. It may be the same one: the
-/// choice does not depend on it.
-wchar_t AnyLike(wchar_t folded, std::mt19937& random);
+/// Returns the letter of the same alphabet, or the digit, that is so many places further; the first
+/// follows the last.
+wchar_t Shifted(wchar_t folded, std::uint64_t places);
+
+/// Returns the first letter of the same alphabet, or the digit 0.
+wchar_t FirstLike(wchar_t folded);
+
+/// Returns bytes that differ if the texts do. They are the same on each system, also for a
+/// character that is two of UTF-16 and of which the first one stays.
+std::string BytesOf(std::wstring_view text);
 
 /// Returns a folded character in the case of `original`, which is of the same alphabet.
 wchar_t InCaseOf(wchar_t original, wchar_t folded);

@@ -1,11 +1,24 @@
 #include "qvsata/capture/MapTexts.h"
 
+#include <charconv>
+#include <cstdint>
 #include <utility>
+
+#include "qvsata/capture/Secrets.h"
 
 namespace qv::capture {
 namespace {
 
 using namespace service;
+
+/// Returns a number with its digits replaced; 0 if there are none.
+std::int64_t MappedNumber(std::string_view property, std::int64_t number, const TextMap& map) {
+    const bool isNegative = number < 0;
+    const std::string digits = map(property, std::to_string(isNegative ? -number : number));
+    std::int64_t mapped = 0;
+    std::from_chars(digits.data(), digits.data() + digits.size(), mapped);
+    return isNegative ? -mapped : mapped;
+}
 
 CimValue Mapped(std::string_view property, CimValue value, const TextMap& map) {
     if (auto* const text = std::get_if<std::string>(&value)) {
@@ -13,6 +26,14 @@ CimValue Mapped(std::string_view property, CimValue value, const TextMap& map) {
     } else if (auto* const texts = std::get_if<std::vector<std::string>>(&value)) {
         for (std::string& one : *texts) {
             one = map(property, one);
+        }
+    } else if (!IsSecretProperty(property)) {
+        return value;
+    } else if (auto* const number = std::get_if<std::int64_t>(&value)) {
+        *number = MappedNumber(property, *number, map);
+    } else if (auto* const numbers = std::get_if<std::vector<std::int64_t>>(&value)) {
+        for (std::int64_t& one : *numbers) {
+            one = MappedNumber(property, one, map);
         }
     }
     return value;

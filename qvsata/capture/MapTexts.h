@@ -8,7 +8,8 @@
 
 namespace qv::capture {
 
-/// A text of a row: the name of its property, and the text or an element of it.
+/// A text of a row: the name of its property, and the text or an element of it. The number of a
+/// property whose whole text would be a secret is the text of its digits.
 using TextMap = std::function<std::string(std::string_view property, const std::string& text)>;
 
 /// Returns a recording with the names of `computer`, the same classes and rows, and each text of a

@@ -9,12 +9,12 @@
 
 namespace qv::capture {
 
-RedactedHost Redact(const service::RecordedHost& host) {
-    // A replacement may be a secret of the same recording by chance.
+RedactedHost Redact(const service::RecordedHost& host, const RedactionKey& key) {
+    // Replacements side by side may be a secret of the same recording by chance.
     constexpr unsigned attempts = 64;
     const service::RecordedHost before = Related(host);
     for (unsigned attempt = 1; attempt <= attempts; ++attempt) {
-        Redaction redaction(before, attempt);
+        Redaction redaction(before, key, attempt);
         service::RecordedHost after = redaction.Applied(before);
         std::string text = service::HostAsText(after);
         if (redaction.IsDistinct() && LeaksIn(text, redaction.Reaches()).empty()) {

@@ -15,7 +15,7 @@ struct RedactedHost {
     std::string text;  ///< `after` as JSON, which was searched for secrets
 };
 
-/// Redacts a recording. Throws std::runtime_error if a secret would remain.
-RedactedHost Redact(const service::RecordedHost& host);
+/// Redacts a recording with a key. Throws std::runtime_error if a secret would remain.
+RedactedHost Redact(const service::RecordedHost& host, const RedactionKey& key);
 
 }  // namespace qv::capture

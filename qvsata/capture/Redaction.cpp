@@ -1,12 +1,14 @@
 #include "qvsata/capture/Redaction.h"
 
 #include <algorithm>
-#include <random>
+#include <array>
+#include <iterator>
 #include <set>
 #include <utility>
 
 #include "qvsata/capture/Alphabet.h"
 #include "qvsata/capture/MapTexts.h"
+#include "qvsata/capture/Permuted.h"
 #include "qvsata/cim/Utf8.h"
 
 namespace qv::capture {
@@ -18,6 +20,21 @@ using service::ToWide;
 
 /// Shorter texts are part of others by chance.
 constexpr std::size_t shortestPart = 4;
+
+/// How a number is also written: in groups with a sign between them.
+struct Spelling {
+    std::size_t length;  ///< hexadecimal digits; 0: any text with a letter, without its signs
+    std::size_t group;
+    wchar_t sign;
+};
+
+constexpr std::array<Spelling, 5> spellings{{
+    {0, 0, L'\0'},
+    {8, 4, L'-'},   // a volume: 1A2B-3C4D
+    {12, 2, L':'},  // a network card
+    {12, 2, L'-'},
+    {12, 4, L'.'},
+}};
 
 /// Returns the character with a code of two hexadecimal digits, folded ones; 0 for anything else.
 wchar_t CharacterOf(std::wstring_view digits) {
@@ -33,18 +50,29 @@ std::wstring DigitsOf(wchar_t character, bool isUpper) {
     return {all[code / 16 % 16], all[code % 16]};
 }
 
+/// Returns whether a text is a number that a row can have: without zeros before it, below 2^31.
+bool IsNumber(std::wstring_view text) {
+    constexpr std::wstring_view greatest = L"2147483647";
+    return !text.empty() && text.find_first_not_of(L"0123456789") == text.npos &&
+           (text.size() == 1 || text.front() != L'0') &&
+           (text.size() < greatest.size() || (text.size() == greatest.size() && text <= greatest));
+}
+
 }  // namespace
 
-Redaction::Redaction(const RecordedHost& host, unsigned attempt) {
+Redaction::Redaction(const RecordedHost& host, const RedactionKey& key, unsigned attempt) {
     const KeptTexts kept(host);
-    for (const Secret& secret : SecretsOf(host)) {
+    std::vector<Secret> secrets = SecretsOf(host);
+    std::ranges::sort(secrets, ShorterFirst(),
+                      [](const Secret& secret) { return Folded(secret.text); });
+    for (const Secret& secret : secrets) {
         const Reach reach = kept.ReachOf(secret);
         reaches_.emplace_back(secret.text, reach);
-        AddPatterns(secret, reach);
+        AddPatterns(secret, reach, kept);
     }
     UniteParts();
     std::ranges::stable_sort(patterns_, std::ranges::greater(), &Pattern::Length);
-    ChooseReplacements(attempt);
+    ChooseReplacements(key, attempt);
 }
 
 Redaction::Glyphs Redaction::MakeGlyphs(std::wstring_view text) {
@@ -54,7 +82,6 @@ Redaction::Glyphs Redaction::MakeGlyphs(std::wstring_view text) {
         glyphs.push_back({character, stays ? noCell : cells_.size()});
         if (!stays) {
             cells_.push_back(cells_.size());
-            characters_.push_back(character);
         }
     }
     return glyphs;
@@ -79,7 +106,39 @@ Redaction::Glyphs Redaction::SwappedPairs(Glyphs glyphs, bool isShifted) {
     return glyphs;
 }
 
-void Redaction::AddPatterns(const Secret& secret, Reach reach) {
+void Redaction::AddSpellings(const Glyphs& plain, const KeptTexts& kept) {
+    Glyphs bare;
+    std::ranges::copy_if(plain, std::back_inserter(bare),
+                         [](const Glyph& glyph) { return glyph.cell != noCell; });
+    const auto isIn = [](std::wstring_view characters) {
+        return [characters](const Glyph& glyph) {
+            return characters.find(glyph.character) != characters.npos;
+        };
+    };
+    const bool isHex = std::ranges::all_of(bare, isIn(L"0123456789abcdef"));
+    const bool isDecimal = std::ranges::all_of(bare, isIn(L"0123456789"));
+    for (const Spelling& spelling : spellings) {
+        if (spelling.length == 0 ? isDecimal : !isHex || bare.size() != spelling.length) {
+            continue;
+        }
+        Glyphs glyphs;
+        std::wstring text;
+        for (const Glyph& glyph : bare) {
+            if (spelling.length != 0 && text.size() % (spelling.group + 1) == spelling.group) {
+                glyphs.push_back({spelling.sign, noCell});
+                text += spelling.sign;
+            }
+            glyphs.push_back(glyph);
+            text += glyph.character;
+        }
+        if (kept.ReachOf({text, SecretKind::device}) == Reach::everywhere) {
+            reaches_.emplace_back(std::move(text), Reach::everywhere);
+            patterns_.push_back({std::move(glyphs)});
+        }
+    }
+}
+
+void Redaction::AddPatterns(const Secret& secret, Reach reach, const KeptTexts& kept) {
     const Glyphs plain = MakeGlyphs(secret.text);
     whole_[Folded(secret.text)] = plain;
     if (reach == Reach::places) {
@@ -90,18 +149,10 @@ void Redaction::AddPatterns(const Secret& secret, Reach reach) {
         return;
     }
     std::vector<Glyphs> forms{plain};
-    if (secret.kind == SecretKind::mac) {
-        for (const wchar_t sign : {L':', L'-'}) {
-            Glyphs separated;
-            for (const Glyph& glyph : plain) {
-                if (separated.size() % 3 == 2) {
-                    separated.push_back({sign, noCell});
-                }
-                separated.push_back(glyph);
-            }
-            patterns_.push_back({std::move(separated)});
-        }
-    } else if (secret.kind == SecretKind::device) {
+    if (secret.kind != SecretKind::name) {
+        AddSpellings(plain, kept);
+    }
+    if (secret.kind == SecretKind::device) {
         forms.push_back(SwappedPairs(plain, false));
         forms.push_back(SwappedPairs(plain, true));
     }
@@ -157,7 +208,8 @@ void Redaction::UniteParts() {
                     const std::size_t one = (*partGlyphs)[index].cell;
                     const std::size_t other = (*glyphs)[place + index].cell;
                     if (one != noCell && other != noCell) {
-                        cells_[Root(one)] = Root(other);
+                        const auto [first, later] = std::minmax({Root(one), Root(other)});
+                        cells_[later] = first;
                     }
                 }
             }
@@ -165,22 +217,56 @@ void Redaction::UniteParts() {
     }
 }
 
-void Redaction::ChooseReplacements(unsigned attempt) {
-    std::mt19937 random(attempt);
-    for (const wchar_t character : characters_) {
-        replacements_.push_back(AnyLike(character, random));
+std::wstring Redaction::ReplacementOf(const Glyphs& glyphs) const {
+    std::wstring replacement;
+    for (const Glyph& glyph : glyphs) {
+        replacement += glyph.cell == noCell ? glyph.character : replacements_[Root(glyph.cell)];
+    }
+    return replacement;
+}
+
+void Redaction::ChooseReplacements(const RedactionKey& key, unsigned attempt) {
+    constexpr unsigned contexts = 16;  // for a text that has itself as its replacement
+    constexpr unsigned steps = 256;    // until a number becomes a number again
+    std::set<std::wstring> taken;
+    for (const auto& [secret, reach] : reaches_) {
+        if (reach != Reach::places) {
+            taken.insert(Folded(secret));
+        }
+    }
+    replacements_.resize(cells_.size());
+    for (const auto& [text, glyphs] : whole_) {
+        std::vector<std::size_t> own;  // the cells that no part of the text has chosen
+        std::wstring characters;
+        std::wstring form = text;
+        for (std::size_t place = 0; place < text.size(); ++place) {
+            const std::size_t cell = glyphs[place].cell;
+            if (cell == noCell || replacements_[Root(cell)] != L'\0') {
+                continue;
+            }
+            form[place] = FirstLike(text[place]);
+            if (std::ranges::find(own, Root(cell)) == own.end()) {
+                own.push_back(Root(cell));
+                characters += text[place];
+            }
+        }
+        bool isChosen = false;
+        for (unsigned tried = 0; tried < contexts * steps && !isChosen; ++tried) {
+            const std::string context =
+                std::to_string(attempt) + ' ' + std::to_string(tried / steps) + ' ' + BytesOf(form);
+            characters = Permuted(key, context, std::move(characters));
+            for (std::size_t index = 0; index < own.size(); ++index) {
+                replacements_[own[index]] = characters[index];
+            }
+            const std::wstring replacement = ReplacementOf(glyphs);
+            isChosen = replacement != text && IsNumber(replacement) == IsNumber(text) &&
+                       taken.insert(replacement).second;
+        }
+        isDistinct_ = isDistinct_ && isChosen;
     }
     for (std::size_t cell = 0; cell < cells_.size(); ++cell) {
         replacements_[cell] = replacements_[Root(cell)];
     }
-}
-
-bool Redaction::IsDistinct() const {
-    std::set<std::wstring> replacements;
-    return std::ranges::all_of(whole_, [&](const auto& secret) {
-        const std::wstring replacement = ReplacedMatch({secret.second}, secret.first);
-        return replacement != secret.first && replacements.insert(replacement).second;
-    });
 }
 
 bool Redaction::IsComplete() const {

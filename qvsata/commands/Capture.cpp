@@ -24,6 +24,7 @@ struct CaptureArguments {
     Options options;
     std::string file;
     bool isRedacted = false;
+    std::string key;  ///< empty: another one each time
 };
 
 std::string Counted(std::size_t count, const std::string& one, const std::string& several) {
@@ -85,7 +86,9 @@ void RunCapture(const CaptureArguments& given) {
     }
     std::string text = service::HostAsText(*recorded);
     if (given.isRedacted) {
-        capture::RedactedHost redacted = capture::Redact(*recorded);
+        capture::RedactedHost redacted =
+            capture::Redact(*recorded, given.key.empty() ? capture::RedactionKey::Random()
+                                                         : capture::RedactionKey(given.key));
         CheckShape(given.options, redacted);
         text = std::move(redacted.text);
         recorded = std::move(redacted.after);
@@ -107,8 +110,17 @@ void AddCapture(CLI::App& program) {
     command->add_option("-o,--output", arguments->file, "the recording; replaced if it exists")
         ->type_name("FILE")
         ->required();
-    command->add_flag("--redact", arguments->isRedacted,
-                      "replaces serial numbers, names and addresses");
+    CLI::Option* const redact = command->add_flag("--redact", arguments->isRedacted,
+                                                  "replaces serial numbers, names and addresses");
+    command
+        ->add_option("--redact-key", arguments->key,
+                     "a secret: recordings redacted with the same one match each other; without "
+                     "it a random one is used")
+        ->type_name("TEXT")
+        ->needs(redact)
+        ->check([](const std::string& text) {
+            return std::string(text.empty() ? "the key is empty" : "");
+        });
     command->parse_complete_callback([arguments] {
         Options& options = arguments->options;
         options.live = options.host.empty();

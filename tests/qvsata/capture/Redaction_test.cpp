@@ -31,13 +31,13 @@ RecordedHost HostWith(const std::string& rows, const std::string& name = "HALL-N
 }
 
 std::string TextAfter(const RecordedHost& host) {
-    return service::HostAsText(Redaction(host, 1).Applied(host));
+    return service::HostAsText(Redaction(host, RedactionKey("a key"), 1).Applied(host));
 }
 
 /// Returns a text of the first row after the redaction.
 std::string After(const std::string& rows, const std::string& property, std::size_t row = 0) {
     const RecordedHost host = HostWith(rows);
-    const RecordedHost after = Redaction(host, 1).Applied(host);
+    const RecordedHost after = Redaction(host, RedactionKey("a key"), 1).Applied(host);
     return std::get<std::string>(
         *after.FindNamespace("root/cimv2")->Find("C")->Rows()[row].FindProperty(property));
 }
@@ -131,11 +131,44 @@ INSTANTIATE_TEST_SUITE_P(
         Hidden{"SwappedSerial", R"({"SerialNumber": "ABC123"}, {"A": "BA1C32"})", "ba1c32"},
         Hidden{"SerialInAReference", R"({"SerialNumber": "ABC\\123"}, {"A": "\"ABC\\\\123\""})",
                "123"},
+        Hidden{"NumericSerial", R"({"SerialNumber": 99218841}, {"A": "of 99218841"})", "99218841"},
+        Hidden{"NumericSerials", R"({"UniqueId": [99218841, 5]})", "99218841"},
+        Hidden{"BareSerial", R"({"SerialNumber": "HD-WX41A60T"}, {"A": "of HDWX41A60T"})",
+               "hdwx41a60t"},
+        Hidden{"VolumeWithHyphen", R"({"VolumeSerialNumber": "1A2B3C4D"}, {"A": "1a2b-3c4d"})",
+               "1a2b-3c4d"},
+        Hidden{"MacWithDots", R"({"A": "00:1A:2B:3C:4D:5E"}, {"B": "001a.2b3c.4d5e"})",
+               "001a.2b3c"},
+        Hidden{"SerialOfAMac", R"({"SerialNumber": "001A2B3C4D5E"}, {"A": "00:1a:2b:3c:4d:5e"})",
+               "1a:2b"},
         Hidden{"ShortSerial", R"({"SerialNumber": "X7"})", R"("x7")"}),
     [](const auto& secret) { return secret.param.name; });
 
 TEST(Redaction, HasDifferentReplacementsForDifferentTexts) {
-    EXPECT_TRUE(Redaction(HostWith(R"({"SerialNumber": "AAAA11"}, {"SerialNumber": "BBBB22"})"), 1)
+    EXPECT_TRUE(Redaction(HostWith(R"({"SerialNumber": "AAAA11"}, {"SerialNumber": "BBBB22"})"),
+                          RedactionKey("a key"), 1)
+                    .IsDistinct());
+}
+
+TEST(Redaction, HasTheSameReplacementOfATextInEachRecordingWithTheSameKey) {
+    const std::string row = R"({"SerialNumber": "WX41A60T99"})";
+    EXPECT_EQ(After(row + R"(, {"SerialNumber": "A1"}, {"VolumeName": "Payroll"})", "SerialNumber"),
+              After(row, "SerialNumber"));
+    EXPECT_NE(After(R"({"SerialNumber": "WX41A60T98"})", "SerialNumber"),
+              After(row, "SerialNumber"));
+}
+
+TEST(Redaction, ReplacesANumberAsItsText) {
+    const RecordedHost host = HostWith(R"({"SerialNumber": 99218841}, {"A": "of 99218841"})");
+    const RecordedHost after = Redaction(host, RedactionKey("a key"), 1).Applied(host);
+    const auto& rows = after.FindNamespace("root/cimv2")->Find("C")->Rows();
+    EXPECT_EQ("of " + std::to_string(std::get<std::int64_t>(*rows[0].FindProperty("SerialNumber"))),
+              std::get<std::string>(*rows[1].FindProperty("A")));
+}
+
+TEST(Redaction, HasReplacementsForAllShortTexts) {
+    EXPECT_TRUE(Redaction(HostWith(R"({"IPAddress": ["0", "1", "2", "3", "4", "5", "6"]})"),
+                          RedactionKey("a key"), 1)
                     .IsDistinct());
 }
 

@@ -127,8 +127,63 @@ TEST(Capture, KeepsWhatSupportNeedsRedacted) {
                       HasSubstr(R"("Size":"240054796800")")));
 }
 
-TEST(Capture, IsTheSameEachTimeItIsRedacted) {
-    EXPECT_EQ(Capture(desktopHost, {"--redact"}).Text(), Capture(desktopHost, {"--redact"}).Text());
+const std::vector<std::string> withKey{"--redact", "--redact-key", "a key"};
+
+TEST(Capture, IsTheSameEachTimeItIsRedactedWithOneKey) {
+    EXPECT_EQ(Capture(desktopHost, withKey).Text(), Capture(desktopHost, withKey).Text());
+}
+
+TEST(Capture, IsAnotherEachTimeItIsRedactedWithoutKey) {
+    EXPECT_NE(Capture(desktopHost, {"--redact"}).Text(), Capture(desktopHost, {"--redact"}).Text());
+    EXPECT_NE(Capture(desktopHost, withKey).Text(),
+              Capture(desktopHost, {"--redact", "--redact-key", "another"}).Text());
+}
+
+/// Two machines that differ in the name and in the number of a disk, of the same lengths.
+class TwoMachinesRedacted : public testing::TestWithParam<std::vector<std::string>> {};
+
+TEST_P(TwoMachinesRedacted, Differ) {
+    std::string text = Content(HostPath(desktopHost));
+    const auto replace = [&text](const std::string& one, const std::string& other) {
+        for (auto place = text.find(one); place != text.npos; place = text.find(one)) {
+            text.replace(place, one.size(), other);
+        }
+    };
+    replace("STUDY-DESK", "KITCH-DESK");
+    replace("study-desk", "kitch-desk");
+    replace("HD-WX41A60T9921", "HD-WX52B71U8810");
+    const TemporaryFile other;
+    std::ofstream(other.Path()) << text;
+    const Capture one(desktopHost, GetParam());
+    const Capture two(other.Path().string(), GetParam());
+    EXPECT_EQ(two.End().exitCode, 0) << two.End().errors;
+    const Ending diff = RunHere({"diff", one.File(), two.File(), "--mof", QV_SOURCE_DIR "/mof"});
+    EXPECT_EQ(diff.exitCode, 4);
+    EXPECT_THAT(diff.output, Not(HasSubstr("no differences")));
+}
+
+INSTANTIATE_TEST_SUITE_P(Capture, TwoMachinesRedacted,
+                         testing::Values(withKey, std::vector<std::string>{"--redact"}));
+
+TEST(Capture, OfADrillNamesTheSameDisksRedactedWithOneKey) {
+    const Capture before("hosts/drill/1-degraded.json", withKey);
+    const Capture after("hosts/drill/7-replaced.json", withKey);
+    const std::string output =
+        RunHere({"diff", before.File(), after.File(), "--mof", QV_SOURCE_DIR "/mof"}).output;
+    EXPECT_THAT(output, AllOf(HasSubstr("\ngone: disk #1 Halden HD4000F05 (S/N "),
+                              HasSubstr("\nnew: disk #1 Halden HD6000G02 (S/N "),
+                              HasSubstr("600 Disk #1 Halden HD6000G02 (S/N "),
+                              HasSubstr("613 Disk #1 Halden HD4000F05 (S/N ")));
+    const auto numberAfter = [&output](const std::string& text) {
+        return output.substr(output.find(text) + text.size(), 12);
+    };
+    EXPECT_NE(numberAfter("gone: disk #1 Halden HD4000F05 (S/N "),
+              numberAfter("new: disk #1 Halden HD6000G02 (S/N "));
+}
+
+TEST(Capture, WithAKeyNeedsARedaction) {
+    EXPECT_EQ(Capture(desktopHost, {"--redact-key", "a key"}).End().exitCode, 2);
+    EXPECT_EQ(Capture(desktopHost, {"--redact", "--redact-key", ""}).End().exitCode, 2);
 }
 
 TEST(Capture, PrintsTheRowsOfEachClassAndTheSum) {
