@@ -55,10 +55,11 @@ protected:
         return RunHere(command);
     }
 
+    json host_;
+
 private:
     const std::filesystem::path mofFolder_ = std::filesystem::path(QV_SOURCE_DIR) / "mof";
     const TemporaryFile file_;
-    json host_;
 };
 
 using Row = std::tuple<Source, Failure, std::vector<std::string>>;
@@ -147,6 +148,26 @@ INSTANTIATE_TEST_SUITE_P(
         failures,
         testing::Values(std::vector<std::string>{"disks"}, std::vector<std::string>{"sources"},
                         std::vector<std::string>{"topology", "--format", "json"})));
+
+class UnreadComputerName : public UnreadSourcesTest {
+protected:
+    UnreadComputerName() { host_["computer"] = {{"server", "STUDY-DESK"}}; }
+};
+
+TEST_F(UnreadComputerName, IsALineAndMakesTheTopologyIncomplete) {
+    const Ending run = On({"topology"});
+    EXPECT_EQ(run.exitCode, 3);
+    EXPECT_EQ(run.errors, "the computer's name cannot be read: most instances have no path\n");
+}
+
+TEST_F(UnreadComputerName, LeavesEachDiskOnItsChannel) {
+    EXPECT_THAT(On({"topology"}).output, HasSubstr("   ├─ channel 4&1F2B6C03&0&0  OK\n"
+                                                   "   │  └─ #0  OK  NORTHLAKE"));
+    const json channels =
+        json::parse(On({"topology", "--format", "json"}).output)["controllers"][0]["channels"];
+    EXPECT_EQ(channels[1]["disks"][0]["number"], 1);
+    EXPECT_EQ(channels[3]["disks"][0]["number"], 2);
+}
 
 class UnreadDisks : public UnreadSourcesTest {
 protected:
