@@ -15,6 +15,7 @@ namespace {
 
 using nlohmann::json;
 using testing::AllOf;
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
@@ -240,9 +241,17 @@ TEST_F(UnreadDisks, HaveTheirStatusAndLossAmongTheSources) {
 TEST_F(UnreadSourcesTest, OfPredictionsLeaveThemUnknown) {
     Spoil({R"(root\wmi)", "MSStorageDriver_FailurePredictStatus", ""}, {"WBEM_E_FAILED", ""});
     EXPECT_THAT(On({"topology"}).output, HasSubstr("; failure predictions not readable\n"));
+    EXPECT_THAT(On({"disks"}).output, EndsWith("\nfailure predictions not readable\n"));
     EXPECT_TRUE(
         json::parse(On({"disks", "--format", "json"}).output)["disks"][0]["failurePredicted"]
             .is_null());
+}
+
+TEST_F(UnreadSourcesTest, OfMediaLeaveSerialNumbersUnknown) {
+    host_["namespaces"][cimv2]["Win32_DiskDrive"][0]["SerialNumber"] = nullptr;
+    Spoil({cimv2, "Win32_PhysicalMedia", ""}, {"WBEM_E_ACCESS_DENIED", ""});
+    EXPECT_THAT(On({"topology"}).output, HasSubstr("GiB  S/N not readable\n"));
+    EXPECT_THAT(On({"disks"}).output, HasSubstr("NL2.07    not readable\n"));
 }
 
 TEST_F(UnreadSourcesTest, AreNoneOnACompleteRecording) {

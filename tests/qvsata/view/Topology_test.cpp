@@ -119,6 +119,23 @@ TEST_F(TopologyTest, HangsDisksWithoutPathsOffTheirOwnChannels) {
     EXPECT_EQ(topology.controllers[1].channels[1].disks.at(0).deviceId, "D1");
 }
 
+TEST_F(TopologyTest, KnowsWhereUnpublishedDisksAreAttached) {
+    const auto controller = AddController("PCI&A");
+    AddController("PCI&B");
+    AddChannel("PCIIDE&0", controller);
+    AddChannel("PCIIDE&1", controller);
+    view::OsDisks disks{{NumberedDisk(0, {2, "OK"}), NumberedDisk(1, {2, "OK"})}};
+    disks.disks[0].attachment = "PCIIDE\\1";
+    disks.disks[0].whyUnpublished = "bus is SCSI";
+    disks.disks[1].attachment = "PCI\\B";
+    disks.disks[1].whyUnpublished = "bus unknown";
+    const Topology topology = BuildTopology(host_, disks);
+    EXPECT_FALSE(topology.controllers[0].hasUnpublished);
+    EXPECT_FALSE(topology.controllers[0].channels[0].hasUnpublished);
+    EXPECT_TRUE(topology.controllers[0].channels[1].hasUnpublished);
+    EXPECT_TRUE(topology.controllers[1].hasUnpublished);
+}
+
 TEST_F(TopologyTest, KeepsDisksWithoutAnEndpointApart) {
     AddController("C");
     AddDisk("D");
