@@ -24,9 +24,13 @@ nlohmann::ordered_json AsJson(const view::OsDisks& all) {
     return {{"disks", array}, {"failingOthers", all.failingOthers}};
 }
 
-view::StyledText AsText(const service::ProviderHost& host, const std::vector<view::OsDisk>& disks) {
-    if (!disks.empty()) {
-        return view::DisksAsText(disks, ColumnsOf(Stream::output));
+view::StyledText AsText(const service::ProviderHost& host, const view::OsDisks& all) {
+    if (!all.disks.empty()) {
+        view::StyledText text = view::DisksAsText(all.disks, ColumnsOf(Stream::output));
+        if (!all.predictionsAreRead) {
+            text.push_back({"failure predictions not readable\n", view::Style::caution});
+        }
+        return text;
     }
     const bool unread = IsUnread(host.Journal().Queries(), cimNamespace, "Win32_DiskDrive");
     return {{unread ? "disks not readable\n" : "no disks\n"}};
@@ -56,7 +60,7 @@ void AddDisks(CLI::App& program) {
             if (given.format == DisksFormat::json) {
                 answer.PrintJson(AsJson(all));
             } else {
-                answer.PrintText(AsText(host, all.disks));
+                answer.PrintText(AsText(host, all));
             }
         });
 }

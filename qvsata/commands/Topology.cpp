@@ -1,10 +1,13 @@
 #include <algorithm>
+#include <array>
 #include <memory>
 
 #include "catalogue/Classes.h"
 #include "qvsata/commands/Commands.h"
 #include "qvsata/output/Output.h"
 #include "qvsata/output/OutputJson.h"
+#include "qvsata/session/ExitCodes.h"
+#include "qvsata/session/MachineRun.h"
 #include "qvsata/session/Options.h"
 #include "qvsata/session/OsDisks.h"
 #include "qvsata/session/PublishedInstances.h"
@@ -38,6 +41,19 @@ view::Topology ReadTopology(const service::ProviderHost& host) {
     return topology;
 }
 
+/// Returns whether the computer has no name that can be read; says so on standard error.
+bool LacksName(const service::Namespace& nameSpace) {
+    constexpr std::array<std::string_view, 1> computerClass{"QV_WinComputerSystem"};
+    const view::PublishedHost host = ReadInstances(nameSpace, computerClass);
+    const bool lacksName =
+        std::ranges::any_of(view::InstancesOf(host, computerClass.front()),
+                            [](const view::PublishedObject& one) { return one.path.empty(); });
+    if (lacksName) {
+        WriteErrorFitted("the computer's name cannot be read: most instances have no path\n");
+    }
+    return lacksName;
+}
+
 std::string Graph(const service::Namespace& nameSpace) {
     std::vector<std::string_view> classes;
     std::ranges::transform(PublishedClasses(), std::back_inserter(classes), &PublishedClass::name);
@@ -47,6 +63,17 @@ std::string Graph(const service::Namespace& nameSpace) {
         std::ranges::copy(view::InstancesOf(host, className), std::back_inserter(objects));
     }
     return view::AssociationGraph(objects);
+}
+
+void PrintView(const service::ProviderHost& host, View view, bool all) {
+    switch (view) {
+        case View::tree:
+            return PrintFitted(view::TopologyAsText(ReadTopology(host), ColumnsOf(Stream::output)));
+        case View::json:
+            return PrintDocument(host, view::TopologyAsJson(ReadTopology(host)));
+        case View::graph:
+            return Print(all ? Graph(host.Published()) : view::TopologyAsGraph(ReadTopology(host)));
+    }
 }
 
 }  // namespace
@@ -66,19 +93,17 @@ void AddTopology(CLI::App& program) {
                           arguments->view);
     command->add_flag("--all", arguments->all, "with --format dot: every instance and association");
     command->footer("Example: qvsata topology --host hosts/ahci-desktop.json");
-    OnProvider(*command, arguments, [](const service::ProviderHost& host, const Arguments& given) {
-        if (given.all && given.view != View::graph) {
+    command->callback([arguments] {
+        if (arguments->all && arguments->view != View::graph) {
             throw CLI::ValidationError("--all", "needs --format dot");
         }
-        switch (given.view) {
-            case View::tree:
-                return PrintFitted(
-                    view::TopologyAsText(ReadTopology(host), ColumnsOf(Stream::output)));
-            case View::json:
-                return PrintDocument(host, view::TopologyAsJson(ReadTopology(host)));
-            case View::graph:
-                return Print(given.all ? Graph(host.Published())
-                                       : view::TopologyAsGraph(ReadTopology(host)));
+        bool lacksName = false;
+        RunOnProvider(arguments->options, [&](const service::ProviderHost& host) {
+            PrintView(host, arguments->view, arguments->all);
+            lacksName = LacksName(host.Published());
+        });
+        if (lacksName) {
+            throw CommandEnd(incomplete);
         }
     });
 }

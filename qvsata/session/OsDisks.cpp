@@ -29,10 +29,6 @@ ReadRows Read(const platform::QueryPort& machine, std::string_view nameSpace,
     return read;
 }
 
-platform::Rows RowsOf(const platform::QueryPort& machine, const std::string& className) {
-    return Read(machine, cimNamespace, className).rows;
-}
-
 /// A failure-prediction row.
 struct Prediction {
     std::string device;         ///< its name
@@ -59,12 +55,13 @@ std::vector<Prediction> PredictionsOf(const platform::Rows& rows) {
 class DiskReader {
 public:
     explicit DiskReader(const platform::QueryPort& machine)
-        : DiskReader(machine, Read(machine, cimNamespace, "Win32_IDEController"),
+        : DiskReader(Read(machine, cimNamespace, "Win32_PhysicalMedia"),
+                     Read(machine, cimNamespace, "Win32_IDEController"),
                      Read(machine, cimNamespace, "Win32_IDEControllerDevice"),
                      Read(machine, wmiNamespace, "MSStorageDriver_FailurePredictStatus")) {}
 
     static platform::Rows Disks(const platform::QueryPort& machine) {
-        return RowsOf(machine, "Win32_DiskDrive");
+        return Read(machine, cimNamespace, "Win32_DiskDrive").rows;
     }
 
     view::OsDisk Describe(const platform::Row& row) const {
@@ -76,6 +73,7 @@ public:
         disk.model = view::Trimmed(TextOrEmpty(row, "Model"));
         disk.size = view::BytesOf(TextOrEmpty(row, "Size"));
         disk.serialNumber = view::Trimmed(SerialNumberOf(row));
+        disk.serialNumberIsRead = mediaAreRead_;
         disk.firmware = view::Trimmed(TextOrEmpty(row, "FirmwareRevision"));
         disk.bus = TextOrEmpty(row, "InterfaceType");
         disk.deviceId = TextOrEmpty(row, "PNPDeviceID");
@@ -114,9 +112,10 @@ public:
     }
 
 private:
-    DiskReader(const platform::QueryPort& machine, ReadRows controllers, const ReadRows& links,
+    DiskReader(ReadRows media, ReadRows controllers, const ReadRows& links,
                const ReadRows& predictions)
-        : media_(RowsOf(machine, "Win32_PhysicalMedia")),
+        : media_(std::move(media.rows)),
+          mediaAreRead_(Succeeded(media.status)),
           mediaOfDisks_(media_),
           controllers_(std::move(controllers.rows)),
           links_(links.rows, controllers_),
@@ -187,6 +186,7 @@ private:
     }
 
     platform::Rows media_;
+    bool mediaAreRead_;
     MediaOfDisks mediaOfDisks_;
     platform::Rows controllers_;
     std::map<std::string, int> namesakes_;  ///< how many controllers have a name

@@ -13,7 +13,7 @@ CellRow DiskCells(const Disk& disk) {
             {{OrDash(disk.model)}},
             {{GigabytesText(disk.size)}, true},
             {{GibibytesText(disk.size), Style::faint}, true},
-            {{"S/N " + SerialNumberText(disk.serialNumber)}}};
+            {SerialNumberSpan("S/N ", disk.serialNumber, disk.serialNumberIsRead)}};
 }
 
 }  // namespace qv::view

@@ -44,7 +44,7 @@ CellRow RowOf(const OsDisk& disk) {
                  : Span{"no: " + Printable(disk.whyUnpublished), Style::caution}},
             {AttachmentSpan(disk)},
             {{OrDash(disk.firmware)}},
-            {{SerialNumberText(disk.serialNumber)}}};
+            {SerialNumberSpan("", disk.serialNumber, disk.serialNumberIsRead)}};
 }
 
 }  // namespace

@@ -13,10 +13,11 @@ struct ComparedDisk {
     std::string id;  ///< folded once: there are many pairs
 };
 
-std::vector<ComparedDisk> PublishedAmong(const std::vector<OsDisk>& disks) {
+/// Returns the published disks that have an ID.
+std::vector<ComparedDisk> ComparedAmong(const std::vector<OsDisk>& disks) {
     std::vector<ComparedDisk> published;
     for (const OsDisk& disk : disks) {
-        if (disk.whyUnpublished.empty()) {
+        if (disk.whyUnpublished.empty() && !disk.deviceId.empty()) {
             published.push_back({DriveNumberText(disk.number), FoldCase(disk.deviceId)});
         }
     }
@@ -47,7 +48,12 @@ std::string Warning(const ComparedDisk& one, const ComparedDisk& other) {
 
 std::vector<std::string> KeyWarningLines(const std::vector<OsDisk>& disks) {
     std::vector<std::string> lines;
-    const std::vector<ComparedDisk> published = PublishedAmong(disks);
+    for (const OsDisk& disk : disks) {
+        if (disk.whyUnpublished.empty() && disk.deviceId.empty()) {
+            lines.push_back("disk " + DriveNumberText(disk.number) + " has no plug-and-play ID");
+        }
+    }
+    const std::vector<ComparedDisk> published = ComparedAmong(disks);
     for (auto one = published.begin(); one != published.end(); ++one) {
         for (auto other = one + 1; other != published.end(); ++other) {
             if (std::string warning = Warning(*one, *other); !warning.empty()) {

@@ -16,6 +16,7 @@ struct OsDisk {
     std::string model;
     std::optional<std::uint64_t> size;  ///< bytes
     std::string serialNumber;           ///< without blanks at its ends
+    bool serialNumberIsRead = true;     ///< false: it is not known whether there is one
     std::string firmware;
     std::string bus;               ///< the interface type: IDE, SCSI, USB
     std::string attachment;        ///< the channel or controller, by its ID

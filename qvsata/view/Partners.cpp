@@ -10,6 +10,9 @@ Identities Partners(const PublishedHost& host, std::string_view association, std
     for (const PublishedObject& link : InstancesOf(host, association)) {
         const std::string end = link.Referenced(from);
         std::string candidate = link.Referenced(to);
+        if (end.empty() || candidate.empty()) {
+            continue;
+        }
         if (std::string& partner = partners[end]; candidate.size() > partner.size()) {
             partner = std::move(candidate);
         }

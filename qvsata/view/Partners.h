@@ -12,7 +12,7 @@ namespace qv::view {
 using Identities = std::map<std::string, std::string>;
 
 /// Maps each object in the role `from` of an association class to its partner in the role `to`; of
-/// several partners to the one with the longest identity.
+/// several partners to the one with the longest identity. An empty reference joins nothing.
 Identities Partners(const PublishedHost& host, std::string_view association, std::string_view from,
                     std::string_view to);
 

@@ -1,6 +1,7 @@
 #include "qvsata/view/PublishedObject.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "qvsata/cim/ObjectPathParser.h"
 #include "source/Text.h"
@@ -21,6 +22,22 @@ std::optional<Value> First(const PublishedObject& object, std::string_view prope
     const auto* several = std::get_if<std::vector<Value>>(&found->second);
     return several == nullptr || several->empty() ? std::nullopt
                                                   : std::optional<Value>(several->front());
+}
+
+/// Returns the path that references to an object without a path have: only keys with a value.
+std::string PathOfKnownKeys(const PublishedObject& object) {
+    service::ObjectPath path;
+    path.className = object.className;
+    const bool hasDeviceId = First<std::string>(object, "DeviceID").has_value();
+    for (const std::string_view key :
+         {std::string_view("CreationClassName"),
+          std::string_view(hasDeviceId ? "DeviceID" : "Name"),
+          std::string_view("SystemCreationClassName"), std::string_view("SystemName")}) {
+        if (auto value = First<std::string>(object, key)) {
+            path.keys.push_back({std::string(key), std::move(*value)});
+        }
+    }
+    return service::FormatObjectPath(path);
 }
 
 }  // namespace
@@ -44,7 +61,7 @@ std::string PublishedObject::Referenced(std::string_view role) const {
 }
 
 std::string PublishedObject::Identity() const {
-    return IdentityOf(path);
+    return IdentityOf(path.empty() ? PathOfKnownKeys(*this) : path);
 }
 
 std::string IdentityOf(std::string_view path) {

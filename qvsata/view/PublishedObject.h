@@ -27,6 +27,8 @@ struct PublishedObject {
     /// Returns the identity (see IdentityOf) of the object that a reference names; empty if there
     /// is none.
     std::string Referenced(std::string_view role) const;
+    /// Returns the object's identity; without a path, that of its keys that have a value, as
+    /// references name such an object.
     std::string Identity() const;
 };
 

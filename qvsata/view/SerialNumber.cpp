@@ -24,6 +24,10 @@ std::optional<char> CharacterOf(std::string_view digits) {
                : std::nullopt;
 }
 
+bool HasInnerBlank(std::string_view text) {
+    return Trimmed(text).find(' ') != std::string_view::npos;
+}
+
 }  // namespace
 
 std::optional<std::string> DecodedSerialNumber(std::string_view raw) {
@@ -32,6 +36,7 @@ std::optional<std::string> DecodedSerialNumber(std::string_view raw) {
         return std::nullopt;
     }
     std::string text;
+    std::string plain;
     for (std::size_t place = 0; place < raw.size(); place += digitsOfPair) {
         const auto second = CharacterOf(raw.substr(place, 2));
         const auto first = CharacterOf(raw.substr(place + 2, 2));
@@ -39,14 +44,22 @@ std::optional<std::string> DecodedSerialNumber(std::string_view raw) {
             return std::nullopt;
         }
         text += {*first, *second};
+        plain += {*second, *first};
     }
-    return std::string(Trimmed(text));
+    return std::string(HasInnerBlank(text) && !HasInnerBlank(plain) ? Trimmed(plain)
+                                                                    : Trimmed(text));
 }
 
 std::string SerialNumberText(std::string_view raw) {
     const std::string trimmed(Trimmed(raw));
     const std::optional<std::string> decoded = DecodedSerialNumber(trimmed);
     return decoded ? trimmed + " (" + *decoded + ")" : OrDash(trimmed);
+}
+
+Span SerialNumberSpan(std::string_view label, std::string_view raw, bool isRead) {
+    const bool isUnknown = !isRead && Trimmed(raw).empty();
+    return {std::string(label) + (isUnknown ? "not readable" : SerialNumberText(raw)),
+            isUnknown ? Style::caution : Style::plain};
 }
 
 }  // namespace qv::view

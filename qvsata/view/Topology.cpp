@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <set>
 #include <utility>
 
 #include "qvsata/view/Partners.h"
@@ -33,9 +34,11 @@ Health StatusOf(const PublishedObject& object) {
     return StatusOf(object, "OperationalStatus", "StatusDescriptions");
 }
 
+/// Joins an ID and what it is connected to in the key of an endpoint or a channel.
+constexpr std::string_view link = " connected to ";
+
 /// Returns the end of an endpoint's or a channel's key, which names what it is connected to.
 std::string ConnectedTo(const std::string& key) {
-    constexpr std::string_view link = " connected to ";
     const std::size_t found = key.rfind(link);
     return found == std::string::npos ? std::string() : key.substr(found + link.size());
 }
@@ -58,6 +61,7 @@ public:
         for (const OsDisk& disk : osDisks.disks) {
             osDisks_.emplace(ComparedId(disk.deviceId), &disk);
             if (!disk.whyUnpublished.empty()) {
+                whereUnpublished_.insert(ComparedId(disk.attachment));
                 unpublished_.push_back(disk);
             }
         }
@@ -84,6 +88,11 @@ private:
         return InstancesOf(host_, className);
     }
 
+    /// Returns whether an unpublished disk is attached to the controller or channel with a key.
+    bool HasUnpublished(const std::string& key) const {
+        return whereUnpublished_.contains(ComparedId(key.substr(0, key.find(link))));
+    }
+
     void AddControllers(Topology& topology) {
         const auto drivers = SoftwareByController("QV_SATAPortControllerDriver");
         const auto firmware = SoftwareByController("QV_SATAPortControllerFW");
@@ -104,7 +113,8 @@ private:
                                             of(firmware),
                                             of(bios),
                                             {},
-                                            {}});
+                                            {},
+                                            HasUnpublished(object.Text("DeviceID"))});
         }
     }
 
@@ -131,7 +141,9 @@ private:
             if (controller != controllers_.end()) {
                 siblings = &topology.controllers[Index(controllers_, controller)].channels;
             }
-            siblings->push_back({ChannelName(port), port.Text("DeviceID"), StatusOf(port), {}});
+            const std::string deviceId = port.Text("DeviceID");
+            siblings->push_back(
+                {ChannelName(port), deviceId, StatusOf(port), {}, HasUnpublished(deviceId)});
             channels_[identity] = {siblings, siblings->size() - 1};
         }
     }
@@ -205,6 +217,7 @@ private:
         }
         if (const OsDisk* const found = OsDiskOf(disk.deviceId, object.Number("Index"))) {
             disk.number = found->number;
+            disk.serialNumberIsRead = found->serialNumberIsRead;
             disk.failureIsPredicted = found->failureIsPredicted;
         }
         return disk;
@@ -233,7 +246,8 @@ private:
     /// By their IDs.
     std::multimap<std::string, const OsDisk*> osDisks_;
     std::vector<OsDisk> unpublished_;
-    std::vector<std::string> controllers_;  ///< identities, as in the topology
+    std::set<std::string> whereUnpublished_;  ///< what they are attached to, by its ID
+    std::vector<std::string> controllers_;    ///< identities, as in the topology
     std::map<std::string, ChannelPlace> channels_;
 };
 

@@ -17,7 +17,8 @@ struct Disk {
     std::optional<std::int64_t> number;  ///< the operating system's drive number
     std::string model;
     std::string deviceId;
-    std::string serialNumber;  ///< without blanks at its ends
+    std::string serialNumber;        ///< without blanks at its ends
+    bool serialNumberIsRead = true;  ///< false: it is not known whether there is one
     std::string firmware;
     Health status;  ///< as published
     /// Unset if the predictions could not be read.
@@ -34,6 +35,7 @@ struct Channel {
     std::string deviceId;
     Health status;
     std::vector<Disk> disks;
+    bool hasUnpublished = false;  ///< a disk that is not published is attached
 };
 
 /// A driver, firmware or BIOS.
@@ -50,7 +52,8 @@ struct Controller {
     std::optional<Software> firmware;
     std::optional<Software> bios;
     std::vector<Channel> channels;
-    std::vector<Disk> disks;  ///< attached without a channel
+    std::vector<Disk> disks;      ///< attached without a channel
+    bool hasUnpublished = false;  ///< a disk that is not published is attached without a channel
 };
 
 /// What could be read. What was not read is shown as such, never as absent.

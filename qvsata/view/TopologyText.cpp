@@ -106,7 +106,8 @@ Node ChannelNode(const Channel& channel, const Sight& sight) {
     Node node;
     node.title = {{{"channel " + OrDash(channel.name)}}, {StatusSpan(channel.status)}};
     if (channel.disks.empty() && sight.disks && sight.attachments) {
-        node.title.push_back({{"no disk", Style::faint}});
+        node.title.push_back(
+            {{channel.hasUnpublished ? "no published disk" : "no disk", Style::faint}});
     } else if (channel.disks.empty()) {
         node.title.push_back({{"disks " + notReadable.text, notReadable.style}});
     }
@@ -143,9 +144,14 @@ Node ControllerNode(const Controller& controller, const Sight& sight) {
     AddChannels(controller.channels, sight, node.children);
     AddDisks(controller.disks, node.children);
     if (node.children.empty() && sight.disks && sight.controllers && sight.attachments) {
-        node.title.push_back({{"no channels, no disks", Style::faint}});
+        node.title.push_back({{controller.hasUnpublished ? "no channels, no published disks"
+                                                         : "no channels, no disks",
+                               Style::faint}});
     } else if (node.children.empty()) {
-        node.title.push_back({{"channels, disks " + notReadable.text, notReadable.style}});
+        const bool lacksChannels = sight.controllers && sight.attachments;
+        node.title.push_back(
+            {{(lacksChannels ? "no channels, disks " : "channels, disks ") + notReadable.text,
+              notReadable.style}});
     }
     return node;
 }

@@ -176,11 +176,15 @@ private:
         }
     }
 
-    /// Returns what people call the members; a class has its own name.
+    /// Returns what people call the members; a class has its own name. Members
+    /// may share a label, which then counts once.
     static std::string Joined(const std::set<std::string>& names) {
         std::string list;
+        std::set<std::string> labels;
         for (const std::string& name : names) {
-            list += (list.empty() ? "" : ", ") + LabelOf(name);
+            if (const std::string label = LabelOf(name); labels.insert(label).second) {
+                list += (list.empty() ? "" : ", ") + label;
+            }
         }
         return list;
     }

@@ -16,6 +16,7 @@ namespace {
 
 using nlohmann::json;
 using testing::AllOf;
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
@@ -62,10 +63,11 @@ protected:
         return file_.Path().string();
     }
 
+    json host_;
+
 private:
     const std::filesystem::path mofFolder_ = std::filesystem::path(QV_SOURCE_DIR) / "mof";
     const TemporaryFile file_;
-    json host_;
 };
 
 using Row = std::tuple<Source, Failure, std::vector<std::string>>;
@@ -155,6 +157,26 @@ INSTANTIATE_TEST_SUITE_P(
         testing::Values(std::vector<std::string>{"disks"}, std::vector<std::string>{"sources"},
                         std::vector<std::string>{"topology", "--format", "json"})));
 
+class UnreadComputerName : public UnreadSourcesTest {
+protected:
+    UnreadComputerName() { host_["computer"] = {{"server", "STUDY-DESK"}}; }
+};
+
+TEST_F(UnreadComputerName, IsALineAndMakesTheTopologyIncomplete) {
+    const Ending run = On({"topology"});
+    EXPECT_EQ(run.exitCode, 3);
+    EXPECT_EQ(run.errors, "the computer's name cannot be read: most instances have no path\n");
+}
+
+TEST_F(UnreadComputerName, LeavesEachDiskOnItsChannel) {
+    EXPECT_THAT(On({"topology"}).output, HasSubstr("   ├─ channel 4&1F2B6C03&0&0  OK\n"
+                                                   "   │  └─ #0  OK  NORTHLAKE"));
+    const json channels =
+        json::parse(On({"topology", "--format", "json"}).output)["controllers"][0]["channels"];
+    EXPECT_EQ(channels[1]["disks"][0]["number"], 1);
+    EXPECT_EQ(channels[3]["disks"][0]["number"], 2);
+}
+
 class UnreadDisks : public UnreadSourcesTest {
 protected:
     UnreadDisks() { Spoil({cimv2, "Win32_DiskDrive", ""}, {"WBEM_E_ACCESS_DENIED", ""}); }
@@ -226,9 +248,17 @@ TEST_F(UnreadDisks, HaveTheirStatusAndLossAmongTheSources) {
 TEST_F(UnreadSourcesTest, OfPredictionsLeaveThemUnknown) {
     Spoil({R"(root\wmi)", "MSStorageDriver_FailurePredictStatus", ""}, {"WBEM_E_FAILED", ""});
     EXPECT_THAT(On({"topology"}).output, HasSubstr("; failure predictions not readable\n"));
+    EXPECT_THAT(On({"disks"}).output, EndsWith("\nfailure predictions not readable\n"));
     EXPECT_TRUE(
         json::parse(On({"disks", "--format", "json"}).output)["disks"][0]["failurePredicted"]
             .is_null());
+}
+
+TEST_F(UnreadSourcesTest, OfMediaLeaveSerialNumbersUnknown) {
+    host_["namespaces"][cimv2]["Win32_DiskDrive"][0]["SerialNumber"] = nullptr;
+    Spoil({cimv2, "Win32_PhysicalMedia", ""}, {"WBEM_E_ACCESS_DENIED", ""});
+    EXPECT_THAT(On({"topology"}).output, HasSubstr("GiB  S/N not readable\n"));
+    EXPECT_THAT(On({"disks"}).output, HasSubstr("NL2.07    not readable\n"));
 }
 
 TEST_F(UnreadSourcesTest, AreNoneOnACompleteRecording) {

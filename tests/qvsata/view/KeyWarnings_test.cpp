@@ -29,6 +29,11 @@ TEST(KeyWarnings, NameDisksOfWhichOneIdIsPartOfTheOther) {
     EXPECT_EQ(KeyWarnings({DiskWithId(2, "IDE\\AB"), DiskWithId(1, "IDE\\A")}), warning);
 }
 
+TEST(KeyWarnings, NameADiskWithoutAnIdAndCompareItWithNoOther) {
+    EXPECT_EQ(KeyWarnings({DiskWithId(0, "IDE\\A"), DiskWithId(1, "")}),
+              "warning: disk #1 has no plug-and-play ID\n");
+}
+
 TEST(KeyWarnings, AreNoneForIdsThatDifferOrADiskThatIsNotPublished) {
     view::OsDisk unpublished = DiskWithId(3, "IDE\\A");
     unpublished.whyUnpublished = "bus is SCSI";

@@ -35,6 +35,12 @@ TEST(Partners, AreTheLongestOfSeveralWhateverTheirOrder) {
     EXPECT_EQ(Partners(Linked({toLonger, toShorter}), "L", "From", "To"), expected);
 }
 
+TEST(Partners, AreNotJoinedByAnEmptyReference) {
+    const PublishedObject fromNothing{"L", "L", {}, {{"To", one.path}}};
+    const PublishedObject toNothing{"L", "L", {}, {{"From", one.path}}};
+    EXPECT_EQ(Partners(Linked({fromNothing, toNothing}), "L", "From", "To"), Identities{});
+}
+
 TEST(Partners, AreNoneOfAnAssociationThatTheHostLacks) {
     EXPECT_EQ(Partners(Linked({}), "M", "From", "To"), Identities{});
 }

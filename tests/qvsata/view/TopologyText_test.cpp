@@ -122,6 +122,25 @@ TEST(TopologyText, SumsUpPredictionsThatNoLineShows) {
                                          "failure prediction unknown of 1 disk\n"));
 }
 
+TEST(TopologyText, SaysThatAControllerLacksChannelsIfOnlyDisksAreNotReadable) {
+    Topology topology;
+    topology.controllers = {{"AHCI", "C", ok, {}, {}, {}, {}, {}}};
+    topology.sight.disks = false;
+    EXPECT_THAT(Text(topology), HasSubstr("AHCI  OK  no channels, disks not readable\n"));
+    topology.sight.attachments = false;
+    EXPECT_THAT(Text(topology), HasSubstr("AHCI  OK  channels, disks not readable\n"));
+}
+
+TEST(TopologyText, SaysWhereOnlyUnpublishedDisksAreAttached) {
+    Topology topology;
+    topology.controllers = {
+        {"A", "A", ok, {}, {}, {}, {{"4&0", "CH0", ok, {}, true}, {"4&1", "CH1", ok, {}}}, {}},
+        {"B", "B", ok, {}, {}, {}, {}, {}, true}};
+    EXPECT_THAT(Text(topology),
+                AllOf(HasSubstr("4&0  OK  no published disk\n"), HasSubstr("4&1  OK  no disk\n"),
+                      HasSubstr("B  OK  no channels, no published disks\n")));
+}
+
 TEST(TopologyText, CountsTheDisksThatAreNotPublished) {
     Topology topology;
     topology.looseDisks = {MakeDisk("A", ok)};

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+
 #include "tests/qvsata/view/OsDisks.h"
 #include "tests/qvsata/view/Published.h"
 
@@ -90,6 +92,48 @@ TEST_F(TopologyTest, HangsADiskWithoutAPathOffTheControllerThatItsEndpointNames)
     const Topology topology = BuildTopology(host_);
     EXPECT_THAT(topology.controllers[0].disks, SizeIs(0));
     EXPECT_THAT(topology.controllers[1].disks, SizeIs(1));
+}
+
+/// Returns an instance as it is published when a key has no value: without a path.
+PublishedObject Pathless(PublishedObject object) {
+    object.path.clear();
+    return object;
+}
+
+TEST_F(TopologyTest, HangsDisksWithoutPathsOffTheirOwnChannels) {
+    const auto controller = Instance("QV_SATAPortController", "DeviceID", "C");
+    const auto firstDisk = Instance("QV_SATADiskDrive", "DeviceID", "D0");
+    const auto secondDisk = Instance("QV_SATADiskDrive", "DeviceID", "D1");
+    JoinPath(AddChannel("CH0", controller), AddTarget(firstDisk, "CH0"));
+    JoinPath(AddChannel("CH1", controller), AddTarget(secondDisk, "CH1"));
+    Add(Pathless(Instance("QV_SATAPortController", "DeviceID", "other")));
+    Add(Pathless(controller));
+    Add(Pathless(firstDisk));
+    Add(Pathless(secondDisk));
+    std::ranges::transform(host_["QV_SATALogicalPort"], host_["QV_SATALogicalPort"].begin(),
+                           Pathless);
+    const Topology topology = BuildTopology(host_);
+    ASSERT_THAT(topology.controllers[0].channels, SizeIs(0));
+    ASSERT_THAT(topology.controllers[1].channels, SizeIs(2));
+    EXPECT_EQ(topology.controllers[1].channels[0].disks.at(0).deviceId, "D0");
+    EXPECT_EQ(topology.controllers[1].channels[1].disks.at(0).deviceId, "D1");
+}
+
+TEST_F(TopologyTest, KnowsWhereUnpublishedDisksAreAttached) {
+    const auto controller = AddController("PCI&A");
+    AddController("PCI&B");
+    AddChannel("PCIIDE&0", controller);
+    AddChannel("PCIIDE&1", controller);
+    view::OsDisks disks{{NumberedDisk(0, {2, "OK"}), NumberedDisk(1, {2, "OK"})}};
+    disks.disks[0].attachment = "PCIIDE\\1";
+    disks.disks[0].whyUnpublished = "bus is SCSI";
+    disks.disks[1].attachment = "PCI\\B";
+    disks.disks[1].whyUnpublished = "bus unknown";
+    const Topology topology = BuildTopology(host_, disks);
+    EXPECT_FALSE(topology.controllers[0].hasUnpublished);
+    EXPECT_FALSE(topology.controllers[0].channels[0].hasUnpublished);
+    EXPECT_TRUE(topology.controllers[0].channels[1].hasUnpublished);
+    EXPECT_TRUE(topology.controllers[1].hasUnpublished);
 }
 
 TEST_F(TopologyTest, KeepsDisksWithoutAnEndpointApart) {

@@ -78,6 +78,13 @@ TEST(DiffText, SaysWhatWasNotCompared) {
               "no differences in what could be read\n");
 }
 
+TEST(DiffText, NamesMembersOfOneLabelOnceAmongThoseNotCompared) {
+    Snapshot before = SnapshotOf("a", {});
+    before.unreadMembers = {"attachedTo", "attachedToId"};
+    EXPECT_THAT(TextOf(before, SnapshotOf("b", {})),
+                HasSubstr("not compared, because not readable: of disks attached to\n"));
+}
+
 TEST(DiffText, CountsManyClassesThatWereNotCompared) {
     Snapshot before = SnapshotOf("a", {});
     before.unreadClasses = {"A", "B", "C", "D", "E"};
