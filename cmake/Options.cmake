@@ -57,12 +57,13 @@ function(qv_library name)
 endfunction()
 
 # qv_ship(target): strips a program or library for users and leaves its debug information beside it
-# in FILE.debug, which the file names.
+# in FILE.debug, which the file names. Without a fixed time objcopy writes the present one.
 function(qv_ship target)
   set_target_properties(${target} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
   set(file $<TARGET_FILE_NAME:${target}>)
+  set(objcopy ${CMAKE_COMMAND} -E env SOURCE_DATE_EPOCH=0 ${CMAKE_OBJCOPY})
   add_custom_command(TARGET ${target} POST_BUILD
-    COMMAND ${CMAKE_OBJCOPY} --only-keep-debug ${file} ${file}.debug
-    COMMAND ${CMAKE_OBJCOPY} --strip-all --add-gnu-debuglink=${file}.debug ${file}
+    COMMAND ${objcopy} --only-keep-debug ${file} ${file}.debug
+    COMMAND ${objcopy} --strip-all --add-gnu-debuglink=${file}.debug ${file}
     WORKING_DIRECTORY ${CMAKE_BINARY_DIR} VERBATIM)
 endfunction()
