@@ -21,7 +21,7 @@ struct PathError {
 /// that is not an object path, and then sets `error` if it is not null.
 std::optional<ObjectPath> ParseObjectPath(std::string_view text, PathError* error = nullptr);
 
-/// Returns the path of an instance; nothing for any other text. Most texts are told by a glance, so
+/// Returns the path of an instance; nothing for any other text. Quick for a text without "=", so
 /// it suits texts of which few are paths.
 std::optional<ObjectPath> ParseInstancePath(std::string_view text);
 
