@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <array>
 #include <memory>
 
 #include "catalogue/Classes.h"
@@ -27,11 +26,11 @@ namespace {
 
 enum class View { tree, json, graph };
 
-view::Topology ReadTopology(const service::ProviderHost& host) {
+view::Topology ReadTopology(const service::ProviderHost& host,
+                            const view::PublishedHost& published) {
     const view::OsDisks disks = ReadOsDisks(host);
     WriteErrorFitted(view::KeyWarnings(disks.disks) + view::PredictionWarnings(disks));
-    view::Topology topology =
-        view::BuildTopology(ReadInstances(host.Published(), view::topologyClasses), disks);
+    view::Topology topology = view::BuildTopology(published, disks);
     const std::vector<service::SourceQuery> queries = host.Journal().Queries();
     topology.sight.disks = !IsUnread(queries, cimNamespace, "Win32_DiskDrive");
     topology.sight.controllers = !IsUnread(queries, cimNamespace, "Win32_IDEController");
@@ -41,39 +40,54 @@ view::Topology ReadTopology(const service::ProviderHost& host) {
     return topology;
 }
 
-/// Returns whether the computer has no name that can be read; says so on standard error.
-bool LacksName(const service::Namespace& nameSpace) {
-    constexpr std::array<std::string_view, 1> computerClass{"QV_WinComputerSystem"};
-    const view::PublishedHost host = ReadInstances(nameSpace, computerClass);
-    const bool lacksName =
-        std::ranges::any_of(view::InstancesOf(host, computerClass.front()),
-                            [](const view::PublishedObject& one) { return one.path.empty(); });
-    if (lacksName) {
-        WriteErrorFitted("the computer's name cannot be read: most instances have no path\n");
-    }
-    return lacksName;
-}
-
-std::string Graph(const service::Namespace& nameSpace) {
+std::vector<std::string_view> AllClasses() {
     std::vector<std::string_view> classes;
     std::ranges::transform(PublishedClasses(), std::back_inserter(classes), &PublishedClass::name);
-    const view::PublishedHost host = ReadInstances(nameSpace, classes);
+    return classes;
+}
+
+std::string GraphOfAll(const view::PublishedHost& published) {
     std::vector<view::PublishedObject> objects;
-    for (const std::string_view className : classes) {
-        std::ranges::copy(view::InstancesOf(host, className), std::back_inserter(objects));
+    for (const std::string_view className : AllClasses()) {
+        std::ranges::copy(view::InstancesOf(published, className), std::back_inserter(objects));
     }
     return view::AssociationGraph(objects);
 }
 
-void PrintView(const service::ProviderHost& host, View view, bool all) {
+/// Returns whether the computer has no name that can be read.
+bool LacksName(const view::PublishedHost& published) {
+    return std::ranges::any_of(view::InstancesOf(published, "QV_WinComputerSystem"),
+                               [](const view::PublishedObject& one) { return one.path.empty(); });
+}
+
+void PrintTopology(const service::ProviderHost& host, const view::PublishedHost& published,
+                   View view) {
+    const view::Topology topology = ReadTopology(host, published);
     switch (view) {
         case View::tree:
-            return PrintFitted(view::TopologyAsText(ReadTopology(host), ColumnsOf(Stream::output)));
+            return PrintFitted(view::TopologyAsText(topology, ColumnsOf(Stream::output)));
         case View::json:
-            return PrintDocument(host, view::TopologyAsJson(ReadTopology(host)));
+            return PrintDocument(host, view::TopologyAsJson(topology));
         case View::graph:
-            return Print(all ? Graph(host.Published()) : view::TopologyAsGraph(ReadTopology(host)));
+            return Print(view::TopologyAsGraph(topology));
     }
+}
+
+/// Returns whether the answer is complete but for sources that could not be read.
+bool Answer(const service::ProviderHost& host, View view, bool all) {
+    const view::PublishedHost published =
+        all ? ReadInstances(host.Published(), AllClasses())
+            : ReadInstances(host.Published(), view::topologyClasses);
+    if (all) {
+        Print(GraphOfAll(published));
+    } else {
+        PrintTopology(host, published, view);
+    }
+    if (LacksName(published)) {
+        WriteErrorFitted("the computer's name cannot be read: most instances have no path\n");
+        return false;
+    }
+    return true;
 }
 
 }  // namespace
@@ -97,12 +111,11 @@ void AddTopology(CLI::App& program) {
         if (arguments->all && arguments->view != View::graph) {
             throw CLI::ValidationError("--all", "needs --format dot");
         }
-        bool lacksName = false;
+        bool isComplete = true;
         RunOnProvider(arguments->options, [&](const service::ProviderHost& host) {
-            PrintView(host, arguments->view, arguments->all);
-            lacksName = LacksName(host.Published());
+            isComplete = Answer(host, arguments->view, arguments->all);
         });
-        if (lacksName) {
+        if (!isComplete) {
             throw CommandEnd(incomplete);
         }
     });

@@ -5,6 +5,7 @@
 
 #include "qvsata/cim/ObjectPathParser.h"
 #include "qvsata/view/text/Columns.h"
+#include "qvsata/view/text/NameList.h"
 #include "source/PropertyReaders.h"
 #include "source/Text.h"
 
@@ -87,11 +88,7 @@ std::string KeyIn(const std::string& path) {
 }
 
 std::string NamesOf(const Facts& facts, const Places& disks) {
-    std::string names;
-    for (const std::size_t disk : disks) {
-        names.append(names.empty() ? "" : ", ").append(facts.diskNames[disk]);
-    }
-    return names;
+    return view::NameList(disks, [&](std::size_t disk) { return facts.diskNames[disk]; });
 }
 
 Places DisksAmong(const Facts& facts, const Places& disks, bool published) {

@@ -69,7 +69,7 @@ std::string ControllerName(const platform::Row& controller);
 /// Returns the key value in a path with one key; the whole text of any other.
 std::string KeyIn(const std::string& path);
 
-/// Returns the names of disks, by place, separated by commas.
+/// Returns the list (view::NameList) of the names of disks at these places.
 std::string NamesOf(const Facts& facts, const Places& disks);
 
 /// Returns those of the disks that are published, or not, as wanted.

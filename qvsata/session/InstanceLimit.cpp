@@ -26,26 +26,35 @@ std::string TextIn(const service::RecordedRow& row, std::string_view property) {
     return text == nullptr ? std::string() : *text;
 }
 
-/// Returns the texts of a property of a class's rows, without backslashes; none of a
-/// class that was not recorded.
+/// Returns the texts of a property of those rows of a class that count, without backslashes; none
+/// of a class that was not recorded.
 std::vector<std::string> StrippedTexts(const service::RecordedHost& host,
-                                       std::string_view className, std::string_view property) {
+                                       std::string_view className, std::string_view property,
+                                       bool (*counts)(const service::RecordedRow&)) {
     std::vector<std::string> texts;
     const service::RecordedNamespace* const nameSpace = host.FindNamespace(cimNamespace);
     const service::RecordedClass* const recorded =
         nameSpace == nullptr ? nullptr : nameSpace->Find(className);
     for (std::size_t place = 0; recorded != nullptr && place < recorded->Rows().size(); ++place) {
-        texts.push_back(StripBackslashes(TextIn(recorded->Rows()[place], property)));
+        const service::RecordedRow& row = recorded->Rows()[place];
+        if (counts(row)) {
+            texts.push_back(StripBackslashes(TextIn(row, property)));
+        }
     }
     return texts;
 }
 
-/// Returns whether the provider would join more than `most` links of partitions to the disks of a
-/// host, by the rule of PartitionLinks.
+/// Returns whether the provider could join more than `most` links of partitions to the published
+/// disks of a host. Links that name no partition count, too.
 bool JoinsMore(const service::RecordedHost& host, std::size_t most) {
-    return !PairKeysUpTo(most, StrippedTexts(host, "Win32_DiskDriveToDiskPartition", "Antecedent"),
-                         StrippedTexts(host, "Win32_DiskDrive", "DeviceID"),
-                         MatchRule::firstContains)
+    const auto isLink = [](const service::RecordedRow&) { return true; };
+    const auto isPublished = [](const service::RecordedRow& disk) {
+        return TextIn(disk, "InterfaceType") == "IDE";
+    };
+    return !PairKeysUpTo(
+                most, StrippedTexts(host, "Win32_DiskDriveToDiskPartition", "Antecedent", isLink),
+                StrippedTexts(host, "Win32_DiskDrive", "DeviceID", isPublished),
+                MatchRule::firstContains)
                 .has_value();
 }
 

@@ -7,16 +7,16 @@
 
 namespace qv::view {
 
-/// Returns a line for each pair of published disks whose plug-and-play IDs are equal, or of which
-/// one is part of the other: keys and associations of the published instances do not tell such
-/// disks apart. Returns a line, too, for each published disk without such an ID.
+/// Returns a line for the published disks of each plug-and-play ID that several have, for those
+/// whose ID is part of that of others, and for those without one: keys and associations of the
+/// published instances do not tell such disks apart.
 std::string KeyWarnings(const std::vector<OsDisk>& disks);
 
 /// Returns the same lines, without "warning: ".
 std::vector<std::string> KeyWarningLines(const std::vector<OsDisk>& disks);
 
-/// Returns a line for each pair of published disks with one serial number, and for each published
-/// disk without one.
+/// Returns a line for the published disks of each serial number that several have, and for those
+/// without one.
 std::vector<std::string> SerialNumberWarnings(const std::vector<OsDisk>& disks);
 
 }  // namespace qv::view

@@ -11,7 +11,9 @@ namespace qv::test {
 namespace {
 
 using nlohmann::json;
+using testing::AllOf;
 using testing::HasSubstr;
+using testing::Not;
 
 constexpr const char* threeWay = "QV_SATAInitiatorTargetLogicalUnitPath";
 
@@ -33,6 +35,17 @@ protected:
         command.insert(command.end(),
                        {"--host", file_.Path().string(), "--mof", QV_SOURCE_DIR "/mof"});
         return RunHere(command);
+    }
+
+    /// Records the same, with all disks on another bus.
+    void RecordDisksOnAnotherBus(std::size_t times) const {
+        RecordDisks(times);
+        json host;
+        std::ifstream(file_.Path()) >> host;
+        for (json& disk : host["namespaces"]["root\\CIMv2"]["Win32_DiskDrive"]) {
+            disk["InterfaceType"] = "SCSI";
+        }
+        std::ofstream(file_.Path()) << host;
     }
 
     const TemporaryFile file_;
@@ -100,6 +113,23 @@ TEST_F(LimitTest, RefusesAssociationsOfSuchExtents) {
 TEST_F(LimitTest, AllowsExtentsThatJoinFewerPartitions) {
     RecordDisks(40);
     EXPECT_EQ(Run({"enumerate", "QV_SATAStorageExtent", "--limit", "100"}).exitCode, 0);
+}
+
+TEST_F(LimitTest, CountsPartitionsOfPublishedDisksOnly) {
+    RecordDisksOnAnotherBus(40);
+    EXPECT_EQ(Run({"enumerate", "QV_SATAStorageExtent", "--limit", "1"}).exitCode, 0);
+}
+
+TEST_F(LimitTest, NeedsNoMoreThanAFewLinesForManyDisksWithOneId) {
+    RecordDisks(10);
+    EXPECT_EQ(Run({"disks"}).errors,
+              "warning: disks #0, #0, #0, #0, #0, #0, #0, #0 and 2 more have one plug-and-play ID: "
+              "their instances have the same keys\n"
+              "warning: disks #1, #1, #1, #1, #1, #1, #1, #1 and 2 more have one plug-and-play ID: "
+              "their instances have the same keys\n");
+    EXPECT_THAT(Run({"explain"}).output,
+                AllOf(HasSubstr("#0 BERGAMO B3-080PA and 2 more"),
+                      Not(HasSubstr("#0 BERGAMO B3-080PA and #0 BERGAMO B3-080PA"))));
 }
 
 TEST_F(LimitTest, HigherAllowsMoreInstances) {

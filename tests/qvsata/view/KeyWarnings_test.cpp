@@ -29,6 +29,33 @@ TEST(KeyWarnings, NameDisksOfWhichOneIdIsPartOfTheOther) {
     EXPECT_EQ(KeyWarnings({DiskWithId(2, "IDE\\AB"), DiskWithId(1, "IDE\\A")}), warning);
 }
 
+TEST(KeyWarnings, AreOneLineForAllDisksWithOneId) {
+    EXPECT_EQ(KeyWarnings({DiskWithId(0, "A"), DiskWithId(1, "A"), DiskWithId(2, "A")}),
+              "warning: disks #0, #1 and #2 have one plug-and-play ID: their instances have the "
+              "same keys\n");
+}
+
+TEST(KeyWarnings, CountTheDisksAfterTheEighth) {
+    std::vector<view::OsDisk> disks;
+    for (const std::int64_t number : {0, 1, 2, 3, 4, 5, 6, 7, 8, 9}) {
+        disks.push_back(DiskWithId(number, "A"));
+    }
+    EXPECT_EQ(KeyWarnings(disks),
+              "warning: disks #0, #1, #2, #3, #4, #5, #6, #7 and 2 more have one plug-and-play ID: "
+              "their instances have the same keys\n");
+}
+
+TEST(KeyWarnings, AreOneLineForAnIdThatIsPartOfSeveral) {
+    EXPECT_EQ(KeyWarnings({DiskWithId(1, "A"), DiskWithId(2, "AB"), DiskWithId(3, "AC")}),
+              "warning: the plug-and-play ID of disk #1 is part of that of disks #2 and #3: "
+              "associations of one may name the other, too\n");
+}
+
+TEST(KeyWarnings, AreOneLineForTheDisksWithoutAnId) {
+    EXPECT_EQ(KeyWarnings({DiskWithId(1, ""), DiskWithId(2, "")}),
+              "warning: disks #1 and #2 have no plug-and-play ID\n");
+}
+
 TEST(KeyWarnings, NameADiskWithoutAnIdAndCompareItWithNoOther) {
     EXPECT_EQ(KeyWarnings({DiskWithId(0, "IDE\\A"), DiskWithId(1, "")}),
               "warning: disk #1 has no plug-and-play ID\n");
