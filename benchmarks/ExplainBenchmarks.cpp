@@ -35,7 +35,7 @@ void Explains(benchmark::State& state) {
     const explain::SourceRows rows = explain::ReadSourceRows(host);
     const view::PublishedHost published = PublishedOn(host);
     for (auto _ : state) {
-        benchmark::DoNotOptimize(explain::Explain(rows, published));
+        benchmark::DoNotOptimize(explain::Explain(rows, published, 100'000'000));
     }
 }
 

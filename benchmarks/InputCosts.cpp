@@ -153,6 +153,8 @@ const std::vector<Input> inputs{
      {400, 1'600},
      {"enumerate", "QV_SATAStorageExtent"},
      1},
+    {"verdicts on disks with equal IDs", EqualDisks, {400, 1'600}, {"explain"}, 3},
+    {"warnings of disks with equal IDs", EqualDisks, {400, 1'600}, {"disks"}, 3},
     {"a large recording", LargeRecording, {50'000, 200'000}, {"sources"}, 3},
     {"a chain of classes in MOF",
      ClassChain,

@@ -10,6 +10,7 @@
 
 #include "qvsata/commands/Commands.h"
 #include "qvsata/explain/ExplanationText.h"
+#include "qvsata/explain/JoinLimit.h"
 #include "qvsata/service/MachineQueries.h"
 #include "qvsata/session/MachineAnswer.h"
 #include "qvsata/session/Options.h"
@@ -176,9 +177,19 @@ std::vector<std::string> KeyLines(const explain::SourceRows& rows,
     return lines;
 }
 
+std::vector<explain::Verdict> Verdicts(const explain::SourceRows& rows,
+                                       const view::PublishedHost& published,
+                                       std::size_t mostJoins) {
+    try {
+        return explain::Explain(rows, published, mostJoins);
+    } catch (const explain::TooManyJoins& error) {
+        throw CommandError(std::string(error.what()) + " on this host (--limit)");
+    }
+}
+
 /// Returns nothing if `disk` names none of the disks of one of many machines.
 std::optional<explain::Explanation> ExplainHost(const service::ProviderHost& host,
-                                                const std::string& disk,
+                                                const std::string& disk, std::size_t mostJoins,
                                                 const MachineAnswer& answer) {
     const std::vector<view::OsDisk> disks = ReadOsDisks(host).disks;
     const auto fitting = FittingDisks(disks, disk);
@@ -192,7 +203,7 @@ std::optional<explain::Explanation> ExplainHost(const service::ProviderHost& hos
     const view::PublishedHost published =
         ReadExplained(host.Published(), explain::FailsMediaSearch(rows));
     rows.unread = UnreadClasses(host.Journal().Queries());
-    explain::Explanation explanation{explain::Explain(rows, published),
+    explain::Explanation explanation{Verdicts(rows, published, mostJoins),
                                      {rows.unread.begin(), rows.unread.end()},
                                      KeyLines(rows, disks)};
     if (!disk.empty()) {
@@ -231,7 +242,8 @@ void AddExplain(CLI::App& program) {
     OnRecordings(
         *command, arguments,
         [](const service::ProviderHost& host, const Arguments& given, const MachineAnswer& answer) {
-            const auto explanation = ExplainHost(host, given.disk, answer);
+            const auto explanation =
+                ExplainHost(host, given.disk, given.options.MostRows(), answer);
             if (!explanation) {
                 return;
             }

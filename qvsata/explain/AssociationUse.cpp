@@ -8,6 +8,7 @@
 #include "NativeAPI/KeyPairing.h"
 #include "catalogue/Associations.h"
 #include "qvsata/explain/Explain.h"
+#include "qvsata/explain/JoinLimit.h"
 
 namespace qv::explain {
 namespace {
@@ -46,7 +47,7 @@ std::vector<ExplainedClass> ExplainedClasses() {
     return classes;
 }
 
-AssociationUse::AssociationUse(const view::PublishedHost& published) {
+AssociationUse::AssociationUse(const view::PublishedHost& published, std::size_t mostPairs) {
     for (const Association& association : associations) {
         Use use{association.name, {}};
         std::vector<std::vector<std::string>> keys;
@@ -59,10 +60,16 @@ AssociationUse::AssociationUse(const view::PublishedHost& published) {
         if (keys.size() != EndsOf(association).size()) {
             continue;
         }
-        const Partners seconds = PairKeys(keys[0], keys[1], association.rule);
-        const Partners thirds = association.HasThreeEnds()
-                                    ? PairKeys(keys[1], keys[2], association.thirdRule)
-                                    : Partners(keys[1].size());
+        const auto pair = [&](std::size_t first, MatchRule rule) {
+            auto partners = PairKeysUpTo(mostPairs, keys[first], keys[first + 1], rule);
+            if (!partners) {
+                throw TooManyJoins(std::string(association.name) + " joins", mostPairs, " pairs");
+            }
+            return *std::move(partners);
+        };
+        const Partners seconds = pair(0, association.rule);
+        const Partners thirds =
+            association.HasThreeEnds() ? pair(1, association.thirdRule) : Partners(keys[1].size());
         for (std::size_t first = 0; first < seconds.size(); ++first) {
             for (const std::size_t second : seconds[first]) {
                 if (association.HasThreeEnds() && thirds[second].empty()) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <map>
 #include <string_view>
 #include <vector>
@@ -13,7 +14,8 @@ namespace qv::explain {
 /// provider's table of associations.
 class AssociationUse {
 public:
-    explicit AssociationUse(const view::PublishedHost& published);
+    /// Throws TooManyJoins if an association joins more than `mostPairs`.
+    AssociationUse(const view::PublishedHost& published, std::size_t mostPairs);
 
     /// Returns the association classes that have an end for the verdict's instances and no instance
     /// with one of them, in the order of the table. Associations with a class whose request failed

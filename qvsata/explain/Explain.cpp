@@ -6,6 +6,7 @@
 
 #include "qvsata/explain/AssociationUse.h"
 #include "qvsata/explain/Facts.h"
+#include "qvsata/explain/JoinLimit.h"
 
 namespace qv::explain {
 namespace {
@@ -25,7 +26,9 @@ void NoteEmpties(const AssociationUse& use, Verdict& verdict) {
 
 }  // namespace
 
-std::vector<Verdict> Explain(const SourceRows& rows, const view::PublishedHost& published) {
+std::vector<Verdict> Explain(const SourceRows& rows, const view::PublishedHost& published,
+                             std::size_t mostJoins) {
+    CheckJoins(rows, mostJoins);
     const Facts facts(rows);
     Publisher publisher(published);
     std::vector<Verdict> verdicts;
@@ -40,7 +43,7 @@ std::vector<Verdict> Explain(const SourceRows& rows, const view::PublishedHost& 
     append(PartitionLinkVerdicts(facts));
     append(PredictionVerdicts(facts));
     append(DriverVerdicts(facts, publisher));
-    const AssociationUse use(published);
+    const AssociationUse use(published, mostJoins);
     for (Verdict& verdict : verdicts) {
         NoteEmpties(use, verdict);
     }

@@ -57,8 +57,7 @@ std::size_t LargestClass(const service::HostOptions& host) {
 
 /// Associations join up to three lists of instances, each about as long as a recorded class. Few
 /// rows need no counting.
-void LimitInstances(service::HostOptions& host, unsigned thousands) {
-    const std::size_t most = std::size_t{1000} * thousands;
+void LimitInstances(service::HostOptions& host, std::size_t most) {
     const std::size_t rows = LargestClass(host);
     if (rows != 0 && most / rows / rows < rows) {
         host.guard = [most, recordings = service::RecordingsOf(host)](
@@ -145,7 +144,7 @@ std::unique_ptr<service::ProviderHost> MachineRun::Start(const Options& options)
     if (!options.live) {
         host.recorded = ReadHost(options.host, options);
         host.laterRecordings = ReadLaterHosts(options, *host.recorded);
-        LimitInstances(host, options.limit);
+        LimitInstances(host, options.MostRows());
     }
     RefuseUnlessPossible(host);
     classes_ = classes_ ? classes_ : ReadClasses(options);
@@ -157,7 +156,7 @@ std::unique_ptr<service::ProviderHost> StartOn(
     const Options& options, std::shared_ptr<const service::RecordedHost> recorded) {
     service::HostOptions host = HostOptionsOf(options);
     host.recorded = std::move(recorded);
-    LimitInstances(host, options.limit);
+    LimitInstances(host, options.MostRows());
     host.classes = ReadClasses(options);
     return StartOrExplain(host);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstddef>
 #include <functional>
 #include <iterator>
 #include <string>
@@ -20,8 +21,8 @@ struct Options {
     std::vector<std::string> hosts;
     std::vector<std::string> laterHosts;  ///< files of later recordings of the host, in order
     bool live = false;
-    unsigned limit = 100;  ///< MiB of a recording; thousands of instances or linked partitions
-    unsigned timeout = 0;  ///< seconds for the command; 0: no limit
+    unsigned limit = 100;                   ///< MiB of a recording; see MostRows, too
+    unsigned timeout = 0;                   ///< seconds for the command; 0: no limit
     unsigned queriesInTime = 2;             ///< so many queries of the machine fit into it
     bool isEndless = false;                 ///< the timeout is for each query only
     std::string library;                    ///< empty: beside this program
@@ -30,6 +31,10 @@ struct Options {
     bool registered = false;
     std::string logFolder;  ///< of the provider's logs; empty: none
     Format format = Format::text;
+
+    /// Returns the greatest number of what rows make of each other: instances of a class, linked
+    /// partitions, and disks that the rows of a class name.
+    std::size_t MostRows() const { return std::size_t{1000} * limit; }
 };
 
 /// Adds the options to a command; parsing the command line fills `options`. Exactly one of --host

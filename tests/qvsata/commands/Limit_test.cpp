@@ -132,6 +132,15 @@ TEST_F(LimitTest, NeedsNoMoreThanAFewLinesForManyDisksWithOneId) {
                       Not(HasSubstr("#0 BERGAMO B3-080PA and #0 BERGAMO B3-080PA"))));
 }
 
+TEST_F(LimitTest, RefusesVerdictsOnRowsThatNameMoreDisks) {
+    RecordDisksOnAnotherBus(40);
+    const Ending run = Run({"explain", "--limit", "1"});
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_EQ(run.output, "");
+    EXPECT_THAT(run.errors, HasSubstr("Win32_PhysicalMedia names disks more than 1000 times on "
+                                      "this host (--limit)\n"));
+}
+
 TEST_F(LimitTest, HigherAllowsMoreInstances) {
     RecordDisks(8);
     EXPECT_EQ(Run({"enumerate", threeWay, "--limit", "2"}).exitCode, 0);

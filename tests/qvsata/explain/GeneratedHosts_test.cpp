@@ -112,7 +112,7 @@ std::vector<Verdict> VerdictsOn(const RecordedHost& host, const RecordedProvider
                                    AsObject);
         }
     }
-    return explain::Explain(rows, published);
+    return explain::Explain(rows, published, 1'000'000);
 }
 
 /// A row by its class and its place there.
