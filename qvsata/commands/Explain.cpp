@@ -62,7 +62,7 @@ std::set<std::string_view> UnreadClasses(const std::vector<service::SourceQuery>
 }
 
 std::string DiskLine(const view::OsDisk& disk) {
-    return "    " + view::DriveNumberText(disk.number) + ' ' + disk.model + ", serial number " +
+    return "    " + view::DiskName(disk.number, disk.model) + ", serial number " +
            view::OrDash(disk.serialNumber) + ", ID " + disk.deviceId + '\n';
 }
 

@@ -12,12 +12,11 @@
 namespace qv::explain {
 namespace {
 
-std::string DiskName(const platform::Row& disk) {
+std::string NameOf(const platform::Row& disk) {
     std::int32_t number = 0;
     const bool isNumbered = Succeeded(GetIntegerProperty(disk, "Index", number));
-    const std::string model = TextOrEmpty(disk, "Model");
-    return view::DriveNumberText(isNumbered ? std::optional<std::int64_t>(number) : std::nullopt) +
-           ' ' + (model.empty() ? "disk" : std::string(view::Trimmed(model)));
+    return view::DiskName(isNumbered ? std::optional<std::int64_t>(number) : std::nullopt,
+                          TextOrEmpty(disk, "Model"));
 }
 
 }  // namespace
@@ -27,7 +26,7 @@ Facts::Facts(const SourceRows& sourceRows)
     const MediaOfDisks media(rows.media);
     const PartitionLinks partitions(rows.disks, rows.partitionLinks, rows.partitions);
     for (const auto& disk : rows.disks) {
-        diskNames.push_back(DiskName(*disk));
+        diskNames.push_back(NameOf(*disk));
         diskIds.push_back(TextOrEmpty(*disk, "PNPDeviceID"));
         isPublished.push_back(IsIdeDisk(*disk));
         const bool isComparable = IsComparableWithMedia(*disk);

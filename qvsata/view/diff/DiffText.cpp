@@ -18,14 +18,12 @@ namespace {
 
 using nlohmann::ordered_json;
 
-/// Returns "#1 "; empty without a number.
-std::string NumberOf(const Item& disk) {
-    const ordered_json& number = disk.members["number"];
-    return number.is_null() ? "" : '#' + number.dump() + ' ';
-}
-
 std::string DiskTitle(const Item& disk) {
-    std::string title = "disk " + NumberOf(disk) + OrDash(TextMember(disk, "model"));
+    const ordered_json& number = disk.members["number"];
+    std::string title =
+        "disk " + Printable(DiskName(
+                      number.is_null() ? std::nullopt : std::optional(number.get<std::int64_t>()),
+                      TextMember(disk, "model")));
     const std::string serialNumber = TextMember(disk, "serialNumber");
     return title + (serialNumber.empty() ? "" : " (S/N " + SerialNumberText(serialNumber) + ')');
 }

@@ -112,10 +112,9 @@ std::string ChangeText(const DiskEvent& event) {
 }
 
 std::string SentenceOf(const DiskEvent& event) {
-    std::string sentence = "Disk ";
     const OsDisk* const disk = event.Seen();
-    sentence += disk != nullptr && disk->number ? DriveNumberText(disk->number) + ' ' : "";
-    sentence += OrDash(event.model);
+    std::string sentence =
+        "Disk " + Printable(DiskName(disk == nullptr ? std::nullopt : disk->number, event.model));
     if (disk != nullptr && !disk->serialNumber.empty()) {
         sentence += " (S/N " + SerialNumberText(disk->serialNumber) + ')';
     }

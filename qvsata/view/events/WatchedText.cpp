@@ -9,8 +9,8 @@ namespace qv::view {
 namespace {
 
 std::string Line(std::string_view kind, const OsDisk& disk, const std::string& reason) {
-    return std::string(kind) + ' ' + DriveNumberText(disk.number) + ' ' + OrDash(disk.model) +
-           ": " + Printable(reason) + '\n';
+    return std::string(kind) + ' ' + Printable(DiskName(disk.number, disk.model) + ": " + reason) +
+           '\n';
 }
 
 }  // namespace

@@ -33,6 +33,14 @@ std::string DriveNumberText(std::optional<std::int64_t> number) {
     return number ? '#' + std::to_string(*number) : "-";
 }
 
+std::string DiskName(std::optional<std::int64_t> number, std::string_view model) {
+    const std::string words(Trimmed(model));
+    if (number && !words.empty()) {
+        return DriveNumberText(number) + ' ' + words;
+    }
+    return words.empty() ? DriveNumberText(number) : words;
+}
+
 std::string OrDash(const std::string& text) {
     return text.empty() ? "-" : Printable(text);
 }

@@ -20,6 +20,10 @@ std::string_view Trimmed(std::string_view text);
 /// Returns a drive number as people write it: "#0"; a dash without one.
 std::string DriveNumberText(std::optional<std::int64_t> number);
 
+/// Returns a disk as people name it: "#0 MODEL"; what is missing is left out, and a dash stands for
+/// both. The model has no blanks at its ends and is otherwise unchanged.
+std::string DiskName(std::optional<std::int64_t> number, std::string_view model);
+
 /// Returns the printable text, see Printable; a dash if it is empty.
 std::string OrDash(const std::string& text);
 
