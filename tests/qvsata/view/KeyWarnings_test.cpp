@@ -29,6 +29,33 @@ TEST(KeyWarnings, NameDisksOfWhichOneIdIsPartOfTheOther) {
     EXPECT_EQ(KeyWarnings({DiskWithId(2, "IDE\\AB"), DiskWithId(1, "IDE\\A")}), warning);
 }
 
+TEST(KeyWarnings, AreALineForAllDisksWithOneId) {
+    EXPECT_EQ(
+        KeyWarnings({DiskWithId(1, "IDE\\A"), DiskWithId(2, "ide\\a"), DiskWithId(3, "IDE\\A"),
+                     DiskWithId(4, "IDE\\AB"), DiskWithId(5, "X\\IDE\\A")}),
+        "warning: disks #1, #2 and #3 have one plug-and-play ID: their instances have the same "
+        "keys\n"
+        "warning: the plug-and-play ID of disks #1, #2 and #3 is part of those of disks #4 and "
+        "#5: associations of one may name the others, too\n");
+}
+
+TEST(KeyWarnings, NameTheFirstOfManyDisks) {
+    const std::vector<view::OsDisk> disks(1000, DiskWithId(7, "IDE\\A"));
+    EXPECT_EQ(
+        KeyWarnings(disks),
+        "warning: disks #7, #7, #7, #7, #7, #7, #7, #7 and 992 more have one plug-and-play ID: "
+        "their instances have the same keys\n");
+}
+
+TEST(KeyWarnings, AreALineForAllDisksWithOneSerialNumber) {
+    view::OsDisk disk = DiskWithId(1, "");
+    disk.serialNumber = "SN1";
+    EXPECT_EQ(view::SerialNumberWarnings({disk, DiskWithId(2, ""), disk, disk}),
+              (std::vector<std::string>{
+                  "disk #2 is published without a serial number",
+                  "disks #1, #1 and #1 are published with one serial number: SN1"}));
+}
+
 TEST(KeyWarnings, NameADiskWithoutAnIdAndCompareItWithNoOther) {
     EXPECT_EQ(KeyWarnings({DiskWithId(0, "IDE\\A"), DiskWithId(1, "")}),
               "warning: disk #1 has no plug-and-play ID\n");
