@@ -29,10 +29,10 @@ public:
         return table[Below(std::size(table))];
     }
 
-    /// Returns the bytes up to the next line feed, and skips it.
-    std::string Line() {
+    /// Returns the bytes up to the next line feed, or another end, and skips it.
+    std::string Line(char end = '\n') {
         const std::string_view rest = TextOf(bytes_);
-        const std::string line(rest.substr(0, rest.find('\n')));
+        const std::string line(rest.substr(0, rest.find(end)));
         bytes_ = bytes_.subspan(line.size() + (line.size() < rest.size() ? 1 : 0));
         return line;
     }

@@ -1,11 +1,16 @@
 #include <algorithm>
+#include <iterator>
+#include <memory>
+#include <string>
+#include <vector>
 
-#include "fuzz/Oracle.h"
+#include "fuzz/Chooser.h"
 #include "qvsata/view/SerialNumber.h"
 #include "qvsata/view/text/Characters.h"
 #include "source/InstanceRecord.h"
 #include "source/SourceRules.h"
 #include "source/Text.h"
+#include "tests/support/ScriptedHost.h"
 
 namespace qv::fuzz {
 namespace {
@@ -48,13 +53,50 @@ void CheckSerialNumber(const std::string& raw) {
     }
 }
 
+using test::ScriptedRow;
+
+// Finds disks and rows by each of the IDs, as a disk's and as another row's.
+void CheckLookUps(const std::vector<std::string>& ids) {
+    platform::Rows media;
+    std::ranges::transform(ids, std::back_inserter(media), [](const std::string& id) {
+        return std::make_shared<ScriptedRow>(test::Properties{{"Tag", id}});
+    });
+    const MediaOfDisks mediaOfDisks(media);
+    const PredictedDisks predictedDisks(ids);
+    for (const std::string& id : ids) {
+        const ScriptedRow disk({{"DeviceID", id}});
+        Require(mediaOfDisks.Of(disk) == FindMediaOfDisk(disk, media),
+                "a disk's media row is the one that a plain loop finds");
+        KeyTable::Places predicted;
+        for (std::size_t place = 0; place < ids.size(); ++place) {
+            if (IsPredictionOf(ToUpper(id), ToUpper(ids[place]))) {
+                predicted.push_back(place);
+            }
+        }
+        Require(predictedDisks.Of(ScriptedRow({{"InstanceName", id}})) == predicted,
+                "a prediction belongs to the disks that a plain loop finds");
+    }
+}
+
+std::vector<std::string> Lines(Chooser chooser) {
+    // The plain loops are not what the target tests.
+    constexpr std::size_t mostLines = 16;
+    std::vector<std::string> lines;
+    while (!chooser.AtEnd() && lines.size() < mostLines) {
+        lines.push_back(chooser.Line());
+    }
+    return lines;
+}
+
 }  // namespace
 
+// The whole input is an ID, and so is each of its lines.
 void RunDeviceId(Bytes input) {
     const std::string id(TextOf(input));
     CheckText(id);
     CheckRules(id);
     CheckSerialNumber(id);
+    CheckLookUps(Lines(Chooser(input)));
 }
 
 }  // namespace qv::fuzz

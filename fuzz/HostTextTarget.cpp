@@ -5,6 +5,8 @@
 #include "qvsata/output/OutputJson.h"
 #include "qvsata/output/OutputText.h"
 #include "qvsata/recorded/HostFile.h"
+#include "qvsata/recorded/HostText.h"
+#include "qvsata/recorded/TextFile.h"
 #include "qvsata/service/RecordedMachine.h"
 
 namespace qv::fuzz {
@@ -87,7 +89,7 @@ std::size_t CheckAnswers(const RecordedHost& host) {
 void RunHostText(Bytes input) {
     std::optional<RecordedHost> host;
     try {
-        host = ReadHostText(TextOf(input), "host.json");
+        host = ReadHostText(TextOfBytes(std::string(TextOf(input)), "host.json"), "host.json");
     } catch (const HostFileError& error) {
         const std::string_view message = error.what();
         Require(message.starts_with("host.json: ") && message.find('\n') == std::string_view::npos,
@@ -95,8 +97,10 @@ void RunHostText(Bytes input) {
         return;
     }
     const std::string text = AsText(*host);
-    Require(AsText(ReadHostText(text, "written.json")) == text,
-            "a host that is written is read as the same");
+    for (const std::string& written : {text, HostAsText(*host)}) {
+        Require(AsText(ReadHostText(written, "written.json")) == text,
+                "a host that is written is read as the same");
+    }
     // The associations of many equal rows are many, which is no fault.
     if (CheckAnswers(*host) <= 40) {
         CheckClass(*host, input.size());

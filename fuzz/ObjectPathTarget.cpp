@@ -21,6 +21,8 @@ bool HasSameParts(const ObjectPath& left, const ObjectPath& right) {
 }
 
 void CheckPath(std::string_view text) {
+    const auto cut = CutPath(text);
+    Require(!cut || text.ends_with(cut->relative), "the rest of a path that is cut is its end");
     PathError error;
     const auto path = ParseObjectPath(text, &error);
     if (!path) {
@@ -35,7 +37,6 @@ void CheckPath(std::string_view text) {
         ParseObjectPath(FormatObjectPath(*path, PathForm::relative, KeyOrder::alphabetical));
     Require(sorted && IdentityOf(*sorted) == IdentityOf(*path),
             "the identity ignores server, namespace and the order of keys");
-    const auto cut = CutPath(text);
     Require(cut && EqualsIgnoringCase(cut->className, path->className),
             "a path that is cut has the class of the path that is parsed");
 }

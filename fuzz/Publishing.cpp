@@ -20,32 +20,12 @@
 namespace qv::fuzz {
 namespace {
 
+using test::RecordedProvider;
 using Published = std::map<std::string_view, RecordList>;
 using References = std::vector<std::vector<std::string>>;
 
-/// The core on a recorded host; it answers each query once, so that many executions fit in a
-/// second.
-class Provider final : public test::RecordedProvider {
-public:
-    using RecordedProvider::RecordedProvider;
-
-    Status RunWqlQuery(std::string_view nameSpace, std::string_view query,
-                       platform::Rows& rows) const override {
-        const auto [found, isNew] =
-            answers_.try_emplace(std::string(nameSpace).append(":").append(query));
-        auto& [status, answer] = found->second;
-        if (isNew) {
-            status = RecordedProvider::RunWqlQuery(nameSpace, query, answer);
-        }
-        rows = answer;
-        return status;
-    }
-
-private:
-    mutable std::map<std::string, std::pair<Status, platform::Rows>> answers_;
-};
-
-Published Publish(const Provider& provider, std::initializer_list<std::string_view> classes) {
+Published Publish(const RecordedProvider& provider,
+                  std::initializer_list<std::string_view> classes) {
     Published published;
     for (const std::string_view name : classes) {
         published.emplace(name, provider.All(name));
@@ -153,7 +133,7 @@ void CheckPlainText(std::string_view text) {
     }
 }
 
-void CheckAssociation(const Provider& provider, const Association& association) {
+void CheckAssociation(const RecordedProvider& provider, const Association& association) {
     const Published ends = Publish(
         provider,
         {association.first.className, association.second.className, association.third.className});
@@ -161,7 +141,7 @@ void CheckAssociation(const Provider& provider, const Association& association) 
             std::string(association.name) + " has the pairs that plain loops find");
 }
 
-void CheckClass(const Provider& provider, const PublishedClass& type, std::size_t chosen) {
+void CheckClass(const RecordedProvider& provider, const PublishedClass& type, std::size_t chosen) {
     if (type.association != nullptr) {
         CheckAssociation(provider, *type.association);
     }
@@ -177,7 +157,7 @@ void CheckClass(const Provider& provider, const PublishedClass& type, std::size_
 }  // namespace
 
 void CheckClass(const service::RecordedHost& host, std::size_t chosen) {
-    const Provider provider(host);
+    const RecordedProvider provider(host);
     const auto classes = PublishedClasses();
     try {
         CheckClass(provider, classes[chosen % classes.size()], chosen / classes.size());
@@ -188,7 +168,7 @@ void CheckClass(const service::RecordedHost& host, std::size_t chosen) {
 }
 
 void CheckViews(const service::RecordedHost& host, std::size_t columns) {
-    const Provider provider(host);
+    const RecordedProvider provider(host);
     Published all;
     try {
         for (const PublishedClass& type : PublishedClasses()) {

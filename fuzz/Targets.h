@@ -18,11 +18,11 @@ struct Target {
 
 void RunHostText(Bytes input);      ///< a recorded host as JSON: read, written and published
 void RunHostTokens(Bytes input);    ///< a host put together from tokens, published
-void RunMof(Bytes input);           ///< a MOF file: read, written
+void RunMof(Bytes input);           ///< MOF files: read, written
 void RunWql(Bytes input);           ///< a query, or a condition, and its evaluation
 void RunObjectPath(Bytes input);    ///< an object path and its reduction
 void RunPairing(Bytes input);       ///< a matching rule and two lists of keys
-void RunDeviceId(Bytes input);      ///< the rules that take device IDs apart
+void RunDeviceId(Bytes input);      ///< the rules that take device IDs apart and compare them
 void RunTypedValue(Bytes input);    ///< a property's type and text
 void RunView(Bytes input);          ///< published objects of any content, as people read them
 void RunTerminalText(Bytes input);  ///< any bytes on a terminal

@@ -21,9 +21,9 @@ namespace qv::capture {
 /// the text.
 class Redaction {
 public:
-    /// @param key a text has the same replacement in all recordings with the same key, unless
-    /// another text of the recording is or has it
-    /// @param attempt selects other replacements
+    /// @param key a text has the same replacement in all recordings with the same key and attempt,
+    /// unless another text of the recording is or has it
+    /// @param attempt each one selects other replacements for all texts
     Redaction(const service::RecordedHost& host, const RedactionKey& key, unsigned attempt);
 
     /// Returns a text with all secrets replaced that reach into any text.

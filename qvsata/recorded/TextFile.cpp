@@ -65,9 +65,7 @@ std::optional<std::string> Decoded(std::string_view bytes, std::size_t high) {
 
 }  // namespace
 
-std::string ReadTextFile(const std::filesystem::path& file, const std::string& name,
-                         std::uintmax_t mostBytes) {
-    std::string bytes = ReadBytes(file, name, mostBytes);
+std::string TextOfBytes(std::string bytes, const std::string& name) {
     if (bytes.starts_with(utf8Mark)) {
         return bytes.substr(utf8Mark.size());
     }
@@ -84,6 +82,11 @@ std::string ReadTextFile(const std::filesystem::path& file, const std::string& n
         throw HostFileError(name + ": UTF-16 without a byte-order mark; save it as UTF-8");
     }
     return bytes;
+}
+
+std::string ReadTextFile(const std::filesystem::path& file, const std::string& name,
+                         std::uintmax_t mostBytes) {
+    return TextOfBytes(ReadBytes(file, name, mostBytes), name);
 }
 
 }  // namespace qv::service
