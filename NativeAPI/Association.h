@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string_view>
+#include <vector>
 
 #include "NativeAPI/KeyMatching.h"
 #include "source/InstanceRecord.h"
@@ -40,6 +41,15 @@ struct Association {
     MatchRule thirdRule = MatchRule::always;  ///< between the keys of the second and the third end
 
     constexpr bool HasThreeEnds() const { return !third.role.empty(); }
+
+    /// Returns the two or three ends, in order.
+    std::vector<AssociationEnd> Ends() const {
+        std::vector<AssociationEnd> ends{first, second};
+        if (HasThreeEnds()) {
+            ends.push_back(third);
+        }
+        return ends;
+    }
 };
 
 }  // namespace qv

@@ -152,7 +152,7 @@ MediaOfDisks::MediaOfDisks(const platform::Rows& media) {
 }
 
 const platform::Row* MediaOfDisks::Of(const platform::Row& disk) const {
-    return Find(byTag_, TextOrEmpty(disk, "DeviceID"));
+    return IsComparableWithMedia(disk) ? Find(byTag_, TextOrEmpty(disk, "DeviceID")) : nullptr;
 }
 
 PredictedDisks::PredictedDisks(std::vector<std::string> pnpDeviceIds)

@@ -64,14 +64,13 @@ bool IsComparableWithMedia(const platform::Row& disk);
 /// if a media row is compared with a disk for which IsComparableWithMedia does not hold.
 const platform::Row* FindMediaOfDisk(const platform::Row& disk, const platform::Rows& media);
 
-/// FindMediaOfDisk for many disks.
+/// Finds the media row of each of many disks, as FindMediaOfDisk does, but ends no request.
 class MediaOfDisks {
 public:
     /// The media rows must outlive the object.
     explicit MediaOfDisks(const platform::Rows& media);
 
-    /// Returns the media row of a disk for which IsComparableWithMedia holds; null if there is
-    /// none.
+    /// Returns the media row of a disk; null if it has none or IsComparableWithMedia does not hold.
     const platform::Row* Of(const platform::Row& disk) const;
 
 private:

@@ -2,6 +2,9 @@
 
 #include <charconv>
 #include <cstdint>
+#include <stdexcept>
+#include <string>
+#include <system_error>
 #include <utility>
 
 #include "qvsata/capture/Secrets.h"
@@ -11,12 +14,16 @@ namespace {
 
 using namespace service;
 
-/// Returns a number with its digits replaced; 0 if there are none.
+/// Returns a number with its digits replaced; 0 if none are left. Throws std::logic_error if they
+/// become a text that is no number.
 std::int64_t MappedNumber(std::string_view property, std::int64_t number, const TextMap& map) {
     const bool isNegative = number < 0;
     const std::string digits = map(property, std::to_string(isNegative ? -number : number));
     std::int64_t mapped = 0;
-    std::from_chars(digits.data(), digits.data() + digits.size(), mapped);
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), mapped);
+    if (!digits.empty() && (error != std::errc() || end != digits.data() + digits.size())) {
+        throw std::logic_error("the digits of a number became '" + digits + "'");
+    }
     return isNegative ? -mapped : mapped;
 }
 

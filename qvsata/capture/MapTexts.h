@@ -13,7 +13,8 @@ namespace qv::capture {
 using TextMap = std::function<std::string(std::string_view property, const std::string& text)>;
 
 /// Returns a recording with the names of `computer`, the same classes and rows, and each text of a
-/// row replaced. Other values, failures and the system stay.
+/// row replaced. Other values, failures and the system stay. Throws std::logic_error if the digits
+/// of a number become a text that is neither empty nor a number.
 service::RecordedHost MapTexts(const service::RecordedHost& host,
                                const service::RecordedHost& computer, const TextMap& map);
 

@@ -50,12 +50,22 @@ std::wstring DigitsOf(wchar_t character, bool isUpper) {
     return {all[code / 16 % 16], all[code % 16]};
 }
 
-/// Returns whether a text is a number that a row can have: without zeros before it, below 2^31.
-bool IsNumber(std::wstring_view text) {
-    constexpr std::wstring_view greatest = L"2147483647";
+/// Returns whether a text is a number without zeros before it, and not above `greatest`, which has
+/// ten digits.
+bool IsNumberUpTo(std::wstring_view greatest, std::wstring_view text) {
     return !text.empty() && text.find_first_not_of(L"0123456789") == text.npos &&
            (text.size() == 1 || text.front() != L'0') &&
            (text.size() < greatest.size() || (text.size() == greatest.size() && text <= greatest));
+}
+
+/// Returns whether a text is that of a number in a row: the digits of a negative one may be 2^31.
+bool IsNumber(std::wstring_view text) {
+    return IsNumberUpTo(L"2147483648", text);
+}
+
+/// Returns whether a text is that of a number in a row, with either sign.
+bool IsNumberOfEitherSign(std::wstring_view text) {
+    return IsNumberUpTo(L"2147483647", text);
 }
 
 }  // namespace
@@ -259,7 +269,7 @@ void Redaction::ChooseReplacements(const RedactionKey& key, unsigned attempt) {
                 replacements_[own[index]] = characters[index];
             }
             const std::wstring replacement = ReplacementOf(glyphs);
-            isChosen = replacement != text && IsNumber(replacement) == IsNumber(text) &&
+            isChosen = replacement != text && IsNumberOfEitherSign(replacement) == IsNumber(text) &&
                        taken.insert(replacement).second;
         }
         isDistinct_ = isDistinct_ && isChosen;

@@ -17,8 +17,8 @@ namespace qv::capture {
 /// The replacements of all secrets of a recording. The same text has the same replacement, of the
 /// same length and with letters and digits at the same places; different texts have different ones;
 /// a text that is part of another stays part of it. A number in decimal digits without a sign is
-/// replaced by one, within 32 signed bits if it is. Without the key a replacement says nothing of
-/// the text.
+/// replaced by one, which with its sign is within 32 bits if the number is. Without the key a
+/// replacement says nothing of the text.
 class Redaction {
 public:
     /// @param key a text has the same replacement in all recordings with the same key and attempt,

@@ -25,12 +25,6 @@ struct ObjectProperty {
     bool isInherited = false;  ///< declared by an ancestor of the object's class
 };
 
-/// A reference of an association: its role and the object that it names.
-struct Reference {
-    std::string role;
-    ObjectPath path;
-};
-
 /// An instance or a class definition of a namespace, from any source. Reading has no side effects
 /// and may be done from several threads at once.
 class Object {

@@ -1,6 +1,7 @@
 #include "qvsata/cim/ObjectPath.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "qvsata/cim/ObjectPathParser.h"
 #include "source/Text.h"
@@ -27,6 +28,16 @@ bool IsSameKey(const PathKey& left, const PathKey& right) {
 std::vector<PathKey> Sorted(std::vector<PathKey> keys) {
     std::ranges::stable_sort(keys, {}, [](const PathKey& key) { return FoldCase(key.name); });
     return keys;
+}
+
+// Joins the identities of keys: each is Name=identity of the value.
+std::string JoinedIdentities(std::vector<std::string> keys) {
+    std::ranges::sort(keys);
+    std::string identity;
+    for (const std::string& key : keys) {
+        identity.append("\n").append(key);
+    }
+    return identity;
 }
 
 }  // namespace
@@ -91,20 +102,22 @@ std::string IdentityOf(const std::vector<PathKey>& keys) {
     std::vector<std::string> texts;
     for (const PathKey& key : keys) {
         const auto reference = ParseInstancePath(key.value);
-        texts.push_back(
-            FoldCase(key.name) + '=' +
-            (reference && !reference->keys.empty() ? IdentityOf(*reference) : FoldCase(key.value)));
+        texts.push_back(FoldCase(key.name) + '=' +
+                        (reference ? IdentityOf(*reference) : FoldCase(key.value)));
     }
-    std::ranges::sort(texts);
-    std::string identity;
-    for (const std::string& text : texts) {
-        identity.append("\n").append(text);
+    return JoinedIdentities(std::move(texts));
+}
+
+std::string IdentityOf(const std::vector<Reference>& keys) {
+    std::vector<std::string> texts;
+    for (const Reference& key : keys) {
+        texts.push_back(FoldCase(key.role) + '=' + IdentityOf(key.path));
     }
-    return identity;
+    return JoinedIdentities(std::move(texts));
 }
 
 std::string IdentityOf(const ObjectPath& path) {
-    return FoldCase(path.className) + IdentityOf(path.keys);
+    return FoldCase(path.className) + (path.singleton ? "=@" : "") + IdentityOf(path.keys);
 }
 
 std::string NormalNamespace(std::string_view nameSpace) {

@@ -27,6 +27,12 @@ struct ObjectPath {
     bool NamesInstance() const { return !keys.empty() || singleton; }
 };
 
+/// A reference of an association: its role and the object that it names.
+struct Reference {
+    std::string role;
+    ObjectPath path;
+};
+
 /// Which parts of a path are written.
 enum class PathForm {
     relative,       ///< Class.Key="value"
@@ -63,8 +69,9 @@ bool HaveSameKeys(const std::vector<PathKey>& left, const std::vector<PathKey>& 
 /// NamesSameObject decides.
 std::string IdentityOf(const ObjectPath& path);
 
-/// Returns the same for the keys of objects of one class.
+/// Return the same for the keys of objects of one class, or for references that are the keys.
 std::string IdentityOf(const std::vector<PathKey>& keys);
+std::string IdentityOf(const std::vector<Reference>& keys);
 
 /// Returns a namespace with backslashes, without a server or a leading backslash; letter case is
 /// kept.

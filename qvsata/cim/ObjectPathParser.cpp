@@ -34,16 +34,8 @@ bool IsUnquotedValue(std::string_view text) {
     return !digits.empty() && std::ranges::all_of(digits, IsDigit);
 }
 
-struct LessIgnoringCase {
-    bool operator()(std::string_view left, std::string_view right) const {
-        const auto fold = [](char c) {
-            return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-        };
-        return std::ranges::lexicographical_compare(left, right, {}, fold, fold);
-    }
-};
-
-/// It throws nothing: a recording has many texts that are no paths.
+/// Reports errors by return value: most texts of a recording are not paths, and exceptions would be
+/// slow.
 class PathParser {
 public:
     explicit PathParser(std::string_view text) : text_(text) {}
@@ -142,17 +134,16 @@ private:
     }
 
     bool ParseKeys() {
-        std::set<std::string_view, LessIgnoringCase> given;
+        std::set<std::string> given;
         do {
             PathKey& key = path_.keys.emplace_back();
-            const std::size_t begin = position_;
             if (!ParseName(key.name, "expected a key name")) {
                 return false;
             }
             if (!TakeIf('=')) {
                 return Fail("expected = after the key name");
             }
-            if (!given.insert(text_.substr(begin, key.name.size())).second) {
+            if (!given.insert(FoldCase(key.name)).second) {
                 return Fail("a key is given twice");
             }
             if (!ParseValue(key)) {

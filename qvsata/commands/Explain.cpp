@@ -156,7 +156,7 @@ std::vector<view::OsDisk> WithPublishedSerialNumbers(const explain::SourceRows& 
     const MediaOfDisks mediaOfDisks(rows.media);
     for (view::OsDisk& disk : disks) {
         const platform::Row& row = *rows.disks.at(places.Of(disk));
-        const auto* const media = IsComparableWithMedia(row) ? mediaOfDisks.Of(row) : nullptr;
+        const auto* const media = mediaOfDisks.Of(row);
         disk.serialNumber =
             media == nullptr ? "" : view::Trimmed(TextOrEmpty(*media, "SerialNumber"));
     }
@@ -201,7 +201,7 @@ std::optional<explain::Explanation> ExplainHost(const service::ProviderHost& hos
     }
     explain::SourceRows rows = explain::ReadSourceRows(service::MachineQueries(host.Machine()));
     const view::PublishedHost published =
-        ReadExplained(host.Published(), explain::FailsMediaSearch(rows));
+        ReadExplained(host.Published(), explain::FailingMediaSearch(rows).has_value());
     rows.unread = UnreadClasses(host.Journal().Queries());
     explain::Explanation explanation{Verdicts(rows, published, mostJoins),
                                      {rows.unread.begin(), rows.unread.end()},

@@ -13,14 +13,6 @@
 namespace qv::explain {
 namespace {
 
-std::vector<AssociationEnd> EndsOf(const Association& association) {
-    std::vector<AssociationEnd> ends{association.first, association.second};
-    if (association.HasThreeEnds()) {
-        ends.push_back(association.third);
-    }
-    return ends;
-}
-
 std::vector<std::string> KeysOf(const view::PublishedHost& published, const AssociationEnd& end) {
     std::vector<std::string> keys;
     for (const view::PublishedObject& object : view::InstancesOf(published, end.className)) {
@@ -34,7 +26,7 @@ std::vector<std::string> KeysOf(const view::PublishedHost& published, const Asso
 std::vector<ExplainedClass> ExplainedClasses() {
     std::vector<ExplainedClass> classes;
     for (const Association& association : associations) {
-        for (const AssociationEnd& end : EndsOf(association)) {
+        for (const AssociationEnd& end : association.Ends()) {
             auto one = std::ranges::find(classes, end.className, &ExplainedClass::name);
             if (one == classes.end()) {
                 one = classes.insert(one, {end.className});
@@ -51,13 +43,13 @@ AssociationUse::AssociationUse(const view::PublishedHost& published, std::size_t
     for (const Association& association : associations) {
         Use use{association.name, {}};
         std::vector<std::vector<std::string>> keys;
-        for (const AssociationEnd& end : EndsOf(association)) {
+        for (const AssociationEnd& end : association.Ends()) {
             if (published.contains(end.className)) {
                 keys.push_back(KeysOf(published, end));
                 use.takesPart[end.className].resize(keys.back().size());
             }
         }
-        if (keys.size() != EndsOf(association).size()) {
+        if (keys.size() != association.Ends().size()) {
             continue;
         }
         const auto pair = [&](std::size_t first, MatchRule rule) {

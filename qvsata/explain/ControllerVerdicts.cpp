@@ -1,6 +1,5 @@
 // The verdicts on controllers, channels and the drivers that serve them.
 #include <array>
-#include <map>
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
@@ -30,36 +29,6 @@ const std::vector<std::string_view> softwareOfController{
 const platform::Row* ControllerOfChannel(const Facts& facts, const platform::Row& channel) {
     return facts.links.ControllerOfChannel(TextOrEmpty(channel, "__PATH"));
 }
-
-// The drivers by what they serve.
-struct Drivers {
-    explicit Drivers(const Facts& facts) {
-        for (const auto& controller : facts.rows.controllers) {
-            controllerNames.emplace(TextOrEmpty(*controller, "DeviceID"),
-                                    ControllerName(*controller));
-        }
-        for (const ServingDriver& driver : facts.rows.drivers) {
-            ofController[driver.controllerId].push_back(&driver);
-            if (driver.IsPublished()) {
-                published[*driver.family] = &driver;
-            }
-        }
-    }
-
-    std::string NameWithId(const std::string& deviceId) const {
-        const auto found = controllerNames.find(deviceId);
-        return found == controllerNames.end() ? deviceId : found->second;
-    }
-
-    // Returns the controller of the driver that is published of a driver's family.
-    std::string ControllerOfFamily(const ServingDriver& driver) const {
-        return NameWithId(published.at(*driver.family)->controllerId);
-    }
-
-    std::unordered_map<std::string, std::string> controllerNames;  // of the first with an ID
-    std::unordered_map<std::string, std::vector<const ServingDriver*>> ofController;  // by ID
-    std::map<ControllerFamily, const ServingDriver*> published;
-};
 
 // What hangs on controllers.
 struct Attachments {
@@ -92,10 +61,7 @@ std::string FamilyDrivers() {
 std::optional<Finding> MissingSoftware(const Facts& facts, const Drivers& drivers,
                                        const std::string& deviceId) {
     std::optional<Finding> missing;
-    const auto serving = drivers.ofController.find(deviceId);
-    for (const ServingDriver* const driver : serving == drivers.ofController.end()
-                                                 ? std::vector<const ServingDriver*>{}
-                                                 : serving->second) {
+    for (const ServingDriver* const driver : FindOrEmpty(drivers.ofController, deviceId)) {
         if (driver->IsPublished()) {
             return std::nullopt;
         }
@@ -153,9 +119,9 @@ void NoteChannel(const Facts& facts, const platform::Row& channel, Verdict& verd
 
 }  // namespace
 
-std::vector<Verdict> ControllerVerdicts(const Facts& facts, Publisher& publisher) {
+std::vector<Verdict> ControllerVerdicts(const Facts& facts, const Drivers& drivers,
+                                        Publisher& publisher) {
     std::vector<Verdict> verdicts;
-    const Drivers drivers(facts);
     Attachments attachments(facts);
     for (const auto& controller : facts.rows.controllers) {
         const std::string deviceId = TextOrEmpty(*controller, "DeviceID");
@@ -183,9 +149,9 @@ std::vector<Verdict> ControllerVerdicts(const Facts& facts, Publisher& publisher
     return verdicts;
 }
 
-std::vector<Verdict> DriverVerdicts(const Facts& facts, Publisher& publisher) {
+std::vector<Verdict> DriverVerdicts(const Facts& facts, const Drivers& drivers,
+                                    Publisher& publisher) {
     std::vector<Verdict> verdicts;
-    const Drivers drivers(facts);
     for (const ServingDriver& driver : facts.rows.drivers) {
         const std::string controller = drivers.NameWithId(driver.controllerId);
         Verdict verdict{source::servingDrivers, driver.name + " for " + controller,

@@ -28,20 +28,12 @@ bool BelongsToDisks(const Facts& facts, Verdict& verdict, const Places& disks, R
 template <typename Key>
 using DisksByKey = std::unordered_map<Key, Places>;
 
-template <typename Key>
-const Places& Find(const DisksByKey<Key>& disks, const Key& key) {
-    static const Places none;
-    const auto found = disks.find(key);
-    return found == disks.end() ? none : found->second;
-}
-
-// Returns the disks that can be compared with media rows, by DeviceID.
-DisksByKey<std::string> DisksWithMedia(const Facts& facts) {
+// Returns the disks that have a media row, by its Tag.
+DisksByKey<std::string> DisksByTag(const Facts& facts) {
     DisksByKey<std::string> disks;
-    for (std::size_t place = 0; place < facts.rows.disks.size(); ++place) {
-        const platform::Row& disk = *facts.rows.disks[place];
-        if (IsComparableWithMedia(disk)) {
-            disks[TextOrEmpty(disk, "DeviceID")].push_back(place);
+    for (std::size_t place = 0; place < facts.mediaOfDisk.size(); ++place) {
+        if (const platform::Row* const media = facts.mediaOfDisk[place]) {
+            disks[TextOrEmpty(*media, "Tag")].push_back(place);
         }
     }
     return disks;
@@ -51,7 +43,7 @@ Verdict MediaVerdict(const Facts& facts, const DisksByKey<std::string>& disks,
                      const platform::Row& media) {
     const std::string tag = TextOrEmpty(media, "Tag");
     Verdict verdict{source::media, tag, tag};
-    if (!BelongsToDisks(facts, verdict, Find(disks, tag), Rule::hasSerialNumber,
+    if (!BelongsToDisks(facts, verdict, FindOrEmpty(disks, tag), Rule::hasSerialNumber,
                         Rule::isMediaOfUnpublished)) {
         LeaveOut(facts, verdict, {source::disks}, {Rule::isMediaOfNone, {tag}});
     } else if (verdict.outcome == Outcome::used) {
@@ -99,7 +91,7 @@ Verdict PartitionVerdict(const Facts& facts, const DisksOfPartition& disks,
                          const platform::Row& partition) {
     const std::string id = TextOrEmpty(partition, "DeviceID");
     Verdict verdict{source::partitions, id, id};
-    if (!BelongsToDisks(facts, verdict, Find(disks, &partition), Rule::isNotLast,
+    if (!BelongsToDisks(facts, verdict, FindOrEmpty(disks, &partition), Rule::isNotLast,
                         Rule::isOfUnpublished)) {
         LeaveOut(facts, verdict, {source::partitionLinks, source::disks}, {Rule::isOfNoDisk});
     } else if (verdict.outcome == Outcome::used) {
@@ -151,7 +143,7 @@ Verdict PredictionVerdict(const Facts& facts, std::size_t place) {
 
 std::vector<Verdict> MediaVerdicts(const Facts& facts) {
     std::vector<Verdict> verdicts;
-    const DisksByKey<std::string> disks = DisksWithMedia(facts);
+    const DisksByKey<std::string> disks = DisksByTag(facts);
     for (const auto& media : facts.rows.media) {
         verdicts.push_back(MediaVerdict(facts, disks, *media));
     }

@@ -30,19 +30,20 @@ std::vector<Verdict> Explain(const SourceRows& rows, const view::PublishedHost& 
                              std::size_t mostJoins) {
     CheckJoins(rows, mostJoins);
     const Facts facts(rows);
+    const Drivers drivers(facts);
     Publisher publisher(published);
     std::vector<Verdict> verdicts;
     const auto append = [&verdicts](std::vector<Verdict> more) {
         std::ranges::move(more, std::back_inserter(verdicts));
     };
     append(DiskVerdicts(facts, publisher));
-    append(ControllerVerdicts(facts, publisher));
+    append(ControllerVerdicts(facts, drivers, publisher));
     append(LinkVerdicts(facts));
     append(MediaVerdicts(facts));
     append(PartitionVerdicts(facts));
     append(PartitionLinkVerdicts(facts));
     append(PredictionVerdicts(facts));
-    append(DriverVerdicts(facts, publisher));
+    append(DriverVerdicts(facts, drivers, publisher));
     const AssociationUse use(published, mostJoins);
     for (Verdict& verdict : verdicts) {
         NoteEmpties(use, verdict);

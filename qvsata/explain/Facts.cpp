@@ -29,12 +29,11 @@ Facts::Facts(const SourceRows& sourceRows)
         diskNames.push_back(NameOf(*disk));
         diskIds.push_back(TextOrEmpty(*disk, "PNPDeviceID"));
         isPublished.push_back(IsIdeDisk(*disk));
-        const bool isComparable = IsComparableWithMedia(*disk);
-        mediaOfDisk.push_back(isComparable ? media.Of(*disk) : nullptr);
-        if (isPublished.back() && !isComparable && !rows.media.empty() && !mediaSearchFailure) {
-            mediaSearchFailure = Finding{Rule::failsMediaSearch, {diskNames.back()}};
-        }
+        mediaOfDisk.push_back(media.Of(*disk));
         partitionsOfDisk.push_back(partitions.PartitionsOfDisk(TextOrEmpty(*disk, "DeviceID")));
+    }
+    if (const auto disk = FailingMediaSearch(rows)) {
+        mediaSearchFailure = Finding{Rule::failsMediaSearch, {diskNames[*disk]}};
     }
     const PredictedDisks predicted(diskIds);
     for (const auto& prediction : rows.predictions) {
@@ -57,6 +56,27 @@ const platform::Row* Facts::FailureOf(std::size_t disk) const {
     const auto found = std::ranges::find_if(
         predictions, [](const auto& prediction) { return PredictsFailure(*prediction); });
     return diskIds[disk].empty() || found == predictions.end() ? nullptr : found->get();
+}
+
+Drivers::Drivers(const Facts& facts) {
+    for (const auto& controller : facts.rows.controllers) {
+        controllerNames.emplace(TextOrEmpty(*controller, "DeviceID"), ControllerName(*controller));
+    }
+    for (const ServingDriver& driver : facts.rows.drivers) {
+        ofController[driver.controllerId].push_back(&driver);
+        if (driver.IsPublished()) {
+            published[*driver.family] = &driver;
+        }
+    }
+}
+
+std::string Drivers::NameWithId(const std::string& deviceId) const {
+    const auto found = controllerNames.find(deviceId);
+    return found == controllerNames.end() ? deviceId : found->second;
+}
+
+std::string Drivers::ControllerOfFamily(const ServingDriver& driver) const {
+    return NameWithId(published.at(*driver.family)->controllerId);
 }
 
 void Publisher::Publish(Verdict& verdict, std::span<const std::string_view> classes) {

@@ -7,6 +7,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "qvsata/explain/SourceRows.h"
@@ -18,6 +19,14 @@ namespace qv::explain {
 
 /// Places of rows in their class, in ascending order.
 using Places = std::vector<std::size_t>;
+
+/// Returns what a map has for a key; an empty value if it has nothing.
+template <typename Map>
+const typename Map::mapped_type& FindOrEmpty(const Map& map, const typename Map::key_type& key) {
+    static const typename Map::mapped_type empty{};
+    const auto found = map.find(key);
+    return found == map.end() ? empty : found->second;
+}
 
 /// What all verdicts share: the rows, and what the provider's rules say about them.
 struct Facts {
@@ -38,12 +47,28 @@ struct Facts {
     std::vector<bool> isPublished;       ///< whether the disk is
     /// By place: the disk's media row; null if it has none or cannot be compared with them.
     std::vector<const platform::Row*> mediaOfDisk;
-    std::optional<Finding> mediaSearchFailure;  ///< why requests fail, see FailsMediaSearch
+    std::optional<Finding> mediaSearchFailure;  ///< why requests fail, see FailingMediaSearch
     /// By place: the rows that predict the disk's failure or not, as the events see it.
     std::vector<platform::Rows> predictionsOfDisk;
     std::vector<Places> disksOfPrediction;  ///< the same by place in rows.predictions
     ControllerLinks links;
     std::vector<std::vector<const platform::Row*>> partitionsOfDisk;  ///< by place
+};
+
+/// The drivers of controllers by what they serve.
+struct Drivers {
+    /// The facts must outlive the object.
+    explicit Drivers(const Facts& facts);
+
+    /// Returns the controller with an ID for people; the ID if there is none.
+    std::string NameWithId(const std::string& deviceId) const;
+
+    /// Returns the controller of the driver that is published of a driver's family.
+    std::string ControllerOfFamily(const ServingDriver& driver) const;
+
+    std::unordered_map<std::string, std::string> controllerNames;  ///< of the first with an ID
+    std::unordered_map<std::string, std::vector<const ServingDriver*>> ofController;  ///< by ID
+    std::map<ControllerFamily, const ServingDriver*> published;
 };
 
 /// Names published instances. A builder returns its instances in the order of the rows that it
@@ -86,8 +111,10 @@ std::vector<Verdict> MediaVerdicts(const Facts& facts);
 std::vector<Verdict> PartitionVerdicts(const Facts& facts);
 std::vector<Verdict> PartitionLinkVerdicts(const Facts& facts);
 std::vector<Verdict> PredictionVerdicts(const Facts& facts);
-std::vector<Verdict> ControllerVerdicts(const Facts& facts, Publisher& publisher);
-std::vector<Verdict> DriverVerdicts(const Facts& facts, Publisher& publisher);
+std::vector<Verdict> ControllerVerdicts(const Facts& facts, const Drivers& drivers,
+                                        Publisher& publisher);
+std::vector<Verdict> DriverVerdicts(const Facts& facts, const Drivers& drivers,
+                                    Publisher& publisher);
 std::vector<Verdict> LinkVerdicts(const Facts& facts);
 
 }  // namespace qv::explain

@@ -42,14 +42,10 @@ Attached AttachedBy(const Facts& facts, const NamedDevices& devices, const platf
     if (!named) {
         return attached;
     }
-    if (const auto disks = devices.disks.find(named->diskId); disks != devices.disks.end()) {
-        attached.disks = DisksAmong(facts, disks->second, true);
-        attached.unpublishedDisks = DisksAmong(facts, disks->second, false);
-    }
-    if (const auto rows = devices.channels.find(named->channelPath);
-        rows != devices.channels.end()) {
-        attached.channels = rows->second;
-    }
+    const Places& disks = FindOrEmpty(devices.disks, named->diskId);
+    attached.disks = DisksAmong(facts, disks, true);
+    attached.unpublishedDisks = DisksAmong(facts, disks, false);
+    attached.channels = FindOrEmpty(devices.channels, named->channelPath);
     return attached;
 }
 

@@ -30,10 +30,13 @@ SourceRows ReadSourceRows(const platform::QueryPort& machine) {
     return rows;
 }
 
-bool FailsMediaSearch(const SourceRows& rows) {
-    return !rows.media.empty() && std::ranges::any_of(rows.disks, [](const auto& disk) {
+std::optional<std::size_t> FailingMediaSearch(const SourceRows& rows) {
+    const auto found = std::ranges::find_if(rows.disks, [](const auto& disk) {
         return IsIdeDisk(*disk) && !IsComparableWithMedia(*disk);
     });
+    return rows.media.empty() || found == rows.disks.end()
+               ? std::nullopt
+               : std::optional(static_cast<std::size_t>(found - rows.disks.begin()));
 }
 
 }  // namespace qv::explain

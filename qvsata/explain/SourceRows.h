@@ -1,6 +1,8 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -47,9 +49,9 @@ struct SourceRows {
     std::set<std::string_view> unread;
 };
 
-/// Returns whether the requests that compare disks with media rows fail, because of a published
-/// disk that IsComparableWithMedia leaves out.
-bool FailsMediaSearch(const SourceRows& rows);
+/// Returns the place of the first published disk for which IsComparableWithMedia does not hold, if
+/// there are media rows: the requests that compare disks with them then fail.
+std::optional<std::size_t> FailingMediaSearch(const SourceRows& rows);
 
 SourceRows ReadSourceRows(const platform::QueryPort& machine);
 

@@ -4,8 +4,8 @@
 
 namespace qv::service {
 
-/// A value that copies share until one of them changes it. As long as it was not changed it is
-/// `Value()` and takes no memory of its own.
+/// A value that copies share until one of them changes it. Until its first change it equals
+/// `Value()` and allocates nothing.
 template <typename Value>
 class CopyOnWrite {
 public:

@@ -172,23 +172,23 @@ public:
     explicit NamespaceReader(std::string_view file) : top_(file) {}
 
     /// Takes the rows, classes and namespaces.
-    bool Take(std::span<const JsonStep> steps, Json& value) {
-        // The steps to a row are the member "namespaces", the namespace, the class and a place.
-        static constexpr std::array isElement{false, false, false, true};
-        if (steps.size() < 2 || steps.size() > isElement.size() || steps[0].name != "namespaces" ||
-            !std::ranges::equal(steps, std::span(isElement).first(steps.size()), {},
-                                &JsonStep::isElement)) {
+    bool Take(std::span<const JsonLevel> levels, Json& value) {
+        // A row is in the document, "namespaces", its namespace and the list of its class.
+        static constexpr std::array isArray{false, false, false, true};
+        if (levels.size() < 2 || levels.size() > isArray.size() ||
+            !std::ranges::equal(levels, std::span(isArray).first(levels.size()), {},
+                                &JsonLevel::IsArray) ||
+            levels[0].Name() != "namespaces") {
             return false;
         }
-        const Place place = namespaces_.Member(steps[1].name);
-        Enter(steps[1].name, place);
-        if (steps.size() == 2) {
+        const Place place = namespaces_.Member(levels[1].Name());
+        Enter(levels[1], place);
+        if (levels.size() == 2) {
             RequireObject(value, place);
-            isInside_ = false;
-        } else if (steps.size() == 3) {
-            AddClass(steps, value, place.Member(steps[2].name));
+        } else if (levels.size() == 3) {
+            AddClass(levels, value, place.Member(levels[2].Name()));
         } else {
-            AddRow(steps, value, place.Member(steps[2].name));
+            AddRow(levels, value, place.Member(levels[2].Name()));
         }
         return true;
     }
@@ -197,32 +197,32 @@ public:
     RecordedHost TakeHost() { return std::move(host_); }
 
 private:
-    void Enter(const std::string& nameSpace, const Place& place) {
-        if (isInside_) {
+    /// Defines the namespace at the first value inside it.
+    void Enter(const JsonLevel& namespaces, const Place& place) {
+        if (host_.Namespaces().size() > namespaces.place) {
             return;
         }
-        if (host_.FindNamespace(nameSpace) != nullptr) {
+        if (host_.FindNamespace(namespaces.Name()) != nullptr) {
             place.Fail("the namespace is given twice");
         }
-        host_.DefineNamespace(nameSpace);
-        isInside_ = true;
+        host_.DefineNamespace(namespaces.Name());
     }
 
-    void AddClass(std::span<const JsonStep> steps, const Json& json, const Place& place) {
+    void AddClass(std::span<const JsonLevel> levels, const Json& json, const Place& place) {
         if (json.is_object()) {
-            host_.FailClass(steps[1].name, steps[2].name, ToFailure(json, place));
+            host_.FailClass(levels[1].Name(), levels[2].Name(), ToFailure(json, place));
         } else if (json.is_array()) {
-            host_.DefineClass(steps[1].name, steps[2].name);
+            host_.DefineClass(levels[1].Name(), levels[2].Name());
         } else {
             place.Fail(noRows);
         }
     }
 
-    void AddRow(std::span<const JsonStep> steps, Json& json, const Place& place) {
-        if (steps[3].place == 0) {
-            class_ = &host_.DefineClass(steps[1].name, steps[2].name);
+    void AddRow(std::span<const JsonLevel> levels, Json& json, const Place& place) {
+        if (levels[3].place == 0) {
+            class_ = &host_.DefineClass(levels[1].Name(), levels[2].Name());
         }
-        RowProperties row = ToRow(json, place.Element(steps[3].place));
+        RowProperties row = ToRow(json, place.Element(levels[3].place));
         json = nullptr;  // frees it before the row is added
         class_->Add(std::move(row));
     }
@@ -230,7 +230,6 @@ private:
     const Place top_;
     const Place namespaces_ = top_.Member("namespaces");
     RecordedHost host_;
-    bool isInside_ = false;           ///< inside a namespace, which is defined
     RecordedClass* class_ = nullptr;  ///< of the row before
 };
 
@@ -253,10 +252,10 @@ RecordedSystem ToSystem(Json& root, const Place& top) {
 RecordedHost ReadHostText(std::string_view json, std::string_view name) {
     const Place top(name);
     NamespaceReader reader(name);
-    Json root =
-        ParseJson(json, std::string(name), [&reader](std::span<const JsonStep> steps, Json& value) {
-            return reader.Take(steps, value);
-        });
+    Json root = ParseJson(json, std::string(name),
+                          [&reader](std::span<const JsonLevel> levels, Json& value) {
+                              return reader.Take(levels, value);
+                          });
     RequireObject(root, top);
     const Json& computer = RequireMember(root, "computer", top);
     const Place names = top.Member("computer");

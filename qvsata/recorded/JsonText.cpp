@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <set>
 #include <utility>
 #include <vector>
 
@@ -31,22 +30,16 @@ public:
     bool binary(const Json::binary_t&) { return false; }  // never in a text
     bool start_array(std::size_t) { return Open(Json::array()); }
     bool end_array() { return Close(); }
-    bool start_object(std::size_t) {
-        names_.emplace_back();
-        return Open(Json::object());
-    }
-    bool end_object() {
-        names_.pop_back();
-        return Close();
-    }
+    bool start_object(std::size_t) { return Open(Json::object()); }
+    bool end_object() { return Close(); }
 
     // Names that differ only in case would hide each other.
     bool key(std::string& name) {
-        if (!names_.back().insert(FoldCase(name)).second) {
+        JsonLevel& level = levels_.back();
+        if (!level.names.insert(FoldCase(name)).second) {
             throw HostFileError(file_ + ": " + Json(name).dump() + " stands twice in one object");
         }
-        steps_.back().name = name;
-        open_.back()->get_ref<Json::object_t&>().emplace_back(std::move(name), nullptr);
+        level.around->get_ref<Json::object_t&>().emplace_back(std::move(name), nullptr);
         return true;
     }
 
@@ -57,10 +50,10 @@ public:
 
 private:
     Json& Put(Json value) {
-        if (open_.empty()) {
+        if (levels_.empty()) {
             return root_ = std::move(value);
         }
-        Json& parent = *open_.back();
+        Json& parent = *levels_.back().around;
         if (parent.is_array()) {
             return parent.emplace_back(std::move(value));
         }
@@ -73,37 +66,33 @@ private:
     }
 
     bool Open(Json value) {
-        open_.push_back(&Put(std::move(value)));
-        steps_.push_back({open_.back()->is_array(), 0, {}});
+        levels_.push_back({&Put(std::move(value))});
         return true;
     }
 
     bool Close() {
-        Json& value = *open_.back();
-        open_.pop_back();
-        steps_.pop_back();
+        Json& value = *levels_.back().around;
+        levels_.pop_back();
         Complete(value);
         return true;
     }
 
     void Complete(Json& value) {
-        if (open_.empty()) {
+        if (levels_.empty()) {
             return;
         }
-        Json& parent = *open_.back();
-        if (take_(steps_, value)) {
-            parent.is_array() ? parent.get_ref<Json::array_t&>().pop_back()
-                              : parent.get_ref<Json::object_t&>().pop_back();
+        JsonLevel& level = levels_.back();
+        if (take_(levels_, value)) {
+            level.IsArray() ? level.around->get_ref<Json::array_t&>().pop_back()
+                            : level.around->get_ref<Json::object_t&>().pop_back();
         }
-        ++steps_.back().place;
+        ++level.place;
     }
 
     Json& root_;
     const std::string& file_;
     const JsonTaker& take_;
-    std::vector<Json*> open_;      ///< from the root to the innermost
-    std::vector<JsonStep> steps_;  ///< inside each of them
-    std::vector<std::set<std::string>> names_;
+    std::vector<JsonLevel> levels_;  ///< from the root to the innermost
 };
 
 /// Returns the parser's message without its error number and without a copy of the input.

@@ -37,10 +37,13 @@ void RecordedClass::Add(RowProperties properties) {
     const std::size_t place = content.rows.size();
     RecordedRow& row = content.rows.emplace_back(content.name, std::move(properties));
     row.ShareShape(content.shapes);
-    if (const auto keys = row.Keys(); !keys.empty()) {
+    const std::vector<Reference> references = row.References();
+    if (!references.empty()) {
+        content.byKeys.Add(IdentityOf(references), place);
+    } else if (const auto keys = row.Keys(); !keys.empty()) {
         content.byKeys.Add(IdentityOf(keys), place);
     }
-    for (const Reference& reference : row.References()) {
+    for (const Reference& reference : references) {
         content.byReference.Add(IdentityOf(reference.path), place);
     }
 }

@@ -14,7 +14,8 @@ namespace qv::service {
 /// The properties of a row, in order.
 using RowProperties = std::vector<std::pair<std::string, CimValue>>;
 
-/// What the rows of a class with the same properties share, because a recording has many rows.
+/// Class and property names, shared by all rows of a class with the same properties, to save
+/// memory.
 struct RowShape {
     std::shared_ptr<const std::string> className;  ///< shared by all rows of the class
     std::vector<std::string> names;                ///< of the properties, in order

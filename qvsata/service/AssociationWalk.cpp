@@ -21,7 +21,8 @@ namespace {
 /// One association instance with a reference that names the requested path.
 struct Link {
     ObjectPtr association;
-    std::string role;  ///< the reference that names the path
+    std::string role;                   ///< of the reference that names the path
+    std::vector<Reference> references;  ///< of the association
 };
 
 class Walk {
@@ -111,9 +112,10 @@ private:
 
     void AppendLinks(const ObjectPtr& association, const std::string& role,
                      std::vector<Link>& links) const {
-        for (const Reference& reference : association->References()) {
+        const std::vector<Reference> references = association->References();
+        for (const Reference& reference : references) {
             if (Allows(role, reference.role) && NamesSameObject(reference.path, path_)) {
-                links.push_back({association, reference.role});
+                links.push_back({association, reference.role, references});
             }
         }
     }
@@ -190,7 +192,7 @@ Answer AssociatorsOf(const Namespace& nameSpace, const AssociatorsQuery& query) 
     Results results(nameSpace, query);
     for (const Link& link :
          walk.Links(query.assocClass, query.role, query.requiredAssocQualifier)) {
-        for (const Reference& end : link.association->References()) {
+        for (const Reference& end : link.references) {
             if (end.role == link.role || !Allows(query.resultRole, end.role) ||
                 (!query.resultClass.empty() &&
                  !classes.IsA(end.path.className, query.resultClass)) ||

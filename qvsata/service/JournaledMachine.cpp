@@ -5,7 +5,7 @@
 #include <utility>
 #include <variant>
 
-#include "qvsata/cim/ObjectPath.h"
+#include "qvsata/cim/ObjectPathParser.h"
 #include "qvsata/cim/StatusCodes.h"
 #include "qvsata/wql/Wql.h"
 #include "source/Text.h"
@@ -57,6 +57,19 @@ std::optional<WqlQuery> ParsedWql(std::string_view wql) try {
     return std::nullopt;
 }
 
+/// Returns the class that a query reads, see SourceQuery.
+std::string ClassReadBy(const WqlQuery& query) {
+    if (const auto* const select = std::get_if<SelectQuery>(&query)) {
+        return select->className;
+    }
+    if (const auto* const associators = std::get_if<AssociatorsQuery>(&query)) {
+        return associators->assocClass.empty() ? associators->path.className
+                                               : associators->assocClass;
+    }
+    const auto& references = std::get<ReferencesQuery>(query);
+    return references.resultClass.empty() ? references.path.className : references.resultClass;
+}
+
 class JournaledServices final : public Services {
 public:
     JournaledServices(std::shared_ptr<const Services> machine, MachineKind kind,
@@ -67,18 +80,20 @@ public:
           journal_(std::move(journal)) {}
 
     Answer Get(std::string_view path) const override {
-        return Noted(path, SourceClassOf(path), EndOfGet, [&] { return machine_->Get(path); });
+        const std::optional<ObjectPath> parsed = ParseObjectPath(path);
+        return Noted(path, parsed ? parsed->className : "", EndOfGet,
+                     [&] { return machine_->Get(path); });
     }
 
     Answer Enumerate(std::string_view className) const override {
-        const std::string query = "SELECT * FROM " + std::string(className);
-        return Noted(query, SourceClassOf(query), EndOf,
+        const std::string name(className);
+        return Noted("SELECT * FROM " + name, name, EndOf,
                      [&] { return machine_->Enumerate(className); });
     }
 
     Answer Query(std::string_view wql) const override {
         const std::optional<WqlQuery> query = ParsedWql(wql);
-        Answer answer = Noted(wql, query ? SourceClassOf(*query) : SourceClassOf(wql), EndOf,
+        Answer answer = Noted(wql, query ? ClassReadBy(*query) : "", EndOf,
                               [&] { return machine_->Query(wql); });
         const auto* const associators = query ? std::get_if<AssociatorsQuery>(&*query) : nullptr;
         if (associators != nullptr && Succeeded(answer.status)) {
@@ -144,7 +159,7 @@ Connector WithJournal(Connector machine, MachineKind kind, std::shared_ptr<Sourc
             journal = std::move(journal)](std::string_view nameSpace) -> Connection {
         Connection connection = machine(nameSpace);
         if (!connection.services) {
-            SourceJournal::Entry& entry = journal->Begin(nameSpace, "");
+            SourceJournal::Entry& entry = journal->Begin(nameSpace, "", "");
             SourceJournal::End(entry, connection.status, 0,
                                EndOfConnection(connection.status, kind));
             return connection;

@@ -1,11 +1,8 @@
 #include "qvsata/service/SourceJournal.h"
 
 #include <algorithm>
-#include <optional>
 #include <utility>
-#include <variant>
 
-#include "qvsata/cim/ObjectPathParser.h"
 #include "source/Text.h"
 
 namespace qv::service {
@@ -62,10 +59,6 @@ SourceJournal::~SourceJournal() {
         delete entry;
         entry = older;
     }
-}
-
-SourceJournal::Entry& SourceJournal::Begin(std::string_view nameSpace, std::string_view text) {
-    return Begin(nameSpace, text, SourceClassOf(text));
 }
 
 SourceJournal::Entry& SourceJournal::Begin(std::string_view nameSpace, std::string_view text,
@@ -128,25 +121,6 @@ bool IsSameEnd(const SourceQuery& one, const SourceQuery& other) {
     return EqualsIgnoringCase(one.nameSpace, other.nameSpace) &&
            EqualsIgnoringCase(one.className, other.className) && one.end == other.end &&
            one.status == other.status;
-}
-
-std::string SourceClassOf(std::string_view text) try {
-    return SourceClassOf(ParseWql(text));
-} catch (const WqlError&) {
-    const std::optional<ObjectPath> path = ParseObjectPath(text);
-    return path ? path->className : std::string();
-}
-
-std::string SourceClassOf(const WqlQuery& query) {
-    if (const auto* const select = std::get_if<SelectQuery>(&query)) {
-        return select->className;
-    }
-    if (const auto* const associators = std::get_if<AssociatorsQuery>(&query)) {
-        return associators->assocClass.empty() ? associators->path.className
-                                               : associators->assocClass;
-    }
-    const auto& references = std::get<ReferencesQuery>(query);
-    return references.resultClass.empty() ? references.path.className : references.resultClass;
 }
 
 }  // namespace qv::service

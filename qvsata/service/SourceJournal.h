@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "platform/Status.h"
-#include "qvsata/wql/Wql.h"
 
 namespace qv::service {
 
@@ -27,9 +26,12 @@ enum class SourceEnd {
 /// A query that the provider, or the tool itself, ran on the machine.
 struct SourceQuery {
     std::string nameSpace;  ///< with backslashes, in the spelling of the query
-    std::string className;  ///< what it reads, see SourceClassOf, or the class to which an
-                            ///< association leads; empty if the connection was refused
-    std::string text;       ///< WQL, or the path of one object; empty if the connection was refused
+    /// The class that it selects or of which it reads an object; the association class of
+    /// ASSOCIATORS OF and REFERENCES OF, or without one the class of the path; the class to which
+    /// an association leads. Empty if the connection was refused, and of a text that names no
+    /// class.
+    std::string className;
+    std::string text;  ///< WQL, or the path of one object; empty if the connection was refused
     std::size_t rows = 0;
     std::chrono::microseconds time{};
     Status status = Status::noError;
@@ -57,8 +59,7 @@ public:
     SourceJournal& operator=(const SourceJournal&) = delete;
     ~SourceJournal();
 
-    /// Notes that a query begins: of the class that its text names, or of another one.
-    Entry& Begin(std::string_view nameSpace, std::string_view text);
+    /// Notes that a query begins, with the values that SourceQuery has of it.
     Entry& Begin(std::string_view nameSpace, std::string_view text, std::string className);
 
     /// Notes how it ended. Call it once.
@@ -78,10 +79,5 @@ public:
 private:
     std::atomic<Entry*> newest_ = nullptr;
 };
-
-/// Return the class that a query selects; the association class of ASSOCIATORS OF and REFERENCES
-/// OF, or without one the class of the path; the class of an object path; empty for any other text.
-std::string SourceClassOf(std::string_view text);
-std::string SourceClassOf(const WqlQuery& query);
 
 }  // namespace qv::service

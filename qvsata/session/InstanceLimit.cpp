@@ -1,7 +1,6 @@
 #include "qvsata/session/InstanceLimit.h"
 
 #include <algorithm>
-#include <array>
 #include <optional>
 #include <string>
 #include <utility>
@@ -59,7 +58,7 @@ bool JoinsMore(const service::RecordedHost& host, std::size_t most) {
 }
 
 bool HasExtents(const Association& association) {
-    return std::ranges::any_of(std::array{association.first, association.second, association.third},
+    return std::ranges::any_of(association.Ends(),
                                [](const AssociationEnd& end) { return end.className == extents; });
 }
 

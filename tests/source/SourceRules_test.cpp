@@ -112,6 +112,11 @@ TEST(SourceRules, MediaOfDisksFindsTheFirstRowWhoseTagIsTheDeviceId) {
     EXPECT_EQ(mediaOfDisks.Of(ScriptedRow(Properties{{"DeviceID", "b"}})), nullptr);
 }
 
+TEST(SourceRules, MediaOfDisksFindsNoRowWithoutTagForADiskWithoutDeviceId) {
+    const platform::Rows media = RowsOf({Properties{}});
+    EXPECT_EQ(MediaOfDisks(media).Of(ScriptedRow({})), nullptr);
+}
+
 TEST(SourceRules, PredictedDisksAreThoseWhoseIdTheInstanceNameContains) {
     const PredictedDisks disks({R"(IDE\disk1)", "", R"(IDE\DISK12)", R"(SCSI\DISK1)"});
     EXPECT_THAT(disks.Of(ScriptedRow(Properties{{"InstanceName", R"(ide\Disk12_0)"}})),

@@ -47,7 +47,8 @@ Setting Number(const wchar_t* name, DWORD number) {
     return {name, REG_DWORD, {bytes.begin(), bytes.end()}};
 }
 
-/// Returns the settings that lead both logs to a folder: the defaults, and failed queries too.
+/// Returns settings that put both logs in the folder, with the default level and size, and log
+/// failed queries.
 std::vector<SettingsKey> SettingsFor(const std::wstring& folder) {
     return {{std::wstring(settingsRoot),
              {Text(L"LogFolder", folder), Number(L"LogLevel", 3), Number(L"LogMaxSize", 0x200000)}},

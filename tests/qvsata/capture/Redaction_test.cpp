@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <cstdint>
+#include <limits>
 #include <regex>
 
 #include "qvsata/recorded/HostFile.h"
@@ -164,6 +166,15 @@ TEST(Redaction, ReplacesANumberAsItsText) {
     const auto& rows = after.FindNamespace("root/cimv2")->Find("C")->Rows();
     EXPECT_EQ("of " + std::to_string(std::get<std::int64_t>(*rows[0].FindProperty("SerialNumber"))),
               std::get<std::string>(*rows[1].FindProperty("A")));
+}
+
+TEST(Redaction, ReplacesTheLeastNumberAsItsTextWithin32Bits) {
+    const RecordedHost host = HostWith(R"({"SerialNumber": -2147483648}, {"A": "of 2147483648"})");
+    const RecordedHost after = Redaction(host, RedactionKey("a key"), 1).Applied(host);
+    const auto& rows = after.FindNamespace("root/cimv2")->Find("C")->Rows();
+    const auto number = std::get<std::int64_t>(*rows[0].FindProperty("SerialNumber"));
+    EXPECT_GT(number, std::numeric_limits<std::int32_t>::min());
+    EXPECT_EQ("of " + std::to_string(-number), std::get<std::string>(*rows[1].FindProperty("A")));
 }
 
 TEST(Redaction, HasReplacementsForAllShortTexts) {

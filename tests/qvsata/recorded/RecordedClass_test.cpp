@@ -63,6 +63,14 @@ TEST(RecordedClass, FindsTheFirstOfSeveralRowsWithOnePath) {
     EXPECT_EQ(recorded.Find(shortForm), &recorded.Rows()[1]);
 }
 
+TEST(RecordedClass, FindsARowByItsReferencesInAnySpelling) {
+    RecordedClass recorded("Link");
+    recorded.Add({{"To", R"(\\PC\root:C.K="A",L=2)"}, {"From", "S=@"}});
+    const ObjectPath path{
+        "", "", "link", {{"from", "s=@", true}, {"to", R"(c.l=2,k="a")", true}}, false};
+    EXPECT_EQ(recorded.Find(path), &recorded.Rows()[0]);
+}
+
 TEST(RecordedClass, KeepsTheOrderOfRowsThatReferenceOneObject) {
     RecordedClass recorded("Link");
     recorded.Add({{"To", "C.K=1"}});

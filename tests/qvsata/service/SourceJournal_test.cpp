@@ -88,8 +88,8 @@ protected:
         return journal->Queries().back();
     }
 
-    void Note(const char* wql, SourceEnd end) const {
-        SourceJournal::End(journal->Begin("n", wql), Status::noError, 0, end);
+    void Note(const char* className, const char* wql, SourceEnd end) const {
+        SourceJournal::End(journal->Begin("n", wql, className), Status::noError, 0, end);
     }
 
     std::shared_ptr<SourceJournal> journal = std::make_shared<SourceJournal>();
@@ -102,6 +102,19 @@ TEST_F(SourceJournalTest, HoldsAQueryWithItsClassRowsAndStatus) {
     EXPECT_EQ(query.text, disks);
     EXPECT_EQ(query.rows, 2U);
     EXPECT_TRUE(WasRead(query));
+}
+
+TEST_F(SourceJournalTest, HoldsAnEnumerationAsAQueryOfItsClass) {
+    Journaled(std::make_shared<const AnsweringServices>(Answer{}), MachineKind::live)
+        ->Enumerate("Win32_DiskDrive");
+    EXPECT_EQ(journal->Queries().back().className, "Win32_DiskDrive");
+    EXPECT_EQ(journal->Queries().back().text, disks);
+}
+
+TEST_F(SourceJournalTest, HoldsATextThatIsNoQueryWithoutAClass) {
+    Journaled(std::make_shared<const AnsweringServices>(Answer{}), MachineKind::live)->Query("x y");
+    EXPECT_EQ(journal->Queries().back().className, "");
+    EXPECT_EQ(journal->Queries().back().text, "x y");
 }
 
 TEST_F(SourceJournalTest, TellsHowAQueryFailed) {
@@ -152,22 +165,22 @@ TEST_F(SourceJournalTest, FindsTheClassThatALiveServiceLeavesOut) {
 }
 
 TEST_F(SourceJournalTest, HoldsARunningQueryAsPending) {
-    journal->Begin("n", disks);
+    journal->Begin("n", disks, "Win32_DiskDrive");
     EXPECT_EQ(journal->Queries()[0].end, SourceEnd::pending);
 }
 
 TEST_F(SourceJournalTest, ReturnsTheQueriesAfterTheSkippedOnes) {
-    Note("SELECT * FROM A", SourceEnd::answered);
-    Note("SELECT * FROM B", SourceEnd::answered);
+    Note("A", "SELECT * FROM A", SourceEnd::answered);
+    Note("B", "SELECT * FROM B", SourceEnd::answered);
     EXPECT_EQ(journal->Size(), 2U);
     EXPECT_THAT(journal->Queries(1), ElementsAre(Field(&SourceQuery::className, "B")));
 }
 
 TEST_F(SourceJournalTest, KeepsTheFirstOfEachFailureWhenItIsCondensed) {
-    Note("SELECT * FROM A", SourceEnd::brokenOff);
-    Note("SELECT * FROM B", SourceEnd::answered);
-    Note("SELECT Name FROM A", SourceEnd::brokenOff);
-    Note("SELECT * FROM C", SourceEnd::answered);
+    Note("A", "SELECT * FROM A", SourceEnd::brokenOff);
+    Note("B", "SELECT * FROM B", SourceEnd::answered);
+    Note("A", "SELECT Name FROM A", SourceEnd::brokenOff);
+    Note("C", "SELECT * FROM C", SourceEnd::answered);
     journal->Condense();
     EXPECT_THAT(journal->Queries(), ElementsAre(Field(&SourceQuery::text, "SELECT * FROM A"),
                                                 Field(&SourceQuery::text, "SELECT * FROM C")));
@@ -175,9 +188,9 @@ TEST_F(SourceJournalTest, KeepsTheFirstOfEachFailureWhenItIsCondensed) {
 }
 
 TEST_F(SourceJournalTest, CountsOnAfterItWasCondensed) {
-    Note("SELECT * FROM A", SourceEnd::answered);
+    Note("A", "SELECT * FROM A", SourceEnd::answered);
     journal->Condense();
-    Note("SELECT * FROM B", SourceEnd::answered);
+    Note("B", "SELECT * FROM B", SourceEnd::answered);
     EXPECT_THAT(journal->Queries(1), ElementsAre(Field(&SourceQuery::className, "B")));
 }
 

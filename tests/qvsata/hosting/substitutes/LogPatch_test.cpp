@@ -4,11 +4,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
 #include <system_error>
 
 #include "platform/windows/Handle.h"
 #include "qvsata/hosting/ManagementHost.h"
+#include "qvsata/hosting/ProviderLibrary.h"
+#include "qvsata/hosting/substitutes/ImportPatch.h"
 #include "tests/support/windows/LogFiles.h"
 #include "tests/support/windows/RecordedOptions.h"
 #include "tests/support/windows/ScratchFolder.h"
@@ -43,6 +46,26 @@ protected:
 TEST_F(LogPatchTest, WritesNowhereUnlessAFolderIsGiven) {
     Run(L"");
     EXPECT_EQ(folderOfTheMachine.FileCount(), 0U);
+}
+
+/// What the library takes for the Windows folder: the system passes nothing that leads to an
+/// object.
+std::wstring windowsFolder;
+
+UINT WINAPI GetWindowsFolder(LPWSTR text, UINT size) {
+    return static_cast<UINT>(windowsFolder.copy(text, size));
+}
+
+TEST_F(LogPatchTest, WritesNothingInTheDefaultFolderEither) {
+    windowsFolder = folder.File(L"Windows");
+    const std::filesystem::path defaultFolder = windowsFolder + L"\\system32\\wbem\\logs";
+    std::filesystem::create_directories(defaultFolder);
+    const service::ProviderLibrary library(QV_LIBRARY);
+    const service::ImportPatch patch(
+        library.Module(), "GetSystemWindowsDirectoryW",
+        reinterpret_cast<service::ImportPatch::Function>(&GetWindowsFolder));
+    Run(L"");
+    EXPECT_TRUE(std::filesystem::is_empty(defaultFolder));
 }
 
 TEST_F(LogPatchTest, WritesBothLogsInTheFolder) {
