@@ -1,7 +1,6 @@
-// Runs every target on its corpus: what fuzzing reached once stays without findings.
+// Runs every target on its corpus and expects no findings.
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>

@@ -35,7 +35,9 @@ void CheckText(const std::string& text) {
 }
 
 void CheckRules(const std::string& id) {
-    Require(IsInitiator(id) == (IsChannel(id) && !IsPortController(id)),
+    const bool hasChannel = id.find("IDECHANNEL") != std::string::npos;
+    const bool hasRevision = id.find("&REV_") != std::string::npos;
+    Require(IsInitiator(id) == (hasChannel && !hasRevision),
             "an initiator is a channel that is no port controller");
     for (const std::string_view part : {RevisionOf(id), FirstSegmentOf(id), DeviceNumberOf(id)}) {
         Require(id.find(part) != std::string::npos, "a part of an ID occurs in it");

@@ -20,7 +20,7 @@ NamespaceClasses ClassesOf(const Namespaces& namespaces) {
     return NamespaceClasses(*namespaces.Find(nameSpace), "SRV", nameSpace);
 }
 
-// An instance without a key is one more each time that it is read, so this is a set.
+// A set, because reading an instance without a key again adds a duplicate.
 std::set<std::string> InstancesAsMof(const Namespaces& namespaces) {
     const NamespaceClasses classes = ClassesOf(namespaces);
     const StatedInstances stated(*namespaces.Find(nameSpace), classes);
@@ -33,7 +33,7 @@ std::set<std::string> InstancesAsMof(const Namespaces& namespaces) {
     return texts;
 }
 
-// Written classes have no flavors of qualifiers, so another meaning than those that were read.
+// Classes are written without qualifier flavors, so they are only parsed and not compared.
 void CheckClasses(const Namespaces& namespaces) {
     const NamespaceClasses classes = ClassesOf(namespaces);
     for (const ResolvedClassPtr& type : classes.Listed()) {

@@ -4,7 +4,7 @@
 namespace qv::fuzz {
 namespace {
 
-// The first byte chooses the rule, also one that has no name. Each line is a key; those that begin
+// The first byte chooses the rule; some values name none. Each line is a key; those that begin
 // with ">" are the second side's.
 struct Keys {
     std::vector<std::string> first;

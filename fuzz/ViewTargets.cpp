@@ -114,8 +114,8 @@ void RunTerminalText(Bytes input) {
     Require(view::Printable(printable) == printable, "printable text is left as it is");
     Require(nlohmann::json::parse(nlohmann::json(printable).dump()) == printable,
             "printable text is UTF-8");
-    Require(view::WidthOf(printable) <= printable.size() * 2,
-            "a character takes two columns at most");
+    Require(view::WidthOf(printable) <= printable.size(),
+            "no character takes more columns than bytes");
     const std::string wrapped = view::PlainText(view::Wrapped({{printable}}, columns));
     Require(WithoutBlanks(wrapped) == WithoutBlanks(printable), "wrapping adds blanks only");
     const std::string quoted = view::QuotedForGraph(text);
