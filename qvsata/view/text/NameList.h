@@ -16,18 +16,19 @@ inline constexpr std::size_t mostListedNames = 8;
 template <std::ranges::forward_range Things, typename NameOf>
 std::string NameList(const Things& things, NameOf nameOf) {
     const std::size_t count = std::ranges::size(things);
-    const std::size_t unlisted = count > mostListedNames ? count - mostListedNames : 0;
-    const std::size_t listed = count - unlisted;
     std::string list;
-    std::size_t number = 0;
-    for (const auto& thing : things | std::views::take(listed)) {
-        if (number > 0) {
-            list += number + 1 == count ? " and " : ", ";
+    std::size_t listed = 0;
+    for (const auto& thing : things) {
+        if (listed == mostListedNames) {
+            return list + " and " + std::to_string(count - listed) + " more";
+        }
+        if (listed > 0) {
+            list += listed + 1 == count ? " and " : ", ";
         }
         list += nameOf(thing);
-        ++number;
+        ++listed;
     }
-    return unlisted == 0 ? list : list + " and " + std::to_string(unlisted) + " more";
+    return list;
 }
 
 }  // namespace qv::view
