@@ -48,7 +48,7 @@ PropertiesByClass Described() {
     return described;
 }
 
-/// Adds what a recorded host publishes, except references.
+/// Adds what a recorded host publishes, without references.
 void AddPublished(const std::filesystem::path& host, PropertiesByClass& published) {
     const RecordedProvider provider(service::ReadHostFile(host));
     for (const PublishedClass& one : PublishedClasses()) {
@@ -59,6 +59,31 @@ void AddPublished(const std::filesystem::path& host, PropertiesByClass& publishe
                 }
             }
         }
+    }
+}
+
+/// Returns what the recorded hosts publish, without references.
+PropertiesByClass Published() {
+    PropertiesByClass published;
+    for (const std::filesystem::path& host : ShippedHosts()) {
+        AddPublished(host, published);
+    }
+    return published;
+}
+
+std::vector<std::string> IndicatedNames() {
+    std::vector<std::string> names;
+    for (const ExpectedEventProperty& property : ExpectedEventProperties()) {
+        names.push_back(property.name);
+    }
+    return names;
+}
+
+/// Writes the document if the process runs with QV_UPDATE_REFERENCE=1 in its environment.
+void UpdateDocument() {
+    const char* const update = std::getenv("QV_UPDATE_REFERENCE");
+    if (update != nullptr && std::string_view(update) == "1") {
+        std::ofstream(documents + "REFERENCE.md", std::ios::binary) << Written();
     }
 }
 
@@ -74,19 +99,13 @@ std::vector<std::string> PutNames(const ExpectedInstanceClass& expected) {
 }
 
 TEST(Reference, IsTheCommittedDocument) {
-    if (std::getenv("QV_UPDATE_REFERENCE") != nullptr) {
-        std::ofstream(documents + "REFERENCE.md", std::ios::binary) << Written();
-    }
+    UpdateDocument();
     EXPECT_EQ(FirstDifference(Written(), ReadDocument("REFERENCE.md")), "")
         << "run tools/reference";
 }
 
 TEST(Reference, DescribesExactlyWhatTheRecordedHostsPublish) {
-    PropertiesByClass published;
-    for (const std::filesystem::path& host : ShippedHosts()) {
-        AddPublished(host, published);
-    }
-    EXPECT_EQ(Described(), published);
+    EXPECT_EQ(Described(), Published());
 }
 
 class ReferenceTest : public testing::TestWithParam<ExpectedInstanceClass> {};
@@ -99,11 +118,7 @@ INSTANTIATE_TEST_SUITE_P(EveryClass, ReferenceTest, testing::ValuesIn(ExpectedIn
                          [](const auto& expected) { return expected.param.name; });
 
 TEST(Reference, DescribesTheIndication) {
-    std::vector<std::string> expected;
-    for (const ExpectedEventProperty& property : ExpectedEventProperties()) {
-        expected.push_back(property.name);
-    }
-    EXPECT_EQ(DescribedProperties(Notes(), "QV_SATADeviceIndication"), expected);
+    EXPECT_EQ(DescribedProperties(Notes(), "QV_SATADeviceIndication"), IndicatedNames());
 }
 
 }  // namespace
