@@ -13,6 +13,7 @@ void AddCapture(CLI::App& program);
 void AddClasses(CLI::App& program);
 void AddDiff(CLI::App& program);
 void AddDisks(CLI::App& program);
+void AddDoctor(CLI::App& program);
 void AddEnumerate(CLI::App& program);
 void AddExplain(CLI::App& program);
 void AddGet(CLI::App& program);
@@ -28,6 +29,6 @@ void AddWatch(CLI::App& program);
 inline constexpr std::array commands{AddDisks,      AddExplain,  AddTopology,   AddClasses,
                                      AddEnumerate,  AddGet,      AddQuery,      AddAssociators,
                                      AddReferences, AddSources,  AddCapture,    AddDiff,
-                                     AddWatch,      AddRegister, AddUnregister};
+                                     AddWatch,      AddRegister, AddUnregister, AddDoctor};
 
 }  // namespace qv::tool

@@ -6,6 +6,6 @@ namespace qv::tool {
 inline constexpr int failed = 1;      ///< an error ended the command
 inline constexpr int usageError = 2;  ///< the command line is wrong
 inline constexpr int incomplete = 3;  ///< the answer rests on sources that could not be read
-inline constexpr int different = 4;   ///< what was compared differs
+inline constexpr int different = 4;   ///< what was compared differs, or is not as it should be
 
 }  // namespace qv::tool
