@@ -12,8 +12,8 @@ namespace qv::service {
 
 /// The classes and instances of one namespace. Names are compared ignoring case. Find() also finds
 /// the management service's own classes that a provider meets (`__Event`, `__ExtrinsicEvent`,
-/// `__ExtendedStatus`, `__Win32Provider`, `__Namespace`, the provider registrations) in every
-/// repository; Classes() does not list them.
+/// `__ExtendedStatus`, `__Win32Provider`, `__Namespace`, the provider registrations, the filters
+/// and consumers of events and their bindings) in every repository; Classes() does not list them.
 ///
 /// A pointer or span that a query returns stays valid until the repository changes. Queries may run
 /// concurrently; a change needs exclusive access.

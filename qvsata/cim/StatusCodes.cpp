@@ -28,6 +28,7 @@ constexpr std::array meanings{
     Meaning{status::invalidNamespace, "WBEM_E_INVALID_NAMESPACE", "unknown namespace"},
     Meaning{status::invalidClass, "WBEM_E_INVALID_CLASS", "unknown class"},
     Meaning{status::invalidQuery, "WBEM_E_INVALID_QUERY", "invalid query"},
+    Meaning{status::alreadyExists, "WBEM_E_ALREADY_EXISTS", "exists already"},
     Meaning{status::providerNotCapable, "WBEM_E_PROVIDER_NOT_CAPABLE",
             "the provider cannot do this"},
     Meaning{status::invalidObjectPath, "WBEM_E_INVALID_OBJECT_PATH", "invalid object path"},

@@ -20,6 +20,7 @@ inline constexpr Status notSupported{0x8004100C};
 inline constexpr Status invalidNamespace{0x8004100E};
 inline constexpr Status invalidClass{0x80041010};
 inline constexpr Status invalidQuery{0x80041017};
+inline constexpr Status alreadyExists{0x80041019};
 inline constexpr Status readOnly{0x80041023};
 inline constexpr Status providerNotCapable{0x80041024};
 inline constexpr Status providerLoadFailure{0x80041013};

@@ -20,6 +20,7 @@ struct SystemClassProperty {
     std::string_view name;
     CimType type;
     Shape shape;
+    std::string_view referenceClass = {};
 };
 
 constexpr std::array systemClasses{
@@ -36,6 +37,9 @@ constexpr std::array systemClasses{
     SystemClass{"__ObjectProviderRegistration", "__ProviderRegistration", Trait::abstract},
     SystemClass{"__InstanceProviderRegistration", "__ObjectProviderRegistration", Trait::none},
     SystemClass{"__EventProviderRegistration", "__ProviderRegistration", Trait::none},
+    SystemClass{"__EventFilter", "__IndicationRelated", Trait::none},
+    SystemClass{"__EventConsumer", "__IndicationRelated", Trait::abstract},
+    SystemClass{"__FilterToConsumerBinding", "__IndicationRelated", Trait::none},
 };
 
 constexpr std::array systemProperties{
@@ -68,7 +72,8 @@ constexpr std::array systemProperties{
     SystemClassProperty{"__Win32Provider", "UnloadTimeout", CimType::datetime, Shape::scalar},
     SystemClassProperty{"__Win32Provider", "Version", CimType::uint32, Shape::scalar},
 
-    SystemClassProperty{"__ProviderRegistration", "provider", CimType::reference, Shape::key},
+    SystemClassProperty{"__ProviderRegistration", "provider", CimType::reference, Shape::key,
+                        "__Provider"},
     SystemClassProperty{"__ObjectProviderRegistration", "InteractionType", CimType::sint32,
                         Shape::scalar},
     SystemClassProperty{"__ObjectProviderRegistration", "QuerySupportLevels", CimType::string,
@@ -87,6 +92,30 @@ constexpr std::array systemProperties{
                         Shape::scalar},
     SystemClassProperty{"__EventProviderRegistration", "EventQueryList", CimType::string,
                         Shape::array},
+
+    SystemClassProperty{"__EventFilter", "CreatorSID", CimType::uint8, Shape::array},
+    SystemClassProperty{"__EventFilter", "EventAccess", CimType::string, Shape::scalar},
+    SystemClassProperty{"__EventFilter", "EventNamespace", CimType::string, Shape::scalar},
+    SystemClassProperty{"__EventFilter", "Name", CimType::string, Shape::key},
+    SystemClassProperty{"__EventFilter", "Query", CimType::string, Shape::scalar},
+    SystemClassProperty{"__EventFilter", "QueryLanguage", CimType::string, Shape::scalar},
+
+    SystemClassProperty{"__EventConsumer", "CreatorSID", CimType::uint8, Shape::array},
+    SystemClassProperty{"__EventConsumer", "MachineName", CimType::string, Shape::scalar},
+    SystemClassProperty{"__EventConsumer", "MaximumQueueSize", CimType::uint32, Shape::scalar},
+
+    SystemClassProperty{"__FilterToConsumerBinding", "Consumer", CimType::reference, Shape::key,
+                        "__EventConsumer"},
+    SystemClassProperty{"__FilterToConsumerBinding", "CreatorSID", CimType::uint8, Shape::array},
+    SystemClassProperty{"__FilterToConsumerBinding", "DeliverSynchronously", CimType::boolean,
+                        Shape::scalar},
+    SystemClassProperty{"__FilterToConsumerBinding", "DeliveryQoS", CimType::uint32, Shape::scalar},
+    SystemClassProperty{"__FilterToConsumerBinding", "Filter", CimType::reference, Shape::key,
+                        "__EventFilter"},
+    SystemClassProperty{"__FilterToConsumerBinding", "MaintainSecurityContext", CimType::boolean,
+                        Shape::scalar},
+    SystemClassProperty{"__FilterToConsumerBinding", "SlowDownProviders", CimType::boolean,
+                        Shape::scalar},
 };
 
 PropertyDefinition Define(const SystemClassProperty& row) {
@@ -96,9 +125,7 @@ PropertyDefinition Define(const SystemClassProperty& row) {
     property.isArray = row.shape == Shape::array;
     property.isKey = row.shape == Shape::key;
     property.declaringClass = row.className;
-    if (property.type == CimType::reference) {
-        property.referenceClass = "__Provider";
-    }
+    property.referenceClass = row.referenceClass;
     if (property.isKey) {
         property.qualifiers.push_back({"key", true, true, true});
     }

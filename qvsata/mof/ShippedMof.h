@@ -14,4 +14,7 @@ inline constexpr std::array<std::string_view, 6> shippedClassFiles{
 /// The shipped MOF file that registers the providers. Only a real management service needs it.
 inline constexpr std::string_view shippedRegistrationFile = "qvwmisata_provider.mof";
 
+/// The shipped MOF file that removes the providers and their classes.
+inline constexpr std::string_view shippedRemovalFile = "qvwmisata_remove.mof";
+
 }  // namespace qv::service

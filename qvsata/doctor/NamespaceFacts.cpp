@@ -1,0 +1,162 @@
+#include "qvsata/doctor/NamespaceFacts.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+#include "catalogue/Classes.h"
+#include "events/DeviceIndication.h"
+#include "qvsata/cim/StatusCodes.h"
+#include "qvsata/mof/ShippedMof.h"
+#include "qvsata/output/OutputJson.h"
+#include "qvsata/view/diff/Differences.h"
+
+namespace qv::doctor {
+namespace {
+
+using service::Answer;
+using service::InstanceDefinition;
+using service::Object;
+using service::ObjectProperty;
+using service::Services;
+
+constexpr std::string_view providerClass = "__Win32Provider";
+
+/// Returns what the installed definition of a class lacks; empty if it lacks nothing. Inherited
+/// properties are those of others.
+std::string GapOf(const Object& installed, const Object& shipped, const std::string& name) {
+    for (const ObjectProperty& wanted : service::PropertiesOf(shipped)) {
+        const auto found = installed.Find(wanted.name);
+        if (!wanted.isInherited && !found) {
+            return name + '.' + wanted.name + " is missing";
+        }
+        if (!wanted.isInherited &&
+            (found->type != wanted.type || found->isArray != wanted.isArray)) {
+            return name + '.' + wanted.name + " has another type";
+        }
+    }
+    return {};
+}
+
+std::vector<std::string> ClassGaps(const Services& installed, const Services& shipped) {
+    std::vector<std::string> names;
+    for (const PublishedClass& one : PublishedClasses()) {
+        names.emplace_back(one.name);
+    }
+    names.emplace_back(deviceIndicationClass);
+    std::vector<std::string> gaps;
+    for (const std::string& name : names) {
+        const Answer wanted = shipped.Get(name);
+        const Answer found = installed.Get(name);
+        const std::string gap = found.objects.empty()
+                                    ? name + ": " + service::StatusText(found.status)
+                                    : GapOf(*found.objects.front(), *wanted.objects.front(), name);
+        if (!gap.empty()) {
+            gaps.push_back(gap);
+        }
+    }
+    return gaps;
+}
+
+/// Returns whether an instance of a class names a provider.
+bool IsNamed(const Services& services, std::string_view className, const std::string& provider) {
+    return std::ranges::any_of(
+        services.Enumerate(className).objects, [&provider](const service::ObjectPtr& object) {
+            return service::TextOf(*object, "provider").ends_with("Name=\"" + provider + '"');
+        });
+}
+
+ProviderFacts FactsOf(const InstanceDefinition& wanted, const Services& installed) {
+    // What would keep the provider from being loaded, or give it another identity.
+    constexpr std::array<std::string_view, 3> decisive{"CLSID", "ImpersonationLevel",
+                                                       "PerUserInitialization"};
+    ProviderFacts facts;
+    facts.name = std::get<std::string>(*wanted.Find("Name"));
+    facts.usualHostingModel = std::get<std::string>(*wanted.Find("HostingModel"));
+    facts.hasRegistration = IsNamed(installed, "__InstanceProviderRegistration", facts.name) ||
+                            IsNamed(installed, "__EventProviderRegistration", facts.name);
+    const service::ObjectList providers = installed.Enumerate(providerClass).objects;
+    const auto found = std::ranges::find_if(providers, [&facts](const service::ObjectPtr& one) {
+        return service::TextOf(*one, "Name") == facts.name;
+    });
+    facts.exists = found != providers.end();
+    for (const std::string_view name : decisive) {
+        const auto property = facts.exists ? (*found)->Find(name) : std::nullopt;
+        if (property && property->value != *wanted.Find(name)) {
+            facts.wrongProperty = std::string(name) + " is not as shipped";
+        }
+    }
+    facts.hostingModel = facts.exists ? service::TextOf(**found, "HostingModel") : "";
+    return facts;
+}
+
+std::vector<view::Item> ItemsOf(const service::ObjectList& objects) {
+    std::vector<view::Item> items;
+    for (const service::ObjectPtr& object : objects) {
+        items.push_back({service::TextOf(*object, "__RELPATH"), tool::ObjectAsJson(*object)});
+    }
+    return items;
+}
+
+/// Returns the first difference in words; empty if there is none.
+std::string FirstOf(const view::Differences& differences) {
+    if (!differences.gone.empty()) {
+        return differences.gone.front().key + " is not published";
+    }
+    if (!differences.appeared.empty()) {
+        return differences.appeared.front().key + " is published by the installed provider only";
+    }
+    if (!differences.changed.empty()) {
+        const view::ChangedItem& changed = differences.changed.front();
+        const view::MemberChange& first = changed.changes.front();
+        return changed.now.key + ": " + first.member + " is " + first.now.dump() + ", and " +
+               first.before.dump() + " from the hosted library";
+    }
+    return {};
+}
+
+std::string DifferenceOf(const Answer& installed, const Answer& hosted) {
+    if (!Succeeded(installed.status)) {
+        return service::StatusName(installed.status);
+    }
+    return FirstOf(view::FindDifferences(ItemsOf(hosted.objects), ItemsOf(installed.objects)));
+}
+
+}  // namespace
+
+std::shared_ptr<const service::PublishedClasses> ReadShipped(
+    const std::filesystem::path& mofFolder) {
+    std::vector<std::filesystem::path> files;
+    for (const std::string_view file : service::shippedClassFiles) {
+        files.push_back(mofFolder / file);
+    }
+    files.push_back(mofFolder / service::shippedRegistrationFile);
+    return service::ReadPublishedClasses(files);
+}
+
+void ReadNamespace(const Services& installed, const service::PublishedClasses& shipped,
+                   Facts& facts) {
+    facts.classGaps = ClassGaps(installed, *service::OpenPublished(shipped, {}));
+    std::vector<ProviderFacts> providers;
+    for (const InstanceDefinition& stated : shipped.repository.Instances()) {
+        if (stated.className == providerClass) {
+            providers.push_back(FactsOf(stated, installed));
+        }
+    }
+    facts.providers = providers;
+}
+
+std::vector<std::string> CompareAnswers(const Services& installed, const Services& hosted) {
+    std::vector<std::string> lines;
+    for (const PublishedClass& one : PublishedClasses()) {
+        const Answer own = hosted.Enumerate(one.name);
+        const std::string difference =
+            Succeeded(own.status) ? DifferenceOf(installed.Enumerate(one.name), own) : "";
+        if (!difference.empty()) {
+            lines.push_back(std::string(one.name) + ": " + difference);
+        }
+    }
+    return lines;
+}
+
+}  // namespace qv::doctor

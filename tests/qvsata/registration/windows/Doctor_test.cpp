@@ -1,0 +1,121 @@
+// qvsata doctor on a registered library, of which one link at a time is broken. The prefix has no
+// namespace of the provider, and its folders are the user's: these two are problems in each test.
+#include <functional>
+
+#include "nlohmann/json.hpp"
+#include "tests/qvsata/registration/windows/RegisteredTest.h"
+
+namespace qv::test {
+namespace {
+
+using testing::ElementsAre;
+
+/// The links that doctor finds to be problems, except the two.
+std::vector<std::string> Problems() {
+    const ToolRun run = RunTool({"doctor", "--format", "json"});
+    EXPECT_EQ(run.exitCode, 4U);
+    EXPECT_EQ(run.errors, "");
+    std::vector<std::string> names;
+    const auto document = nlohmann::json::parse(run.output);
+    for (const auto& link : document["links"]) {
+        const std::string name = link["name"];
+        if (link["state"] == "problem" && name != "namespace" && name != "library folder") {
+            names.push_back(name);
+        }
+    }
+    return names;
+}
+
+void SetText(const std::wstring& key, const wchar_t* name, const std::wstring& text) {
+    RegSetKeyValueW(HKEY_LOCAL_MACHINE, key.c_str(), name, REG_SZ, text.c_str(),
+                    static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
+}
+
+/// Makes both classes name a file.
+void NameLibrary(const std::filesystem::path& file) {
+    SetText(instanceClass + L"\\InprocServer32", nullptr, file.native());
+    SetText(eventClass + L"\\InprocServer32", nullptr, file.native());
+}
+
+/// A file that begins as a 32-bit library does.
+void WriteLibraryOf32Bits(const std::filesystem::path& file) {
+    std::string bytes(512, '\0');
+    bytes.replace(0, 2, "MZ");
+    bytes[0x3C] = 64;
+    bytes.replace(64, 6, std::string("PE\0\0\x4C\x01", 6));
+    std::ofstream(file, std::ios::binary) << bytes;
+}
+
+/// How a registration breaks, in a folder for files.
+struct BrokenRegistration {
+    const char* name;
+    std::function<void(const std::filesystem::path& folder)> breakIt;
+    std::vector<std::string> problems;
+};
+
+class BrokenMachine : public RegisteredTest,
+                      public testing::WithParamInterface<BrokenRegistration> {};
+
+TEST_P(BrokenMachine, IsFoundAndMendedByRegistering) {
+    ASSERT_EQ(RunTool({"register"}).exitCode, 0U);
+    GetParam().breakIt(folder_.Path());
+    EXPECT_EQ(Problems(), GetParam().problems);
+    ASSERT_EQ(RunTool({"register"}).exitCode, 0U);
+    EXPECT_THAT(Problems(), testing::IsEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Each, BrokenMachine,
+    testing::Values(BrokenRegistration{"KeyOfAClass",
+                                       [](const auto&) {
+                                           RegDeleteTreeW(HKEY_LOCAL_MACHINE, eventClass.c_str());
+                                       },
+                                       {"registered classes"}},
+                    BrokenRegistration{"ThreadingModel",
+                                       [](const auto&) {
+                                           SetText(instanceClass + L"\\InprocServer32",
+                                                   L"ThreadingModel", L"Apartment");
+                                       },
+                                       {"threading model"}},
+                    BrokenRegistration{"MissingFile",
+                                       [](const auto& folder) { NameLibrary(folder / "none.dll"); },
+                                       {"library file"}},
+                    BrokenRegistration{"NoLibrary",
+                                       [](const auto& folder) {
+                                           std::ofstream(folder / "text.dll") << "no library";
+                                           NameLibrary(folder / "text.dll");
+                                       },
+                                       {"library for 64 bits"}},
+                    BrokenRegistration{"LibraryOf32Bits",
+                                       [](const auto& folder) {
+                                           WriteLibraryOf32Bits(folder / "old.dll");
+                                           NameLibrary(folder / "old.dll");
+                                       },
+                                       {"library for 64 bits"}}),
+    [](const auto& breakage) { return std::string(breakage.param.name); });
+
+class LoggingMachine : public RegisteredTest {
+protected:
+    static constexpr const wchar_t* settings = L"SOFTWARE\\Corvane\\WBEM";
+
+    void TearDown() override {
+        RegDeleteTreeW(HKEY_LOCAL_MACHINE, settings);
+        RegisteredTest::TearDown();
+    }
+};
+
+TEST_F(LoggingMachine, HasASettingOutOfRange) {
+    ASSERT_EQ(RunTool({"register"}).exitCode, 0U);
+    const DWORD level = 9;
+    RegSetKeyValueW(HKEY_LOCAL_MACHINE, settings, L"LogLevel", REG_DWORD, &level, sizeof(level));
+    EXPECT_THAT(Problems(), ElementsAre("log settings"));
+}
+
+TEST_F(LoggingMachine, LacksTheFolderOfItsLogs) {
+    ASSERT_EQ(RunTool({"register"}).exitCode, 0U);
+    SetText(std::wstring(settings) + L"\\ServerLOGGING", L"LOGFILENAME", L"C:\\none\\shared.log");
+    EXPECT_THAT(Problems(), ElementsAre("log settings", "log files"));
+}
+
+}  // namespace
+}  // namespace qv::test
