@@ -12,7 +12,7 @@ Finding Problem(std::string text, std::string mend) {
     return {State::problem, std::move(text), std::move(mend)};
 }
 
-/// "3 times: FIRST" for several lines, the line itself for one.
+/// "3 findings, the first: LINE" for several lines, the line itself for one.
 std::string FirstOf(const std::vector<std::string>& lines) {
     return lines.size() == 1
                ? lines.front()
