@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "qvsata/cim/StatusCodes.h"
+#include "source/Text.h"
 
 namespace qv::tool {
 namespace {
@@ -39,30 +40,31 @@ std::string_view LastLine(std::string_view text) {
 
 }  // namespace
 
-std::optional<Status> StatusOf(const Compilation& compilation) {
+std::vector<Status> StatusesIn(const Compilation& compilation) {
     constexpr std::size_t length = 10;
-    const std::string_view output = compilation.output;
-    std::optional<Status> last;
+    // The compiler writes "0x" and "0X".
+    const std::string output = FoldCase(compilation.output);
+    std::vector<Status> statuses;
     for (std::size_t at = output.find("0x"); at != output.npos; at = output.find("0x", at + 1)) {
         if (const auto status = service::StatusOfName(output.substr(at, length))) {
-            last = status;
+            statuses.push_back(*status);
         }
     }
-    return last;
+    return statuses;
 }
 
 std::string WhyNotCompiled(const Compilation& compilation, std::optional<Status> accepted) {
     if (!compilation.whyNotRun.empty() || compilation.exitCode == 0) {
         return compilation.whyNotRun;
     }
-    const std::optional<Status> status = StatusOf(compilation);
-    if (status && status == accepted) {
+    const std::vector<Status> statuses = StatusesIn(compilation);
+    if (accepted && std::ranges::count(statuses, *accepted) != 0) {
         return {};
     }
     std::string why = "mofcomp.exe ended with " + std::to_string(compilation.exitCode);
     why += MeaningOf(compilation.exitCode);
-    if (status) {
-        why += ", " + service::StatusName(*status);
+    if (!statuses.empty()) {
+        why += ", " + service::StatusName(statuses.back());
     }
     if (const std::string_view line = LastLine(compilation.output); !line.empty()) {
         why.append(": ").append(line);

@@ -125,7 +125,7 @@ std::vector<std::string> Register(Installer& installer, const ProductFiles& file
 std::vector<std::string> Unregister(Installer& installer, const ProductFiles& files) {
     const Step removal = RemovalStep(installer, files);
     std::vector<std::string> lines =
-        Obstacles(installer, {files.library, files.mofFolder / service::shippedRemovalFile});
+        Obstacles(installer, {files.mofFolder / service::shippedRemovalFile});
     if (!lines.empty()) {
         return lines;
     }

@@ -21,8 +21,9 @@ struct ProductFiles {
 /// then what could not be undone; nothing on success.
 std::vector<std::string> Register(Installer& installer, const ProductFiles& files);
 
-/// Removes what Register installed, except superclasses and the namespace. What is missing is
-/// skipped, and a step that fails does not stop the others. Returns what failed, a line each.
+/// Removes what Register installed, except superclasses and the namespace. A step that fails does
+/// not stop the others: without the library its classes are removed all the same. Returns what
+/// failed, a line each; nothing if nothing was installed.
 std::vector<std::string> Unregister(Installer& installer, const ProductFiles& files);
 
 }  // namespace qv::tool

@@ -2,6 +2,8 @@
 #include <gmock/gmock.h>
 
 #include <array>
+#include <fstream>
+#include <sstream>
 
 #include "tests/qvsata/mof/ShippedFiles.h"
 #include "tests/support/ExpectedCatalogue.h"
@@ -36,6 +38,17 @@ TEST(ShippedRegistration, CreatesTheNamespaceBeforeItIsUsed) {
     ASSERT_NE(root, nullptr);
     ASSERT_EQ(root->Instances().size(), 1U);
     EXPECT_EQ(root->RelativePath(root->Instances()[0]), "__Namespace.Name=\"QVQ\"");
+}
+
+// The reader keeps no qualifiers of instances. P: the rights on root are not inherited. 0x6003F:
+// all rights; 0x20001: enable and read the rights.
+TEST(ShippedRegistration, LetsAdministratorsWriteAndOtherUsersRead) {
+    std::ostringstream text;
+    text << std::ifstream(QV_SOURCE_DIR "/mof/qvwmisata_provider.mof").rdbuf();
+    EXPECT_THAT(text.str(),
+                testing::HasSubstr("[NamespaceSecuritySDDL(\"O:BAG:BAD:P(A;CI;0x6003F;;;BA)"
+                                   "(A;CI;0x6003F;;;SY)(A;CI;0x20001;;;AU)\")]\n"
+                                   "instance of __Namespace\n"));
 }
 
 TEST(ShippedRegistration, PutsNothingIntoTheDefaultNamespace) {

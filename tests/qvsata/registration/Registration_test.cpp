@@ -99,6 +99,12 @@ TEST_F(RegistrationSteps, AreUndoneFromAFailedSuperclassFileOn) {
     EXPECT_THAT(machine.calls, ElementsAre("+" + library, "cim_schema.mof", "-" + library));
 }
 
+TEST_F(RegistrationSteps, TakeExistingSuperclassesForASuccessWhateverElseTheCompilerWrites) {
+    machine.compilations["cim_schema.mof"] = {
+        "", 1, "error 0X80041019 class exists\r\nCompiler returned error 0x80041001\r\n"};
+    EXPECT_THAT(Install(), IsEmpty());
+}
+
 TEST_F(RegistrationSteps, DoNotTakeExistingClassesOfOurOwnForASuccess) {
     machine.compilations["qvwmisata.mof"] = exists;
     EXPECT_EQ(Install().size(), 1U);
@@ -147,9 +153,16 @@ TEST_F(RegistrationSteps, OfARemovalGoOnAfterAFailureAndReportAll) {
     machine.compilations["qvwmisata_remove.mof"] = {{}, 3, "(12): error SYNTAX 0X80044009\r\n\r\n"};
     machine.whyNotUnregistered = "access denied";
     EXPECT_THAT(Remove(), ElementsAre("compiling " + Mof("qvwmisata_remove.mof") +
-                                          ": mofcomp.exe ended with 3 (wrong syntax): (12): error "
-                                          "SYNTAX 0X80044009",
+                                          ": mofcomp.exe ended with 3 (wrong syntax), 0x80044009: "
+                                          "(12): error SYNTAX 0X80044009",
                                       "unregistering " + library + ": access denied"));
+}
+
+TEST_F(RegistrationSteps, OfARemovalRemoveTheClassesWithoutTheLibrary) {
+    files.library = "/none/QVWMISATA.dll";
+    machine.whyNotUnregistered = "error 126";
+    EXPECT_THAT(Remove(), ElementsAre("unregistering /none/QVWMISATA.dll: error 126"));
+    EXPECT_THAT(machine.calls, testing::Contains("qvwmisata_remove.mof"));
 }
 
 TEST_F(RegistrationSteps, OfARemovalTakeAMissingNamespaceForASuccess) {
