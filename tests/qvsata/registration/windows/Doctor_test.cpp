@@ -114,7 +114,7 @@ TEST_F(LoggingMachine, HasASettingOutOfRange) {
 TEST_F(LoggingMachine, LacksTheFolderOfItsLogs) {
     ASSERT_EQ(RunTool({"register"}).exitCode, 0U);
     SetText(std::wstring(settings) + L"\\ServerLOGGING", L"LOGFILENAME", L"C:\\none\\shared.log");
-    EXPECT_THAT(Problems(), ElementsAre("log settings", "log files"));
+    EXPECT_THAT(Problems(), ElementsAre("log files, this account"));
 }
 
 }  // namespace
