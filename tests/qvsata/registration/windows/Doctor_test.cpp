@@ -9,6 +9,7 @@ namespace qv::test {
 namespace {
 
 using testing::ElementsAre;
+using testing::HasSubstr;
 
 /// The links that doctor finds to be problems, except the two.
 std::vector<std::string> Problems() {
@@ -109,6 +110,16 @@ TEST_F(LoggingMachine, HasASettingOutOfRange) {
     const DWORD level = 9;
     RegSetKeyValueW(HKEY_LOCAL_MACHINE, settings, L"LogLevel", REG_DWORD, &level, sizeof(level));
     EXPECT_THAT(Problems(), ElementsAre("log settings"));
+}
+
+TEST_F(LoggingMachine, HasSettingsOfAnotherType) {
+    ASSERT_EQ(RunTool({"register"}).exitCode, 0U);
+    const DWORD number = 1;
+    RegSetKeyValueW(HKEY_LOCAL_MACHINE, settings, L"LogFolder", REG_DWORD, &number, sizeof(number));
+    SetText(settings, L"LogMaxSize (QVWMISATA)", L"1000000");
+    const ToolRun run = RunTool({"doctor"});
+    EXPECT_THAT(run.output, HasSubstr("LogFolder is 1, not a folder"));
+    EXPECT_THAT(run.output, HasSubstr(R"(LogMaxSize (QVWMISATA) is "1000000", not a number)"));
 }
 
 TEST_F(LoggingMachine, LacksTheFolderOfItsLogs) {
