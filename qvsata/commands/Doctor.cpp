@@ -87,19 +87,21 @@ void AskService(Facts& facts, const std::shared_ptr<const service::PublishedClas
         doctor::ReadNamespace(*installed.services, *classes, facts);
         facts.namespaceRights = doctor::RightsOf(SecurityOf(*installed.services));
     } else {
-        facts.whyNotConnected = service::StatusText(installed.status);
+        facts.connection = installed.status;
         const Unknown why{"root\\QVQ cannot be connected to"};
-        facts.classGaps = facts.differences = why;
+        facts.classGaps = why;
+        facts.answers = why;
         facts.providers = why;
         facts.namespaceRights = why;
     }
     if (!host) {
-        facts.unreadSources = facts.differences = Unknown{whyNotHosted};
+        facts.unreadSources = Unknown{whyNotHosted};
+        facts.answers = Unknown{whyNotHosted};
         return;
     }
     facts.unreadSources = PublishAll(*host);
     if (installed.services) {
-        facts.differences = doctor::CompareAnswers(*installed.services, host->Published());
+        facts.answers = doctor::CompareAnswers(*installed.services, host->Published());
     }
 }
 

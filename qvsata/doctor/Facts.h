@@ -1,11 +1,12 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <variant>
 #include <vector>
+
+#include "platform/Status.h"
 
 namespace qv::doctor {
 
@@ -30,6 +31,7 @@ struct Right {
     std::string account;
     bool isTrusted = false;  ///< administrators, and the system itself
     std::uint32_t mask = 0;
+    std::string id;  ///< "S-1-1-0"
 };
 
 /// The registered library.
@@ -46,11 +48,19 @@ struct LibraryFacts {
 /// How the management service knows a provider.
 struct ProviderFacts {
     std::string name;
+    bool isEventProvider = false;  ///< as shipped; otherwise it provides instances
     bool exists = false;
-    bool hasRegistration = false;  ///< as a provider of instances or events
+    bool hasRegistration = false;  ///< as a provider of what it is shipped to provide
     std::string wrongProperty;     ///< "CLSID is A, not B"; empty if every one is as shipped
     std::string hostingModel;
     std::string usualHostingModel;
+};
+
+/// A value of the key that holds the settings of the logs.
+struct SettingFacts {
+    std::string name;  ///< "LogLevel"
+    /// A number (REG_DWORD), a text, or nothing for a value of another type.
+    std::variant<std::monostate, std::uint32_t, std::string> value;
 };
 
 /// One of the provider's logs.
@@ -62,21 +72,27 @@ struct LogFacts {
     std::vector<std::string> trouble;  ///< lines near its end that tell of a failure
 };
 
+/// The classes as the installed provider publishes them and as the same library does that this
+/// program hosts; a line for each class.
+struct AnswerFacts {
+    bool isLoaded = true;  ///< no class failed because the service could not load the provider
+    std::vector<std::string> differences;
+    std::vector<std::string> notCompared;  ///< the hosted library cannot publish them
+};
+
 /// Everything that the links between a client and the provider rest on.
 struct Facts {
     std::string toolVersion;
     std::vector<ClassFacts> classes;
     Fact<LibraryFacts> library = Unknown{"no library is registered"};
-    /// Why root\QVQ cannot be connected to; empty if it can.
-    std::string whyNotConnected;
+    Status connection = Status::noError;  ///< to root\QVQ
     Fact<std::vector<Right>> namespaceRights;
     Fact<std::vector<std::string>> classGaps;  ///< what differs from the shipped definitions
     Fact<std::vector<ProviderFacts>> providers;
     Fact<std::vector<std::string>> unreadSources;  ///< by this account, a line each
     Fact<std::vector<LogFacts>> logs;
-    Fact<std::vector<std::string>> wrongSettings;  ///< values that are out of range
-    /// What the installed provider publishes otherwise than the library, a line for each class.
-    Fact<std::vector<std::string>> differences;
+    Fact<std::vector<SettingFacts>> settings;  ///< those that exist
+    Fact<AnswerFacts> answers;
 };
 
 }  // namespace qv::doctor

@@ -12,7 +12,7 @@ namespace qv::doctor {
 // What only Windows knows. Chosen when the program is linked.
 
 /// Looks at this machine's registry, files and logs: sets classes, library, logs and
-/// wrongSettings. Returns nothing on a system without a management service.
+/// settings. Returns nothing on a system without a management service.
 std::optional<Facts> ReadMachine();
 
 /// Connects to the machine's own management service.

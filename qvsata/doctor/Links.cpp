@@ -2,11 +2,16 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
+
+#include "qvsata/cim/StatusCodes.h"
+#include "qvsata/doctor/LogSettingRules.h"
 
 namespace qv::doctor {
 namespace {
 
 constexpr const char* registerAgain = "qvsata register";
+constexpr const char* restartService = "net stop winmgmt /y & net start winmgmt";
 
 Finding Problem(std::string text, std::string mend) {
     return {State::problem, std::move(text), std::move(mend)};
@@ -116,15 +121,59 @@ Finding JudgeVersion(const Facts& facts) {
     });
 }
 
-/// Returns the accounts, other than trusted ones, that are allowed any right of a mask.
-std::string AccountsWith(const std::vector<Right>& rights, std::uint32_t mask) {
-    std::string accounts;
+std::string Joined(const std::vector<std::string>& texts, std::string_view separator) {
+    std::string joined;
+    for (const std::string& text : texts) {
+        joined.append(joined.empty() ? "" : separator).append(text);
+    }
+    return joined;
+}
+
+/// Returns those of the rights that allow accounts other than trusted ones any right of a mask.
+std::vector<Right> OthersWith(const std::vector<Right>& rights, std::uint32_t mask) {
+    std::vector<Right> others;
+    std::ranges::copy_if(rights, std::back_inserter(others), [mask](const Right& right) {
+        return !right.isTrusted && (right.mask & mask) != 0;
+    });
+    return others;
+}
+
+std::string NamesOf(const std::vector<Right>& rights) {
+    std::vector<std::string> names(rights.size());
+    std::ranges::transform(rights, names.begin(), &Right::account);
+    return Joined(names, ", ");
+}
+
+/// Returns whether the accounts that host the providers can read and run files. The system always
+/// can, in a folder of administrators.
+bool IsReadByHosts(const std::vector<Right>& rights) {
+    // NETWORK SERVICE, and the groups that it is in: users, authenticated users and everyone.
+    static constexpr std::array<std::string_view, 4> hosts{"S-1-5-20", "S-1-5-32-545", "S-1-5-11",
+                                                           "S-1-1-0"};
+    // FILE_LIST_DIRECTORY and FILE_TRAVERSE, or what contains them.
+    static constexpr std::array<std::uint32_t, 3> readings{0x21, 0xA0000000, 0x10000000};
+    std::uint32_t mask = 0;
     for (const Right& right : rights) {
-        if (!right.isTrusted && (right.mask & mask) != 0) {
-            accounts += (accounts.empty() ? "" : ", ") + right.account;
+        mask |= std::ranges::find(hosts, right.id) == hosts.end() ? 0 : right.mask;
+    }
+    return std::ranges::any_of(
+        readings, [mask](std::uint32_t reading) { return (mask & reading) == reading; });
+}
+
+/// Returns the command that leaves a folder to administrators, and lets users read it. A right that
+/// was granted on the folder itself stays unless it is removed or replaced by name.
+std::string FolderMend(const std::string& folder, const std::vector<Right>& writers) {
+    constexpr std::string_view users = "S-1-5-32-545";
+    std::vector<std::string> removed;
+    for (const Right& writer : writers) {
+        if (writer.id != users) {
+            removed.push_back('*' + writer.id);
         }
     }
-    return accounts;
+    return "icacls \"" + folder +
+           "\" /inheritance:r /grant:r *S-1-5-18:(OI)(CI)F *S-1-5-32-544:(OI)(CI)F "
+           "*S-1-5-32-545:(OI)(CI)RX" +
+           (removed.empty() ? "" : " /remove:g " + Joined(removed, " "));
 }
 
 Finding JudgeFolder(const Facts& facts) {
@@ -135,23 +184,37 @@ Finding JudgeFolder(const Facts& facts) {
     const Fact<std::vector<Right>> unregistered = Unknown{"no library is registered"};
     return Judged(library == nullptr ? unregistered : library->rights,
                   [library](const std::vector<Right>& rights) -> Finding {
-                      const std::string accounts = AccountsWith(rights, changes);
-                      if (accounts.empty()) {
-                          return {};
+                      const std::vector<Right> writers = OthersWith(rights, changes);
+                      const std::string mend = FolderMend(library->folder, writers);
+                      if (!writers.empty()) {
+                          return Problem("others than administrators can change " +
+                                             library->folder +
+                                             ", and so run code as the system: " + NamesOf(writers),
+                                         mend);
                       }
-                      return Problem("others than administrators can change " + library->folder +
-                                         ", and so run code as the system: " + accounts,
-                                     "icacls \"" + library->folder +
-                                         "\" /inheritance:r /grant:r *S-1-5-18:(OI)(CI)F "
-                                         "*S-1-5-32-544:(OI)(CI)F *S-1-5-32-545:(OI)(CI)RX");
+                      return IsReadByHosts(rights)
+                                 ? Finding()
+                                 : Problem("NETWORK SERVICE cannot read " + library->folder, mend);
                   });
 }
 
+/// Returns whether the service refused this account: as one of its own codes or of COM
+/// (E_ACCESSDENIED).
+bool IsRefusal(Status status) {
+    return status == service::status::accessDenied || status == Status{0x80070005};
+}
+
 Finding JudgeConnection(const Facts& facts) {
-    return facts.whyNotConnected.empty()
-               ? Finding()
-               : Problem("root\\QVQ cannot be connected to: " + facts.whyNotConnected,
-                         registerAgain);
+    if (Succeeded(facts.connection)) {
+        return {};
+    }
+    const std::string text =
+        "root\\QVQ cannot be connected to: " + service::StatusText(facts.connection);
+    if (IsRefusal(facts.connection)) {
+        return {State::notChecked, text + "; run as an administrator", {}};
+    }
+    const bool isMissing = facts.connection == service::status::invalidNamespace;
+    return Problem(text, isMissing ? registerAgain : "net start winmgmt");
 }
 
 Finding JudgeNamespaceRights(const Facts& facts) {
@@ -159,11 +222,11 @@ Finding JudgeNamespaceRights(const Facts& facts) {
     static constexpr std::uint32_t writes = 0xC001C;
     static constexpr std::uint32_t enable = 1;
     return Judged(facts.namespaceRights, [](const std::vector<Right>& rights) -> Finding {
-        if (const std::string accounts = AccountsWith(rights, writes); !accounts.empty()) {
-            return Problem("others than administrators can write to root\\QVQ: " + accounts,
+        if (const std::vector<Right> writers = OthersWith(rights, writes); !writers.empty()) {
+            return Problem("others than administrators can write to root\\QVQ: " + NamesOf(writers),
                            registerAgain);
         }
-        if (AccountsWith(rights, enable).empty()) {
+        if (OthersWith(rights, enable).empty()) {
             return Problem("nobody but administrators can read root\\QVQ", registerAgain);
         }
         return {};
@@ -182,13 +245,18 @@ Finding JudgeProvider(const ProviderFacts& provider) {
     if (!provider.wrongProperty.empty()) {
         return Problem(provider.name + ": " + provider.wrongProperty, registerAgain);
     }
-    if (provider.hostingModel != provider.usualHostingModel) {
-        return {State::note,
-                provider.name + " runs as " + provider.hostingModel + ", not as " +
-                    provider.usualHostingModel,
-                registerAgain};
+    if (provider.hostingModel == provider.usualHostingModel) {
+        return {};
     }
-    return {};
+    const std::string text = provider.name + " runs as " + provider.hostingModel + ", not as " +
+                             provider.usualHostingModel;
+    // The event provider impersonates nobody, and its source answers administrators only.
+    if (provider.isEventProvider && !provider.hostingModel.starts_with("LocalSystemHost")) {
+        return Problem(
+            text + "; it raises no event unless that account may read failure predictions",
+            registerAgain);
+    }
+    return {State::note, text, registerAgain};
 }
 
 Finding JudgeProviders(const Facts& facts) {
@@ -211,10 +279,24 @@ Finding JudgeSourcesOfHosts(const Facts&) {
             {}};
 }
 
+/// Returns the command that removes a setting, "KEY /v NAME".
+std::string BackToDefault(const std::string& setting) {
+    return "reg delete " + setting + " /f";
+}
+
 Finding JudgeSettings(const Facts& facts) {
-    return NoneOf(facts.wrongSettings,
-                  R"(reg add HKLM\SOFTWARE\Corvane\WBEM /f /v LogLevel /t REG_DWORD /d 3 & )"
-                  R"(reg add HKLM\SOFTWARE\Corvane\WBEM /f /v LogMaxSize /t REG_DWORD /d 2097152)");
+    return Judged(facts.settings, [](const std::vector<SettingFacts>& settings) -> Finding {
+        std::vector<std::string> texts;
+        std::vector<std::string> mends;
+        for (const SettingFacts& setting : settings) {
+            if (const std::string why = WhyNotTaken(setting); !why.empty()) {
+                texts.push_back(why);
+                mends.push_back(
+                    BackToDefault(std::string(logSettingsKey) + " /v \"" + setting.name + '"'));
+            }
+        }
+        return texts.empty() ? Finding() : Problem(Joined(texts, "; "), Joined(mends, " & "));
+    });
 }
 
 Finding JudgeLogs(const Facts& facts) {
@@ -222,7 +304,7 @@ Finding JudgeLogs(const Facts& facts) {
         for (const LogFacts& log : logs) {
             if (!log.whyNotWritten.empty()) {
                 return Problem(log.file + " cannot be written: " + log.whyNotWritten,
-                               log.setting.empty() ? "" : "reg delete /f " + log.setting);
+                               log.setting.empty() ? "" : BackToDefault(log.setting));
             }
         }
         return {};
@@ -242,7 +324,15 @@ Finding JudgeTrouble(const Facts& facts) {
 }
 
 Finding JudgeAnswers(const Facts& facts) {
-    return NoneOf(facts.differences, "net stop winmgmt /y & net start winmgmt");
+    return Judged(facts.answers, [](const AnswerFacts& answers) -> Finding {
+        if (!answers.differences.empty()) {
+            return Problem(FirstOf(answers.differences),
+                           answers.isLoaded ? restartService : registerAgain);
+        }
+        return answers.notCompared.empty()
+                   ? Finding()
+                   : Finding{State::notChecked, FirstOf(answers.notCompared), {}};
+    });
 }
 
 struct JudgedLink {
@@ -265,7 +355,7 @@ constexpr std::array links{
     JudgedLink{"sources, this account", JudgeSources},
     JudgedLink{"sources, hosting accounts", JudgeSourcesOfHosts},
     JudgedLink{"log settings", JudgeSettings},
-    JudgedLink{"log files", JudgeLogs},
+    JudgedLink{"log files, this account", JudgeLogs},
     JudgedLink{"trouble in the logs", JudgeTrouble},
     JudgedLink{"installed answers", JudgeAnswers},
 };

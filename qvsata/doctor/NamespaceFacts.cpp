@@ -10,6 +10,7 @@
 #include "qvsata/mof/ShippedMof.h"
 #include "qvsata/output/OutputJson.h"
 #include "qvsata/view/diff/Differences.h"
+#include "source/Text.h"
 
 namespace qv::doctor {
 namespace {
@@ -21,9 +22,11 @@ using service::ObjectProperty;
 using service::Services;
 
 constexpr std::string_view providerClass = "__Win32Provider";
+constexpr std::string_view eventRegistrationClass = "__EventProviderRegistration";
+constexpr std::string_view superclassProperty = "__SUPERCLASS";
 
-/// Returns what the installed definition of a class lacks; empty if it lacks nothing. Inherited
-/// properties are those of others.
+/// Returns what the installed definition of a class has otherwise than the shipped one; empty if
+/// nothing. Inherited properties are those of others.
 std::string GapOf(const Object& installed, const Object& shipped, const std::string& name) {
     for (const ObjectProperty& wanted : service::PropertiesOf(shipped)) {
         const auto found = installed.Find(wanted.name);
@@ -35,7 +38,12 @@ std::string GapOf(const Object& installed, const Object& shipped, const std::str
             return name + '.' + wanted.name + " has another type";
         }
     }
-    return {};
+    const std::string superclass = service::TextOf(installed, superclassProperty);
+    const std::string usual = service::TextOf(shipped, superclassProperty);
+    return EqualsIgnoringCase(superclass, usual)
+               ? ""
+               : name + " derives from " + (superclass.empty() ? "no class" : superclass) +
+                     ", not from " + usual;
 }
 
 std::vector<std::string> ClassGaps(const Services& installed, const Services& shipped) {
@@ -58,23 +66,42 @@ std::vector<std::string> ClassGaps(const Services& installed, const Services& sh
     return gaps;
 }
 
-/// Returns whether an instance of a class names a provider.
-bool IsNamed(const Services& services, std::string_view className, const std::string& provider) {
-    return std::ranges::any_of(
-        services.Enumerate(className).objects, [&provider](const service::ObjectPtr& object) {
-            return service::TextOf(*object, "provider").ends_with("Name=\"" + provider + '"');
-        });
+/// Returns whether the path of a registration's provider names a provider.
+bool IsPathOf(const std::string& path, const std::string& provider) {
+    return path.ends_with("Name=\"" + provider + '"');
 }
 
-ProviderFacts FactsOf(const InstanceDefinition& wanted, const Services& installed) {
+/// Returns the class of the registration with which a provider is shipped.
+std::string RegistrationClassOf(const std::string& provider,
+                                const service::ClassRepository& shipped) {
+    const auto& stated = shipped.Instances();
+    const auto found = std::ranges::find_if(stated, [&provider](const InstanceDefinition& one) {
+        const service::CimValue* const path = one.Find("provider");
+        return path != nullptr && IsPathOf(std::get<std::string>(*path), provider);
+    });
+    return found == stated.end() ? "" : found->className;
+}
+
+bool IsRegistered(const std::string& provider, const std::string& registrationClass,
+                  const Services& installed) {
+    return std::ranges::any_of(installed.Enumerate(registrationClass).objects,
+                               [&provider](const service::ObjectPtr& registration) {
+                                   return IsPathOf(service::TextOf(*registration, "provider"),
+                                                   provider);
+                               });
+}
+
+ProviderFacts FactsOf(const InstanceDefinition& wanted, const service::ClassRepository& shipped,
+                      const Services& installed) {
     // What would keep the provider from being loaded, or give it another identity.
     constexpr std::array<std::string_view, 3> decisive{"CLSID", "ImpersonationLevel",
                                                        "PerUserInitialization"};
     ProviderFacts facts;
     facts.name = std::get<std::string>(*wanted.Find("Name"));
     facts.usualHostingModel = std::get<std::string>(*wanted.Find("HostingModel"));
-    facts.hasRegistration = IsNamed(installed, "__InstanceProviderRegistration", facts.name) ||
-                            IsNamed(installed, "__EventProviderRegistration", facts.name);
+    const std::string registrationClass = RegistrationClassOf(facts.name, shipped);
+    facts.isEventProvider = registrationClass == eventRegistrationClass;
+    facts.hasRegistration = IsRegistered(facts.name, registrationClass, installed);
     const service::ObjectList providers = installed.Enumerate(providerClass).objects;
     const auto found = std::ranges::find_if(providers, [&facts](const service::ObjectPtr& one) {
         return service::TextOf(*one, "Name") == facts.name;
@@ -140,23 +167,29 @@ void ReadNamespace(const Services& installed, const service::PublishedClasses& s
     std::vector<ProviderFacts> providers;
     for (const InstanceDefinition& stated : shipped.repository.Instances()) {
         if (stated.className == providerClass) {
-            providers.push_back(FactsOf(stated, installed));
+            providers.push_back(FactsOf(stated, shipped.repository, installed));
         }
     }
     facts.providers = providers;
 }
 
-std::vector<std::string> CompareAnswers(const Services& installed, const Services& hosted) {
-    std::vector<std::string> lines;
+AnswerFacts CompareAnswers(const Services& installed, const Services& hosted) {
+    AnswerFacts facts;
     for (const PublishedClass& one : PublishedClasses()) {
+        const std::string prefix = std::string(one.name) + ": ";
         const Answer own = hosted.Enumerate(one.name);
-        const std::string difference =
-            Succeeded(own.status) ? DifferenceOf(installed.Enumerate(one.name), own) : "";
-        if (!difference.empty()) {
-            lines.push_back(std::string(one.name) + ": " + difference);
+        if (!Succeeded(own.status)) {
+            facts.notCompared.push_back(prefix +
+                                        "not compared: " + service::StatusName(own.status));
+            continue;
+        }
+        const Answer answer = installed.Enumerate(one.name);
+        facts.isLoaded = facts.isLoaded && answer.status != service::status::providerLoadFailure;
+        if (const std::string difference = DifferenceOf(answer, own); !difference.empty()) {
+            facts.differences.push_back(prefix + difference);
         }
     }
-    return lines;
+    return facts;
 }
 
 }  // namespace qv::doctor

@@ -19,10 +19,8 @@ std::shared_ptr<const service::PublishedClasses> ReadShipped(
 void ReadNamespace(const service::Services& installed, const service::PublishedClasses& shipped,
                    Facts& facts);
 
-/// Returns what the installed provider publishes otherwise than the same library that this program
-/// hosts: a line for each class that differs, with the first instance and property. A class that
-/// the hosted library cannot publish either is skipped.
-std::vector<std::string> CompareAnswers(const service::Services& installed,
-                                        const service::Services& hosted);
+/// Compares what the installed provider publishes with what the same library does that this program
+/// hosts. The line of a class that differs names the first instance and property.
+AnswerFacts CompareAnswers(const service::Services& installed, const service::Services& hosted);
 
 }  // namespace qv::doctor

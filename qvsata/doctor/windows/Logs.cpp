@@ -5,14 +5,17 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "log/LogPlace.h"
 #include "log/LogSettings.h"
 #include "platform/windows/Handle.h"
 #include "platform/windows/RegistryKey.h"
 #include "platform/windows/Text.h"
+#include "qvsata/doctor/LogSettingRules.h"
 
 namespace qv::doctor {
 namespace {
@@ -83,17 +86,42 @@ LogFacts SharedLog() {
             WhyNotWritten(file), LinesWith(L"failed", windows::ToWide(EndOf(file)))};
 }
 
+/// Adds a value as it is stored, if it exists.
+void AddSetting(const windows::RegistryKey& key, std::string_view name,
+                std::vector<SettingFacts>& settings) {
+    const std::wstring wideName = windows::ToWide(name, CP_UTF8);
+    std::wstring text;
+    const LSTATUS status = key.ReadText(wideName.c_str(), text);
+    SettingFacts setting{std::string(name), {}};
+    if (const std::optional<DWORD> number = key.ReadNumber(wideName.c_str())) {
+        setting.value = static_cast<std::uint32_t>(*number);
+    } else if (status == ERROR_SUCCESS) {
+        setting.value = windows::ToNarrow(text, CP_UTF8);
+    }
+    if (status != ERROR_FILE_NOT_FOUND) {
+        settings.push_back(std::move(setting));
+    }
+}
+
+std::vector<SettingFacts> StoredSettings() {
+    std::vector<SettingFacts> settings;
+    const auto key = windows::RegistryKey::OpenLocalMachine(L"Software\\Corvane\\WBEM");
+    if (!key) {
+        return settings;
+    }
+    AddSetting(key, logFolderSetting, settings);
+    for (const NumberSetting& setting : numberSettings) {
+        AddSetting(key, setting.name, settings);
+    }
+    return settings;
+}
+
 }  // namespace
 
 void ReadLogs(Facts& facts) {
     LogSettings settings;
-    std::vector<std::string> wrong;
-    if (ReadLogSettings(L"QVWMISATA", {}, FolderSetting::read, settings) != ERROR_SUCCESS) {
-        wrong.emplace_back(
-            R"(HKLM\SOFTWARE\Corvane\WBEM: LogLevel (1 to 5), LogMaxSize (524288 to 33554432) or )"
-            "LogFolder is missing or wrong, and the provider uses its default");
-    }
-    facts.wrongSettings = wrong;
+    ReadLogSettings(L"QVWMISATA", {}, FolderSetting::read, settings);
+    facts.settings = StoredSettings();
     facts.logs = std::vector<LogFacts>{CommonLog(settings.folder), SharedLog()};
 }
 

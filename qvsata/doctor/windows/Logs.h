@@ -4,7 +4,7 @@
 
 namespace qv::doctor {
 
-/// Looks at both logs of the provider and at their settings: sets logs and wrongSettings.
+/// Looks at both logs of the provider and at their settings: sets logs and settings.
 void ReadLogs(Facts& facts);
 
 }  // namespace qv::doctor

@@ -57,7 +57,7 @@ std::vector<Right> AllowedRights(PSECURITY_DESCRIPTOR descriptor) {
     PACL list = nullptr;
     GetSecurityDescriptorDacl(descriptor, &isPresent, &list, &isDefault);
     if (!isPresent || list == nullptr) {
-        return {{"everyone", false, 0xFFFFFFFF}};
+        return {{"everyone", false, 0xFFFFFFFF, "S-1-1-0"}};
     }
     std::vector<Right> rights;
     for (DWORD index = 0; index < list->AceCount; ++index) {
@@ -68,7 +68,8 @@ std::vector<Right> AllowedRights(PSECURITY_DESCRIPTOR descriptor) {
             (header->AceFlags & INHERIT_ONLY_ACE) == 0) {
             auto* const allowed = static_cast<ACCESS_ALLOWED_ACE*>(entry);
             const PSID account = &allowed->SidStart;
-            rights.push_back({NameOf(account), IsTrusted(account), allowed->Mask});
+            rights.push_back({NameOf(account), IsTrusted(account), allowed->Mask,
+                              windows::ToNarrow(IdOf(account), CP_UTF8)});
         }
     }
     return rights;

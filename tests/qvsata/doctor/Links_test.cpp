@@ -5,6 +5,7 @@
 
 #include <functional>
 
+#include "qvsata/cim/StatusCodes.h"
 #include "qvsata/doctor/Report.h"
 #include "qvsata/view/text/StyledText.h"
 
@@ -21,25 +22,36 @@ Facts Healthy() {
     facts.toolVersion = "1.0.0";
     facts.classes = {{"instance provider", "{I}", R"(C:\q\Q.dll)", "Both"},
                      {"event provider", "{E}", R"(C:\q\Q.dll)", "Both"}};
-    facts.library = LibraryFacts{
-        R"(C:\q\Q.dll)",
-        R"(C:\q)",
-        true,
-        std::uint16_t{0x8664},
-        "",
-        "1.0.0",
-        std::vector<Right>{{"Administrators", true, 0x1F01FF}, {"Users", false, 0x1200A9}}};
-    facts.namespaceRights =
-        std::vector<Right>{{"Administrators", true, 0x6003F}, {"Users", false, 0x20001}};
-    facts.classGaps = facts.unreadSources = facts.wrongSettings = facts.differences =
-        std::vector<std::string>();
-    facts.providers = std::vector<ProviderFacts>{{"I", true, true, "", "N", "N"}};
+    facts.library =
+        LibraryFacts{R"(C:\q\Q.dll)",
+                     R"(C:\q)",
+                     true,
+                     std::uint16_t{0x8664},
+                     "",
+                     "1.0.0",
+                     std::vector<Right>{{"Administrators", true, 0x1F01FF, "S-1-5-32-544"},
+                                        {"Users", false, 0x1200A9, "S-1-5-32-545"}}};
+    facts.namespaceRights = std::vector<Right>{{"Administrators", true, 0x6003F, "S-1-5-32-544"},
+                                               {"Users", false, 0x20001, "S-1-5-32-545"}};
+    facts.classGaps = facts.unreadSources = std::vector<std::string>();
+    facts.providers = std::vector<ProviderFacts>{{"I", false, true, true, "", "N", "N"}};
+    facts.settings = std::vector<SettingFacts>();
+    facts.answers = AnswerFacts();
     facts.logs = std::vector<LogFacts>{{"C:\\l\\Q.log", "", "", {}}};
     return facts;
 }
 
 LibraryFacts& Library(Facts& facts) {
     return std::get<LibraryFacts>(facts.library);
+}
+
+AnswerFacts& Answers(Facts& facts) {
+    return std::get<AnswerFacts>(facts.answers);
+}
+
+/// The settings of the logs with one value.
+std::vector<SettingFacts> Setting(const char* name, decltype(SettingFacts::value) value) {
+    return {{name, std::move(value)}};
 }
 
 ProviderFacts& Provider(Facts& facts) {
@@ -103,22 +115,57 @@ const std::array breakages{
     Breakage{"OldVersion", [](Facts& facts) { Library(facts).version = "0.9.0"; },
              "library version: the library has version 0.9.0, this program 1.0.0 -> qvsata "
              "register"},
-    Breakage{"WritableFolder",
+    Breakage{
+        "WritableFolder",
+        [](Facts& facts) {
+            Library(facts).rights = std::vector<Right>{{"Everyone", false, 0x1F01FF, "S-1-1-0"}};
+        },
+        "library folder: others than administrators can change C:\\q, and so run code as the "
+        "system: Everyone -> icacls \"C:\\q\" /inheritance:r /grant:r *S-1-5-18:(OI)(CI)F "
+        "*S-1-5-32-544:(OI)(CI)F *S-1-5-32-545:(OI)(CI)RX /remove:g *S-1-1-0"},
+    Breakage{"FolderThatUsersWrite",
              [](Facts& facts) {
-                 Library(facts).rights = std::vector<Right>{{"Everyone", false, 0x1F01FF}};
+                 Library(facts).rights =
+                     std::vector<Right>{{"Users", false, 0x1301BF, "S-1-5-32-545"},
+                                        {"Authors", false, 0x2, "S-1-5-21-1"},
+                                        {"Guests", false, 0x4, "S-1-5-32-546"}};
              },
              "library folder: others than administrators can change C:\\q, and so run code as the "
-             "system: Everyone -> icacls \"C:\\q\" /inheritance:r /grant:r *S-1-5-18:(OI)(CI)F "
-             "*S-1-5-32-544:(OI)(CI)F *S-1-5-32-545:(OI)(CI)RX"},
+             "system: Users, Authors, Guests -> icacls \"C:\\q\" /inheritance:r /grant:r "
+             "*S-1-5-18:(OI)(CI)F *S-1-5-32-544:(OI)(CI)F *S-1-5-32-545:(OI)(CI)RX /remove:g "
+             "*S-1-5-21-1 *S-1-5-32-546"},
+    Breakage{"ClosedFolder",
+             [](Facts& facts) {
+                 Library(facts).rights =
+                     std::vector<Right>{{"Administrators", true, 0x1F01FF, "S-1-5-32-544"},
+                                        {"Ann", false, 0x1200A9, "S-1-5-21-1"},
+                                        {"Everyone", false, 0x20, "S-1-1-0"}};
+             },
+             "library folder: NETWORK SERVICE cannot read C:\\q -> icacls \"C:\\q\" "
+             "/inheritance:r /grant:r *S-1-5-18:(OI)(CI)F *S-1-5-32-544:(OI)(CI)F "
+             "*S-1-5-32-545:(OI)(CI)RX"},
+    Breakage{"NoNamespace",
+             [](Facts& facts) { facts.connection = service::status::invalidNamespace; },
+             "namespace: root\\QVQ cannot be connected to: unknown namespace (0x8004100E) -> "
+             "qvsata register"},
+    Breakage{"RefusedNamespace",
+             [](Facts& facts) { facts.connection = service::status::accessDenied; },
+             "namespace: root\\QVQ cannot be connected to: access denied (0x80041003); run as an "
+             "administrator -> "},
+    Breakage{"RefusedByCom", [](Facts& facts) { facts.connection = Status{0x80070005}; },
+             "namespace: root\\QVQ cannot be connected to: access denied (0x80070005); run as an "
+             "administrator -> "},
+    Breakage{"StoppedService", [](Facts& facts) { facts.connection = Status{0x80070422}; },
+             "namespace: root\\QVQ cannot be connected to: 0x80070422 -> net start winmgmt"},
     Breakage{"OpenNamespace",
              [](Facts& facts) {
-                 facts.namespaceRights = std::vector<Right>{{"Everyone", false, 0x13}};
+                 facts.namespaceRights = std::vector<Right>{{"Everyone", false, 0x13, "S-1-1-0"}};
              },
              "namespace rights: others than administrators can write to root\\QVQ: Everyone -> "
              "qvsata register"},
     Breakage{"ClosedNamespace",
              [](Facts& facts) {
-                 facts.namespaceRights = std::vector<Right>{{"A", true, 0x6003F}};
+                 facts.namespaceRights = std::vector<Right>{{"A", true, 0x6003F, "S-1-5-18"}};
              },
              "namespace rights: nobody but administrators can read root\\QVQ -> qvsata register"},
     Breakage{"MissingClass",
@@ -137,32 +184,110 @@ const std::array breakages{
              "provider registrations: I: CLSID is not as shipped -> qvsata register"},
     Breakage{"OtherAccount", [](Facts& facts) { Provider(facts).hostingModel = "L"; },
              "provider registrations: I runs as L, not as N -> qvsata register"},
+    Breakage{"EventsUnderAnotherAccount",
+             [](Facts& facts) {
+                 Provider(facts) = {
+                     "E", true, true, true, "", "NetworkServiceHost:Q", "LocalSystemHost:Q"};
+             },
+             "provider registrations: E runs as NetworkServiceHost:Q, not as LocalSystemHost:Q; it "
+             "raises no event unless that account may read failure predictions -> qvsata register"},
+    Breakage{"EventsInAnotherProcess",
+             [](Facts& facts) {
+                 Provider(facts) = {
+                     "E", true, true, true, "", "LocalSystemHost", "LocalSystemHost:Q"};
+             },
+             "provider registrations: E runs as LocalSystemHost, not as LocalSystemHost:Q -> "
+             "qvsata register"},
     Breakage{
         "UnreadSource",
         [](Facts& facts) { facts.unreadSources = std::vector<std::string>{"root\\wmi X: denied"}; },
         "sources, this account: root\\wmi X: denied -> qvsata sources --live"},
-    Breakage{"WrongSetting",
-             [](Facts& facts) { facts.wrongSettings = std::vector<std::string>{"LogLevel is 9"}; },
-             "log settings: LogLevel is 9 -> reg add HKLM\\SOFTWARE\\Corvane\\WBEM /f /v LogLevel "
-             "/t REG_DWORD /d 3 & reg add HKLM\\SOFTWARE\\Corvane\\WBEM /f /v LogMaxSize /t "
-             "REG_DWORD /d 2097152"},
-    Breakage{"UnwritableLog",
+    Breakage{"LevelOutOfRange",
+             [](Facts& facts) { facts.settings = Setting("LogLevel (QVWMISATA)", 6U); },
+             "log settings: LogLevel (QVWMISATA) is 6, not a number from 1 to 5 (REG_DWORD) -> reg "
+             "delete HKLM\\SOFTWARE\\Corvane\\WBEM /v \"LogLevel (QVWMISATA)\" /f"},
+    Breakage{"LevelThatIsText", [](Facts& facts) { facts.settings = Setting("LogLevel", "3"); },
+             "log settings: LogLevel is \"3\", not a number from 1 to 5 (REG_DWORD) -> reg delete "
+             "HKLM\\SOFTWARE\\Corvane\\WBEM /v \"LogLevel\" /f"},
+    Breakage{"SizeOutOfRange",
+             [](Facts& facts) { facts.settings = Setting("LogMaxSize", 524287U); },
+             "log settings: LogMaxSize is 524287, not a number from 524288 to 33554432 (REG_DWORD) "
+             "-> reg delete HKLM\\SOFTWARE\\Corvane\\WBEM /v \"LogMaxSize\" /f"},
+    Breakage{"FolderThatIsNoText", [](Facts& facts) { facts.settings = Setting("LogFolder", {}); },
+             "log settings: LogFolder is of another type, not a folder (REG_SZ) -> reg delete "
+             "HKLM\\SOFTWARE\\Corvane\\WBEM /v \"LogFolder\" /f"},
+    Breakage{"TwoSettings",
              [](Facts& facts) {
-                 facts.logs = std::vector<LogFacts>{{"Q.log", "KEY /v NAME", "error 5", {}}};
+                 facts.settings = std::vector<SettingFacts>{{"LogFolder", ""}, {"LogLevel", 0U}};
              },
-             "log files: Q.log cannot be written: error 5 -> reg delete /f KEY /v NAME"},
+             "log settings: LogFolder is \"\", not a folder (REG_SZ); LogLevel is 0, not a number "
+             "from 1 to 5 (REG_DWORD) -> reg delete HKLM\\SOFTWARE\\Corvane\\WBEM /v \"LogFolder\" "
+             "/f & reg delete HKLM\\SOFTWARE\\Corvane\\WBEM /v \"LogLevel\" /f"},
+    Breakage{
+        "UnwritableLog",
+        [](Facts& facts) {
+            facts.logs = std::vector<LogFacts>{{"Q.log", "KEY /v NAME", "error 5", {}}};
+        },
+        "log files, this account: Q.log cannot be written: error 5 -> reg delete KEY /v NAME /f"},
     Breakage{"Trouble",
              [](Facts& facts) {
                  facts.logs = std::vector<LogFacts>{{"Q.log", "", "", {"a", "b"}}};
              },
              "trouble in the logs: Q.log: b -> type \"Q.log\""},
-    Breakage{"OtherAnswers",
-             [](Facts& facts) { facts.differences = std::vector<std::string>{"QV_X: none"}; },
+    Breakage{"OtherAnswers", [](Facts& facts) { Answers(facts).differences = {"QV_X: none"}; },
              "installed answers: QV_X: none -> net stop winmgmt /y & net start winmgmt"},
+    Breakage{"UnloadedProvider",
+             [](Facts& facts) {
+                 Answers(facts) = {false, {"QV_X: none", "QV_Y: not loaded"}, {}};
+             },
+             "installed answers: 2 findings, the first: QV_X: none -> qvsata register"},
+    Breakage{"AnswersThatWereNotCompared",
+             [](Facts& facts) { Answers(facts).notCompared = {"QV_X: not compared: E"}; },
+             "installed answers: QV_X: not compared: E -> "},
 };
 
 INSTANTIATE_TEST_SUITE_P(Each, BrokenLink, testing::ValuesIn(breakages),
                          [](const auto& breakage) { return std::string(breakage.param.name); });
+
+TEST(Links, AreOkWithSettingsInTheirRange) {
+    Facts facts = Healthy();
+    facts.settings = std::vector<SettingFacts>{{"LogFolder", "C:\\l"},
+                                               {"LogLevel", 1U},
+                                               {"LogLevel (QVWMISATA)", 5U},
+                                               {"LogMaxSize", 524288U},
+                                               {"LogMaxSize (QVWMISATA)", 33554432U}};
+    EXPECT_THAT(Troubles(facts), IsEmpty());
+}
+
+TEST(Links, AreOkIfNetworkServiceCanReadTheFolder) {
+    Facts facts = Healthy();
+    Library(facts).rights = std::vector<Right>{{"NETWORK SERVICE", false, 0x1200A9, "S-1-5-20"}};
+    EXPECT_THAT(Troubles(facts), IsEmpty());
+}
+
+TEST(Links, ThatTheAccountIsRefusedAreNotChecked) {
+    Facts facts = Healthy();
+    facts.connection = service::status::accessDenied;
+    EXPECT_EQ(WorstOf(JudgeLinks(facts)), State::notChecked);
+}
+
+TEST(Links, OfClassesThatWereNotComparedAreNotChecked) {
+    Facts facts = Healthy();
+    Answers(facts).notCompared = {"QV_X: not compared: E"};
+    EXPECT_EQ(WorstOf(JudgeLinks(facts)), State::notChecked);
+}
+
+TEST(Links, OfEventsUnderAnotherAccountAreAProblem) {
+    Facts facts = Healthy();
+    Provider(facts) = {"E", true, true, true, "", "NetworkServiceHost:Q", "LocalSystemHost:Q"};
+    EXPECT_EQ(WorstOf(JudgeLinks(facts)), State::problem);
+}
+
+TEST(Links, OfInstancesUnderAnotherAccountAreANote) {
+    Facts facts = Healthy();
+    Provider(facts).hostingModel = "LocalSystemHost:Q";
+    EXPECT_EQ(WorstOf(JudgeLinks(facts)), State::ok);
+}
 
 TEST(Links, ThatNeedABrokenOneAreNotChecked) {
     Facts facts = Healthy();

@@ -65,6 +65,7 @@ service::ObjectPtr With(const service::Object& object, const std::string& name,
     std::vector<ObjectProperty> properties = service::PropertiesOf(object);
     properties.push_back(*object.Find("__RELPATH"));
     properties.push_back(*object.Find("__CLASS"));
+    properties.push_back(*object.Find("__SUPERCLASS"));
     std::ranges::find(properties, name, &ObjectProperty::name)->value = value;
     return std::make_shared<service::Snapshot>(properties);
 }
@@ -73,6 +74,7 @@ service::ObjectPtr With(const service::Object& object, const std::string& name,
 service::ObjectPtr Without(const service::Object& definition, const std::string& name) {
     std::vector<ObjectProperty> properties = service::PropertiesOf(definition);
     std::erase_if(properties, [&name](const ObjectProperty& one) { return one.name == name; });
+    properties.push_back(*definition.Find("__SUPERCLASS"));
     return std::make_shared<service::Snapshot>(properties);
 }
 
@@ -122,6 +124,22 @@ TEST_F(InstalledNamespace, MayLackAPropertyOfASuperclass) {
     EXPECT_THAT(Gaps(), IsEmpty());
 }
 
+TEST_F(InstalledNamespace, DerivesAClassFromAnother) {
+    const Answer whole = shipped->Get("QV_SATADiskDrive");
+    installed.answers["QV_SATADiskDrive"] = {
+        Status::noError, "", {With(*whole.objects.front(), "__SUPERCLASS", "CIM_Other")}};
+    EXPECT_THAT(Gaps(), ElementsAre("QV_SATADiskDrive derives from CIM_Other, not from " +
+                                    service::TextOf(*whole.objects.front(), "__SUPERCLASS")));
+}
+
+TEST_F(InstalledNamespace, DerivesAClassFromNone) {
+    const Answer whole = shipped->Get("QV_SATADiskDrive");
+    installed.answers["QV_SATADiskDrive"] = {
+        Status::noError, "", {With(*whole.objects.front(), "__SUPERCLASS", {})}};
+    EXPECT_THAT(Gaps(),
+                ElementsAre(testing::StartsWith("QV_SATADiskDrive derives from no class, not ")));
+}
+
 TEST_F(InstalledNamespace, HasBothProvidersAsShipped) {
     const std::vector<ProviderFacts> providers = Providers();
     ASSERT_EQ(providers.size(), 2U);
@@ -130,7 +148,9 @@ TEST_F(InstalledNamespace, HasBothProvidersAsShipped) {
     EXPECT_EQ(providers[0].wrongProperty, "");
     EXPECT_EQ(providers[0].hostingModel, "NetworkServiceHost:QVWMISATA");
     EXPECT_EQ(providers[0].usualHostingModel, "NetworkServiceHost:QVWMISATA");
+    EXPECT_FALSE(providers[0].isEventProvider);
     EXPECT_EQ(providers[1].name, "QVWMISATA_EventProv");
+    EXPECT_TRUE(providers[1].isEventProvider);
     EXPECT_TRUE(providers[1].exists && providers[1].hasRegistration);
     EXPECT_EQ(providers[1].wrongProperty, "");
 }
@@ -145,6 +165,14 @@ TEST_F(InstalledNamespace, LacksTheRegistrationOfAProvidersInstances) {
     installed.answers["__InstanceProviderRegistration"] = {};
     EXPECT_FALSE(Providers()[0].hasRegistration);
     EXPECT_TRUE(Providers()[1].hasRegistration);
+}
+
+TEST_F(InstalledNamespace, RegistersTheEventProviderForInstances) {
+    const Answer events = Stated("__EventProviderRegistration");
+    installed.answers["__InstanceProviderRegistration"] = events;
+    installed.answers["__EventProviderRegistration"] = {};
+    EXPECT_FALSE(Providers()[0].hasRegistration);
+    EXPECT_FALSE(Providers()[1].hasRegistration);
 }
 
 TEST_F(InstalledNamespace, NamesAnotherClassId) {
@@ -172,7 +200,8 @@ protected:
             service::ReadHostFile(std::string(QV_SOURCE_DIR "/hosts/ahci-desktop.json")));
         return service::StartProvider(options);
     }
-    std::vector<std::string> Differences() { return CompareAnswers(installed, host->Published()); }
+    AnswerFacts Compared() { return CompareAnswers(installed, host->Published()); }
+    std::vector<std::string> Differences() { return Compared().differences; }
 
     const std::unique_ptr<service::ProviderHost> host = Start();
     const service::ObjectList disks = host->Published().Enumerate("QV_SATADiskDrive").objects;
@@ -187,6 +216,26 @@ TEST_F(InstalledAnswers, AreAFailure) {
     installed.answers["QV_SATADiskDrive"] = {service::status::providerLoadFailure, "", {}};
     EXPECT_THAT(Differences(),
                 ElementsAre("QV_SATADiskDrive: WBEM_E_PROVIDER_LOAD_FAILURE (0x80041013)"));
+}
+
+TEST_F(InstalledAnswers, TellOfAnUnloadedProvider) {
+    installed.answers["QV_SATADiskDrive"] = {service::status::providerLoadFailure, "", {}};
+    EXPECT_FALSE(Compared().isLoaded);
+}
+
+TEST_F(InstalledAnswers, TellOfALoadedProviderIfTheyAreAnotherFailure) {
+    installed.answers["QV_SATADiskDrive"] = {service::status::accessDenied, "", {}};
+    EXPECT_TRUE(Compared().isLoaded);
+}
+
+TEST_F(InstalledAnswers, AreNotComparedWithAFailureOfTheHostedLibrary) {
+    InstalledStandIn hosted{host->Published()};
+    hosted.answers["QV_SATADiskDrive"] = {service::status::providerFailure, "", {}};
+    const AnswerFacts facts = CompareAnswers(installed, hosted);
+    EXPECT_THAT(facts.differences, IsEmpty());
+    EXPECT_THAT(
+        facts.notCompared,
+        ElementsAre("QV_SATADiskDrive: not compared: WBEM_E_PROVIDER_FAILURE (0x80041004)"));
 }
 
 TEST_F(InstalledAnswers, LackAnInstance) {

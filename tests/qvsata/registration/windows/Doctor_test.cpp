@@ -9,6 +9,7 @@ namespace qv::test {
 namespace {
 
 using testing::ElementsAre;
+using testing::HasSubstr;
 
 /// The links that doctor finds to be problems, except the two.
 std::vector<std::string> Problems() {
@@ -111,10 +112,20 @@ TEST_F(LoggingMachine, HasASettingOutOfRange) {
     EXPECT_THAT(Problems(), ElementsAre("log settings"));
 }
 
+TEST_F(LoggingMachine, HasSettingsOfAnotherType) {
+    ASSERT_EQ(RunTool({"register"}).exitCode, 0U);
+    const DWORD number = 1;
+    RegSetKeyValueW(HKEY_LOCAL_MACHINE, settings, L"LogFolder", REG_DWORD, &number, sizeof(number));
+    SetText(settings, L"LogMaxSize (QVWMISATA)", L"1000000");
+    const ToolRun run = RunTool({"doctor"});
+    EXPECT_THAT(run.output, HasSubstr("LogFolder is 1, not a folder"));
+    EXPECT_THAT(run.output, HasSubstr(R"(LogMaxSize (QVWMISATA) is "1000000", not a number)"));
+}
+
 TEST_F(LoggingMachine, LacksTheFolderOfItsLogs) {
     ASSERT_EQ(RunTool({"register"}).exitCode, 0U);
     SetText(std::wstring(settings) + L"\\ServerLOGGING", L"LOGFILENAME", L"C:\\none\\shared.log");
-    EXPECT_THAT(Problems(), ElementsAre("log settings", "log files"));
+    EXPECT_THAT(Problems(), ElementsAre("log files, this account"));
 }
 
 }  // namespace

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "qvsata/doctor/Facts.h"
+
+namespace qv::doctor {
+
+/// The key that holds the settings of the logs.
+inline constexpr std::string_view logSettingsKey = R"(HKLM\SOFTWARE\Corvane\WBEM)";
+
+/// The setting that names the folder of the common log.
+inline constexpr std::string_view logFolderSetting = "LogFolder";
+
+/// A setting that is a number, with its range.
+struct NumberSetting {
+    std::string_view name;
+    std::uint32_t lowest;
+    std::uint32_t highest;
+};
+
+inline constexpr std::array numberSettings{
+    NumberSetting{"LogLevel", 1, 5},
+    NumberSetting{"LogLevel (QVWMISATA)", 1, 5},
+    NumberSetting{"LogMaxSize", 0x80000, 0x2000000},
+    NumberSetting{"LogMaxSize (QVWMISATA)", 0x80000, 0x2000000},
+};
+
+/// Returns why the provider uses its default instead of a value that is set, "LogLevel is 9, not a
+/// number from 1 to 5"; empty if the value is in its range.
+std::string WhyNotTaken(const SettingFacts& setting);
+
+}  // namespace qv::doctor
