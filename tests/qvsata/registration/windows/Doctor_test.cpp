@@ -1,5 +1,6 @@
 // qvsata doctor on a registered library, of which one link at a time is broken. The prefix has no
 // namespace of the provider, and its folders are the user's: these two are problems in each test.
+#include <cstdlib>
 #include <functional>
 
 #include "nlohmann/json.hpp"
@@ -25,6 +26,16 @@ std::vector<std::string> Problems() {
         }
     }
     return names;
+}
+
+/// Runs the command that mends a problem.
+void Mend(const std::string& name) {
+    const auto document = nlohmann::json::parse(RunTool({"doctor", "--format", "json"}).output);
+    for (const auto& link : document["links"]) {
+        if (link["name"] == name) {
+            EXPECT_EQ(std::system((link["mend"].get<std::string>() + " >nul").c_str()), 0);
+        }
+    }
 }
 
 void SetText(const std::wstring& key, const wchar_t* name, const std::wstring& text) {
@@ -110,6 +121,8 @@ TEST_F(LoggingMachine, HasASettingOutOfRange) {
     const DWORD level = 9;
     RegSetKeyValueW(HKEY_LOCAL_MACHINE, settings, L"LogLevel", REG_DWORD, &level, sizeof(level));
     EXPECT_THAT(Problems(), ElementsAre("log settings"));
+    Mend("log settings");
+    EXPECT_THAT(Problems(), testing::IsEmpty());
 }
 
 TEST_F(LoggingMachine, HasSettingsOfAnotherType) {
@@ -126,6 +139,8 @@ TEST_F(LoggingMachine, LacksTheFolderOfItsLogs) {
     ASSERT_EQ(RunTool({"register"}).exitCode, 0U);
     SetText(std::wstring(settings) + L"\\ServerLOGGING", L"LOGFILENAME", L"C:\\none\\shared.log");
     EXPECT_THAT(Problems(), ElementsAre("log files, this account"));
+    Mend("log files, this account");
+    EXPECT_THAT(Problems(), testing::IsEmpty());
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 // machine's own locator returns it, on a recorded host.
 #include <windows.h>
 
+#include <accctrl.h>
 #include <sddl.h>
 #include <wbemcli.h>
 
@@ -14,6 +15,7 @@
 #include "qvsata/doctor/NamespaceFacts.h"
 #include "qvsata/hosting/ComApartment.h"
 #include "qvsata/hosting/ManagementHost.h"
+#include "qvsata/hosting/substitutes/ImportPatch.h"
 #include "qvsata/hosting/substitutes/Locator.h"
 #include "qvsata/hosting/substitutes/ServedClass.h"
 #include "qvsata/service/RecordedMachine.h"
@@ -30,11 +32,26 @@ using service::Answer;
 using service::CimType;
 using service::ObjectProperty;
 
+/// Sets a security descriptor, which the caller frees with LocalFree; returns its size.
+ULONG MakeDescriptor(const wchar_t* sddl, PSECURITY_DESCRIPTOR* descriptor) {
+    ULONG size = 0;
+    ConvertStringSecurityDescriptorToSecurityDescriptorW(sddl, SDDL_REVISION_1, descriptor, &size);
+    return size;
+}
+
+// The rights on each folder: Wine knows no folder that only administrators may change.
+const wchar_t* folderRights = nullptr;
+
+DWORD WINAPI GetFolderRights(const wchar_t*, SE_OBJECT_TYPE, SECURITY_INFORMATION, PSID*, PSID*,
+                             PACL*, PACL*, PSECURITY_DESCRIPTOR* descriptor) {
+    MakeDescriptor(folderRights, descriptor);
+    return ERROR_SUCCESS;
+}
+
 /// Returns an object that holds a security descriptor as the service does.
 service::ObjectPtr NamespaceWith(const wchar_t* sddl) {
     PSECURITY_DESCRIPTOR descriptor = nullptr;
-    ULONG size = 0;
-    ConvertStringSecurityDescriptorToSecurityDescriptorW(sddl, SDDL_REVISION_1, &descriptor, &size);
+    const ULONG size = MakeDescriptor(sddl, &descriptor);
     const auto* const bytes = static_cast<const BYTE*>(descriptor);
     const std::vector<std::int64_t> numbers(bytes, bytes + size);
     LocalFree(descriptor);
@@ -72,6 +89,7 @@ class InstalledService : public RegisteredTest {
 protected:
     void SetUp() override {
         RegisteredTest::SetUp();
+        folderRights = L"D:(A;;FA;;;BA)(A;;FA;;;SY)(A;;0x1200A9;;;BU)";
         ASSERT_EQ(RunTool({"register"}).exitCode, 0U);
         const service::ManagementHost host(RecordedOptions(nullptr, QV_LIBRARY));
         for (const PublishedClass& one : PublishedClasses()) {
@@ -81,15 +99,17 @@ protected:
             Status::noError, "", {NamespaceWith(L"D:(A;CI;0x6003F;;;BA)(A;CI;0x20001;;;AU)")}};
     }
 
-    /// Returns the links of the management service that are not OK: "NAME: text".
+    static Ending Doctor() {
+        return RunHere({"doctor", "--format", "json", "--mof", QV_SOURCE_DIR "/mof"});
+    }
+
+    /// Returns the links that are not OK: "NAME: text". What can never be checked is left out.
     static std::vector<std::string> Troubles() {
-        const Ending run = RunHere({"doctor", "--format", "json", "--mof", QV_SOURCE_DIR "/mof"});
         std::vector<std::string> troubles;
-        const auto document = nlohmann::json::parse(run.output);
+        const auto document = nlohmann::json::parse(Doctor().output);
         for (const auto& link : document["links"]) {
             const std::string name = link["name"];
-            if (link["state"] != "OK" && name != "library folder" &&
-                name != "sources, hosting accounts") {
+            if (link["state"] != "OK" && name != "sources, hosting accounts") {
                 troubles.push_back(name + ": " + link["text"].get<std::string>());
             }
         }
@@ -108,6 +128,9 @@ private:
     }
 
     const service::ComApartment apartment_;
+    const service::ImportPatch folders_{
+        GetModuleHandleW(nullptr), "GetNamedSecurityInfoW",
+        reinterpret_cast<service::ImportPatch::Function>(&GetFolderRights)};
     const service::Connector recorded_ =
         service::ConnectRecorded(ShippedRecording("hosts/ahci-desktop.json"));
     const service::ServedClass locator_{
@@ -119,6 +142,21 @@ private:
 
 TEST_F(InstalledService, IsWholeAndAnswersAsTheHostedLibrary) {
     EXPECT_THAT(Troubles(), testing::IsEmpty());
+    EXPECT_EQ(Doctor().exitCode, 0);
+}
+
+TEST_F(InstalledService, LiesInAFolderThatEveryoneMayChange) {
+    folderRights = L"D:(A;;FA;;;BA)(A;;0x1301BF;;;WD)";
+    EXPECT_THAT(Troubles(), testing::ElementsAre(testing::StartsWith(
+                                "library folder: others than administrators can change ")));
+    EXPECT_EQ(Doctor().exitCode, 4);
+}
+
+TEST_F(InstalledService, LiesInAFolderThatItsHostCannotRead) {
+    folderRights = L"D:(A;;FA;;;BA)(A;;FA;;;SY)";
+    EXPECT_THAT(
+        Troubles(),
+        testing::ElementsAre(testing::StartsWith("library folder: NETWORK SERVICE cannot read ")));
 }
 
 TEST_F(InstalledService, LacksAClass) {
