@@ -1,20 +1,16 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <map>
 #include <memory>
 
-#include "catalogue/Classes.h"
 #include "qvsata/cim/StatusCodes.h"
 #include "qvsata/commands/Commands.h"
 #include "qvsata/session/MachineAnswer.h"
 #include "qvsata/session/Options.h"
-#include "qvsata/session/Session.h"
 #include "qvsata/session/SourceReport.h"
+#include "qvsata/session/SourceUses.h"
 #include "qvsata/system/Console.h"
 #include "qvsata/view/text/TextTable.h"
-#include "source/Namespaces.h"
-#include "source/Text.h"
 
 namespace qv::tool {
 namespace {
@@ -22,57 +18,6 @@ namespace {
 using view::Style;
 
 enum class SourcesFormat { text, json };
-
-/// A source class with all queries of it.
-struct SourceUse {
-    SourceClass source;
-    std::size_t queries = 0;
-    std::size_t rows = 0;  ///< of all different queries
-    std::chrono::microseconds time{};
-    service::SourceQuery worst;  ///< the first one that was not read, otherwise the first one
-};
-
-bool IsOf(const service::SourceQuery& query, const SourceClass& source) {
-    // Without a connection to the namespace, none of its classes was read.
-    return EqualsIgnoringCase(query.nameSpace, source.nameSpace) &&
-           (query.className.empty() || EqualsIgnoringCase(query.className, source.name));
-}
-
-SourceUse UseOf(const SourceClass& source, const std::vector<service::SourceQuery>& queries) {
-    SourceUse use{source, 0, 0, {}, {}};
-    std::map<std::string, std::size_t> rowsByText;
-    for (const service::SourceQuery& query : queries) {
-        if (!IsOf(query, source)) {
-            continue;
-        }
-        use.worst = use.queries == 0 || (WasRead(use.worst) && !WasRead(query)) ? query : use.worst;
-        ++use.queries;
-        use.time += query.time;
-        rowsByText[query.text] = query.rows;
-    }
-    for (const auto& [text, rows] : rowsByText) {
-        use.rows += rows;
-    }
-    return use;
-}
-
-/// Has the provider publish everything, and reads the class that only its monitor reads.
-std::vector<SourceUse> ReadSources(const service::ProviderHost& host) {
-    for (const PublishedClass& published : PublishedClasses()) {
-        Take(host.Published().Enumerate(published.name));
-    }
-    if (const service::Connection monitored = host.Machine()(wmiNamespace); monitored.services) {
-        monitored.services->Query("SELECT * FROM MSStorageDriver_FailurePredictStatus");
-    }
-    const std::vector<service::SourceQuery> queries = host.Journal().Queries();
-    std::vector<SourceUse> uses;
-    for (const SourceClass& source : SourceClasses()) {
-        if (!source.name.empty()) {
-            uses.push_back(UseOf(source, queries));
-        }
-    }
-    return uses;
-}
 
 std::string Milliseconds(std::chrono::microseconds time) {
     std::array<char, 32> text{};
@@ -98,7 +43,7 @@ view::StyledText AsText(const std::vector<SourceUse>& uses) {
         inTitle};
     std::string losses;
     for (const SourceUse& use : uses) {
-        const bool isRead = use.queries != 0 && WasRead(use.worst);
+        const bool isRead = use.IsRead();
         table.rows.push_back({{{std::string(use.source.nameSpace)}},
                               {{std::string(use.source.name)}},
                               {{isRead ? std::to_string(use.rows) : "-"}, true},
@@ -126,7 +71,7 @@ nlohmann::ordered_json AsJson(const std::vector<SourceUse>& uses) {
             status = EndText(use.worst);
             code = static_cast<std::uint32_t>(use.worst.status);
             meaning = service::StatusMeaning(use.worst.status);
-            if (WasRead(use.worst)) {
+            if (use.IsRead()) {
                 rows = use.rows;
             }
         }
@@ -163,7 +108,7 @@ void AddSources(CLI::App& program) {
     OnRecordings(
         *command, arguments,
         [](const service::ProviderHost& host, const Arguments& given, const MachineAnswer& answer) {
-            const std::vector<SourceUse> uses = ReadSources(host);
+            const std::vector<SourceUse> uses = ReadSourceUses(host);
             if (given.format == SourcesFormat::json) {
                 answer.PrintJson(AsJson(uses));
             } else {

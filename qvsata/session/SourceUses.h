@@ -1,0 +1,29 @@
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <vector>
+
+#include "qvsata/service/ProviderHost.h"
+#include "qvsata/session/SourceReport.h"
+
+namespace qv::tool {
+
+/// A source class with all queries of it.
+struct SourceUse {
+    SourceClass source;
+    std::size_t queries = 0;
+    std::size_t rows = 0;  ///< of all different queries
+    std::chrono::microseconds time{};
+    service::SourceQuery worst;  ///< the first one that was not read, otherwise the first one
+
+    /// Returns whether the class was queried, and every query of it read.
+    bool IsRead() const;
+};
+
+/// Has the provider publish everything, and reads the class that only its monitor reads. Returns
+/// each class that the provider reads, those of the disks first. Throws CommandError if the
+/// provider fails.
+std::vector<SourceUse> ReadSourceUses(const service::ProviderHost& host);
+
+}  // namespace qv::tool
