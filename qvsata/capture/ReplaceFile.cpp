@@ -1,6 +1,7 @@
 #include "qvsata/capture/ReplaceFile.h"
 
 #include <fstream>
+#include <random>
 #include <stdexcept>
 #include <string>
 #include <system_error>
@@ -9,7 +10,7 @@ namespace qv::capture {
 
 void ReplaceFile(const std::filesystem::path& file, std::string_view content) {
     std::filesystem::path part = file;
-    part += ".part";
+    part += '.' + std::to_string(std::random_device()()) + ".part";
     std::ofstream stream(part, std::ios::binary);
     stream << content;
     stream.close();

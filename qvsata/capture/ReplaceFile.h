@@ -5,9 +5,10 @@
 
 namespace qv::capture {
 
-/// Writes a file beside `file` (FILE.part) and renames it to `file`, so that `file` is always
-/// complete: the former one or the new one. Throws std::runtime_error with one line if that fails;
-/// then `file` is unchanged and FILE.part is gone.
+/// Writes a file beside `file` (FILE.NUMBER.part, with another number each time, because two
+/// processes may write at once) and renames it to `file`, so that `file` is always complete: the
+/// former one or a new one. Throws std::runtime_error with one line if that fails; then `file` is
+/// unchanged and the other is gone.
 void ReplaceFile(const std::filesystem::path& file, std::string_view content);
 
 }  // namespace qv::capture

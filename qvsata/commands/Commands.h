@@ -17,6 +17,7 @@ void AddDoctor(CLI::App& program);
 void AddEnumerate(CLI::App& program);
 void AddExplain(CLI::App& program);
 void AddGet(CLI::App& program);
+void AddMetrics(CLI::App& program);
 void AddQuery(CLI::App& program);
 void AddReferences(CLI::App& program);
 void AddRegister(CLI::App& program);
@@ -29,6 +30,7 @@ void AddWatch(CLI::App& program);
 inline constexpr std::array commands{AddDisks,      AddExplain,  AddTopology,   AddClasses,
                                      AddEnumerate,  AddGet,      AddQuery,      AddAssociators,
                                      AddReferences, AddSources,  AddCapture,    AddDiff,
-                                     AddWatch,      AddRegister, AddUnregister, AddDoctor};
+                                     AddWatch,      AddMetrics,  AddRegister,   AddUnregister,
+                                     AddDoctor};
 
 }  // namespace qv::tool
