@@ -27,10 +27,9 @@ void AddUnregister(CLI::App& program);
 void AddWatch(CLI::App& program);
 
 /// All of them, in the order in which --help lists them.
-inline constexpr std::array commands{AddDisks,      AddExplain,  AddTopology,   AddClasses,
-                                     AddEnumerate,  AddGet,      AddQuery,      AddAssociators,
-                                     AddReferences, AddSources,  AddCapture,    AddDiff,
-                                     AddWatch,      AddMetrics,  AddRegister,   AddUnregister,
-                                     AddDoctor};
+inline constexpr std::array commands{
+    AddDisks, AddExplain,     AddTopology,   AddClasses,    AddEnumerate, AddGet,
+    AddQuery, AddAssociators, AddReferences, AddSources,    AddCapture,   AddDiff,
+    AddWatch, AddMetrics,     AddRegister,   AddUnregister, AddDoctor};
 
 }  // namespace qv::tool

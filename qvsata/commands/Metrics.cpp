@@ -28,8 +28,8 @@ std::vector<metrics::Source> Queried(const std::vector<SourceUse>& uses) {
     std::vector<metrics::Source> sources;
     for (const SourceUse& use : uses) {
         if (use.queries != 0) {
-            sources.push_back({use.source.name,
-                               use.IsRead() ? std::optional(use.rows) : std::nullopt, use.time});
+            sources.push_back(
+                {use.source.name, use.IsRead() ? std::optional(use.rows) : std::nullopt, use.time});
         }
     }
     return sources;
@@ -64,11 +64,12 @@ void AddMetrics(CLI::App& program) {
         "metrics", "disks and sources as metrics for Prometheus (docs/MONITORING.md)");
     AddSourceOptions(*command, arguments->options);
     command
-        ->add_option("-o,--output", arguments->file,
-                     "the file, such as qvsata.prom; replaced as a whole (default: standard output)")
+        ->add_option(
+            "-o,--output", arguments->file,
+            "the file, such as qvsata.prom; replaced as a whole (default: standard output)")
         ->type_name("FILE");
-    CLI::Option* const expect = command->add_option(
-        "--expect", arguments->expected, "how many disks the machine should publish");
+    CLI::Option* const expect = command->add_option("--expect", arguments->expected,
+                                                    "how many disks the machine should publish");
     CheckWhole(expect, 0, "N");
     command->footer("Example: qvsata metrics --live -o qvsata.prom");
     OnProvider(*command, arguments, [expect](const auto& host, const Arguments& given) {

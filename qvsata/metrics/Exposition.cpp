@@ -51,7 +51,8 @@ std::string LabelsText(const std::vector<Label>& labels) {
 
 std::string NumberText(double value) {
     std::array<char, 32> text{};
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), value).ptr;
+    const auto [end, error] =
+        std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed);
     return {text.data(), end};
 }
 

@@ -75,6 +75,7 @@ INSTANTIATE_TEST_SUITE_P(
                     std::vector<std::string>{"topology", "--format", "dot"},
                     std::vector<std::string>{"topology", "--format", "dot", "--all"},
                     std::vector<std::string>{"classes"}, std::vector<std::string>{"sources"},
+                    std::vector<std::string>{"metrics"},
                     std::vector<std::string>{"enumerate", "CIM_ManagedElement"},
                     std::vector<std::string>{"enumerate", "CIM_ManagedElement", "--format", "mof"},
                     std::vector<std::string>{"get", "--disk", "0"},

@@ -116,6 +116,7 @@ INSTANTIATE_TEST_SUITE_P(
             Source{cimv2, "Win32_SystemDriver", software}),
         failures,
         testing::Values(std::vector<std::string>{"topology"}, std::vector<std::string>{"classes"},
+                        std::vector<std::string>{"metrics"},
                         std::vector<std::string>{"enumerate", "CIM_ManagedElement"})));
 
 // The neighbours of the computer and those of a controller rest on different sources.
@@ -155,6 +156,7 @@ INSTANTIATE_TEST_SUITE_P(
                    "disks cannot be watched, and predicted failures are not seen"}),
         failures,
         testing::Values(std::vector<std::string>{"disks"}, std::vector<std::string>{"sources"},
+                        std::vector<std::string>{"metrics"},
                         std::vector<std::string>{"topology", "--format", "json"})));
 
 class UnreadComputerName : public UnreadSourcesTest {

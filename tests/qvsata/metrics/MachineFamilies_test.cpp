@@ -123,12 +123,11 @@ TEST(MachineFamilies, IdentifyADisk) {
     disk.bus = "IDE";
     disk.deviceId = "SCSI\\DISK&VEN_";
     disk.size = 480101368320;
-    EXPECT_THAT(
-        TextOf({disk}),
-        AllOf(HasSubstr("qvsata_disk_info{disk=\"3\",model=\"NORTHLAKE N480S\","
-                        "serial=\"NLS0480C0207H31\",firmware=\"NL3.11\",bus=\"IDE\","
-                        "device_id=\"SCSI\\\\DISK&VEN_\"} 1\n"),
-              HasSubstr("qvsata_disk_size_bytes{disk=\"3\"} 480101368320\n")));
+    EXPECT_THAT(TextOf({disk}),
+                AllOf(HasSubstr("qvsata_disk_info{disk=\"3\",model=\"NORTHLAKE N480S\","
+                                "serial=\"NLS0480C0207H31\",firmware=\"NL3.11\",bus=\"IDE\","
+                                "device_id=\"SCSI\\\\DISK&VEN_\"} 1\n"),
+                      HasSubstr("qvsata_disk_size_bytes{disk=\"3\"} 480101368320\n")));
 }
 
 TEST(MachineFamilies, DecodeASerialNumber) {
@@ -155,11 +154,10 @@ TEST(MachineFamilies, SayWhetherAFailureIsPredicted) {
 TEST(MachineFamilies, SayWhyADiskIsNotPublished) {
     OsDisk excluded = DiskWithNumber(1);
     excluded.whyUnpublished = "bus is SCSI";
-    EXPECT_THAT(
-        TextOf({DiskWithNumber(0), excluded}),
-        AllOf(HasSubstr("qvsata_disks 2\n"), HasSubstr("qvsata_disks_published 1\n"),
-              HasSubstr("qvsata_disk_excluded_info{disk=\"1\",reason=\"bus is SCSI\"} 1\n"),
-              Not(HasSubstr("qvsata_disk_excluded_info{disk=\"0\""))));
+    EXPECT_THAT(TextOf({DiskWithNumber(0), excluded}),
+                AllOf(HasSubstr("qvsata_disks 2\n"), HasSubstr("qvsata_disks_published 1\n"),
+                      HasSubstr("qvsata_disk_excluded_info{disk=\"1\",reason=\"bus is SCSI\"} 1\n"),
+                      Not(HasSubstr("qvsata_disk_excluded_info{disk=\"0\""))));
 }
 
 /// Returns the series of disk 0 for the statuses that are 1.
