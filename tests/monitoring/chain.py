@@ -58,8 +58,8 @@ class Receiver:
 
 
 def quick(rules):
-    rules = re.sub(r"(for:|offset) (10m|30m|1h)\b", lambda found: {"for:": "for: 1s", "offset": "offset 10s"}[found[1]],
-                   rules)
+    seconds = {"for:": "for: 1s", "offset": "offset 10s"}
+    rules = re.sub(r"(for:|offset) (10m|30m|1h)\b", lambda found: seconds[found[1]], rules)
     assert "10m" not in re.sub(r"#.*", "", rules)
     return rules
 

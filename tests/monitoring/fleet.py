@@ -80,7 +80,8 @@ def measure(folder, address, count):
         time.sleep(INTERVAL * SCRAPES)
         wait_for("a scrape of itself", lambda: prometheus.query("prometheus_tsdb_head_series"))
         cost = {"memory": prometheus.resident_mebibytes(),
-                "series": prometheus.number("prometheus_tsdb_head_series")}
+                "series": prometheus.number("prometheus_tsdb_head_series"),
+                "processor": prometheus.number(f"rate(process_cpu_seconds_total[{INTERVAL * SCRAPES // 2}s])")}
         if count:
             cost |= {
                 "up": prometheus.number('sum(up{job="fleet"})'),
@@ -116,8 +117,9 @@ def main(tool, count):
     print(f"series in Prometheus: {full['series']:.0f}, of which {empty['series']:.0f} its own")
     print(f"scrape of a host: {full['scrape'] * 1000:.1f} ms on average, {full['slow scrape'] * 1000:.1f} ms for "
           "the slowest hundredth")
-    print(f"rules of the fleet: {full['rules'] * 1000:.0f} ms; {full['alerts']:.0f} alerts, {full['failed']:.0f} failed "
-          "disks")
+    print(f"one evaluation of all rules: {full['rules'] * 1000:.0f} ms; {full['alerts']:.0f} alerts fire, "
+          f"{full['failed']:.0f} disks have failed")
+    print(f"processor: {(full['processor'] - empty['processor']) * 100:.1f} % of one, for scrapes and rules")
     print(f"memory: {full['memory']:.0f} MiB, without hosts {empty['memory']:.0f} MiB: {per_host:.0f} KiB for a host")
 
 

@@ -4,14 +4,19 @@ HTTP, and ended with the script whatever happens."""
 import contextlib
 import json
 import pathlib
+import signal
 import socket
 import subprocess
+import sys
 import time
 import urllib.parse
 import urllib.request
 
 TREE = pathlib.Path(__file__).resolve().parents[2]
 UNPACKED = TREE / "build/monitoring/usr"
+
+# The programs end with the script, also if it is ended.
+signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))
 
 
 def free_port():
@@ -39,7 +44,8 @@ def get(url):
 @contextlib.contextmanager
 def program(folder, name, *arguments):
     """Runs a program; its output goes to NAME.log in the folder. It sees the unpacked files at /usr/share."""
-    command = ["unshare", "--user", "--map-root-user", "--mount", "sh", "-c", 'mount --bind "$0" /usr/share && exec "$@"',
+    command = ["unshare", "--user", "--map-root-user", "--mount",
+               "sh", "-c", 'mount --bind "$0" /usr/share && exec "$@"',
                UNPACKED / "share", UNPACKED / "bin" / name, *arguments]
     with open(folder / f"{name}.log", "wb") as log:
         process = subprocess.Popen(command, cwd=folder, stdout=log, stderr=log)
