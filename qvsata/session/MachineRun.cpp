@@ -7,6 +7,7 @@
 #include <iterator>
 
 #include "qvsata/cim/StatusCodes.h"
+#include "qvsata/cim/Utf8.h"
 #include "qvsata/mof/ShippedMof.h"
 #include "qvsata/output/Output.h"
 #include "qvsata/recorded/HostFile.h"
@@ -74,6 +75,12 @@ std::shared_ptr<const service::PublishedClasses> ReadClasses(const Options& opti
     const path folder = options.mofFolder.empty() ? ProgramFolder() : FromUtf8(options.mofFolder);
     for (const std::string_view file : service::shippedClassFiles) {
         files.push_back(folder / file);
+        std::error_code error;
+        if (std::filesystem::status(files.back(), error).type() ==
+            std::filesystem::file_type::not_found) {
+            throw CommandError(service::Utf8OfPath(files.back()) +
+                               ": not found; --mof names the folder of the class definitions");
+        }
     }
     return service::ReadPublishedClasses(files);
 }
