@@ -13,8 +13,8 @@ TEST(ClassDefinitions, AreMissingInAFolder) {
     const TemporaryFile folder;
     std::filesystem::create_directory(folder.Path());
     const std::string name = folder.Path().string();
-    const Ending run = RunHere(
-        {"disks", "--host", QV_SOURCE_DIR "/hosts/ahci-desktop.json", "--mof", name});
+    const Ending run =
+        RunHere({"disks", "--host", QV_SOURCE_DIR "/hosts/ahci-desktop.json", "--mof", name});
     EXPECT_EQ(run.exitCode, 1);
     EXPECT_EQ(run.output, "");
     EXPECT_EQ(run.errors, "qvsata: " + (folder.Path() / "cim_schema.mof").string() +
