@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <iterator>
+#include <utility>
 
 #include "qvsata/cim/StatusCodes.h"
 #include "qvsata/cim/Utf8.h"
@@ -115,7 +116,8 @@ std::unique_ptr<service::ProviderHost> StartOrExplain(const service::HostOptions
 
 }  // namespace
 
-MachineRun::MachineRun(const Options& options) {
+MachineRun::MachineRun(const Options& options)
+    : report_(options.report == nullptr ? ReportOnErrors : options.report) {
     if (options.timeout != 0 && !options.isEndless) {
         deadline_.emplace(std::chrono::seconds(options.timeout),
                           [this, seconds = options.timeout] { End(seconds); });
@@ -141,7 +143,9 @@ bool MachineRun::On(const Machine& machine,
         }
         WriteErrorLine((machine.name.empty() ? "" : machine.name + ": ") + error.what());
     }
-    WriteErrorFitted(unread());
+    if (machine.options.report == nullptr) {
+        WriteErrorFitted(unread());
+    }
     return unread().empty();
 }
 
@@ -170,10 +174,10 @@ std::unique_ptr<service::ProviderHost> StartOn(
 
 void MachineRun::End(unsigned seconds) {
     const std::scoped_lock lock(mutex_);
-    const std::string unread = journal_ ? UnreadLines(journal_->Queries(), prefix_) : "";
+    std::string unread = journal_ ? UnreadLines(journal_->Queries(), prefix_) : "";
+    const int exitCode = report_(TimeoutFailure(std::move(unread), seconds));
     // Threads that wait for a source cannot be ended in any other way.
-    WriteErrorFitted(TimeoutLines(unread, seconds));
-    std::_Exit(incomplete);
+    std::_Exit(exitCode);
 }
 
 void WriteErrorLine(const std::string& message) {
