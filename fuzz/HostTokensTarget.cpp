@@ -160,7 +160,7 @@ void AddObject(HostBuilder& host, Chooser& chooser) {
 
 void RunHostTokens(Bytes input) {
     // Few objects: what is published of them grows with their cube, and small hosts are quick.
-    constexpr int mostObjects = 5;
+    constexpr int mostObjects = 4;
     Chooser chooser(input);
     const std::size_t chosen = chooser.Below(256);
     HostBuilder host(chooser.OneOf(std::array{"SRV01", "", "\xC3\x84", "A:B", "S\"X"}));

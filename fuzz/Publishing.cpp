@@ -133,19 +133,20 @@ void CheckPlainText(std::string_view text) {
     }
 }
 
-void CheckAssociation(const RecordedProvider& provider, const Association& association) {
+void CheckPairs(const RecordedProvider& provider, const Association& association,
+                const RecordList& records) {
     const Published ends = Publish(
         provider,
         {association.first.className, association.second.className, association.third.className});
-    Require(ReferencesOf(provider.All(association.name)) == PlainReferences(ends, association),
+    Require(ReferencesOf(records) == PlainReferences(ends, association),
             std::string(association.name) + " has the pairs that plain loops find");
 }
 
 void CheckClass(const RecordedProvider& provider, const PublishedClass& type, std::size_t chosen) {
-    if (type.association != nullptr) {
-        CheckAssociation(provider, *type.association);
-    }
     const RecordList records = provider.All(type.name);
+    if (type.association != nullptr) {
+        CheckPairs(provider, *type.association, records);
+    }
     if (!records.empty()) {
         const InstanceRecord& record = records[chosen % records.size()];
         const RecordList found = provider.At(type.name, BuildObjectPath(record));

@@ -66,6 +66,11 @@ std::string ToUtf8(std::wstring_view wide) {
     return utf8;
 }
 
+std::string Utf8OfPath(const std::filesystem::path& path) {
+    const std::u8string text = path.u8string();
+    return {text.begin(), text.end()};
+}
+
 std::optional<std::string> Utf8OfUtf16(std::u16string_view utf16) {
     const auto isIn = [](char32_t unit, char32_t first) {
         constexpr char32_t halves = 0x400;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -11,6 +12,9 @@ namespace qv::service {
 
 std::wstring ToWide(std::string_view utf8);
 std::string ToUtf8(std::wstring_view wide);
+
+/// Returns a path as a text for people, in UTF-8.
+std::string Utf8OfPath(const std::filesystem::path& path);
 
 /// Returns UTF-16 as UTF-8; nothing if it is not well-formed.
 std::optional<std::string> Utf8OfUtf16(std::u16string_view utf16);

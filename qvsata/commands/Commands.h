@@ -3,6 +3,7 @@
 #include <array>
 
 #include "CLI/CLI.hpp"
+#include "qvsata/session/Failure.h"
 
 namespace qv::tool {
 
@@ -10,6 +11,7 @@ namespace qv::tool {
 // and throws what Session.h throws.
 void AddAssociators(CLI::App& program);
 void AddCapture(CLI::App& program);
+void AddCheck(CLI::App& program);
 void AddClasses(CLI::App& program);
 void AddDiff(CLI::App& program);
 void AddDisks(CLI::App& program);
@@ -26,10 +28,36 @@ void AddTopology(CLI::App& program);
 void AddUnregister(CLI::App& program);
 void AddWatch(CLI::App& program);
 
+/// Reports a failure of `check` to a monitoring engine. Returns the exit code of UNKNOWN.
+int ReportUnchecked(const Failure& failure);
+
+/// A command of the program.
+struct Command {
+    void (*add)(CLI::App& program);
+    /// Reports its failures, from a wrong command line to output that cannot be written.
+    FailureReport report = ReportOnErrors;
+};
+
 /// All of them, in the order in which --help lists them.
-inline constexpr std::array commands{
-    AddDisks, AddExplain,     AddTopology,   AddClasses,    AddEnumerate, AddGet,
-    AddQuery, AddAssociators, AddReferences, AddSources,    AddCapture,   AddDiff,
-    AddWatch, AddMetrics,     AddRegister,   AddUnregister, AddDoctor};
+inline constexpr auto commands = std::to_array<Command>({
+    {AddDisks},
+    {AddExplain},
+    {AddTopology},
+    {AddClasses},
+    {AddEnumerate},
+    {AddGet},
+    {AddQuery},
+    {AddAssociators},
+    {AddReferences},
+    {AddSources},
+    {AddCapture},
+    {AddDiff},
+    {AddWatch},
+    {AddCheck, ReportUnchecked},
+    {AddMetrics},
+    {AddRegister},
+    {AddUnregister},
+    {AddDoctor},
+});
 
 }  // namespace qv::tool

@@ -1,6 +1,7 @@
 #include <filesystem>
 #include <memory>
 
+#include "qvsata/cim/Utf8.h"
 #include "qvsata/commands/Commands.h"
 #include "qvsata/output/Output.h"
 #include "qvsata/registration/Registration.h"
@@ -53,8 +54,7 @@ void AddChange(CLI::App& program, const std::string& name, const std::string& su
         if (!failures.empty()) {
             throw CommandEnd(failed);
         }
-        const std::u8string library = files.library.u8string();
-        PrintFitted({{done + view::Printable(std::string(library.begin(), library.end())) + '\n'}});
+        PrintFitted({{done + view::Printable(service::Utf8OfPath(files.library)) + '\n'}});
     });
 }
 

@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "qvsata/cim/StatusCodes.h"
+#include "qvsata/cim/Utf8.h"
 #include "qvsata/recorded/JsonText.h"
 #include "qvsata/recorded/TextFile.h"
 
@@ -270,8 +271,7 @@ RecordedHost ReadHostText(std::string_view json, std::string_view name) {
 }
 
 RecordedHost ReadHostFile(const std::filesystem::path& file, std::uintmax_t mostBytes) {
-    const std::u8string utf8 = file.u8string();
-    const std::string name(utf8.begin(), utf8.end());
+    const std::string name = Utf8OfPath(file);
     return ReadHostText(ReadTextFile(file, name, mostBytes), name);
 }
 

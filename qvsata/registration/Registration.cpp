@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "qvsata/cim/StatusCodes.h"
+#include "qvsata/cim/Utf8.h"
 #include "qvsata/mof/ShippedMof.h"
 #include "qvsata/registration/MofCompiler.h"
 
@@ -21,11 +22,6 @@ struct Step {
     std::function<std::string()> undo = {};  ///< null: nothing is undone
     bool leavesParts = false;                ///< if it fails: it is undone then, too
 };
-
-std::string Utf8(const path& file) {
-    const std::u8string text = file.u8string();
-    return {text.begin(), text.end()};
-}
 
 /// Undoes steps, last first. Adds a line for each that cannot be undone.
 void Undo(std::span<const Step> steps, std::vector<std::string>& lines) {
@@ -51,7 +47,7 @@ std::vector<std::string> RunOrUndo(std::span<const Step> steps) {
 
 Step CompileStep(Installer& installer, const path& file,
                  std::optional<Status> accepted = std::nullopt) {
-    return {"compiling " + Utf8(file), [&installer, file, accepted] {
+    return {"compiling " + service::Utf8OfPath(file), [&installer, file, accepted] {
                 return WhyNotCompiled(installer.CompileMof(file), accepted);
             }};
 }
@@ -66,7 +62,7 @@ Step LibraryStep(Installer& installer, const path& library, const path& before) 
     const auto undo = [&installer, library, before] {
         return before.empty() ? installer.Unregister(library) : installer.Register(before);
     };
-    return {"registering " + Utf8(library),
+    return {"registering " + service::Utf8OfPath(library),
             [&installer, library] { return installer.Register(library); }, undo};
 }
 
@@ -99,7 +95,7 @@ std::vector<std::string> Obstacles(const Installer& installer, const std::vector
     std::vector<std::string> lines;
     for (const path& file : files) {
         if (!std::filesystem::exists(file)) {
-            lines.push_back(Utf8(file) + ": not found");
+            lines.push_back(service::Utf8OfPath(file) + ": not found");
         }
     }
     return lines;
@@ -133,7 +129,7 @@ std::vector<std::string> Unregister(Installer& installer, const ProductFiles& fi
         lines.push_back(removal.name + ": " + why);
     }
     if (const std::string why = installer.Unregister(files.library); !why.empty()) {
-        lines.push_back("unregistering " + Utf8(files.library) + ": " + why);
+        lines.push_back("unregistering " + service::Utf8OfPath(files.library) + ": " + why);
     }
     return lines;
 }

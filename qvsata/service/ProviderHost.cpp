@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "qvsata/cim/Utf8.h"
 #include "qvsata/mof/MofReader.h"
 #include "source/Namespaces.h"
 
@@ -25,10 +26,7 @@ void AttachProvider(Namespace& published, std::shared_ptr<const InstanceSource> 
 std::shared_ptr<const PublishedClasses> ReadPublishedClasses(
     const std::vector<std::filesystem::path>& mofFiles) {
     std::vector<std::string> files;
-    for (const std::filesystem::path& file : mofFiles) {
-        const std::u8string utf8 = file.u8string();
-        files.emplace_back(utf8.begin(), utf8.end());
-    }
+    std::ranges::transform(mofFiles, std::back_inserter(files), Utf8OfPath);
     Namespaces namespaces;
     ReadMofFiles(files, namespaces);
     return std::make_shared<const PublishedClasses>(std::move(namespaces.Of(providerNamespace)));

@@ -5,8 +5,10 @@
 #include <cstdlib>
 #include <filesystem>
 #include <iterator>
+#include <utility>
 
 #include "qvsata/cim/StatusCodes.h"
+#include "qvsata/cim/Utf8.h"
 #include "qvsata/mof/ShippedMof.h"
 #include "qvsata/output/Output.h"
 #include "qvsata/recorded/HostFile.h"
@@ -74,6 +76,12 @@ std::shared_ptr<const service::PublishedClasses> ReadClasses(const Options& opti
     const path folder = options.mofFolder.empty() ? ProgramFolder() : FromUtf8(options.mofFolder);
     for (const std::string_view file : service::shippedClassFiles) {
         files.push_back(folder / file);
+        std::error_code error;
+        if (std::filesystem::status(files.back(), error).type() ==
+            std::filesystem::file_type::not_found) {
+            throw CommandError(service::Utf8OfPath(files.back()) +
+                               ": not found; --mof names the folder of the class definitions");
+        }
     }
     return service::ReadPublishedClasses(files);
 }
@@ -108,7 +116,8 @@ std::unique_ptr<service::ProviderHost> StartOrExplain(const service::HostOptions
 
 }  // namespace
 
-MachineRun::MachineRun(const Options& options) {
+MachineRun::MachineRun(const Options& options)
+    : report_(options.report == nullptr ? ReportOnErrors : options.report) {
     if (options.timeout != 0 && !options.isEndless) {
         deadline_.emplace(std::chrono::seconds(options.timeout),
                           [this, seconds = options.timeout] { End(seconds); });
@@ -134,7 +143,9 @@ bool MachineRun::On(const Machine& machine,
         }
         WriteErrorLine((machine.name.empty() ? "" : machine.name + ": ") + error.what());
     }
-    WriteErrorFitted(unread());
+    if (machine.options.report == nullptr) {
+        WriteErrorFitted(unread());
+    }
     return unread().empty();
 }
 
@@ -163,10 +174,10 @@ std::unique_ptr<service::ProviderHost> StartOn(
 
 void MachineRun::End(unsigned seconds) {
     const std::scoped_lock lock(mutex_);
-    const std::string unread = journal_ ? UnreadLines(journal_->Queries(), prefix_) : "";
+    std::string unread = journal_ ? UnreadLines(journal_->Queries(), prefix_) : "";
+    const int exitCode = report_(TimeoutFailure(std::move(unread), seconds));
     // Threads that wait for a source cannot be ended in any other way.
-    WriteErrorFitted(TimeoutLines(unread, seconds));
-    std::_Exit(incomplete);
+    std::_Exit(exitCode);
 }
 
 void WriteErrorLine(const std::string& message) {

@@ -39,14 +39,14 @@ struct Machine {
 
 /// One run of a command: starts the provider on one machine after the other. The class definitions
 /// are read once. When the time of the options is over, which is for all machines together, it ends
-/// the process with the exit code of an incomplete answer.
+/// the process: with the exit code of an incomplete answer, or as the command reports failures.
 class MachineRun {
 public:
     explicit MachineRun(const Options& options);
 
     /// Runs a command on a machine, and names on standard error each source that could not be read,
-    /// a line each. Returns whether every source was read. If one was not, the command's
-    /// CommandError is printed.
+    /// a line each, unless the command reports failures itself. Returns whether every source was
+    /// read. If one was not, the command's CommandError is printed.
     ///
     /// Throws CommandError, HostFileError, MofError or std::system_error; the messages of the last
     /// three name the file.
@@ -57,6 +57,7 @@ private:
     std::unique_ptr<service::ProviderHost> Start(const Options& options);
     [[noreturn]] void End(unsigned seconds);
 
+    FailureReport report_;
     std::shared_ptr<const service::PublishedClasses> classes_;  ///< null before the first start
     std::mutex mutex_;                                          ///< guards the next two
     std::string prefix_;

@@ -10,6 +10,7 @@
 
 #include "CLI/CLI.hpp"
 #include "qvsata/output/Format.h"
+#include "qvsata/session/Failure.h"
 
 namespace qv::tool {
 
@@ -21,10 +22,13 @@ struct Options {
     std::vector<std::string> hosts;
     std::vector<std::string> laterHosts;  ///< files of later recordings of the host, in order
     bool live = false;
-    unsigned limit = 100;                   ///< MiB of a recording; see MostRows, too
-    unsigned timeout = 0;                   ///< seconds for the command; 0: no limit
-    unsigned queriesInTime = 2;             ///< so many queries of the machine fit into it
-    bool isEndless = false;                 ///< the timeout is for each query only
+    unsigned limit = 100;        ///< MiB of a recording; see MostRows, too
+    unsigned timeout = 0;        ///< seconds for the command; 0: no limit
+    unsigned queriesInTime = 2;  ///< so many queries of the machine fit into it
+    bool isEndless = false;      ///< the timeout is for each query only
+    /// How the command reports failures; null: by ReportOnErrors. A command with a report of its
+    /// own also names the sources that could not be read itself.
+    FailureReport report = nullptr;
     std::string library;                    ///< empty: beside this program
     std::string mofFolder;                  ///< empty: beside this program
     std::vector<std::string> installedMof;  ///< files of classes that already exist

@@ -3,18 +3,11 @@
 #include <algorithm>
 #include <system_error>
 
+#include "qvsata/cim/Utf8.h"
 #include "qvsata/session/MachineRun.h"
 #include "source/Text.h"
 
 namespace qv::tool {
-namespace {
-
-std::string ToUtf8Text(const std::filesystem::path& path) {
-    const std::u8string text = path.u8string();
-    return {text.begin(), text.end()};
-}
-
-}  // namespace
 
 std::filesystem::path FromUtf8(const std::string& text) {
     return std::u8string(text.begin(), text.end());
@@ -34,8 +27,8 @@ std::vector<std::string> RecordingsIn(const std::string& path) {
     std::error_code error;
     for (std::filesystem::directory_iterator file(FromUtf8(path), error), end;
          !error && file != end; file.increment(error)) {
-        if (EqualsIgnoringCase(ToUtf8Text(file->path().extension()), ".json")) {
-            files.push_back(folder + ToUtf8Text(file->path().filename()));
+        if (EqualsIgnoringCase(service::Utf8OfPath(file->path().extension()), ".json")) {
+            files.push_back(folder + service::Utf8OfPath(file->path().filename()));
         }
     }
     if (error) {

@@ -1,8 +1,10 @@
 #include "qvsata/session/SourceReport.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "qvsata/cim/StatusCodes.h"
+#include "qvsata/session/ExitCodes.h"
 #include "source/Text.h"
 
 namespace qv::tool {
@@ -95,9 +97,9 @@ std::string UnreadLines(const std::vector<service::SourceQuery>& queries, std::s
     return lines;
 }
 
-std::string TimeoutLines(std::string_view unread, unsigned seconds) {
-    return "qvsata: ended after " + std::to_string(seconds) +
-           (seconds == 1 ? " second" : " seconds") + '\n' + std::string(unread);
+Failure TimeoutFailure(std::string unread, unsigned seconds) {
+    return {"ended after " + std::to_string(seconds) + (seconds == 1 ? " second" : " seconds"),
+            incomplete, std::move(unread)};
 }
 
 }  // namespace qv::tool

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "qvsata/service/SourceJournal.h"
+#include "qvsata/session/Failure.h"
 #include "source/Namespaces.h"
 
 namespace qv::tool {
@@ -42,8 +43,8 @@ std::string SourceLine(const service::SourceQuery& query);
 std::string UnreadLines(const std::vector<service::SourceQuery>& queries,
                         std::string_view prefix = {});
 
-/// Returns the lines of a command that is ended after so many seconds: that it is, and the sources
-/// that could not be read or have not answered (see UnreadLines).
-std::string TimeoutLines(std::string_view unread, unsigned seconds);
+/// Returns the failure of a command that is ended after so many seconds. Its details are the
+/// sources that could not be read or have not answered (see UnreadLines).
+Failure TimeoutFailure(std::string unread, unsigned seconds);
 
 }  // namespace qv::tool

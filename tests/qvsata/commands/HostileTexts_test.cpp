@@ -69,6 +69,7 @@ INSTANTIATE_TEST_SUITE_P(
     Commands, HostileTexts,
     testing::Values(std::vector<std::string>{"disks"},
                     std::vector<std::string>{"disks", "--format", "json"},
+                    std::vector<std::string>{"check"},
                     std::vector<std::string>{"explain", "--format", "json"},
                     std::vector<std::string>{"enumerate", "CIM_ManagedElement", "--format", "json"},
                     std::vector<std::string>{"topology"},

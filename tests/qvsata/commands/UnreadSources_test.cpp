@@ -159,6 +159,46 @@ INSTANTIATE_TEST_SUITE_P(
                         std::vector<std::string>{"metrics"},
                         std::vector<std::string>{"topology", "--format", "json"})));
 
+class UnreadSourceOfACheck : public UnreadSourcesTest,
+                             public testing::WithParamInterface<std::tuple<Source, Failure>> {};
+
+TEST_P(UnreadSourceOfACheck, IsUnknownAndNamedOnStandardOutput) {
+    const auto& [source, failure] = GetParam();
+    Spoil(source, failure);
+    const Ending run = On({"check", "--expect", "3"});
+    EXPECT_EQ(run.exitCode, 3);
+    EXPECT_EQ(run.errors, "");
+    EXPECT_THAT(run.output,
+                AllOf(StartsWith("SATA UNKNOWN - "),
+                      HasSubstr(std::string("not readable: ") + source.name + " | "),
+                      EndsWith(" unread=1;;;0\n" + std::string(source.nameSpace) + " " +
+                               source.name + ": " + failure.shown + ": " + source.loss + "\n")));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Sources, UnreadSourceOfACheck,
+    testing::Combine(
+        testing::Values(
+            Source{cimv2, "Win32_DiskDrive", "disks and what belongs to them cannot be published"},
+            Source{cimv2, "Win32_PhysicalMedia", "serial numbers of disks cannot be published"},
+            Source{cimv2, "Win32_IDEController", "controllers and channels cannot be published"},
+            Source{cimv2, "Win32_IDEControllerDevice",
+                   "where disks and channels are attached cannot be published"},
+            Source{R"(root\wmi)", "MSStorageDriver_FailurePredictStatus",
+                   "disks cannot be watched, and predicted failures are not seen"}),
+        failures));
+
+TEST_F(UnreadSourcesTest, OfACheckLeaveAFailedDiskCritical) {
+    host_["namespaces"][cimv2]["Win32_DiskDrive"][1]["Status"] = "Error";
+    Spoil({R"(root\wmi)", "MSStorageDriver_FailurePredictStatus", ""}, {"WBEM_E_FAILED", ""});
+    const Ending run = On({"check"});
+    EXPECT_EQ(run.exitCode, 2);
+    EXPECT_THAT(run.output,
+                StartsWith("SATA CRITICAL - disk #1 HALDEN HD2000B72 ATA Device: Error; 3 disks, 3 "
+                           "published; not readable: MSStorageDriver_FailurePredictStatus | "
+                           "disks=3;;;0 published=3;;;0 unread=1;;;0\n"));
+}
+
 class UnreadComputerName : public UnreadSourcesTest {
 protected:
     UnreadComputerName() { host_["computer"] = {{"server", "STUDY-DESK"}}; }

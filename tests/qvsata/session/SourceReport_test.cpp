@@ -13,13 +13,15 @@ SourceQuery Query(const char* className, SourceEnd end) {
 }
 
 TEST(SourceReport, OfATimeoutNamesTheSourcesThatHaveNotAnswered) {
-    EXPECT_EQ(
-        tool::TimeoutLines(tool::UnreadLines({Query("Win32_PhysicalMedia", SourceEnd::answered),
-                                              Query("Win32_DiskDrive", SourceEnd::pending)}),
-                           5),
-        "qvsata: ended after 5 seconds\n"
-        "root\\CIMv2 Win32_DiskDrive: no answer: disks and what belongs to them cannot be "
-        "published\n");
+    const tool::Failure timeout =
+        tool::TimeoutFailure(tool::UnreadLines({Query("Win32_PhysicalMedia", SourceEnd::answered),
+                                                Query("Win32_DiskDrive", SourceEnd::pending)}),
+                             5);
+    EXPECT_EQ(timeout.reason, "ended after 5 seconds");
+    EXPECT_EQ(timeout.details,
+              "root\\CIMv2 Win32_DiskDrive: no answer: disks and what belongs to them cannot be "
+              "published\n");
+    EXPECT_EQ(timeout.exitCode, 3);
 }
 
 }  // namespace

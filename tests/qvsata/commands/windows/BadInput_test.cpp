@@ -81,6 +81,14 @@ TEST(BadInput, LibraryThatIsMissingIsNamed) {
                 HasSubstr("/no/such.dll"));
 }
 
+TEST(BadInput, ProviderThatCannotBeLoadedLeavesACheckUnknown) {
+    const ToolRun run = RunTool({"check", "--host", Desktop(), "--dll", "/no/such.dll"});
+    EXPECT_EQ(run.exitCode, 3);
+    EXPECT_THAT(run.output, StartsWith("SATA UNKNOWN - "));
+    EXPECT_THAT(run.output, HasSubstr("/no/such.dll"));
+    EXPECT_THAT(run.errors, IsEmpty());
+}
+
 TEST(BadInput, ClassIsNamed) {
     EXPECT_EQ(Failure({"enumerate", "X", "--host", Desktop()}, 1), "qvsata: unknown class 'X'\n");
     EXPECT_EQ(Failure({"query", "SELECT * FROM X", "--host", Desktop()}, 1),

@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <fstream>
 #include <optional>
-#include <stdexcept>
+#include <system_error>
 #include <thread>
 
 #include "SourceTree.h"
@@ -60,7 +60,7 @@ public:
         if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, TRUE,
                             EXTENDED_STARTUPINFO_PRESENT, nullptr, nullptr, &startup.StartupInfo,
                             &started)) {
-            throw std::runtime_error("the tool does not start");
+            throw std::system_error(static_cast<int>(GetLastError()), std::system_category(), tool);
         }
         process_ = KernelHandle(started.hProcess);
         const KernelHandle thread(started.hThread);

@@ -90,7 +90,8 @@ protected:
     void SetUp() override {
         RegisteredTest::SetUp();
         folderRights = L"D:(A;;FA;;;BA)(A;;FA;;;SY)(A;;0x1200A9;;;BU)";
-        ASSERT_EQ(RunTool({"register"}).exitCode, 0U);
+        const ToolRun registration = RunTool({"register"});
+        ASSERT_EQ(registration.exitCode, 0U) << registration.errors;
         const service::ManagementHost host(RecordedOptions(nullptr, QV_LIBRARY));
         for (const PublishedClass& one : PublishedClasses()) {
             installed_->published[std::string(one.name)] = host.Published().Enumerate(one.name);
