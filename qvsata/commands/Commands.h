@@ -20,15 +20,16 @@ void AddGet(CLI::App& program);
 void AddQuery(CLI::App& program);
 void AddReferences(CLI::App& program);
 void AddRegister(CLI::App& program);
+void AddReport(CLI::App& program);
 void AddSources(CLI::App& program);
 void AddTopology(CLI::App& program);
 void AddUnregister(CLI::App& program);
 void AddWatch(CLI::App& program);
 
 /// All of them, in the order in which --help lists them.
-inline constexpr std::array commands{AddDisks,      AddExplain,  AddTopology,   AddClasses,
-                                     AddEnumerate,  AddGet,      AddQuery,      AddAssociators,
-                                     AddReferences, AddSources,  AddCapture,    AddDiff,
-                                     AddWatch,      AddRegister, AddUnregister, AddDoctor};
+inline constexpr std::array commands{
+    AddDisks, AddExplain,     AddTopology,   AddClasses,    AddEnumerate, AddGet,
+    AddQuery, AddAssociators, AddReferences, AddSources,    AddCapture,   AddDiff,
+    AddWatch, AddReport,      AddRegister,   AddUnregister, AddDoctor};
 
 }  // namespace qv::tool
