@@ -16,7 +16,6 @@ constexpr std::size_t boxHeight = 42;
 constexpr std::size_t pitch = 50;   ///< from one box to the next
 constexpr std::size_t indent = 16;  ///< of a part
 constexpr std::size_t margin = 11;  ///< of the text in its box
-constexpr std::size_t columnWidth = 7;
 constexpr std::size_t mostBoxes = 256;
 
 /// A box and the one to which it is attached.
@@ -74,16 +73,24 @@ std::string Number(std::size_t number) {
     return std::to_string(number);
 }
 
-void DrawText(Html& html, std::string_view text, std::size_t y, std::size_t room,
-              std::string_view className) {
-    html.Inline("text", Fitted(text, room / columnWidth),
-                {{"x", Number(margin)}, {"y", Number(y)}, {"class", std::string(className)}});
+/// A line of text in a box.
+struct TextLine {
+    std::size_t y;
+    std::size_t columns;  ///< that fit into the box
+    const char* className;
+};
+
+void DrawText(Html& html, std::string_view text, const TextLine& line) {
+    html.Inline("text", Fitted(text, line.columns),
+                {{"x", Number(margin)}, {"y", Number(line.y)}, {"class", line.className}});
 }
 
 void DrawBox(Html& html, const Box& box, std::size_t y) {
     constexpr std::size_t nameLine = 17;
     constexpr std::size_t factsLine = 34;
     constexpr std::size_t onlyLine = 26;
+    constexpr std::size_t wide = 8;  // a column of a name, and of facts, in common fonts
+    constexpr std::size_t narrow = 7;
     const std::size_t x = box.level * indent;
     const std::size_t boxWidth = width - x;
     const std::size_t room = boxWidth - 2 * margin;
@@ -97,9 +104,10 @@ void DrawBox(Html& html, const Box& box, std::size_t y) {
              Number(boxHeight - 1) +
              R"(" rx="6"/><rect class="bar" x="1" y="6" width="4" height=")" +
              Number(boxHeight - 12) + R"("/>)");
-    DrawText(html, box.item->name, box.item->facts.empty() ? onlyLine : nameLine, room, "name");
-    if (!box.item->facts.empty()) {
-        DrawText(html, box.item->facts, factsLine, room, "facts");
+    const bool isOnly = box.item->facts.empty();
+    DrawText(html, box.item->name, {isOnly ? onlyLine : nameLine, room / wide, "name"});
+    if (!isOnly) {
+        DrawText(html, box.item->facts, {factsLine, room / narrow, "facts"});
     }
 }
 
