@@ -11,8 +11,8 @@
 #include "qvsata/session/OsDisks.h"
 #include "qvsata/session/PublishedInstances.h"
 #include "qvsata/session/SourceReport.h"
-#include "qvsata/view/DiskCheck.h"
 #include "qvsata/view/Topology.h"
+#include "qvsata/view/check/DiskCheck.h"
 #include "source/Namespaces.h"
 
 namespace qv::tool {

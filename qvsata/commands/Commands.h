@@ -23,6 +23,7 @@ void AddMetrics(CLI::App& program);
 void AddQuery(CLI::App& program);
 void AddReferences(CLI::App& program);
 void AddRegister(CLI::App& program);
+void AddReport(CLI::App& program);
 void AddSources(CLI::App& program);
 void AddTopology(CLI::App& program);
 void AddUnregister(CLI::App& program);
@@ -40,23 +41,15 @@ struct Command {
 
 /// All of them, in the order in which --help lists them.
 inline constexpr auto commands = std::to_array<Command>({
-    {AddDisks},
-    {AddExplain},
-    {AddTopology},
-    {AddClasses},
-    {AddEnumerate},
-    {AddGet},
-    {AddQuery},
-    {AddAssociators},
-    {AddReferences},
-    {AddSources},
-    {AddCapture},
-    {AddDiff},
-    {AddWatch},
-    {AddCheck, ReportUnchecked},
-    {AddMetrics},
-    {AddRegister},
-    {AddUnregister},
+    {AddDisks},      {AddExplain},
+    {AddTopology},   {AddClasses},
+    {AddEnumerate},  {AddGet},
+    {AddQuery},      {AddAssociators},
+    {AddReferences}, {AddSources},
+    {AddCapture},    {AddDiff},
+    {AddWatch},      {AddCheck, ReportUnchecked},
+    {AddMetrics},    {AddReport},
+    {AddRegister},   {AddUnregister},
     {AddDoctor},
 });
 

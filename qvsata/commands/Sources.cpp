@@ -1,6 +1,4 @@
 #include <algorithm>
-#include <array>
-#include <cstdio>
 #include <memory>
 
 #include "qvsata/cim/StatusCodes.h"
@@ -19,22 +17,6 @@ using view::Style;
 
 enum class SourcesFormat { text, json };
 
-std::string Milliseconds(std::chrono::microseconds time) {
-    std::array<char, 32> text{};
-    std::snprintf(text.data(), text.size(), "%.1f", static_cast<double>(time.count()) / 1000.0);
-    return text.data();
-}
-
-std::string StatusColumn(const SourceUse& use) {
-    if (use.queries == 0) {
-        return "not asked";
-    }
-    const std::string end = EndText(use.worst);
-    const std::string_view meaning = service::StatusMeaning(use.worst.status);
-    const bool isMeant = !WasRead(use.worst) && use.worst.end != service::SourceEnd::neverRecorded;
-    return !isMeant || meaning.empty() ? end : end + ", " + std::string(meaning);
-}
-
 view::StyledText AsText(const std::vector<SourceUse>& uses) {
     constexpr std::size_t inTitle = 2;
     view::TextTable table{
@@ -46,9 +28,9 @@ view::StyledText AsText(const std::vector<SourceUse>& uses) {
         const bool isRead = use.IsRead();
         table.rows.push_back({{{std::string(use.source.nameSpace)}},
                               {{std::string(use.source.name)}},
-                              {{isRead ? std::to_string(use.rows) : "-"}, true},
-                              {{use.queries == 0 ? "-" : Milliseconds(use.time)}, true},
-                              {{StatusColumn(use), isRead ? Style::plain : Style::caution}}});
+                              {{RowsText(use)}, true},
+                              {{MillisecondsText(use)}, true},
+                              {{StatusText(use), isRead ? Style::plain : Style::caution}}});
         if (use.queries != 0 && !isRead) {
             losses += "without " + std::string(use.source.name) + ": " +
                       std::string(use.source.loss) + '\n';

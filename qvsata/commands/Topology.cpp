@@ -6,12 +6,12 @@
 #include "qvsata/output/Output.h"
 #include "qvsata/output/OutputJson.h"
 #include "qvsata/session/ExitCodes.h"
+#include "qvsata/session/HostTopology.h"
 #include "qvsata/session/MachineRun.h"
 #include "qvsata/session/Options.h"
 #include "qvsata/session/OsDisks.h"
 #include "qvsata/session/PublishedInstances.h"
 #include "qvsata/session/Session.h"
-#include "qvsata/session/SourceReport.h"
 #include "qvsata/system/Console.h"
 #include "qvsata/view/AssociationGraph.h"
 #include "qvsata/view/KeyWarnings.h"
@@ -19,26 +19,11 @@
 #include "qvsata/view/TopologyGraph.h"
 #include "qvsata/view/TopologyJson.h"
 #include "qvsata/view/TopologyText.h"
-#include "source/Namespaces.h"
 
 namespace qv::tool {
 namespace {
 
 enum class View { tree, json, graph };
-
-view::Topology ReadTopology(const service::ProviderHost& host,
-                            const view::PublishedHost& published) {
-    const view::OsDisks disks = ReadOsDisks(host);
-    WriteErrorFitted(view::KeyWarnings(disks.disks) + view::PredictionWarnings(disks));
-    view::Topology topology = view::BuildTopology(published, disks);
-    const std::vector<service::SourceQuery> queries = host.Journal().Queries();
-    topology.sight.disks = !IsUnread(queries, cimNamespace, "Win32_DiskDrive");
-    topology.sight.controllers = !IsUnread(queries, cimNamespace, "Win32_IDEController");
-    topology.sight.attachments = !IsUnread(queries, cimNamespace, "Win32_IDEControllerDevice");
-    topology.sight.predictions =
-        !IsUnread(queries, wmiNamespace, "MSStorageDriver_FailurePredictStatus");
-    return topology;
-}
 
 std::vector<std::string_view> AllClasses() {
     std::vector<std::string_view> classes;
@@ -62,7 +47,9 @@ bool LacksName(const view::PublishedHost& published) {
 
 void PrintTopology(const service::ProviderHost& host, const view::PublishedHost& published,
                    View view) {
-    const view::Topology topology = ReadTopology(host, published);
+    const view::OsDisks disks = ReadOsDisks(host);
+    WriteErrorFitted(view::KeyWarnings(disks.disks) + view::PredictionWarnings(disks));
+    const view::Topology topology = ReadTopology(host, published, disks);
     switch (view) {
         case View::tree:
             return PrintFitted(view::TopologyAsText(topology, ColumnsOf(Stream::output)));

@@ -20,13 +20,7 @@ void AddWatch(CLI::App& program) {
         "watch", "announces disks that appear, change status or disappear; stops at Ctrl+C");
     arguments->options.isEndless = true;
     AddSourceOptions(*command, arguments->options);
-    command
-        ->add_option("--then", arguments->options.laterHosts,
-                     "what --host becomes when it was looked at; can be given several times")
-        ->type_name("FILE")
-        ->needs(command->get_option("--host"))
-        ->expected(1)
-        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+    AddThen(*command, arguments->options);
     CheckWhole(command->add_option("--count", arguments->count, "ends after so many events"), 1,
                "N");
     CheckWhole(command->add_option("--for", arguments->seconds, "ends after so many seconds"), 1,

@@ -85,9 +85,7 @@ view::StyledText ExplanationAsText(const Explanation& explanation) {
         text.push_back({"  " + Printable(line) + '\n', Style::caution});
     }
     if (explanation.keyWarnings.empty()) {
-        text.push_back(
-            {"  no published disk's ID is equal to another's or part of it, and each published "
-             "disk has a serial number of its own\n"});
+        text.push_back({"  " + std::string(distinctKeys) + '\n'});
     }
     return text;
 }

@@ -87,6 +87,16 @@ void AddFleetOptions(CLI::App& command, Options& options) {
                   ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll));
 }
 
+void AddThen(CLI::App& command, Options& options) {
+    command
+        .add_option("--then", options.laterHosts,
+                    "what --host becomes when it was looked at; can be given several times")
+        ->type_name("FILE")
+        ->needs(command.get_option("--host"))
+        ->expected(1)
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+}
+
 void AddProviderOptions(CLI::App& command, Options& options) {
     CheckWhole(
         command.add_option("--limit", options.limit,

@@ -55,6 +55,9 @@ void AddSourceOptions(CLI::App& command, Options& options);
 /// and names files and folders.
 void AddFleetOptions(CLI::App& command, Options& options);
 
+/// Adds --then to a command that has --host: later recordings of the host.
+void AddThen(CLI::App& command, Options& options);
+
 /// Adds the options of the provider and of its time, without the source of the machine's facts.
 void AddProviderOptions(CLI::App& command, Options& options);
 

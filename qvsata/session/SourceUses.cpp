@@ -1,9 +1,11 @@
 #include "qvsata/session/SourceUses.h"
 
+#include <array>
+#include <cstdio>
 #include <map>
-#include <string>
 
 #include "catalogue/Classes.h"
+#include "qvsata/cim/StatusCodes.h"
 #include "qvsata/session/Session.h"
 #include "source/Namespaces.h"
 #include "source/Text.h"
@@ -39,6 +41,29 @@ SourceUse UseOf(const SourceClass& source, const std::vector<service::SourceQuer
 
 bool SourceUse::IsRead() const {
     return queries != 0 && WasRead(worst);
+}
+
+std::string RowsText(const SourceUse& use) {
+    return use.IsRead() ? std::to_string(use.rows) : "-";
+}
+
+std::string MillisecondsText(const SourceUse& use) {
+    if (use.queries == 0) {
+        return "-";
+    }
+    std::array<char, 32> text{};
+    std::snprintf(text.data(), text.size(), "%.1f", static_cast<double>(use.time.count()) / 1000.0);
+    return text.data();
+}
+
+std::string StatusText(const SourceUse& use) {
+    if (use.queries == 0) {
+        return "not asked";
+    }
+    const std::string end = EndText(use.worst);
+    const std::string_view meaning = service::StatusMeaning(use.worst.status);
+    const bool isMeant = !WasRead(use.worst) && use.worst.end != service::SourceEnd::neverRecorded;
+    return !isMeant || meaning.empty() ? end : end + ", " + std::string(meaning);
 }
 
 std::vector<SourceUse> ReadSourceUses(const service::ProviderHost& host) {

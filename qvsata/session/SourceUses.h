@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cstddef>
+#include <string>
 #include <vector>
 
 #include "qvsata/service/ProviderHost.h"
@@ -20,6 +21,13 @@ struct SourceUse {
     /// Returns whether the class was queried, and every query of it read.
     bool IsRead() const;
 };
+
+// What people read of a source: a dash stands for what is not known.
+std::string RowsText(const SourceUse& use);
+/// Returns the time in milliseconds, without the unit.
+std::string MillisecondsText(const SourceUse& use);
+/// Returns "OK", "not asked", or how it failed and what that means.
+std::string StatusText(const SourceUse& use);
 
 /// Has the provider publish everything, and reads the class that only its monitor reads. Returns
 /// each class that the provider reads, those of the disks first. Throws CommandError if the

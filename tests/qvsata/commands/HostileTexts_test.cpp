@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include <fstream>
+#include <sstream>
 
 #include "nlohmann/json.hpp"
 #include "tests/qvsata/commands/RunHere.h"
@@ -91,6 +92,18 @@ TEST_F(HostileTextsTest, StayWholeInJson) {
     const json objects =
         json::parse(Run({"enumerate", "QV_SATADiskDrive", "--format", "json"}).output)["objects"];
     EXPECT_EQ(objects[0]["Model"], longHostile);
+}
+
+TEST_F(HostileTextsTest, AreTextInAReport) {
+    const TemporaryFile page;
+    EXPECT_EQ(Run({"report", "-o", page.Path().string()}).exitCode, 0);
+    std::ostringstream text;
+    text << std::ifstream(page.Path()).rdbuf();
+    EXPECT_THAT(text.str(),
+                AllOf(HasSubstr("Evil\\x1b[2J\\x0d\\x0aforged: OK\\u202e\\x85\\ue0041&lt;b&gt;&amp;"
+                                "amp;&quot;\\x07"),
+                      Not(HasSubstr("\x1B")), Not(HasSubstr("<b>&")), Not(HasSubstr("\u202E")),
+                      Not(HasSubstr("\U000E0041")), Not(HasSubstr(std::string(600, 'x')))));
 }
 
 }  // namespace

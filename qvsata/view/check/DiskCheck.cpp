@@ -1,4 +1,4 @@
-#include "qvsata/view/DiskCheck.h"
+#include "qvsata/view/check/DiskCheck.h"
 
 #include <algorithm>
 #include <array>

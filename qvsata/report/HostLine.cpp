@@ -1,0 +1,76 @@
+#include "qvsata/report/HostLine.h"
+
+#include <algorithm>
+#include <functional>
+#include <vector>
+
+#include "qvsata/report/DiskCard.h"
+#include "qvsata/report/Standing.h"
+#include "qvsata/report/UnreadList.h"
+
+namespace qv::report {
+namespace {
+
+void WriteVerdict(Html& html, const Standing& standing) {
+    html.Line("span", standing.verdict,
+              {{"class", "badge " + std::string(ClassOf(standing.severity))}});
+}
+
+void WriteRest(Html& html, const Host& host, const Standing& standing) {
+    html.Line("span", standing.summary);
+    if (!host.unread.empty()) {
+        const std::string count = std::to_string(host.unread.size());
+        html.Line("span", count + (host.unread.size() == 1 ? " source" : " sources") + " not read",
+                  {{"class", "caution"}});
+    }
+}
+
+void WriteDisksOf(Html& html, const Host& host) {
+    constexpr std::size_t most = 32;
+    std::vector<view::OsDisk> disks = host.disks.disks;
+    std::ranges::stable_sort(disks, std::greater(),
+                             [](const view::OsDisk& disk) { return SeverityOf(HealthOf(disk)); });
+    const auto list = html.In("ul");
+    for (std::size_t disk = 0; disk < std::min(disks.size(), most); ++disk) {
+        WriteDiskLine(html, disks[disk]);
+    }
+    if (disks.size() > most) {
+        html.Line("li", "and " + std::to_string(disks.size() - most) + " more");
+    }
+}
+
+}  // namespace
+
+void WriteLink(Html& html, const Host& host, const std::string& id) {
+    const auto line = html.In("li", {{"class", "line"}});
+    const Standing standing = StandingOf(host);
+    WriteVerdict(html, standing);
+    if (host.details) {
+        html.Line("a", TitleOf(host), {{"href", '#' + id}});
+    } else {
+        html.Line("b", TitleOf(host));
+    }
+    WriteRest(html, host, standing);
+}
+
+void WriteFolded(Html& html, const Host& host) {
+    const auto item = html.In("li");
+    const auto details = html.In("details");
+    {
+        const auto line = html.In("summary", {{"class", "line"}});
+        const Standing standing = StandingOf(host);
+        WriteVerdict(html, standing);
+        html.Line("h3", TitleOf(host));
+        WriteRest(html, host, standing);
+    }
+    if (!host.disks.disks.empty()) {
+        WriteDisksOf(html, host);
+    }
+    WriteUnread(html, host);
+    for (const std::string& warning : host.keyWarnings) {
+        html.Line("p", warning, {{"class", "caution"}});
+    }
+    html.Line("p", host.recording, {{"class", "faint"}});
+}
+
+}  // namespace qv::report
