@@ -37,7 +37,7 @@ std::string WordsOf(Severity severity, const view::OsDisks& all) {
         case Severity::failed:
             return disks + " failed";
         case Severity::failurePredicted:
-            return "failure predicted of " +
+            return "failure predicted for " +
                    (count == 0 ? CountOf(all.failingOthers.size(), "unknown device") : disks);
         case Severity::degraded:
             return disks + " degraded";
@@ -60,12 +60,12 @@ std::string SummaryOf(const Host& host) {
             (host.disksAreRead ? "" : "; further disks not readable");
     }
     if (!all.failingOthers.empty()) {
-        summary += "; failure predicted of " + CountOf(all.failingOthers.size(), "unknown device");
+        summary += "; failure predicted for " + CountOf(all.failingOthers.size(), "unknown device");
     }
     if (!all.predictionsAreRead) {
         summary += "; failure predictions not readable";
     } else if (const std::size_t unknown = UnknownPredictions(all); unknown != 0) {
-        summary += "; failure prediction unknown of " + CountOf(unknown, "disk");
+        summary += "; failure prediction unknown for " + CountOf(unknown, "disk");
     }
     return summary;
 }

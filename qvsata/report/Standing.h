@@ -12,7 +12,7 @@ namespace qv::report {
 struct Standing {
     /// The worst of what was seen; not fine if not all was seen on which the health rests.
     view::Severity severity = view::Severity::fine;
-    std::string verdict;  ///< "failure predicted of 1 disk"
+    std::string verdict;  ///< "failure predicted for 1 disk"
     std::string summary;  ///< "3 disks: 2 OK, 1 Pred Fail", and predictions that belong to no disk
 };
 

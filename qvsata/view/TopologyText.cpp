@@ -118,7 +118,7 @@ StyledText PredictionSummary(const Topology& topology) {
     if (!topology.sight.predictions) {
         summary.push_back({"; failure predictions not readable", Style::caution});
     } else if (topology.unknownPredictions != 0) {
-        count("failure prediction unknown of ", topology.unknownPredictions, "disk");
+        count("failure prediction unknown for ", topology.unknownPredictions, "disk");
     }
     return summary;
 }

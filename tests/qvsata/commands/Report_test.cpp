@@ -53,10 +53,10 @@ TEST_F(ReportTest, WritesAPageAndItsHeadline) {
     const Ending run = Report({"--host", hosts + "mixed-buses-failing.json"});
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_EQ(run.errors, "");
-    EXPECT_THAT(run.output, EndsWith(": backup-node1.example.org: failure predicted of 1 disk\n"));
+    EXPECT_THAT(run.output, EndsWith(": backup-node1.example.org: failure predicted for 1 disk\n"));
     EXPECT_THAT(
         Page(),
-        AllOf(HasSubstr("<p class=\"verdict predicted\">failure predicted of 1 disk</p>"),
+        AllOf(HasSubstr("<p class=\"verdict predicted\">failure predicted for 1 disk</p>"),
               HasSubstr("5 disks: 3 OK, 1 Degraded, 1 Pred Fail"),
               HasSubstr("<p>Every source was read.</p>"), HasSubstr("#2 Halden HD4000F05"),
               HasSubstr("<dd>not published: InterfaceType is &quot;SCSI&quot;"),
@@ -120,7 +120,7 @@ TEST_F(ReportTest, OfAFolderHasAnIndexWithTheBrokenRecordings) {
     EXPECT_THAT(
         run.output,
         EndsWith(
-            ": 7 hosts: the worst is backup-node1.example.org: failure predicted of 1 disk\n"));
+            ": 7 hosts: the worst is backup-node1.example.org: failure predicted for 1 disk\n"));
     EXPECT_THAT(Page(), AllOf(HasSubstr("<bdi>7 hosts</bdi>"), HasSubstr("<h2 id=\"h1-host\">"),
                               HasSubstr("README.md: ")));
 }

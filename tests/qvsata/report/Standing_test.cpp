@@ -68,7 +68,7 @@ TEST(Standing, WithoutThePredictionOfADiskIsNotOk) {
     Host host = HostWith({fine, fine});
     host.disks.disks.front().failureIsPredicted.reset();
     EXPECT_EQ(StandingOf(host).verdict, "failure prediction unknown");
-    EXPECT_EQ(StandingOf(host).summary, "2 disks: 2 OK; failure prediction unknown of 1 disk");
+    EXPECT_EQ(StandingOf(host).summary, "2 disks: 2 OK; failure prediction unknown for 1 disk");
 }
 
 TEST(Standing, OfAFailedDiskSaysSoWithoutPredictions) {
@@ -81,13 +81,13 @@ TEST(Standing, KnowsAPredictionThatBelongsToNoDisk) {
     Host host = HostWith({fine});
     host.disks.failingOthers = {"SCSI\\DISK&1"};
     EXPECT_EQ(StandingOf(host).severity, Severity::failurePredicted);
-    EXPECT_EQ(StandingOf(host).verdict, "failure predicted of 1 unknown device");
+    EXPECT_EQ(StandingOf(host).verdict, "failure predicted for 1 unknown device");
 }
 
 TEST(Standing, CountsAPredictionThatTheStatusDoesNotTell) {
     Host host = HostWith({fine});
     host.disks.disks.front().failureIsPredicted = true;
-    EXPECT_EQ(StandingOf(host).verdict, "failure predicted of 1 disk");
+    EXPECT_EQ(StandingOf(host).verdict, "failure predicted for 1 disk");
 }
 
 TEST(Standing, OfARecordingThatCannotBeReadIsTheReason) {

@@ -74,7 +74,7 @@ TEST_F(PredictionWithoutAnAnswer, IsUnknown) {
     EXPECT_TRUE(json::parse(disks.output)["disks"][0]["failurePredicted"].is_null());
     EXPECT_EQ(disks.errors,
               "warning: disk #0: its failure-prediction row does not tell whether it will fail\n");
-    EXPECT_THAT(On({"topology"}).output, EndsWith("; failure prediction unknown of 1 disk\n"));
+    EXPECT_THAT(On({"topology"}).output, EndsWith("; failure prediction unknown for 1 disk\n"));
 }
 
 }  // namespace

@@ -119,7 +119,7 @@ TEST(TopologyText, SumsUpPredictionsThatNoLineShows) {
     topology.failingOthers = {"D1", "D2"};
     topology.unknownPredictions = 1;
     EXPECT_THAT(Text(topology), EndsWith("\n1 disk: 1 OK; failure predicted for 2 unknown devices; "
-                                         "failure prediction unknown of 1 disk\n"));
+                                         "failure prediction unknown for 1 disk\n"));
 }
 
 TEST(TopologyText, SaysThatAControllerLacksChannelsIfOnlyDisksAreNotReadable) {
