@@ -143,7 +143,7 @@ void AddDisks(std::vector<Family>& families, const std::vector<OsDisk>& disks) {
     Family status{"qvsata_disk_status", "Whether a disk reports this status.", {}};
     Family prediction{
         "qvsata_disk_failure_predicted",
-        "Whether the disk is predicted to fail; absent if the prediction cannot be read.",
+        "Whether the disk is predicted to fail; absent if no prediction names it or can be read.",
         {}};
     Family excluded{
         "qvsata_disk_excluded_info", "A disk that the provider does not publish, and why.", {}};
@@ -154,7 +154,7 @@ void AddDisks(std::vector<Family>& families, const std::vector<OsDisk>& disks) {
             size.samples.push_back({key, static_cast<double>(*disk->size)});
         }
         AddStatuses(status, key, disk->health);
-        if (disk->failureIsPredicted) {
+        if (disk->hasPrediction && disk->failureIsPredicted) {
             prediction.samples.push_back({key, *disk->failureIsPredicted ? 1.0 : 0.0});
         }
         if (!disk->whyUnpublished.empty()) {

@@ -85,6 +85,7 @@ public:
         disk.attachmentIsRead = attachmentsAreRead_;
         if (predictionsAreRead_) {
             disk.failureIsPredicted = IsPredictedToFail(disk.deviceId);
+            disk.hasPrediction = !disk.deviceId.empty() && IsNamedByPrediction(disk.deviceId);
         }
         if (!IsIdeDisk(row)) {
             disk.whyUnpublished = disk.bus.empty() ? "bus unknown" : "bus is " + disk.bus;
@@ -178,11 +179,14 @@ private:
         if (!predictionsAreRead_) {
             return "failure predictions not readable";
         }
+        return IsNamedByPrediction(deviceId) ? "" : "no failure-prediction row names it";
+    }
+
+    bool IsNamedByPrediction(const std::string& deviceId) const {
         const std::string compared = ToUpper(deviceId);
-        const bool isNamed = std::ranges::any_of(predictions_, [&](const Prediction& prediction) {
+        return std::ranges::any_of(predictions_, [&](const Prediction& prediction) {
             return IsPredictionOf(prediction.compared, compared);
         });
-        return isNamed ? "" : "no failure-prediction row names it";
     }
 
     platform::Rows media_;

@@ -26,6 +26,7 @@ struct OsDisk {
     Health health;                 ///< the status that the system reports
     /// Unset if the predictions could not be read, or the disk's rows do not tell.
     std::optional<bool> failureIsPredicted;
+    bool hasPrediction = false;  ///< whether a failure-prediction row names it
     std::string whyUnpublished;  ///< three words at most; empty for a published disk
     std::string whyUnwatched;    ///< why it raises no events; empty for a watched disk
 };

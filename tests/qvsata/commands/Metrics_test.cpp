@@ -98,6 +98,7 @@ TEST(Metrics, AreThoseOfTheMachine) {
                 AllOf(HasSubstr("qvsata_computer_info{computer=\"backup-node1.example.org\"} 1\n"),
                       HasSubstr("qvsata_disks 5\n"), HasSubstr("qvsata_disks_published 3\n"),
                       HasSubstr("qvsata_disk_failure_predicted{disk=\"2\"} 1\n"),
+                      Not(HasSubstr("qvsata_disk_failure_predicted{disk=\"4\"}")),
                       HasSubstr("qvsata_disk_status{disk=\"3\",status=\"degraded\"} 1\n"),
                       HasSubstr("qvsata_disk_excluded_info{disk=\"4\",reason=\"bus is USB\"} 1\n"),
                       HasSubstr("qvsata_collection_status{status=\"degraded\"} 1\n"),

@@ -142,13 +142,26 @@ TEST(MachineFamilies, HaveNoSizeThatIsNotReported) {
 
 TEST(MachineFamilies, SayWhetherAFailureIsPredicted) {
     OsDisk failing = DiskWithNumber(1);
+    failing.hasPrediction = true;
     failing.failureIsPredicted = true;
     OsDisk fine = DiskWithNumber(2);
+    fine.hasPrediction = true;
     fine.failureIsPredicted = false;
-    EXPECT_THAT(TextOf({DiskWithNumber(0), failing, fine}),
-                AllOf(HasSubstr("qvsata_disk_failure_predicted{disk=\"1\"} 1\n"
-                                "qvsata_disk_failure_predicted{disk=\"2\"} 0\n"),
-                      Not(HasSubstr("qvsata_disk_failure_predicted{disk=\"0\"}"))));
+    EXPECT_THAT(TextOf({failing, fine}),
+                HasSubstr("qvsata_disk_failure_predicted{disk=\"1\"} 1\n"
+                          "qvsata_disk_failure_predicted{disk=\"2\"} 0\n"));
+}
+
+TEST(MachineFamilies, HaveNoPredictionOfADiskThatNoPredictionNames) {
+    OsDisk unnamed = DiskWithNumber(0);
+    unnamed.failureIsPredicted = false;
+    EXPECT_THAT(TextOf({unnamed}), Not(HasSubstr("qvsata_disk_failure_predicted")));
+}
+
+TEST(MachineFamilies, HaveNoPredictionThatDoesNotTell) {
+    OsDisk silent = DiskWithNumber(0);
+    silent.hasPrediction = true;
+    EXPECT_THAT(TextOf({silent}), Not(HasSubstr("qvsata_disk_failure_predicted")));
 }
 
 TEST(MachineFamilies, SayWhyADiskIsNotPublished) {
