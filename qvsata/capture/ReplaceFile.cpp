@@ -6,6 +6,8 @@
 #include <string>
 #include <system_error>
 
+#include "qvsata/cim/Utf8.h"
+
 namespace qv::capture {
 
 void ReplaceFile(const std::filesystem::path& file, std::string_view content) {
@@ -21,9 +23,7 @@ void ReplaceFile(const std::filesystem::path& file, std::string_view content) {
     if (!stream || error) {
         std::error_code ignored;
         std::filesystem::remove(part, ignored);
-        const std::u8string name = file.u8string();
-        throw std::runtime_error(std::string(name.begin(), name.end()) +
-                                 ": the file cannot be written");
+        throw std::runtime_error(service::Utf8OfPath(file) + ": the file cannot be written");
     }
 }
 

@@ -14,6 +14,7 @@
 #include "qvsata/session/ExitCodes.h"
 #include "qvsata/session/MachineRun.h"
 #include "qvsata/session/Options.h"
+#include "qvsata/session/Recordings.h"
 #include "qvsata/session/Session.h"
 #include "qvsata/view/text/Characters.h"
 
@@ -93,7 +94,7 @@ void RunCapture(const CaptureArguments& given) {
         text = std::move(redacted.text);
         recorded = std::move(redacted.after);
     }
-    capture::ReplaceFile(std::u8string(given.file.begin(), given.file.end()), text);
+    capture::ReplaceFile(FromUtf8(given.file), text);
     PrintFitted({{Summary(*recorded, given.file)}});
     if (!isComplete) {
         throw CommandEnd(incomplete);

@@ -10,6 +10,7 @@
 #include "qvsata/session/Options.h"
 #include "qvsata/session/OsDisks.h"
 #include "qvsata/session/PublishedInstances.h"
+#include "qvsata/session/Recordings.h"
 #include "qvsata/session/Session.h"
 #include "qvsata/session/SourceReport.h"
 #include "qvsata/session/SourceUses.h"
@@ -81,7 +82,7 @@ void AddMetrics(CLI::App& program) {
         if (given.file.empty()) {
             return Print(text);
         }
-        capture::ReplaceFile(std::u8string(given.file.begin(), given.file.end()), text);
+        capture::ReplaceFile(FromUtf8(given.file), text);
     });
 }
 
