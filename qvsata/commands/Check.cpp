@@ -11,6 +11,7 @@
 #include "qvsata/session/OsDisks.h"
 #include "qvsata/session/PublishedInstances.h"
 #include "qvsata/session/SourceReport.h"
+#include "qvsata/session/SourceUses.h"
 #include "qvsata/view/Topology.h"
 #include "qvsata/view/check/DiskCheck.h"
 #include "source/Namespaces.h"
@@ -27,8 +28,10 @@ view::CheckSubject LookAtDisks(const service::ProviderHost& host) {
         const view::PublishedHost published = ReadInstances(host.Published(), checkedClasses);
         subject.published = view::InstancesOf(published, checkedClasses.front()).size();
         subject.consolidated = view::BuildTopology(published).collection;
+        // A source without a part in the disks' health may tell of lost rights.
+        QuerySources(host);
     } catch (const CommandError& error) {
-        subject.unread.push_back({"published disks", error.what()});
+        subject.unread.push_back({"published instances", error.what()});
     }
     const std::vector<service::SourceQuery> queries = host.Journal().Queries();
     if (IsUnread(queries, cimNamespace, "Win32_DiskDrive")) {

@@ -1,5 +1,6 @@
 #include <array>
 #include <chrono>
+#include <filesystem>
 #include <memory>
 #include <optional>
 
@@ -20,9 +21,10 @@
 namespace qv::tool {
 namespace {
 
-/// The classes of which the computer's name and the consolidated status are properties.
-constexpr std::array<std::string_view, 2> summaryClasses{"QV_WinComputerSystem",
-                                                         "QV_SATAStorageCollection"};
+/// The classes of which the computer's name, the consolidated status and the number of published
+/// disks are seen.
+constexpr std::array<std::string_view, 3> summaryClasses{
+    "QV_WinComputerSystem", "QV_SATAStorageCollection", "QV_SATADiskDrive"};
 
 /// Returns the classes that were queried.
 std::vector<metrics::Source> Queried(const std::vector<SourceUse>& uses) {
@@ -36,20 +38,50 @@ std::vector<metrics::Source> Queried(const std::vector<SourceUse>& uses) {
     return sources;
 }
 
-metrics::Machine ReadMachine(const service::ProviderHost& host) {
-    using std::chrono::system_clock;
+/// When a recording was last changed; nothing for the machine itself.
+std::optional<std::chrono::sys_seconds> ChangeOf(const Options& options) {
+    using std::chrono::file_clock;
+    if (options.host.empty()) {
+        return std::nullopt;
+    }
+    const auto changed = std::filesystem::last_write_time(FromUtf8(options.host));
+    return std::chrono::floor<std::chrono::seconds>(file_clock::to_sys(changed));
+}
+
+void ReadPublished(const service::ProviderHost& host, metrics::Machine& machine) {
+    const view::PublishedHost published = ReadInstances(host.Published(), summaryClasses);
+    const view::Topology summary = view::BuildTopology(published);
+    machine.computer = summary.computer;
+    machine.collection = summary.collection;
+    machine.published = view::InstancesOf(published, summaryClasses.back()).size();
+}
+
+/// What is known of a machine, and why not more.
+struct Seen {
     metrics::Machine machine;
+    std::optional<CommandError> failure = {};
+};
+
+Seen Look(const service::ProviderHost& host) {
+    using std::chrono::system_clock;
+    Seen seen;
+    metrics::Machine& machine = seen.machine;
     machine.version = QV_VERSION;
     machine.time = std::chrono::floor<std::chrono::seconds>(system_clock::now());
     machine.disks = ReadOsDisks(host);
-    const view::Topology summary =
-        view::BuildTopology(ReadInstances(host.Published(), summaryClasses));
-    machine.computer = summary.computer;
-    // The uses come last: they count all queries, also those of the lines above.
-    machine.sources = Queried(ReadSourceUses(host));
+    try {
+        ReadPublished(host, machine);
+        QuerySources(host);
+    } catch (const CommandError& error) {
+        seen.failure = error;
+    }
+    machine.sources = Queried(SourceUsesOf(host));
     machine.disksAreRead = !IsUnread(host.Journal().Queries(), cimNamespace, "Win32_DiskDrive");
-    machine.collection = machine.disksAreRead ? summary.collection : std::nullopt;
-    return machine;
+    if (!machine.disksAreRead) {
+        machine.collection.reset();
+        machine.published.reset();
+    }
+    return seen;
 }
 
 }  // namespace
@@ -74,15 +106,20 @@ void AddMetrics(CLI::App& program) {
     CheckWhole(expect, 0, "N");
     command->footer("Example: qvsata metrics --live -o qvsata.prom");
     OnProvider(*command, arguments, [expect](const auto& host, const Arguments& given) {
-        metrics::Machine machine = ReadMachine(host);
+        Seen seen = Look(host);
+        seen.machine.recorded = ChangeOf(given.options);
         if (expect->count() != 0) {
-            machine.expectedDisks = given.expected;
+            seen.machine.expectedDisks = given.expected;
         }
-        const std::string text = metrics::ExpositionText(metrics::FamiliesOf(machine));
+        const std::string text = metrics::ExpositionText(metrics::FamiliesOf(seen.machine));
         if (given.file.empty()) {
-            return Print(text);
+            Print(text);
+        } else {
+            capture::ReplaceFile(FromUtf8(given.file), text);
         }
-        capture::ReplaceFile(FromUtf8(given.file), text);
+        if (seen.failure) {
+            throw CommandError(*seen.failure);
+        }
     });
 }
 

@@ -51,11 +51,6 @@ std::vector<NamedDisk> Shown(const std::vector<OsDisk>& disks) {
     return shown;
 }
 
-std::size_t PublishedOf(const std::vector<OsDisk>& disks) {
-    return static_cast<std::size_t>(std::ranges::count_if(
-        disks, [](const OsDisk& disk) { return disk.whyUnpublished.empty(); }));
-}
-
 std::vector<Label> Identity(const std::string& name, const OsDisk& disk) {
     return {{"disk", name},
             {"model", disk.model},
@@ -91,6 +86,11 @@ void AddRun(std::vector<Family>& families, const Machine& machine) {
     families.push_back(Single("qvsata_last_run_timestamp_seconds",
                               "When the machine was read, in seconds since 1970.",
                               std::optional(machine.time.time_since_epoch().count())));
+    families.push_back(
+        Single("qvsata_recording_modified_timestamp_seconds",
+               "When the recording that was read was last changed; absent for a machine itself.",
+               machine.recorded ? std::optional(machine.recorded->time_since_epoch().count())
+                                : std::nullopt));
     families.push_back({"qvsata_computer_info",
                         "The computer's name; without a label if it cannot be read.",
                         {{{{"computer", machine.computer}}, 1}}});
@@ -122,8 +122,9 @@ void AddCounts(std::vector<Family>& families, const Machine& machine) {
     families.push_back(Single("qvsata_disks",
                               "Disks of the operating system; absent if they could not be read.",
                               ifRead(machine.disksAreRead, disks.size())));
-    families.push_back(Single("qvsata_disks_published", "Disks that the provider publishes.",
-                              ifRead(machine.disksAreRead, PublishedOf(disks))));
+    families.push_back(Single("qvsata_disks_published",
+                              "Disks that the provider publishes; absent if that is not known.",
+                              machine.published));
     families.push_back(Single("qvsata_disks_expected",
                               "Published disks that the machine should have (--expect).",
                               machine.expectedDisks));
@@ -145,6 +146,9 @@ void AddDisks(std::vector<Family>& families, const std::vector<OsDisk>& disks) {
         "qvsata_disk_failure_predicted",
         "Whether the disk is predicted to fail; absent if no prediction names it or can be read.",
         {}};
+    Family unknown{"qvsata_disk_prediction_unknown",
+                   "Whether the prediction that names the disk does not tell whether it will fail.",
+                   {}};
     Family excluded{
         "qvsata_disk_excluded_info", "A disk that the provider does not publish, and why.", {}};
     for (const auto& [name, disk] : Shown(disks)) {
@@ -154,6 +158,9 @@ void AddDisks(std::vector<Family>& families, const std::vector<OsDisk>& disks) {
             size.samples.push_back({key, static_cast<double>(*disk->size)});
         }
         AddStatuses(status, key, disk->health);
+        if (disk->hasPrediction) {
+            unknown.samples.push_back({key, disk->failureIsPredicted ? 0.0 : 1.0});
+        }
         if (disk->hasPrediction && disk->failureIsPredicted) {
             prediction.samples.push_back({key, *disk->failureIsPredicted ? 1.0 : 0.0});
         }
@@ -161,8 +168,9 @@ void AddDisks(std::vector<Family>& families, const std::vector<OsDisk>& disks) {
             excluded.samples.push_back({{{"disk", name}, {"reason", disk->whyUnpublished}}, 1});
         }
     }
-    families.insert(families.end(), {std::move(identity), std::move(size), std::move(status),
-                                     std::move(prediction), std::move(excluded)});
+    families.insert(families.end(),
+                    {std::move(identity), std::move(size), std::move(status), std::move(prediction),
+                     std::move(unknown), std::move(excluded)});
 }
 
 void AddCollection(std::vector<Family>& families, const std::optional<view::Health>& collection) {

@@ -24,10 +24,12 @@ struct Source {
 struct Machine {
     std::string version;  ///< of the program
     std::chrono::sys_seconds time;
+    std::optional<std::chrono::sys_seconds> recorded{};  ///< of a recording: its last change
     std::string computer;  ///< empty if the computer's name cannot be read
     std::vector<Source> sources;
     view::OsDisks disks;
     bool disksAreRead = true;                 ///< false: there may be other disks
+    std::optional<std::size_t> published{};   ///< how many are published, if known
     std::optional<view::Health> collection;   ///< the published consolidated status, if any
     std::optional<unsigned> expectedDisks{};  ///< of the published disks
 };

@@ -133,8 +133,10 @@ void FindTroubleOfDisks(const CheckSubject& subject, std::vector<Finding>& findi
                             Harmless(subject.consolidated->word)});
     }
     for (const std::string& device : subject.all.failingOthers) {
-        findings.push_back({CheckState::critical, Severity::failurePredicted,
-                            "unknown device " + Harmless(device), "failure predicted"});
+        findings.push_back(
+            {CheckState::critical, Severity::failurePredicted,
+             device.empty() ? "device without a name" : "unknown device " + Harmless(device),
+             "failure predicted"});
     }
 }
 

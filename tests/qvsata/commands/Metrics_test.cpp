@@ -18,6 +18,7 @@ using testing::AllOf;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
+using testing::StartsWith;
 
 /// Returns what is wrong with a text in the format of Prometheus: lines that do not belong to the
 /// format, families without help and type or with several, series that appear twice.
@@ -139,6 +140,31 @@ TEST_F(MetricsTest, OfDisksWithoutNumberAreInTheFormat) {
     Disks()[0]["Index"] = nullptr;
     Disks()[1].erase("Index");
     EXPECT_THAT(Faults(Run().output), IsEmpty());
+}
+
+TEST_F(MetricsTest, OfAClassThatCannotBePublishedHaveWhatIsKnown) {
+    Disks()[1].erase("DeviceID");
+    Disks()[2]["Status"] = "Error";
+    const Ending run = Run();
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_THAT(run.errors, StartsWith("qvsata: "));
+    EXPECT_THAT(Faults(run.output), IsEmpty());
+    EXPECT_THAT(run.output,
+                AllOf(HasSubstr("qvsata_disks 3\n"), Not(HasSubstr("qvsata_disks_published")),
+                      HasSubstr("qvsata_disk_status{disk=\"2\",status=\"failed\"} 1\n"),
+                      HasSubstr("qvsata_source_success{class=\"Win32_SystemDriver\"} 1\n")));
+}
+
+TEST(Metrics, TellWhenTheRecordingWasChanged) {
+    using std::chrono::file_clock;
+    const std::chrono::sys_seconds time{std::chrono::seconds(1'600'000'000)};
+    const TemporaryFile recording;
+    std::filesystem::copy_file(QV_SOURCE_DIR "/hosts/legacy-ide.json", recording.Path());
+    std::filesystem::last_write_time(recording.Path(), file_clock::from_sys(time));
+    const Ending run =
+        RunHere({"metrics", "--host", recording.Path().string(), "--mof", QV_SOURCE_DIR "/mof"});
+    EXPECT_THAT(run.output,
+                HasSubstr("\nqvsata_recording_modified_timestamp_seconds 1600000000\n"));
 }
 
 TEST_F(MetricsTest, OfNoDisksCountThem) {

@@ -184,6 +184,11 @@ INSTANTIATE_TEST_SUITE_P(
             Source{cimv2, "Win32_IDEController", "controllers and channels cannot be published"},
             Source{cimv2, "Win32_IDEControllerDevice",
                    "where disks and channels are attached cannot be published"},
+            Source{cimv2, "Win32_DiskDriveToDiskPartition", partitions},
+            Source{cimv2, "Win32_DiskPartition", partitions},
+            Source{cimv2, "Win32_PnPDevice", software}, Source{cimv2, "Win32_PnPEntity", software},
+            Source{cimv2, "Win32_SystemDriverPNPEntity", software},
+            Source{cimv2, "Win32_SystemDriver", software},
             Source{R"(root\wmi)", "MSStorageDriver_FailurePredictStatus",
                    "disks cannot be watched, and predicted failures are not seen"}),
         failures));

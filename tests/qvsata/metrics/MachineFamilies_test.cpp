@@ -84,8 +84,23 @@ TEST(MachineFamilies, HaveNoRowsOfASourceThatCouldNotBeRead) {
 
 TEST(MachineFamilies, CountNoDisksIfThereAreNone) {
     EXPECT_THAT(TextOf(Machine()),
-                AllOf(HasSubstr("qvsata_disks 0\n"), HasSubstr("qvsata_disks_published 0\n"),
-                      HasSubstr("qvsata_disks_omitted 0\n"), Not(HasSubstr("qvsata_disk_"))));
+                AllOf(HasSubstr("qvsata_disks 0\n"), HasSubstr("qvsata_disks_omitted 0\n"),
+                      Not(HasSubstr("qvsata_disk_"))));
+}
+
+TEST(MachineFamilies, CountPublishedDisksIfTheyAreKnown) {
+    Machine machine;
+    EXPECT_THAT(TextOf(machine), Not(HasSubstr("qvsata_disks_published")));
+    machine.published = 0;
+    EXPECT_THAT(TextOf(machine), HasSubstr("qvsata_disks_published 0\n"));
+}
+
+TEST(MachineFamilies, TellWhenARecordingWasChanged) {
+    Machine machine;
+    EXPECT_THAT(TextOf(machine), Not(HasSubstr("qvsata_recording_modified")));
+    machine.recorded = std::chrono::sys_seconds(std::chrono::seconds(1'600'000'000));
+    EXPECT_THAT(TextOf(machine),
+                HasSubstr("qvsata_recording_modified_timestamp_seconds 1600000000\n"));
 }
 
 TEST(MachineFamilies, HaveNoCountOfDisksThatCouldNotBeRead) {
@@ -148,27 +163,31 @@ TEST(MachineFamilies, SayWhetherAFailureIsPredicted) {
     fine.hasPrediction = true;
     fine.failureIsPredicted = false;
     EXPECT_THAT(TextOf({failing, fine}),
-                HasSubstr("qvsata_disk_failure_predicted{disk=\"1\"} 1\n"
-                          "qvsata_disk_failure_predicted{disk=\"2\"} 0\n"));
+                AllOf(HasSubstr("qvsata_disk_failure_predicted{disk=\"1\"} 1\n"
+                                "qvsata_disk_failure_predicted{disk=\"2\"} 0\n"),
+                      HasSubstr("qvsata_disk_prediction_unknown{disk=\"1\"} 0\n"
+                                "qvsata_disk_prediction_unknown{disk=\"2\"} 0\n")));
 }
 
 TEST(MachineFamilies, HaveNoPredictionOfADiskThatNoPredictionNames) {
     OsDisk unnamed = DiskWithNumber(0);
     unnamed.failureIsPredicted = false;
-    EXPECT_THAT(TextOf({unnamed}), Not(HasSubstr("qvsata_disk_failure_predicted")));
+    EXPECT_THAT(TextOf({unnamed}), AllOf(Not(HasSubstr("qvsata_disk_failure_predicted")),
+                                         Not(HasSubstr("qvsata_disk_prediction_unknown"))));
 }
 
 TEST(MachineFamilies, HaveNoPredictionThatDoesNotTell) {
     OsDisk silent = DiskWithNumber(0);
     silent.hasPrediction = true;
-    EXPECT_THAT(TextOf({silent}), Not(HasSubstr("qvsata_disk_failure_predicted")));
+    EXPECT_THAT(TextOf({silent}), AllOf(HasSubstr("qvsata_disk_prediction_unknown{disk=\"0\"} 1\n"),
+                                        Not(HasSubstr("qvsata_disk_failure_predicted"))));
 }
 
 TEST(MachineFamilies, SayWhyADiskIsNotPublished) {
     OsDisk excluded = DiskWithNumber(1);
     excluded.whyUnpublished = "bus is SCSI";
     EXPECT_THAT(TextOf({DiskWithNumber(0), excluded}),
-                AllOf(HasSubstr("qvsata_disks 2\n"), HasSubstr("qvsata_disks_published 1\n"),
+                AllOf(HasSubstr("qvsata_disks 2\n"),
                       HasSubstr("qvsata_disk_excluded_info{disk=\"1\",reason=\"bus is SCSI\"} 1\n"),
                       Not(HasSubstr("qvsata_disk_excluded_info{disk=\"0\""))));
 }
