@@ -1,7 +1,5 @@
 #include "qvsata/report/HostLine.h"
 
-#include <algorithm>
-#include <functional>
 #include <vector>
 
 #include "qvsata/report/DiskCard.h"
@@ -27,11 +25,9 @@ void WriteRest(Html& html, const Host& host, const Standing& standing) {
 
 void WriteDisksOf(Html& html, const Host& host) {
     constexpr std::size_t most = 32;
-    std::vector<view::OsDisk> disks = host.disks.disks;
-    std::ranges::stable_sort(disks, std::greater(),
-                             [](const view::OsDisk& disk) { return SeverityOf(HealthOf(disk)); });
+    const std::vector<view::OsDisk>& disks = host.disks.disks;
     const auto list = html.In("ul");
-    for (std::size_t disk = 0; disk < std::min(disks.size(), most); ++disk) {
+    for (const std::size_t disk : WorstDisks(disks, most)) {
         WriteDiskLine(html, disks[disk]);
     }
     if (disks.size() > most) {

@@ -1,7 +1,6 @@
 #include "qvsata/report/HostPage.h"
 
 #include <algorithm>
-#include <functional>
 #include <map>
 #include <ranges>
 
@@ -19,6 +18,7 @@ namespace qv::report {
 namespace {
 
 constexpr std::size_t mostCards = 256;
+constexpr std::size_t mostBoxes = 256;
 
 std::string CardId(const Place& place, std::size_t disk) {
     return place.Id("disk" + std::to_string(disk));
@@ -26,19 +26,15 @@ std::string CardId(const Place& place, std::size_t disk) {
 
 /// Writes the disks that are not OK, the worst first, each with a link to its facts.
 void WriteSick(Html& html, const Place& place, const std::vector<view::OsDisk>& disks) {
-    std::vector<std::pair<view::Severity, std::size_t>> sick;
-    for (std::size_t disk = 0; disk < std::min(disks.size(), mostCards); ++disk) {
-        if (const auto severity = SeverityOf(HealthOf(disks[disk]));
-            severity != view::Severity::fine) {
-            sick.emplace_back(severity, disk);
-        }
-    }
+    std::vector<std::size_t> sick = WorstDisks(disks, mostCards);
+    std::erase_if(sick, [&disks](std::size_t disk) {
+        return SeverityOf(HealthOf(disks[disk])) == view::Severity::fine;
+    });
     if (sick.empty()) {
         return;
     }
-    std::ranges::stable_sort(sick, std::greater(), &std::pair<view::Severity, std::size_t>::first);
     const auto list = html.In("ol", {{"class", "sick"}});
-    for (const auto& [severity, disk] : sick) {
+    for (const std::size_t disk : sick) {
         const auto item = html.In("li");
         WriteBadge(html, HealthOf(disks[disk]));
         html.Text(" ");
@@ -80,7 +76,7 @@ void WriteSoftware(Html& html, const Place& place, const TopologyItem& computer)
 
 void WriteTopology(Html& html, const Place& place, const view::Topology& topology) {
     const Section section(html, place, "topology", "Topology");
-    const TopologyItem computer = ItemOf(topology);
+    const TopologyItem computer = BoundedTo(mostBoxes, ItemOf(topology));
     const auto columns = html.In("div", {{"class", "columns"}});
     {
         const auto picture = html.In("div");
@@ -129,11 +125,13 @@ void WriteDisks(Html& html, const Place& place, const Host& host) {
     }
     const DiskVerdicts verdicts(host.details->explanation);
     const auto cards = html.In("div", {{"class", "cards"}});
-    for (std::size_t disk = 0; disk < std::min(disks.size(), mostCards); ++disk) {
+    std::vector<std::size_t> shown = WorstDisks(disks, mostCards);
+    std::ranges::sort(shown);
+    for (const std::size_t disk : shown) {
         WriteDiskCard(html, place, CardId(place, disk), disks[disk], verdicts.Of(disks[disk]));
     }
-    if (disks.size() > mostCards) {
-        html.Line("p", "And " + std::to_string(disks.size() - mostCards) +
+    if (disks.size() > shown.size()) {
+        html.Line("p", "And " + std::to_string(disks.size() - shown.size()) +
                            " more disks, which qvsata disks lists.");
     }
 }

@@ -1,7 +1,9 @@
 #include "qvsata/report/Standing.h"
 
 #include <algorithm>
+#include <functional>
 #include <limits>
+#include <numeric>
 #include <tuple>
 
 #include "qvsata/view/HealthCounts.h"
@@ -99,6 +101,16 @@ Standing StandingOf(const Host& host) {
         return {Severity::unknown, "failure prediction unknown", standing.summary};
     }
     return standing;
+}
+
+std::vector<std::size_t> WorstDisks(const std::vector<view::OsDisk>& disks, std::size_t most) {
+    std::vector<std::size_t> places(disks.size());
+    std::iota(places.begin(), places.end(), std::size_t{0});
+    std::ranges::stable_sort(places, std::greater(), [&disks](std::size_t place) {
+        return SeverityOf(HealthOf(disks[place]));
+    });
+    places.resize(std::min(places.size(), most));
+    return places;
 }
 
 bool IsBefore(const Host& one, const Host& other) {

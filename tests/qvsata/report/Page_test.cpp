@@ -165,6 +165,15 @@ TEST(Page, CountsTheDisksThatItLeavesOut) {
                 HasSubstr("And 744 more disks, which qvsata disks lists."));
 }
 
+TEST(Page, OfManyDisksHasTheFactsOfTheWorst) {
+    std::vector<view::OsDisk> disks(1000, DiskWith(0, 2, "OK"));
+    disks.back() = DiskWith(999, 6, "Error");
+    EXPECT_THAT(PageOf({Detailed(HostWith("a", disks))}, origin),
+                AllOf(HasSubstr("<a href=\"#disk999\">#999 Halden HD4000F05</a>"),
+                      HasSubstr("<h3 id=\"disk999\">"),
+                      HasSubstr("And 744 more disks, which qvsata disks lists.")));
+}
+
 TEST(Page, BeginsWithTheWorst) {
     EXPECT_EQ(report::HeadlineOf({HostWith("a", {DiskWith(0, 2, "OK")}),
                                   HostWith("b", {DiskWith(0, 6, "Error")})}),
