@@ -40,7 +40,10 @@ std::string PublicationOf(const view::OsDisk& disk, const explain::Verdict* verd
     if (verdict != nullptr && verdict->outcome != explain::Outcome::published) {
         return OutcomeOf(*verdict);
     }
-    return disk.whyUnpublished.empty() ? "yes" : "no: " + disk.whyUnpublished;
+    if (!disk.whyUnpublished.empty()) {
+        return "no: " + disk.whyUnpublished;
+    }
+    return verdict == nullptr ? "not known" : "yes";
 }
 
 /// Returns a text of a device; a dash if it is empty.

@@ -21,6 +21,9 @@ void WriteRest(Html& html, const Host& host, const Standing& standing) {
         html.Line("span", count + (host.unread.size() == 1 ? " source" : " sources") + " not read",
                   {{"class", "caution"}});
     }
+    if (!host.failures.empty()) {
+        html.Line("span", "not all instances readable", {{"class", "caution"}});
+    }
 }
 
 void WriteDisksOf(Html& html, const Host& host) {

@@ -19,6 +19,7 @@ namespace {
 
 constexpr std::size_t mostCards = 256;
 constexpr std::size_t mostBoxes = 256;
+constexpr std::string_view notKnown = "Not known.";
 
 std::string CardId(const Place& place, std::size_t disk) {
     return place.Id("disk" + std::to_string(disk));
@@ -97,8 +98,11 @@ void WriteTopology(Html& html, const Place& place, const view::Topology& topolog
 /// The verdicts on the rows of disks, by the disk's ID and name.
 class DiskVerdicts {
 public:
-    explicit DiskVerdicts(const explain::Explanation& explanation) {
-        for (const explain::Verdict& verdict : explanation.verdicts) {
+    explicit DiskVerdicts(const std::optional<explain::Explanation>& explanation) {
+        if (!explanation) {
+            return;
+        }
+        for (const explain::Verdict& verdict : explanation->verdicts) {
             if (verdict.source == explain::source::disks) {
                 verdicts_.emplace(std::pair(verdict.id, verdict.name), &verdict);
             }
@@ -166,7 +170,7 @@ void WriteSources(Html& html, const Place& place, const std::vector<Source>& sou
 void WriteKeys(Html& html, const Place& place, const Host& host) {
     const Section section(html, place, "keys", "Keys of all disks");
     if (host.keyWarnings.empty()) {
-        return html.Line("p", explain::distinctKeys);
+        return html.Line("p", host.details->explanation ? explain::distinctKeys : notKnown);
     }
     const auto list = html.In("ul", {{"class", "caution"}});
     for (const std::string& warning : host.keyWarnings) {
@@ -187,7 +191,11 @@ void WriteHost(Html& html, const Place& place, const Host& host) {
     WriteDisks(html, place, host);
     {
         const Section section(html, place, "left-out", "Not published, and why");
-        WriteLeftOut(html, place, details.explanation);
+        if (details.explanation) {
+            WriteLeftOut(html, place, *details.explanation);
+        } else {
+            html.Line("p", notKnown, {{"class", "caution"}});
+        }
     }
     WriteSources(html, place, details.sources);
     WriteKeys(html, place, host);

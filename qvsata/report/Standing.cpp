@@ -115,8 +115,8 @@ std::vector<std::size_t> WorstDisks(const std::vector<view::OsDisk>& disks, std:
 
 bool IsBefore(const Host& one, const Host& other) {
     const auto key = [](const Host& host) {
-        const std::size_t unread =
-            host.failure.empty() ? host.unread.size() : std::numeric_limits<std::size_t>::max();
+        const std::size_t unread = host.failure.empty() ? host.unread.size() + host.failures.size()
+                                                        : std::numeric_limits<std::size_t>::max();
         return std::tuple(-static_cast<int>(StandingOf(host).severity), ~unread, TitleOf(host),
                           host.recording);
     };

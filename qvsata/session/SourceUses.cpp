@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdio>
 #include <map>
+#include <optional>
 
 #include "catalogue/Classes.h"
 #include "qvsata/cim/StatusCodes.h"
@@ -66,13 +67,24 @@ std::string StatusText(const SourceUse& use) {
     return !isMeant || meaning.empty() ? end : end + ", " + std::string(meaning);
 }
 
-std::vector<SourceUse> ReadSourceUses(const service::ProviderHost& host) {
+void QuerySources(const service::ProviderHost& host) {
+    std::optional<CommandError> first;
     for (const PublishedClass& published : PublishedClasses()) {
-        Take(host.Published().Enumerate(published.name));
+        try {
+            Take(host.Published().Enumerate(published.name));
+        } catch (const CommandError& error) {
+            first = first.value_or(error);
+        }
     }
     if (const service::Connection monitored = host.Machine()(wmiNamespace); monitored.services) {
         monitored.services->Query("SELECT * FROM MSStorageDriver_FailurePredictStatus");
     }
+    if (first) {
+        throw CommandError(*first);
+    }
+}
+
+std::vector<SourceUse> SourceUsesOf(const service::ProviderHost& host) {
     const std::vector<service::SourceQuery> queries = host.Journal().Queries();
     std::vector<SourceUse> uses;
     for (const SourceClass& source : SourceClasses()) {
@@ -81,6 +93,11 @@ std::vector<SourceUse> ReadSourceUses(const service::ProviderHost& host) {
         }
     }
     return uses;
+}
+
+std::vector<SourceUse> ReadSourceUses(const service::ProviderHost& host) {
+    QuerySources(host);
+    return SourceUsesOf(host);
 }
 
 }  // namespace qv::tool

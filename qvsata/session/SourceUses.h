@@ -29,9 +29,15 @@ std::string MillisecondsText(const SourceUse& use);
 /// Returns "OK", "not asked", or how it failed and what that means.
 std::string StatusText(const SourceUse& use);
 
-/// Has the provider publish everything, and reads the class that only its monitor reads. Returns
-/// each class that the provider reads, those of the disks first. Throws CommandError if the
-/// provider fails.
+/// Has the provider publish everything, and reads the class that only its monitor reads, so that
+/// each source is in the host's journal. Throws CommandError if the provider fails to publish a
+/// class; all others have been published then.
+void QuerySources(const service::ProviderHost& host);
+
+/// Returns each class that the provider reads, those of the disks first, with its queries so far.
+std::vector<SourceUse> SourceUsesOf(const service::ProviderHost& host);
+
+/// Does both. Throws as QuerySources.
 std::vector<SourceUse> ReadSourceUses(const service::ProviderHost& host);
 
 }  // namespace qv::tool
