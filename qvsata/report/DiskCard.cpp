@@ -33,7 +33,10 @@ std::string PredictionOf(const view::OsDisk& disk) {
     if (!disk.failureIsPredicted) {
         return "not known";
     }
-    return *disk.failureIsPredicted ? "yes" : "no";
+    if (*disk.failureIsPredicted) {
+        return "yes";
+    }
+    return disk.hasPrediction ? "no" : "no prediction names it";
 }
 
 std::string PublicationOf(const view::OsDisk& disk, const explain::Verdict* verdict) {

@@ -96,6 +96,16 @@ TEST(Page, LinksEachDiskThatIsNotOkToItsFacts) {
     EXPECT_THAT(page, AllOf(HasSubstr("<h3 id=\"disk0\">"), HasSubstr("<h3 id=\"disk1\">")));
 }
 
+TEST(Page, DoesNotTakeADiskWithoutAPredictionForASoundOne) {
+    view::OsDisk disk = DiskWith(0, 2, "OK");
+    disk.hasPrediction = true;
+    EXPECT_THAT(PageOf({Detailed(HostWith("a", {disk}))}, origin),
+                HasSubstr("<dt>Failure predicted</dt><dd>no</dd>"));
+    disk.hasPrediction = false;
+    EXPECT_THAT(PageOf({Detailed(HostWith("a", {disk}))}, origin),
+                HasSubstr("<dt>Failure predicted</dt><dd>no prediction names it</dd>"));
+}
+
 TEST(Page, ShowsTheEventsOfEachStep) {
     Host host = Detailed(HostWith("a", {}));
     view::DiskEvent event;
