@@ -7,7 +7,7 @@ void WriteUnread(Html& html, const Host& host) {
         return html.Line("p", host.failure, {{"class", "caution"}});
     }
     if (host.unread.empty() && host.failures.empty()) {
-        return html.Line("p", "Every source was read.");
+        return html.Line("p", "Every source that was asked was read.");
     }
     const auto list = html.In("ul", {{"class", "caution"}});
     for (const UnreadSource& source : host.unread) {

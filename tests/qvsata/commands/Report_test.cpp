@@ -75,7 +75,8 @@ TEST_F(ReportTest, WritesAPageAndItsHeadline) {
         Page(),
         AllOf(HasSubstr("<p class=\"verdict predicted\">failure predicted for 1 disk</p>"),
               HasSubstr("5 disks: 3 OK, 1 Degraded, 1 Pred Fail"),
-              HasSubstr("<p>Every source was read.</p>"), HasSubstr("#2 Halden HD4000F05"),
+              HasSubstr("<p>Every source that was asked was read.</p>"),
+              HasSubstr("#2 Halden HD4000F05"),
               HasSubstr("<dd>not published: InterfaceType is &quot;SCSI&quot;"),
               HasSubstr("<h3>Win32_DiskDrive</h3>"), HasSubstr("<th scope=\"row\">Win32_PnPDevice"),
               HasSubstr("no published disk&#39;s ID is equal to another&#39;s")));
