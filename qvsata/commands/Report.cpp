@@ -199,6 +199,10 @@ Machine MachineOf(const std::string& name, const std::string& recording, const O
     return machine;
 }
 
+bool HasName(const service::ComputerNames& names) {
+    return names != service::ComputerNames();
+}
+
 /// Compares each recording of a computer with the next one.
 class Sequence {
 public:
@@ -209,7 +213,8 @@ public:
              std::vector<std::string>& failures) {
         const service::ComputerNames& names = host.Recordings()->Present()->Computer();
         names_ = names_.value_or(names);
-        isOfOne_ = isOfOne_ && *names_ == names;
+        // Two computers without names would be taken for one.
+        isOfOne_ = isOfOne_ && HasName(names) && *names_ == names;
         const std::optional<view::Snapshot> before = std::exchange(before_, std::nullopt);
         if (!last_.empty()) {
             steps_.push_back({last_, recording, std::nullopt});
@@ -258,8 +263,10 @@ void ReadOnly(MachineRun& run, const Options& options, Reported& reported) {
             WriteFailures(machine, failures);
         });
         if (!sequence.IsOfOneComputer()) {
-            throw CommandError(recording + ": not a recording of the computer of " +
-                               recordings.front());
+            throw CommandError(
+                recording + (&recording == &recordings.front()
+                                 ? ": the recording does not name its computer"
+                                 : ": not a recording of the computer of " + recordings.front()));
         }
         reported.exitCode = WorseOf(reported.exitCode, ExitCodeOf(isComplete, !failures.empty()));
     }

@@ -165,6 +165,16 @@ TEST_F(ReportTest, RefusesRecordingsOfDifferentComputers) {
     EXPECT_EQ(Page(), "");
 }
 
+TEST_F(ReportTest, DoesNotTakeComputersWithoutNamesForOne) {
+    json host = Recorded("drill/0-healthy.json");
+    host["computer"] = json::object();
+    const std::string nameless = FileOf(host);
+    const Ending run = Report({"--host", nameless, "--then", nameless});
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_THAT(run.errors, HasSubstr(": the recording does not name its computer\n"));
+    EXPECT_EQ(Page(), "");
+}
+
 TEST_F(ReportTest, RefusesLaterRecordingsOfSeveralHosts) {
     EXPECT_EQ(Report({"--host", hosts, "--then", hosts + "ahci-desktop.json"}).exitCode, 2);
 }

@@ -155,6 +155,14 @@ TEST(Page, KeepsARecordingThatCannotBeRead) {
                       HasSubstr("<span>site/x.json: no JSON</span>")));
 }
 
+TEST(Page, OfTheOnlyRecordingThatCannotBeReadIsNamedAfterIt) {
+    Host broken;
+    broken.recording = "site/x.json";
+    broken.failure = "no JSON";
+    EXPECT_EQ(report::HeadlineOf({broken}), "site/x.json: not readable");
+    EXPECT_THAT(PageOf({broken}, origin), HasSubstr("<title>Disks of site/x.json</title>"));
+}
+
 TEST(Page, OfFiveHundredHostsHasLessThanThreeMegabytes) {
     EXPECT_LT(PageOf(Fleet(500), origin).size(), 3'000'000U);
 }
