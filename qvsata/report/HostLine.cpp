@@ -5,6 +5,7 @@
 #include "qvsata/report/DiskCard.h"
 #include "qvsata/report/Standing.h"
 #include "qvsata/report/UnreadList.h"
+#include "qvsata/view/text/Columns.h"
 
 namespace qv::report {
 namespace {
@@ -17,8 +18,7 @@ void WriteVerdict(Html& html, const Standing& standing) {
 void WriteRest(Html& html, const Host& host, const Standing& standing) {
     html.Line("span", standing.summary);
     if (!host.unread.empty()) {
-        const std::string count = std::to_string(host.unread.size());
-        html.Line("span", count + (host.unread.size() == 1 ? " source" : " sources") + " not read",
+        html.Line("span", view::CountOf(host.unread.size(), "source") + " not read",
                   {{"class", "caution"}});
     }
     if (!host.failures.empty()) {

@@ -7,15 +7,12 @@
 #include <tuple>
 
 #include "qvsata/view/HealthCounts.h"
+#include "qvsata/view/text/Columns.h"
 
 namespace qv::report {
 namespace {
 
 using view::Severity;
-
-std::string CountOf(std::size_t count, const std::string& noun) {
-    return std::to_string(count) + ' ' + noun + (count == 1 ? "" : "s");
-}
 
 Severity WorstOf(const view::OsDisks& all) {
     Severity worst = all.failingOthers.empty() ? Severity::fine : Severity::failurePredicted;
@@ -34,13 +31,13 @@ std::string WordsOf(Severity severity, const view::OsDisks& all) {
     const auto count = std::ranges::count_if(all.disks, [severity](const view::OsDisk& disk) {
         return SeverityOf(HealthOf(disk)) == severity;
     });
-    const std::string disks = CountOf(static_cast<std::size_t>(count), "disk");
+    const std::string disks = view::CountOf(static_cast<std::size_t>(count), "disk");
     switch (severity) {
         case Severity::failed:
             return disks + " failed";
         case Severity::failurePredicted:
             return "failure predicted for " +
-                   (count == 0 ? CountOf(all.failingOthers.size(), "unknown device") : disks);
+                   (count == 0 ? view::CountOf(all.failingOthers.size(), "unknown device") : disks);
         case Severity::degraded:
             return disks + " degraded";
         case Severity::unknown:
@@ -56,18 +53,19 @@ std::string SummaryOf(const Host& host) {
     std::string summary = host.disksAreRead ? "no disks" : "disks not readable";
     if (!all.disks.empty()) {
         summary =
-            CountsSpan(CountOf(all.disks.size(), "disk"),
+            CountsSpan(view::CountOf(all.disks.size(), "disk"),
                        view::Counted(all.disks, [](const auto& disk) { return HealthOf(disk); }))
                 .text +
             (host.disksAreRead ? "" : "; further disks not readable");
     }
     if (!all.failingOthers.empty()) {
-        summary += "; failure predicted for " + CountOf(all.failingOthers.size(), "unknown device");
+        summary +=
+            "; failure predicted for " + view::CountOf(all.failingOthers.size(), "unknown device");
     }
     if (!all.predictionsAreRead) {
         summary += "; failure predictions not readable";
     } else if (const std::size_t unknown = UnknownPredictions(all); unknown != 0) {
-        summary += "; failure prediction unknown for " + CountOf(unknown, "disk");
+        summary += "; failure prediction unknown for " + view::CountOf(unknown, "disk");
     }
     return summary;
 }
