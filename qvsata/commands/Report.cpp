@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "catalogue/Classes.h"
 #include "qvsata/capture/ReplaceFile.h"
 #include "qvsata/commands/Commands.h"
 #include "qvsata/commands/Explanation.h"
@@ -61,11 +62,64 @@ std::string PresentTime() {
     return text.data();
 }
 
+void AddOnce(std::vector<std::string>& lines, const std::string& line) {
+    if (std::ranges::count(lines, line) == 0) {
+        lines.push_back(line);
+    }
+}
+
+/// Has the provider publish everything. Returns the instances of view::topologyClasses; lacks those
+/// that cannot be enumerated.
+/// @param failures takes a line for each class that cannot be enumerated
+view::PublishedHost ReadPublished(const service::Namespace& nameSpace,
+                                  std::vector<std::string>& failures) {
+    view::PublishedHost published;
+    for (const PublishedClass& one : PublishedClasses()) {
+        const service::Answer answer = nameSpace.Enumerate(one.name);
+        if (!Succeeded(answer.status)) {
+            failures.push_back(answer.message);
+        } else if (std::ranges::count(view::topologyClasses, one.name) != 0) {
+            auto& instances = published[std::string(one.name)];
+            for (const auto& object : answer.objects) {
+                instances.push_back(ReadObject(*object));
+            }
+        }
+    }
+    return published;
+}
+
+/// A published class without which a part of the topology is not seen.
+struct SeenBy {
+    std::string_view className;
+    bool view::Sight::*part;
+};
+
+constexpr std::array seenBy{
+    SeenBy{"QV_SATADiskDrive", &view::Sight::disks},
+    SeenBy{"QV_SATAPortController", &view::Sight::controllers},
+    SeenBy{"QV_SATALogicalPort", &view::Sight::controllers},
+    SeenBy{"QV_TSATAProtocolEndpoint", &view::Sight::attachments},
+    SeenBy{"QV_SATAPortControllerSATALogicalPort", &view::Sight::attachments},
+    SeenBy{"QV_SATALogicalPortISATAProtocolEndpoint", &view::Sight::attachments},
+    SeenBy{"QV_SATAInitiatorTargetLogicalUnitPath", &view::Sight::attachments},
+    SeenBy{"QV_TSATAProtocolEndpointSATADiskDrive", &view::Sight::attachments},
+};
+
+/// Reads the details of a host. What cannot be explained adds a line to its failures.
 report::Details ReadDetails(const service::ProviderHost& host, const view::PublishedHost& published,
-                            const view::OsDisks& disks, std::size_t mostJoins) {
+                            report::Host& read, std::size_t mostJoins) {
     report::Details details;
-    details.topology = ReadTopology(host, published, disks);
-    details.explanation = ReadExplanation(host, disks.disks, mostJoins).explanation;
+    details.topology = ReadTopology(host, published, read.disks);
+    for (const SeenBy& one : seenBy) {
+        if (!published.contains(one.className)) {
+            details.topology.sight.*one.part = false;
+        }
+    }
+    try {
+        details.explanation = ReadExplanation(host, read.disks.disks, mostJoins).explanation;
+    } catch (const CommandError& error) {
+        AddOnce(read.failures, error.what());
+    }
     return details;
 }
 
@@ -88,56 +142,55 @@ report::Host ReadHost(const service::ProviderHost& host, const Options& options,
     report::Host read;
     read.recording = options.host;
     read.disks = ReadOsDisks(host);
-    const view::PublishedHost published = ReadInstances(host.Published(), view::topologyClasses);
+    const view::PublishedHost published = ReadPublished(host.Published(), read.failures);
     const auto& computers = view::InstancesOf(published, "QV_WinComputerSystem");
     read.name = computers.empty() ? "" : computers.front().Text("Name");
     if (isDetailed) {
-        read.details = ReadDetails(host, published, read.disks, options.MostRows());
-        read.keyWarnings = read.details->explanation.keyWarnings;
-    } else {
-        read.keyWarnings = view::KeyWarningLines(read.disks.disks);
+        read.details = ReadDetails(host, published, read, options.MostRows());
+        // The uses come last: they count all queries, also those of the line above.
+        std::ranges::transform(SourceUsesOf(host), std::back_inserter(read.details->sources),
+                               SourceOf);
     }
-    // It asks all sources, so that none is taken for read that was not asked.
-    const std::vector<SourceUse> uses = ReadSourceUses(host);
-    if (isDetailed) {
-        std::ranges::transform(uses, std::back_inserter(read.details->sources), SourceOf);
-    }
+    read.keyWarnings = read.details && read.details->explanation
+                           ? read.details->explanation->keyWarnings
+                           : view::KeyWarningLines(read.disks.disks);
     const std::vector<service::SourceQuery> queries = host.Journal().Queries();
     read.disksAreRead = !IsUnread(queries, cimNamespace, "Win32_DiskDrive");
     std::ranges::transform(UnreadSources(queries), std::back_inserter(read.unread), UnreadSourceOf);
     return read;
 }
 
-/// Calls a function, and keeps what its error says.
-template <typename Body>
-void Noting(std::string& failure, Body body) try {
-    body();
-} catch (const std::exception& error) {
-    failure = error.what();
-    throw;
+/// Names on standard error what the provider failed to do on a machine.
+void WriteFailures(const Machine& machine, const std::vector<std::string>& failures) {
+    for (const std::string& failure : failures) {
+        WriteErrorLine((machine.name.empty() ? "" : machine.name + ": ") + failure);
+    }
+}
+
+/// Returns the exit code of a machine of which something is in the report.
+int ExitCodeOf(bool isComplete, bool hasFailures) {
+    return !isComplete ? incomplete : hasFailures ? failed : 0;
 }
 
 /// Reads one of many recordings. What keeps it from being read is in the report, too.
 void ReadOneOfMany(MachineRun& run, const Machine& machine, bool isDetailed, Reported& reported) {
-    std::optional<report::Host> read;
-    std::string failure;
+    report::Host read;
     bool isComplete = true;
     const bool succeeds = Succeeds(machine.name, [&] {
-        Noting(failure, [&] {
+        try {
             isComplete = run.On(machine, [&](const service::ProviderHost& host) {
-                Noting(failure, [&] { read = ReadHost(host, machine.options, isDetailed); });
+                read = ReadHost(host, machine.options, isDetailed);
+                WriteFailures(machine, read.failures);
             });
-        });
+        } catch (const std::exception& error) {
+            read.recording = machine.name;
+            read.failure = error.what();
+            throw;
+        }
     });
-    if (!read) {
-        read.emplace();
-        read->recording = machine.name;
-        read->failure = failure;
-    }
-    reported.hosts.push_back(std::move(*read));
-    reported.exitCode = WorseOf(reported.exitCode, !succeeds    ? failed
-                                                   : isComplete ? 0
-                                                                : incomplete);
+    reported.exitCode =
+        WorseOf(reported.exitCode, ExitCodeOf(isComplete, !succeeds || !read.failures.empty()));
+    reported.hosts.push_back(std::move(read));
 }
 
 Machine MachineOf(const std::string& name, const std::string& recording, const Options& options) {
@@ -146,18 +199,35 @@ Machine MachineOf(const std::string& name, const std::string& recording, const O
     return machine;
 }
 
+bool HasName(const service::ComputerNames& names) {
+    return names != service::ComputerNames();
+}
+
 /// Compares each recording of a computer with the next one.
 class Sequence {
 public:
-    void Add(const service::ProviderHost& host, const std::string& recording) {
+    /// Adds the next recording. If the provider fails on it, the events up to it and from it are
+    /// not known.
+    /// @param failures takes a line on what failed, unless it has it
+    void Add(const service::ProviderHost& host, const std::string& recording,
+             std::vector<std::string>& failures) {
         const service::ComputerNames& names = host.Recordings()->Present()->Computer();
         names_ = names_.value_or(names);
-        isOfOne_ = isOfOne_ && *names_ == names;
-        view::Snapshot now = ReadSnapshot(host, recording);
-        if (before_) {
-            steps_.push_back({before_->name, recording, CompareHosts(*before_, now).events});
+        // Two computers without names would be taken for one.
+        isOfOne_ = isOfOne_ && HasName(names) && *names_ == names;
+        const std::optional<view::Snapshot> before = std::exchange(before_, std::nullopt);
+        if (!last_.empty()) {
+            steps_.push_back({last_, recording, std::nullopt});
         }
-        before_ = std::move(now);
+        last_ = recording;
+        try {
+            before_ = ReadSnapshot(host, recording);
+        } catch (const CommandError& error) {
+            AddOnce(failures, error.what());
+        }
+        if (before && before_) {
+            steps_.back().events = CompareHosts(*before, *before_).events;
+        }
     }
 
     bool IsOfOneComputer() const { return isOfOne_; }
@@ -167,7 +237,8 @@ public:
 private:
     std::optional<service::ComputerNames> names_;
     bool isOfOne_ = true;
-    std::optional<view::Snapshot> before_;
+    std::string last_;                      ///< the recording; empty before the first
+    std::optional<view::Snapshot> before_;  ///< nothing if it could not be read
     std::vector<report::Step> steps_;
 };
 
@@ -179,26 +250,25 @@ void ReadOnly(MachineRun& run, const Options& options, Reported& reported) {
     Sequence sequence;
     for (const std::string& recording : recordings) {
         const bool isOnly = recordings.size() == 1;
-        const bool isComplete =
-            run.On(MachineOf(isOnly ? "" : recording, recording, options),
-                   [&](const service::ProviderHost& host) {
-                       if (!isOnly) {
-                           sequence.Add(host, recording);
-                       }
-                       if (&recording == &recordings.back()) {
-                           Options present = options;
-                           present.host = recording;
-                           reported.hosts.push_back(ReadHost(host, present, true));
-                       }
-                   });
+        const Machine machine = MachineOf(isOnly ? "" : recording, recording, options);
+        std::vector<std::string> failures;
+        const bool isComplete = run.On(machine, [&](const service::ProviderHost& host) {
+            if (&recording == &recordings.back()) {
+                reported.hosts.push_back(ReadHost(host, machine.options, true));
+                failures = reported.hosts.back().failures;
+            }
+            if (!isOnly) {
+                sequence.Add(host, recording, failures);
+            }
+            WriteFailures(machine, failures);
+        });
         if (!sequence.IsOfOneComputer()) {
-            throw CommandError(recording + ": not a recording of the computer of " +
-                               recordings.front());
+            throw CommandError(
+                recording + (&recording == &recordings.front()
+                                 ? ": the recording does not name its computer"
+                                 : ": not a recording of the computer of " + recordings.front()));
         }
-        reported.exitCode = WorseOf(reported.exitCode, isComplete ? 0 : incomplete);
-    }
-    if (reported.hosts.empty()) {
-        throw CommandEnd(incomplete);
+        reported.exitCode = WorseOf(reported.exitCode, ExitCodeOf(isComplete, !failures.empty()));
     }
     reported.hosts.front().details->steps = sequence.Take();
 }

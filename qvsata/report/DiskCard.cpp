@@ -9,43 +9,40 @@
 namespace qv::report {
 namespace {
 
-constexpr const char* notReadable = "not readable";
-
 std::string SizeOf(const view::OsDisk& disk) {
     return disk.size ? view::GigabytesText(disk.size) + " (" + view::GibibytesText(disk.size) + ')'
                      : "-";
 }
 
 std::string SerialNumberOf(const view::OsDisk& disk) {
-    return disk.serialNumber.empty() && !disk.serialNumberIsRead
-               ? notReadable
-               : view::SerialNumberText(disk.serialNumber);
+    return view::SerialNumberSpan("", disk.serialNumber, disk.serialNumberIsRead).text;
 }
 
 std::string AttachmentOf(const view::OsDisk& disk) {
     if (!disk.attachmentName.empty()) {
         return disk.attachmentName;
     }
-    return disk.attachmentIsRead ? "-" : notReadable;
+    return disk.attachmentIsRead ? "-" : "not readable";
 }
 
 std::string PredictionOf(const view::OsDisk& disk) {
     if (!disk.failureIsPredicted) {
         return "not known";
     }
-    return *disk.failureIsPredicted ? "yes" : "no";
+    if (*disk.failureIsPredicted) {
+        return "yes";
+    }
+    return disk.hasPrediction ? "no" : "no prediction names it";
 }
 
 std::string PublicationOf(const view::OsDisk& disk, const explain::Verdict* verdict) {
     if (verdict != nullptr && verdict->outcome != explain::Outcome::published) {
         return OutcomeOf(*verdict);
     }
-    return disk.whyUnpublished.empty() ? "yes" : "no: " + disk.whyUnpublished;
-}
-
-/// Returns a text of a device; a dash if it is empty.
-std::string OrDash(const std::string& text) {
-    return text.empty() ? "-" : text;
+    if (!disk.whyUnpublished.empty()) {
+        return "no: " + disk.whyUnpublished;
+    }
+    return verdict == nullptr ? "not known" : "yes";
 }
 
 void WriteFact(Html& html, std::string_view name, std::string_view value) {
@@ -77,11 +74,11 @@ void WriteDiskCard(Html& html, const Place& place, const std::string& id, const 
         const auto facts = html.In("dl");
         WriteFact(html, "Size", SizeOf(disk));
         WriteFact(html, "Serial number", SerialNumberOf(disk));
-        WriteFact(html, "Firmware", OrDash(disk.firmware));
-        WriteFact(html, "Bus", OrDash(disk.bus));
+        WriteFact(html, "Firmware", view::OrDash(disk.firmware));
+        WriteFact(html, "Bus", view::OrDash(disk.bus));
         WriteFact(html, "Attached to", AttachmentOf(disk));
         WriteFact(html, "Failure predicted", PredictionOf(disk));
-        WriteFact(html, "Device ID", OrDash(disk.deviceId));
+        WriteFact(html, "Device ID", view::OrDash(disk.deviceId));
         WriteFact(html, "Published", PublicationOf(disk, verdict));
     }
     if (verdict != nullptr) {

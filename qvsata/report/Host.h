@@ -39,7 +39,7 @@ struct Step {
 /// What only a host with a page of its own has.
 struct Details {
     view::Topology topology;
-    explain::Explanation explanation;
+    std::optional<explain::Explanation> explanation;  ///< nothing if it cannot be known
     std::vector<Source> sources;
     std::vector<Step> steps;  ///< of a host with several recordings
 };
@@ -53,6 +53,7 @@ struct Host {
     bool disksAreRead = true;
     std::vector<std::string> keyWarnings;
     std::vector<UnreadSource> unread;
+    std::vector<std::string> failures;  ///< lines on what the provider failed to do
     std::optional<Details> details;
 };
 

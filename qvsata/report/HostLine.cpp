@@ -1,12 +1,11 @@
 #include "qvsata/report/HostLine.h"
 
-#include <algorithm>
-#include <functional>
 #include <vector>
 
 #include "qvsata/report/DiskCard.h"
 #include "qvsata/report/Standing.h"
 #include "qvsata/report/UnreadList.h"
+#include "qvsata/view/text/Columns.h"
 
 namespace qv::report {
 namespace {
@@ -19,19 +18,19 @@ void WriteVerdict(Html& html, const Standing& standing) {
 void WriteRest(Html& html, const Host& host, const Standing& standing) {
     html.Line("span", standing.summary);
     if (!host.unread.empty()) {
-        const std::string count = std::to_string(host.unread.size());
-        html.Line("span", count + (host.unread.size() == 1 ? " source" : " sources") + " not read",
+        html.Line("span", view::CountOf(host.unread.size(), "source") + " not read",
                   {{"class", "caution"}});
+    }
+    if (!host.failures.empty()) {
+        html.Line("span", "not all instances readable", {{"class", "caution"}});
     }
 }
 
 void WriteDisksOf(Html& html, const Host& host) {
     constexpr std::size_t most = 32;
-    std::vector<view::OsDisk> disks = host.disks.disks;
-    std::ranges::stable_sort(disks, std::greater(),
-                             [](const view::OsDisk& disk) { return SeverityOf(HealthOf(disk)); });
+    const std::vector<view::OsDisk>& disks = host.disks.disks;
     const auto list = html.In("ul");
-    for (std::size_t disk = 0; disk < std::min(disks.size(), most); ++disk) {
+    for (const std::size_t disk : WorstDisks(disks, most)) {
         WriteDiskLine(html, disks[disk]);
     }
     if (disks.size() > most) {

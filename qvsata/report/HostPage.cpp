@@ -1,7 +1,6 @@
 #include "qvsata/report/HostPage.h"
 
 #include <algorithm>
-#include <functional>
 #include <map>
 #include <ranges>
 
@@ -19,6 +18,8 @@ namespace qv::report {
 namespace {
 
 constexpr std::size_t mostCards = 256;
+constexpr std::size_t mostBoxes = 256;
+constexpr std::string_view notKnown = "Not known.";
 
 std::string CardId(const Place& place, std::size_t disk) {
     return place.Id("disk" + std::to_string(disk));
@@ -26,19 +27,15 @@ std::string CardId(const Place& place, std::size_t disk) {
 
 /// Writes the disks that are not OK, the worst first, each with a link to its facts.
 void WriteSick(Html& html, const Place& place, const std::vector<view::OsDisk>& disks) {
-    std::vector<std::pair<view::Severity, std::size_t>> sick;
-    for (std::size_t disk = 0; disk < std::min(disks.size(), mostCards); ++disk) {
-        if (const auto severity = SeverityOf(HealthOf(disks[disk]));
-            severity != view::Severity::fine) {
-            sick.emplace_back(severity, disk);
-        }
-    }
+    std::vector<std::size_t> sick = WorstDisks(disks, mostCards);
+    std::erase_if(sick, [&disks](std::size_t disk) {
+        return SeverityOf(HealthOf(disks[disk])) == view::Severity::fine;
+    });
     if (sick.empty()) {
         return;
     }
-    std::ranges::stable_sort(sick, std::greater(), &std::pair<view::Severity, std::size_t>::first);
     const auto list = html.In("ol", {{"class", "sick"}});
-    for (const auto& [severity, disk] : sick) {
+    for (const std::size_t disk : sick) {
         const auto item = html.In("li");
         WriteBadge(html, HealthOf(disks[disk]));
         html.Text(" ");
@@ -80,7 +77,7 @@ void WriteSoftware(Html& html, const Place& place, const TopologyItem& computer)
 
 void WriteTopology(Html& html, const Place& place, const view::Topology& topology) {
     const Section section(html, place, "topology", "Topology");
-    const TopologyItem computer = ItemOf(topology);
+    const TopologyItem computer = BoundedTo(mostBoxes, ItemOf(topology));
     const auto columns = html.In("div", {{"class", "columns"}});
     {
         const auto picture = html.In("div");
@@ -101,8 +98,11 @@ void WriteTopology(Html& html, const Place& place, const view::Topology& topolog
 /// The verdicts on the rows of disks, by the disk's ID and name.
 class DiskVerdicts {
 public:
-    explicit DiskVerdicts(const explain::Explanation& explanation) {
-        for (const explain::Verdict& verdict : explanation.verdicts) {
+    explicit DiskVerdicts(const std::optional<explain::Explanation>& explanation) {
+        if (!explanation) {
+            return;
+        }
+        for (const explain::Verdict& verdict : explanation->verdicts) {
             if (verdict.source == explain::source::disks) {
                 verdicts_.emplace(std::pair(verdict.id, verdict.name), &verdict);
             }
@@ -129,11 +129,13 @@ void WriteDisks(Html& html, const Place& place, const Host& host) {
     }
     const DiskVerdicts verdicts(host.details->explanation);
     const auto cards = html.In("div", {{"class", "cards"}});
-    for (std::size_t disk = 0; disk < std::min(disks.size(), mostCards); ++disk) {
+    std::vector<std::size_t> shown = WorstDisks(disks, mostCards);
+    std::ranges::sort(shown);
+    for (const std::size_t disk : shown) {
         WriteDiskCard(html, place, CardId(place, disk), disks[disk], verdicts.Of(disks[disk]));
     }
-    if (disks.size() > mostCards) {
-        html.Line("p", "And " + std::to_string(disks.size() - mostCards) +
+    if (disks.size() > shown.size()) {
+        html.Line("p", "And " + std::to_string(disks.size() - shown.size()) +
                            " more disks, which qvsata disks lists.");
     }
 }
@@ -168,7 +170,7 @@ void WriteSources(Html& html, const Place& place, const std::vector<Source>& sou
 void WriteKeys(Html& html, const Place& place, const Host& host) {
     const Section section(html, place, "keys", "Keys of all disks");
     if (host.keyWarnings.empty()) {
-        return html.Line("p", explain::distinctKeys);
+        return html.Line("p", host.details->explanation ? explain::distinctKeys : notKnown);
     }
     const auto list = html.In("ul", {{"class", "caution"}});
     for (const std::string& warning : host.keyWarnings) {
@@ -189,7 +191,11 @@ void WriteHost(Html& html, const Place& place, const Host& host) {
     WriteDisks(html, place, host);
     {
         const Section section(html, place, "left-out", "Not published, and why");
-        WriteLeftOut(html, place, details.explanation);
+        if (details.explanation) {
+            WriteLeftOut(html, place, *details.explanation);
+        } else {
+            html.Line("p", notKnown, {{"class", "caution"}});
+        }
     }
     WriteSources(html, place, details.sources);
     WriteKeys(html, place, host);

@@ -20,7 +20,7 @@ bool IsOneHost(const std::vector<Host>& hosts) {
 }
 
 std::string Title(const std::vector<Host>& hosts) {
-    return IsOneHost(hosts) ? TitleOf(hosts.front()) : std::to_string(hosts.size()) + " hosts";
+    return hosts.size() == 1 ? TitleOf(hosts.front()) : std::to_string(hosts.size()) + " hosts";
 }
 
 void WriteHead(Html& html, const std::string& title) {

@@ -1,19 +1,18 @@
 #include "qvsata/report/Standing.h"
 
 #include <algorithm>
+#include <functional>
 #include <limits>
+#include <numeric>
 #include <tuple>
 
 #include "qvsata/view/HealthCounts.h"
+#include "qvsata/view/text/Columns.h"
 
 namespace qv::report {
 namespace {
 
 using view::Severity;
-
-std::string CountOf(std::size_t count, const std::string& noun) {
-    return std::to_string(count) + ' ' + noun + (count == 1 ? "" : "s");
-}
 
 Severity WorstOf(const view::OsDisks& all) {
     Severity worst = all.failingOthers.empty() ? Severity::fine : Severity::failurePredicted;
@@ -32,13 +31,13 @@ std::string WordsOf(Severity severity, const view::OsDisks& all) {
     const auto count = std::ranges::count_if(all.disks, [severity](const view::OsDisk& disk) {
         return SeverityOf(HealthOf(disk)) == severity;
     });
-    const std::string disks = CountOf(static_cast<std::size_t>(count), "disk");
+    const std::string disks = view::CountOf(static_cast<std::size_t>(count), "disk");
     switch (severity) {
         case Severity::failed:
             return disks + " failed";
         case Severity::failurePredicted:
             return "failure predicted for " +
-                   (count == 0 ? CountOf(all.failingOthers.size(), "unknown device") : disks);
+                   (count == 0 ? view::CountOf(all.failingOthers.size(), "unknown device") : disks);
         case Severity::degraded:
             return disks + " degraded";
         case Severity::unknown:
@@ -54,18 +53,19 @@ std::string SummaryOf(const Host& host) {
     std::string summary = host.disksAreRead ? "no disks" : "disks not readable";
     if (!all.disks.empty()) {
         summary =
-            CountsSpan(CountOf(all.disks.size(), "disk"),
+            CountsSpan(view::CountOf(all.disks.size(), "disk"),
                        view::Counted(all.disks, [](const auto& disk) { return HealthOf(disk); }))
                 .text +
             (host.disksAreRead ? "" : "; further disks not readable");
     }
     if (!all.failingOthers.empty()) {
-        summary += "; failure predicted for " + CountOf(all.failingOthers.size(), "unknown device");
+        summary +=
+            "; failure predicted for " + view::CountOf(all.failingOthers.size(), "unknown device");
     }
     if (!all.predictionsAreRead) {
         summary += "; failure predictions not readable";
     } else if (const std::size_t unknown = UnknownPredictions(all); unknown != 0) {
-        summary += "; failure prediction unknown for " + CountOf(unknown, "disk");
+        summary += "; failure prediction unknown for " + view::CountOf(unknown, "disk");
     }
     return summary;
 }
@@ -101,10 +101,20 @@ Standing StandingOf(const Host& host) {
     return standing;
 }
 
+std::vector<std::size_t> WorstDisks(const std::vector<view::OsDisk>& disks, std::size_t most) {
+    std::vector<std::size_t> places(disks.size());
+    std::iota(places.begin(), places.end(), std::size_t{0});
+    std::ranges::stable_sort(places, std::greater(), [&disks](std::size_t place) {
+        return SeverityOf(HealthOf(disks[place]));
+    });
+    places.resize(std::min(places.size(), most));
+    return places;
+}
+
 bool IsBefore(const Host& one, const Host& other) {
     const auto key = [](const Host& host) {
-        const std::size_t unread =
-            host.failure.empty() ? host.unread.size() : std::numeric_limits<std::size_t>::max();
+        const std::size_t unread = host.failure.empty() ? host.unread.size() + host.failures.size()
+                                                        : std::numeric_limits<std::size_t>::max();
         return std::tuple(-static_cast<int>(StandingOf(host).severity), ~unread, TitleOf(host),
                           host.recording);
     };

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "qvsata/report/Host.h"
 #include "qvsata/view/Health.h"
@@ -17,6 +19,9 @@ struct Standing {
 };
 
 Standing StandingOf(const Host& host);
+
+/// Returns the places of the worst disks, at most `most`, the worst first; of equal ones the first.
+std::vector<std::size_t> WorstDisks(const std::vector<view::OsDisk>& disks, std::size_t most);
 
 /// Returns whether one host comes before the other: the worse first, of equal ones that of which
 /// less could be read, then by name.

@@ -1,8 +1,9 @@
 #include "qvsata/report/TopologyList.h"
 
 #include <algorithm>
+#include <functional>
 #include <iterator>
-#include <span>
+#include <set>
 #include <utility>
 
 #include "qvsata/view/SerialNumber.h"
@@ -16,12 +17,9 @@ namespace {
 
 using view::Style;
 
-/// Returns the worse of two styles.
-Style WorseOf(Style one, Style other) {
-    const auto rank = [](Style style) {
-        return style == Style::bad ? 3 : style == Style::caution ? 2 : style == Style::good ? 1 : 0;
-    };
-    return rank(one) < rank(other) ? other : one;
+/// Returns a number that is higher for a worse style.
+int RankOf(Style style) {
+    return style == Style::bad ? 3 : style == Style::caution ? 2 : style == Style::good ? 1 : 0;
 }
 
 std::string Joined(const view::CellRow& cells, std::size_t first) {
@@ -59,7 +57,8 @@ TopologyItem ItemOfNode(const view::TopologyNode& node) {
     item.facts = Joined(node.title, 1);
     item.detail = Joined(node.detail, 0);
     for (const view::Cell& cell : node.title) {
-        item.style = WorseOf(item.style, cell.span.style);
+        item.style = std::max(item.style, cell.span.style,
+                              [](Style one, Style other) { return RankOf(one) < RankOf(other); });
     }
     std::ranges::transform(node.children, std::back_inserter(item.parts), ItemOfNode);
     return item;
@@ -67,6 +66,29 @@ TopologyItem ItemOfNode(const view::TopologyNode& node) {
 
 TopologyItem Unread(std::string name) {
     return {std::move(name), "not readable", {}, Style::caution};
+}
+
+/// The items from the computer to one of its parts.
+using Way = std::vector<const TopologyItem*>;
+
+void CollectWays(const Way& way, std::vector<Way>& ways) {
+    ways.push_back(way);
+    for (const TopologyItem& part : way.back()->parts) {
+        Way longer = way;
+        longer.push_back(&part);
+        CollectWays(longer, ways);
+    }
+}
+
+/// Returns an item with those of its parts that are kept.
+TopologyItem WithKept(const TopologyItem& item, const std::set<const TopologyItem*>& kept) {
+    TopologyItem copy{item.name, item.facts, item.detail, item.style, {}};
+    for (const TopologyItem& part : item.parts) {
+        if (kept.contains(&part)) {
+            copy.parts.push_back(WithKept(part, kept));
+        }
+    }
+    return copy;
 }
 
 }  // namespace
@@ -94,20 +116,36 @@ TopologyItem ItemOf(const view::Topology& topology) {
     return computer;
 }
 
+TopologyItem BoundedTo(std::size_t most, TopologyItem computer) {
+    std::vector<Way> ways;
+    CollectWays({&computer}, ways);
+    if (ways.size() <= most) {
+        return computer;
+    }
+    std::ranges::stable_sort(ways, std::greater(),
+                             [](const Way& way) { return RankOf(way.back()->style); });
+    std::set<const TopologyItem*> kept;
+    for (const Way& way : ways) {
+        const auto added = static_cast<std::size_t>(std::ranges::count_if(
+            way, [&kept](const TopologyItem* item) { return !kept.contains(item); }));
+        if (kept.size() + added <= most) {
+            kept.insert(way.begin(), way.end());
+        }
+    }
+    TopologyItem bounded = WithKept(computer, kept);
+    bounded.parts.push_back({"and " + std::to_string(ways.size() - kept.size()) + " more"});
+    return bounded;
+}
+
 void WriteTopologyList(Html& html, const TopologyItem& computer) {
-    constexpr std::size_t most = 256;
     const auto list = html.In("ul");
-    for (const TopologyItem& part :
-         std::span(computer.parts).first(std::min(most, computer.parts.size()))) {
+    for (const TopologyItem& part : computer.parts) {
         const auto item = html.In("li");
         html.Inline("bdi", part.name);
         html.Text(part.facts.empty() ? "" : ", " + part.facts);
         if (!part.parts.empty()) {
             WriteTopologyList(html, part);
         }
-    }
-    if (computer.parts.size() > most) {
-        html.Line("li", "and " + std::to_string(computer.parts.size() - most) + " more");
     }
 }
 

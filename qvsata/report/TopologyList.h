@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -21,6 +22,10 @@ struct TopologyItem {
 /// Returns the computer with everything that is attached to it: published, not published, or not
 /// readable.
 TopologyItem ItemOf(const view::Topology& topology);
+
+/// Returns the computer if it has at most `most` items, itself among them. Otherwise with the worst
+/// of them, what leads to those, and as the last part the number of the others.
+TopologyItem BoundedTo(std::size_t most, TopologyItem computer);
 
 /// Writes the parts of an item as nested lists: what the picture shows, for those who cannot see
 /// it.

@@ -16,7 +16,6 @@ constexpr std::size_t boxHeight = 42;
 constexpr std::size_t pitch = 50;   ///< from one box to the next
 constexpr std::size_t indent = 16;  ///< of a part
 constexpr std::size_t margin = 11;  ///< of the text in its box
-constexpr std::size_t mostBoxes = 256;
 
 /// A box and the one to which it is attached.
 struct Box {
@@ -123,12 +122,6 @@ void DrawLine(Html& html, const Box& box, std::size_t place) {
 void WriteTopologySvg(Html& html, const TopologyItem& computer, const std::string& id) {
     std::vector<Box> boxes;
     Collect(computer, 0, 0, boxes);
-    TopologyItem others;
-    if (boxes.size() > mostBoxes) {
-        others.name = "and " + Number(boxes.size() - mostBoxes) + " more";
-        boxes.resize(mostBoxes);
-        boxes.push_back({&others, 1, 0});
-    }
     const std::string height = Number((boxes.size() - 1) * pitch + boxHeight);
     const auto picture = html.In("svg", {{"xmlns", "http://www.w3.org/2000/svg"},
                                          {"role", "img"},

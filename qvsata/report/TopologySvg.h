@@ -7,8 +7,7 @@
 
 namespace qv::report {
 
-/// Draws an item and its parts as a tree of boxes, one below the other, as wide as a phone. Of
-/// very many it draws the first ones and counts the others.
+/// Draws an item and its parts as a tree of boxes, one below the other, as wide as a phone.
 /// @param id of the picture's title
 void WriteTopologySvg(Html& html, const TopologyItem& computer, const std::string& id);
 

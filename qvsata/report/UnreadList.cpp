@@ -6,8 +6,8 @@ void WriteUnread(Html& html, const Host& host) {
     if (!host.failure.empty()) {
         return html.Line("p", host.failure, {{"class", "caution"}});
     }
-    if (host.unread.empty()) {
-        return html.Line("p", "Every source was read.");
+    if (host.unread.empty() && host.failures.empty()) {
+        return html.Line("p", "Every source that was asked was read.");
     }
     const auto list = html.In("ul", {{"class", "caution"}});
     for (const UnreadSource& source : host.unread) {
@@ -15,6 +15,9 @@ void WriteUnread(Html& html, const Host& host) {
         html.Inline("b", source.name.empty() ? source.nameSpace : source.name);
         html.Text((source.name.empty() ? "" : " of " + source.nameSpace) + ": " + source.status +
                   ": " + source.loss);
+    }
+    for (const std::string& failure : host.failures) {
+        html.Line("li", failure);
     }
 }
 

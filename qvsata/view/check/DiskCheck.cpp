@@ -85,10 +85,6 @@ std::string Harmless(std::string_view text, std::size_t mostBytes = mostBytesOfT
     return harmless;
 }
 
-std::string Counted(std::size_t count, const std::string& noun) {
-    return std::to_string(count) + ' ' + noun + (count == 1 ? "" : "s");
-}
-
 /// Returns whether no prediction is known for a disk although the predictions were read, and its
 /// status is not as bad as a prediction would make it.
 bool LacksPrediction(const OsDisks& all, const OsDisk& disk) {
@@ -148,7 +144,7 @@ std::vector<Finding> FindingsOn(const CheckSubject& subject) {
         const bool tooFew = *subject.published < *subject.expected;
         findings.push_back({tooFew ? CheckState::critical : CheckState::warning,
                             tooFew ? Severity::failed : Severity::degraded,
-                            Counted(*subject.expected, "published disk") + " expected",
+                            CountOf(*subject.expected, "published disk") + " expected",
                             std::to_string(*subject.published) + " found"});
     }
     std::ranges::stable_sort(findings, std::ranges::greater(), [](const Finding& finding) {
@@ -177,7 +173,7 @@ std::string Summary(const CheckSubject& subject, const std::vector<Finding>& fin
         parts.push_back(ListOf(findings));
     }
     if (subject.disksAreRead) {
-        parts.push_back(Counted(subject.all.disks.size(), "disk"));
+        parts.push_back(CountOf(subject.all.disks.size(), "disk"));
         if (subject.published) {
             parts.back() += ", " + std::to_string(*subject.published) + " published";
         }

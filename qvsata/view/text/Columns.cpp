@@ -41,6 +41,10 @@ std::string DiskName(std::optional<std::int64_t> number, std::string_view model)
     return words.empty() ? DriveNumberText(number) : words;
 }
 
+std::string CountOf(std::size_t count, std::string_view thing) {
+    return std::to_string(count) + ' ' + std::string(thing) + (count == 1 ? "" : "s");
+}
+
 std::string OrDash(const std::string& text) {
     return text.empty() ? "-" : Printable(text);
 }

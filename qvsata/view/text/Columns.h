@@ -24,6 +24,9 @@ std::string DriveNumberText(std::optional<std::int64_t> number);
 /// both. The model has no blanks at its ends and is otherwise unchanged.
 std::string DiskName(std::optional<std::int64_t> number, std::string_view model);
 
+/// Returns a number of things: "1 disk", "2 disks".
+std::string CountOf(std::size_t count, std::string_view thing);
+
 /// Returns the printable text, see Printable; a dash if it is empty.
 std::string OrDash(const std::string& text);
 

@@ -15,6 +15,7 @@ using testing::AllOf;
 using testing::EndsWith;
 using testing::HasSubstr;
 using testing::Not;
+using testing::StartsWith;
 
 const std::string hosts = QV_SOURCE_DIR "/hosts/";
 
@@ -37,9 +38,25 @@ protected:
 
     /// Returns the file of a recording of which a class is denied.
     std::string Without(const std::string& nameSpace, const std::string& className) const {
-        json host;
-        std::ifstream(hosts + "ahci-desktop.json") >> host;
+        json host = Recorded("ahci-desktop.json");
         host["namespaces"][nameSpace][className] = {{"fails", "WBEM_E_ACCESS_DENIED"}};
+        return FileOf(host);
+    }
+
+    static json Recorded(const std::string& recording) {
+        json host;
+        std::ifstream(hosts + recording) >> host;
+        return host;
+    }
+
+    /// Returns a recording on which the provider cannot publish disks.
+    static json WithoutPublishedDisks() {
+        json host = Recorded("drill/3-failed.json");
+        host["namespaces"]["root\\CIMv2"]["Win32_DiskDrive"][0].erase("DeviceID");
+        return host;
+    }
+
+    std::string FileOf(const json& host) const {
         std::ofstream(recording_.Path()) << host;
         return recording_.Path().string();
     }
@@ -58,7 +75,8 @@ TEST_F(ReportTest, WritesAPageAndItsHeadline) {
         Page(),
         AllOf(HasSubstr("<p class=\"verdict predicted\">failure predicted for 1 disk</p>"),
               HasSubstr("5 disks: 3 OK, 1 Degraded, 1 Pred Fail"),
-              HasSubstr("<p>Every source was read.</p>"), HasSubstr("#2 Halden HD4000F05"),
+              HasSubstr("<p>Every source that was asked was read.</p>"),
+              HasSubstr("#2 Halden HD4000F05"),
               HasSubstr("<dd>not published: InterfaceType is &quot;SCSI&quot;"),
               HasSubstr("<h3>Win32_DiskDrive</h3>"), HasSubstr("<th scope=\"row\">Win32_PnPDevice"),
               HasSubstr("no published disk&#39;s ID is equal to another&#39;s")));
@@ -73,6 +91,43 @@ TEST_F(ReportTest, OfARefusedSourceIsWrittenAndSaysSo) {
                       HasSubstr("<b>Win32_DiskDrive</b> of root\\CIMv2: WBEM_E_ACCESS_DENIED"),
                       HasSubstr("Disks not readable."), Not(HasSubstr("no disks")),
                       Not(HasSubstr("no channels")), Not(HasSubstr("Every "))));
+}
+
+TEST_F(ReportTest, OfAPublishedClassThatFailsIsWrittenAndSaysSo) {
+    const Ending run = Report({"--host", FileOf(WithoutPublishedDisks())});
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_THAT(run.errors, StartsWith("qvsata: enumerating QV_SATADiskDrive: "));
+    EXPECT_THAT(Page(), AllOf(HasSubstr("<p class=\"verdict failed\">1 disk failed</p>"),
+                              HasSubstr("<li>enumerating QV_SATADiskDrive: "),
+                              HasSubstr("Halden HD4000F05"), HasSubstr("disks not readable"),
+                              Not(HasSubstr("no disks")), Not(HasSubstr("Every source"))));
+}
+
+TEST_F(ReportTest, OfAPublishedClassThatFailsAndARefusedSourceIsWritten) {
+    json host = WithoutPublishedDisks();
+    host["namespaces"]["root\\CIMv2"]["Win32_IDEController"] = {{"fails", "WBEM_E_ACCESS_DENIED"}};
+    EXPECT_EQ(Report({"--host", FileOf(host)}).exitCode, 3);
+    EXPECT_THAT(Page(), AllOf(HasSubstr("<li>enumerating QV_SATADiskDrive: "),
+                              HasSubstr("<b>Win32_IDEController</b>")));
+}
+
+TEST_F(ReportTest, OfSeveralHostsKnowsThoseOfWhichAPublishedClassFails) {
+    const Ending run =
+        Report({"--host", FileOf(WithoutPublishedDisks()), "--host", hosts + "ahci-desktop.json"});
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_THAT(Page(),
+                AllOf(HasSubstr("not all instances readable"),
+                      HasSubstr("<li>enumerating QV_SATADiskDrive: "), HasSubstr("1 disk failed")));
+}
+
+TEST_F(ReportTest, WithoutAPublishedClassDoesNotKnowTheEvents) {
+    const std::string drill = hosts + "drill/";
+    const Ending run =
+        Report({"--host", drill + "0-healthy.json", "--then", FileOf(WithoutPublishedDisks()),
+                "--then", drill + "3-failed.json", "--then", drill + "6-pulled.json"});
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_THAT(Page(), AllOf(HasSubstr("from 4 recordings"), HasSubstr("events not readable"),
+                              HasSubstr("<b>613</b> Disk #1"), Not(HasSubstr("<b>603</b>"))));
 }
 
 TEST_F(ReportTest, WithoutPredictionsCallsNoHostOk) {
@@ -107,6 +162,16 @@ TEST_F(ReportTest, RefusesRecordingsOfDifferentComputers) {
         Report({"--host", hosts + "drill/0-healthy.json", "--then", hosts + "ahci-desktop.json"});
     EXPECT_EQ(run.exitCode, 1);
     EXPECT_THAT(run.errors, HasSubstr("ahci-desktop.json: not a recording of the computer of "));
+    EXPECT_EQ(Page(), "");
+}
+
+TEST_F(ReportTest, DoesNotTakeComputersWithoutNamesForOne) {
+    json host = Recorded("drill/0-healthy.json");
+    host["computer"] = json::object();
+    const std::string nameless = FileOf(host);
+    const Ending run = Report({"--host", nameless, "--then", nameless});
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_THAT(run.errors, HasSubstr(": the recording does not name its computer\n"));
     EXPECT_EQ(Page(), "");
 }
 

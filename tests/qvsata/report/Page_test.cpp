@@ -81,7 +81,7 @@ TEST(Page, OfUnreadDisksDoesNotSayThatThereAreNone) {
     host.unread.push_back({"root\\CIMv2", "Win32_DiskDrive", "WBEM_E_ACCESS_DENIED", "disks"});
     EXPECT_THAT(PageOf({host}, origin),
                 AllOf(Not(HasSubstr("no disks")), Not(HasSubstr("has no disks")),
-                      Not(HasSubstr("Every source was read")), HasSubstr("Disks not readable."),
+                      Not(HasSubstr("Every source")), HasSubstr("Disks not readable."),
                       HasSubstr("<li><b>Win32_DiskDrive</b> of root\\CIMv2: WBEM_E_ACCESS_DENIED: "
                                 "disks</li>")));
 }
@@ -94,6 +94,16 @@ TEST(Page, LinksEachDiskThatIsNotOkToItsFacts) {
     EXPECT_NE(second, std::string::npos);
     EXPECT_LT(first, second);
     EXPECT_THAT(page, AllOf(HasSubstr("<h3 id=\"disk0\">"), HasSubstr("<h3 id=\"disk1\">")));
+}
+
+TEST(Page, DoesNotTakeADiskWithoutAPredictionForASoundOne) {
+    view::OsDisk disk = DiskWith(0, 2, "OK");
+    disk.hasPrediction = true;
+    EXPECT_THAT(PageOf({Detailed(HostWith("a", {disk}))}, origin),
+                HasSubstr("<dt>Failure predicted</dt><dd>no</dd>"));
+    disk.hasPrediction = false;
+    EXPECT_THAT(PageOf({Detailed(HostWith("a", {disk}))}, origin),
+                HasSubstr("<dt>Failure predicted</dt><dd>no prediction names it</dd>"));
 }
 
 TEST(Page, ShowsTheEventsOfEachStep) {
@@ -145,6 +155,14 @@ TEST(Page, KeepsARecordingThatCannotBeRead) {
                       HasSubstr("<span>site/x.json: no JSON</span>")));
 }
 
+TEST(Page, OfTheOnlyRecordingThatCannotBeReadIsNamedAfterIt) {
+    Host broken;
+    broken.recording = "site/x.json";
+    broken.failure = "no JSON";
+    EXPECT_EQ(report::HeadlineOf({broken}), "site/x.json: not readable");
+    EXPECT_THAT(PageOf({broken}, origin), HasSubstr("<title>Disks of site/x.json</title>"));
+}
+
 TEST(Page, OfFiveHundredHostsHasLessThanThreeMegabytes) {
     EXPECT_LT(PageOf(Fleet(500), origin).size(), 3'000'000U);
 }
@@ -163,6 +181,15 @@ TEST(Page, CountsTheDisksThatItLeavesOut) {
     const std::vector<view::OsDisk> disks(1000, DiskWith(0, 2, "OK"));
     EXPECT_THAT(PageOf({Detailed(HostWith("a", disks))}, origin),
                 HasSubstr("And 744 more disks, which qvsata disks lists."));
+}
+
+TEST(Page, OfManyDisksHasTheFactsOfTheWorst) {
+    std::vector<view::OsDisk> disks(1000, DiskWith(0, 2, "OK"));
+    disks.back() = DiskWith(999, 6, "Error");
+    EXPECT_THAT(PageOf({Detailed(HostWith("a", disks))}, origin),
+                AllOf(HasSubstr("<a href=\"#disk999\">#999 Halden HD4000F05</a>"),
+                      HasSubstr("<h3 id=\"disk999\">"),
+                      HasSubstr("And 744 more disks, which qvsata disks lists.")));
 }
 
 TEST(Page, BeginsWithTheWorst) {
