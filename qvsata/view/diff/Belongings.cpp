@@ -2,14 +2,9 @@
 
 #include <algorithm>
 
+#include "qvsata/view/text/Columns.h"
+
 namespace qv::view {
-namespace {
-
-std::string CountOf(std::size_t count, const std::string& noun) {
-    return std::to_string(count) + ' ' + noun + (count == 1 ? "" : "s");
-}
-
-}  // namespace
 
 std::string CountText(const std::vector<const Item*>& items) {
     const auto associations = static_cast<std::size_t>(
