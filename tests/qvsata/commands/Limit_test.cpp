@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include <fstream>
+#include <sstream>
 
 #include "nlohmann/json.hpp"
 #include "tests/qvsata/commands/RunHere.h"
@@ -130,6 +131,15 @@ TEST_F(LimitTest, NeedsNoMoreThanAFewLinesForManyDisksWithOneId) {
     EXPECT_THAT(Run({"explain"}).output,
                 AllOf(HasSubstr("#0 BERGAMO B3-080PA and 2 more"),
                       Not(HasSubstr("#0 BERGAMO B3-080PA and #0 BERGAMO B3-080PA"))));
+}
+
+TEST_F(LimitTest, DoesNotKeepAPageFromBeingWritten) {
+    RecordDisks(40);
+    const TemporaryFile page;
+    EXPECT_EQ(Run({"report", "--limit", "1", "-o", page.Path().string()}).exitCode, 1);
+    std::ostringstream text;
+    text << std::ifstream(page.Path()).rdbuf();
+    EXPECT_THAT(text.str(), HasSubstr("QV_SATAStorageExtent joins more than 1000 partitions"));
 }
 
 TEST_F(LimitTest, RefusesVerdictsOnRowsThatNameMoreDisks) {

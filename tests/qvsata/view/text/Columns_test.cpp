@@ -17,5 +17,10 @@ TEST(Columns, DiskNameLeavesOutWhatIsMissing) {
     EXPECT_EQ(DiskName(std::nullopt, ""), "-");
 }
 
+TEST(Columns, CountOfOneIsSingular) {
+    EXPECT_EQ(view::CountOf(0, "disk"), "0 disks");
+    EXPECT_EQ(view::CountOf(1, "disk"), "1 disk");
+}
+
 }  // namespace
 }  // namespace qv::test
