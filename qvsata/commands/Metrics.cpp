@@ -1,6 +1,7 @@
 #include <array>
 #include <chrono>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -62,6 +63,14 @@ struct Seen {
     std::optional<CommandError> failure = {};
 };
 
+void Attempt(std::optional<CommandError>& failure, const std::function<void()>& step) {
+    try {
+        step();
+    } catch (const CommandError& error) {
+        failure = failure.value_or(error);
+    }
+}
+
 Seen Look(const service::ProviderHost& host) {
     using std::chrono::system_clock;
     Seen seen;
@@ -69,12 +78,8 @@ Seen Look(const service::ProviderHost& host) {
     machine.version = QV_VERSION;
     machine.time = std::chrono::floor<std::chrono::seconds>(system_clock::now());
     machine.disks = ReadOsDisks(host);
-    try {
-        ReadPublished(host, machine);
-        QuerySources(host);
-    } catch (const CommandError& error) {
-        seen.failure = error;
-    }
+    Attempt(seen.failure, [&] { ReadPublished(host, machine); });
+    Attempt(seen.failure, [&] { QuerySources(host); });
     machine.sources = Queried(SourceUsesOf(host));
     machine.disksAreRead = !IsUnread(host.Journal().Queries(), cimNamespace, "Win32_DiskDrive");
     if (!machine.disksAreRead) {

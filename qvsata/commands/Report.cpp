@@ -200,7 +200,7 @@ Machine MachineOf(const std::string& name, const std::string& recording, const O
 }
 
 bool HasName(const service::ComputerNames& names) {
-    return names != service::ComputerNames();
+    return names != service::ComputerNames{".", {}, {}, {}};
 }
 
 /// Compares each recording of a computer with the next one.
