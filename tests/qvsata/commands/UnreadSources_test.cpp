@@ -96,68 +96,62 @@ constexpr const char* controller =
     "PCI&VEN_1AF7&DEV_3A22&SUBSYS_82D41043&REV_05&3&2411E6FE&0&FA',"
     "SystemCreationClassName='QV_WinComputerSystem',SystemName='study-desk.example.org'";
 
+const std::vector<Source> storage{
+    Source{cimv2, "Win32_DiskDrive", "disks and what belongs to them cannot be published"},
+    Source{cimv2, "Win32_PhysicalMedia", "serial numbers of disks cannot be published"},
+    Source{cimv2, "Win32_IDEController", "controllers and channels cannot be published"},
+    Source{cimv2, "Win32_IDEControllerDevice",
+           "where disks and channels are attached cannot be published"},
+    Source{cimv2, "Win32_DiskDriveToDiskPartition", partitions},
+    Source{cimv2, "Win32_DiskPartition", partitions}};
+const std::vector<Source> drivers{Source{cimv2, "Win32_PnPDevice", software},
+                                  Source{cimv2, "Win32_PnPEntity", software},
+                                  Source{cimv2, "Win32_SystemDriverPNPEntity", software},
+                                  Source{cimv2, "Win32_SystemDriver", software}};
+const Source predictions{R"(root\wmi)", "MSStorageDriver_FailurePredictStatus",
+                         "disks cannot be watched, and predicted failures are not seen"};
+
+std::vector<Source> Joined(const std::vector<std::vector<Source>>& lists) {
+    std::vector<Source> all;
+    for (const std::vector<Source>& list : lists) {
+        all.insert(all.end(), list.begin(), list.end());
+    }
+    return all;
+}
+
 const auto failures = testing::Values(
     Failure{"WBEM_E_ACCESS_DENIED", "WBEM_E_ACCESS_DENIED (0x80041003)"},
     Failure{"WBEM_E_TIMED_OUT", "WBEM_E_TIMED_OUT (0x80041069)"}, Failure{"", "never recorded"});
 
-INSTANTIATE_TEST_SUITE_P(
-    Commands, EachUnreadSource,
-    testing::Combine(
-        testing::Values(
-            Source{cimv2, "Win32_DiskDrive", "disks and what belongs to them cannot be published"},
-            Source{cimv2, "Win32_PhysicalMedia", "serial numbers of disks cannot be published"},
-            Source{cimv2, "Win32_IDEController", "controllers and channels cannot be published"},
-            Source{cimv2, "Win32_IDEControllerDevice",
-                   "where disks and channels are attached cannot be published"},
-            Source{cimv2, "Win32_DiskDriveToDiskPartition", partitions},
-            Source{cimv2, "Win32_DiskPartition", partitions},
-            Source{cimv2, "Win32_PnPDevice", software}, Source{cimv2, "Win32_PnPEntity", software},
-            Source{cimv2, "Win32_SystemDriverPNPEntity", software},
-            Source{cimv2, "Win32_SystemDriver", software}),
-        failures,
-        testing::Values(std::vector<std::string>{"topology"}, std::vector<std::string>{"classes"},
-                        std::vector<std::string>{"metrics"},
-                        std::vector<std::string>{"enumerate", "CIM_ManagedElement"})));
+INSTANTIATE_TEST_SUITE_P(Commands, EachUnreadSource,
+                         testing::Combine(testing::ValuesIn(Joined({storage, drivers})), failures,
+                                          testing::Values(std::vector<std::string>{"topology"},
+                                                          std::vector<std::string>{"classes"},
+                                                          std::vector<std::string>{"metrics"},
+                                                          std::vector<std::string>{
+                                                              "enumerate", "CIM_ManagedElement"})));
 
 // The neighbours of the computer and those of a controller rest on different sources.
 INSTANTIATE_TEST_SUITE_P(
     AssociationCommands, EachUnreadSource,
-    testing::Combine(
-        testing::Values(
-            Source{cimv2, "Win32_DiskDrive", "disks and what belongs to them cannot be published"},
-            Source{cimv2, "Win32_PhysicalMedia", "serial numbers of disks cannot be published"},
-            Source{cimv2, "Win32_IDEController", "controllers and channels cannot be published"},
-            Source{cimv2, "Win32_IDEControllerDevice",
-                   "where disks and channels are attached cannot be published"},
-            Source{cimv2, "Win32_DiskDriveToDiskPartition", partitions},
-            Source{cimv2, "Win32_DiskPartition", partitions}),
-        failures,
-        testing::Values(std::vector<std::string>{"associators", computer},
-                        std::vector<std::string>{"references", computer})));
+    testing::Combine(testing::ValuesIn(storage), failures,
+                     testing::Values(std::vector<std::string>{"associators", computer},
+                                     std::vector<std::string>{"references", computer})));
 
 INSTANTIATE_TEST_SUITE_P(
     SoftwareCommands, EachUnreadSource,
-    testing::Combine(testing::Values(Source{cimv2, "Win32_PnPDevice", software},
-                                     Source{cimv2, "Win32_PnPEntity", software},
-                                     Source{cimv2, "Win32_SystemDriverPNPEntity", software},
-                                     Source{cimv2, "Win32_SystemDriver", software}),
-                     failures,
+    testing::Combine(testing::ValuesIn(drivers), failures,
                      testing::Values(std::vector<std::string>{"associators", controller},
                                      std::vector<std::string>{"references", controller})));
 
 // The disks alone rest on these.
 INSTANTIATE_TEST_SUITE_P(
     DiskCommands, EachUnreadSource,
-    testing::Combine(
-        testing::Values(
-            Source{cimv2, "Win32_DiskDrive", "disks and what belongs to them cannot be published"},
-            Source{cimv2, "Win32_PhysicalMedia", "serial numbers of disks cannot be published"},
-            Source{R"(root\wmi)", "MSStorageDriver_FailurePredictStatus",
-                   "disks cannot be watched, and predicted failures are not seen"}),
-        failures,
-        testing::Values(std::vector<std::string>{"disks"}, std::vector<std::string>{"sources"},
-                        std::vector<std::string>{"metrics"},
-                        std::vector<std::string>{"topology", "--format", "json"})));
+    testing::Combine(testing::Values(storage[0], storage[1], predictions), failures,
+                     testing::Values(std::vector<std::string>{"disks"},
+                                     std::vector<std::string>{"sources"},
+                                     std::vector<std::string>{"metrics"},
+                                     std::vector<std::string>{"topology", "--format", "json"})));
 
 class UnreadSourceOfACheck : public UnreadSourcesTest,
                              public testing::WithParamInterface<std::tuple<Source, Failure>> {};
@@ -177,21 +171,7 @@ TEST_P(UnreadSourceOfACheck, IsUnknownAndNamedOnStandardOutput) {
 
 INSTANTIATE_TEST_SUITE_P(
     Sources, UnreadSourceOfACheck,
-    testing::Combine(
-        testing::Values(
-            Source{cimv2, "Win32_DiskDrive", "disks and what belongs to them cannot be published"},
-            Source{cimv2, "Win32_PhysicalMedia", "serial numbers of disks cannot be published"},
-            Source{cimv2, "Win32_IDEController", "controllers and channels cannot be published"},
-            Source{cimv2, "Win32_IDEControllerDevice",
-                   "where disks and channels are attached cannot be published"},
-            Source{cimv2, "Win32_DiskDriveToDiskPartition", partitions},
-            Source{cimv2, "Win32_DiskPartition", partitions},
-            Source{cimv2, "Win32_PnPDevice", software}, Source{cimv2, "Win32_PnPEntity", software},
-            Source{cimv2, "Win32_SystemDriverPNPEntity", software},
-            Source{cimv2, "Win32_SystemDriver", software},
-            Source{R"(root\wmi)", "MSStorageDriver_FailurePredictStatus",
-                   "disks cannot be watched, and predicted failures are not seen"}),
-        failures));
+    testing::Combine(testing::ValuesIn(Joined({storage, drivers, {predictions}})), failures));
 
 TEST_F(UnreadSourcesTest, OfACheckLeaveAFailedDiskCritical) {
     host_["namespaces"][cimv2]["Win32_DiskDrive"][1]["Status"] = "Error";
