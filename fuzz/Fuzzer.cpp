@@ -9,6 +9,7 @@
 
 namespace {
 
+using qv::fuzz::Bytes;
 using qv::fuzz::Target;
 
 // What an execution may cost: generous for the sanitizers. In an input of 4,096 bytes, the longest
@@ -22,6 +23,22 @@ double ProcessorSeconds() {
     timespec time{};
     clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
     return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e9;
+}
+
+double CostOfRun(Bytes input) {
+    const double begin = ProcessorSeconds();
+    target->run(input);
+    return ProcessorSeconds() - begin;
+}
+
+// Runs an input that takes longer than the bound again: a pause of a virtual machine counts as its
+// processor time.
+double CostOf(Bytes input, double bound) {
+    double seconds = CostOfRun(input);
+    for (int more = 2; more > 0 && seconds > bound; --more) {
+        seconds = std::min(seconds, CostOfRun(input));
+    }
+    return seconds;
 }
 
 }  // namespace
@@ -39,10 +56,8 @@ extern "C" int LLVMFuzzerInitialize(int*, char***) {
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const double begin = ProcessorSeconds();
-    target->run({data, size});
     const double bound = secondsPerRun + secondsPerByte * static_cast<double>(size);
-    const double seconds = ProcessorSeconds() - begin;
+    const double seconds = CostOf({data, size}, bound);
     qv::fuzz::Require(seconds <= bound, "an input of " + std::to_string(size) +
                                             " bytes takes less than " + std::to_string(bound) +
                                             " s; it took " + std::to_string(seconds));
