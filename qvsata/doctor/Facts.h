@@ -39,10 +39,11 @@ struct LibraryFacts {
     std::string file;
     std::string folder;
     bool exists = false;
-    std::optional<std::uint16_t> machine;  ///< of its PE header; nothing if it has none
-    std::string whyNotLoaded;              ///< empty if it can be loaded
-    std::string version;                   ///< of its version resource
-    Fact<std::vector<Right>> rights;       ///< on its folder, of files
+    std::optional<std::uint16_t> machine;   ///< of its PE header; nothing if it has none
+    std::string whyNotLoaded;               ///< empty if it can be loaded
+    std::string version;                    ///< of its version resource
+    Fact<std::vector<Right>> folderRights;  ///< of files
+    Fact<std::vector<Right>> fileRights;    ///< on the library itself
 };
 
 /// How the management service knows a provider.

@@ -138,6 +138,14 @@ std::vector<Right> OthersWith(const std::vector<Right>& rights, std::uint32_t ma
     return others;
 }
 
+/// Returns those of the rights on a file or folder that allow others than trusted accounts to
+/// change it.
+std::vector<Right> WritersAmong(const std::vector<Right>& rights) {
+    // FILE_WRITE_DATA and FILE_APPEND_DATA, or FILE_ADD_FILE and FILE_ADD_SUBDIRECTORY,
+    // FILE_DELETE_CHILD, DELETE, WRITE_DAC, WRITE_OWNER, GENERIC_ALL and GENERIC_WRITE.
+    return OthersWith(rights, 0x500D0046);
+}
+
 std::string NamesOf(const std::vector<Right>& rights) {
     std::vector<std::string> names(rights.size());
     std::ranges::transform(rights, names.begin(), &Right::account);
@@ -176,26 +184,34 @@ std::string FolderMend(const std::string& folder, const std::vector<Right>& writ
            (removed.empty() ? "" : " /remove:g " + Joined(removed, " "));
 }
 
+/// Judges the rights on the library's folder, or on the library itself.
+Finding JudgeRights(const std::vector<Right>& rights, const std::string& place,
+                    const std::string& mend) {
+    if (const std::vector<Right> writers = WritersAmong(rights); !writers.empty()) {
+        return Problem("others than administrators can change " + place +
+                           ", and so run code as the system: " + NamesOf(writers),
+                       mend);
+    }
+    return IsReadByHosts(rights) ? Finding()
+                                 : Problem("NETWORK SERVICE cannot read " + place, mend);
+}
+
 Finding JudgeFolder(const Facts& facts) {
-    // FILE_ADD_FILE, FILE_ADD_SUBDIRECTORY, FILE_DELETE_CHILD, DELETE, WRITE_DAC, WRITE_OWNER,
-    // GENERIC_ALL and GENERIC_WRITE.
-    static constexpr std::uint32_t changes = 0x500D0046;
     const auto* const library = std::get_if<LibraryFacts>(&facts.library);
-    const Fact<std::vector<Right>> unregistered = Unknown{"no library is registered"};
-    return Judged(library == nullptr ? unregistered : library->rights,
-                  [library](const std::vector<Right>& rights) -> Finding {
-                      const std::vector<Right> writers = OthersWith(rights, changes);
-                      const std::string mend = FolderMend(library->folder, writers);
-                      if (!writers.empty()) {
-                          return Problem("others than administrators can change " +
-                                             library->folder +
-                                             ", and so run code as the system: " + NamesOf(writers),
-                                         mend);
-                      }
-                      return IsReadByHosts(rights)
-                                 ? Finding()
-                                 : Problem("NETWORK SERVICE cannot read " + library->folder, mend);
-                  });
+    if (library == nullptr) {
+        return {State::notChecked, "no library is registered", {}};
+    }
+    const Finding folder =
+        Judged(library->folderRights, [library](const std::vector<Right>& rights) {
+            return JudgeRights(rights, library->folder,
+                               FolderMend(library->folder, WritersAmong(rights)));
+        });
+    if (folder.state != State::ok) {
+        return folder;
+    }
+    return Judged(library->fileRights, [library](const std::vector<Right>& rights) {
+        return JudgeRights(rights, library->file, "icacls \"" + library->file + "\" /reset");
+    });
 }
 
 /// Returns whether the service refused this account: as one of its own codes or of COM

@@ -80,7 +80,8 @@ LibraryFacts FactsOf(const path& file) {
     facts.machine = MachineOf(FirstBytes(file));
     facts.whyNotLoaded = facts.machine ? WhyNotLoaded(file) : "";
     facts.version = VersionOf(file);
-    facts.rights = RightsOnFolder(file.parent_path().native());
+    facts.folderRights = RightsOn(file.parent_path().native());
+    facts.fileRights = RightsOn(file.native());
     return facts;
 }
 

@@ -75,10 +75,10 @@ std::vector<Right> AllowedRights(PSECURITY_DESCRIPTOR descriptor) {
     return rights;
 }
 
-Fact<std::vector<Right>> RightsOnFolder(const std::wstring& folder) {
+Fact<std::vector<Right>> RightsOn(const std::wstring& path) {
     PSECURITY_DESCRIPTOR descriptor = nullptr;
     const DWORD error =
-        GetNamedSecurityInfoW(folder.c_str(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr,
+        GetNamedSecurityInfoW(path.c_str(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr,
                               nullptr, nullptr, nullptr, &descriptor);
     if (error != ERROR_SUCCESS) {
         return Unknown{"its rights cannot be read: error " + std::to_string(error)};

@@ -16,21 +16,20 @@ using namespace doctor;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
+/// The rights on what administrators installed.
+std::vector<Right> Guarded() {
+    return {{"Administrators", true, 0x1F01FF, "S-1-5-32-544"},
+            {"Users", false, 0x1200A9, "S-1-5-32-545"}};
+}
+
 /// A machine on which everything is as it should be.
 Facts Healthy() {
     Facts facts;
     facts.toolVersion = "1.0.0";
     facts.classes = {{"instance provider", "{I}", R"(C:\q\Q.dll)", "Both"},
                      {"event provider", "{E}", R"(C:\q\Q.dll)", "Both"}};
-    facts.library =
-        LibraryFacts{R"(C:\q\Q.dll)",
-                     R"(C:\q)",
-                     true,
-                     std::uint16_t{0x8664},
-                     "",
-                     "1.0.0",
-                     std::vector<Right>{{"Administrators", true, 0x1F01FF, "S-1-5-32-544"},
-                                        {"Users", false, 0x1200A9, "S-1-5-32-545"}}};
+    facts.library = LibraryFacts{R"(C:\q\Q.dll)", R"(C:\q)", true,     std::uint16_t{0x8664}, "",
+                                 "1.0.0",         Guarded(), Guarded()};
     facts.namespaceRights = std::vector<Right>{{"Administrators", true, 0x6003F, "S-1-5-32-544"},
                                                {"Users", false, 0x20001, "S-1-5-32-545"}};
     facts.classGaps = facts.unreadSources = std::vector<std::string>();
@@ -115,17 +114,17 @@ const std::array breakages{
     Breakage{"OldVersion", [](Facts& facts) { Library(facts).version = "0.9.0"; },
              "library version: the library has version 0.9.0, this program 1.0.0 -> qvsata "
              "register"},
-    Breakage{
-        "WritableFolder",
-        [](Facts& facts) {
-            Library(facts).rights = std::vector<Right>{{"Everyone", false, 0x1F01FF, "S-1-1-0"}};
-        },
-        "library folder: others than administrators can change C:\\q, and so run code as the "
-        "system: Everyone -> icacls \"C:\\q\" /inheritance:r /grant:r *S-1-5-18:(OI)(CI)F "
-        "*S-1-5-32-544:(OI)(CI)F *S-1-5-32-545:(OI)(CI)RX /remove:g *S-1-1-0"},
+    Breakage{"WritableFolder",
+             [](Facts& facts) {
+                 Library(facts).folderRights =
+                     std::vector<Right>{{"Everyone", false, 0x1F01FF, "S-1-1-0"}};
+             },
+             "library folder: others than administrators can change C:\\q, and so run code as the "
+             "system: Everyone -> icacls \"C:\\q\" /inheritance:r /grant:r *S-1-5-18:(OI)(CI)F "
+             "*S-1-5-32-544:(OI)(CI)F *S-1-5-32-545:(OI)(CI)RX /remove:g *S-1-1-0"},
     Breakage{"FolderThatUsersWrite",
              [](Facts& facts) {
-                 Library(facts).rights =
+                 Library(facts).folderRights =
                      std::vector<Right>{{"Users", false, 0x1301BF, "S-1-5-32-545"},
                                         {"Authors", false, 0x2, "S-1-5-21-1"},
                                         {"Guests", false, 0x4, "S-1-5-32-546"}};
@@ -136,7 +135,7 @@ const std::array breakages{
              "*S-1-5-21-1 *S-1-5-32-546"},
     Breakage{"ClosedFolder",
              [](Facts& facts) {
-                 Library(facts).rights =
+                 Library(facts).folderRights =
                      std::vector<Right>{{"Administrators", true, 0x1F01FF, "S-1-5-32-544"},
                                         {"Ann", false, 0x1200A9, "S-1-5-21-1"},
                                         {"Everyone", false, 0x20, "S-1-1-0"}};
@@ -144,6 +143,20 @@ const std::array breakages{
              "library folder: NETWORK SERVICE cannot read C:\\q -> icacls \"C:\\q\" "
              "/inheritance:r /grant:r *S-1-5-18:(OI)(CI)F *S-1-5-32-544:(OI)(CI)F "
              "*S-1-5-32-545:(OI)(CI)RX"},
+    Breakage{"WritableLibrary",
+             [](Facts& facts) {
+                 Library(facts).fileRights =
+                     std::vector<Right>{{"Users", false, 0x1201BF, "S-1-5-32-545"}};
+             },
+             "library folder: others than administrators can change C:\\q\\Q.dll, and so run code "
+             "as the system: Users -> icacls \"C:\\q\\Q.dll\" /reset"},
+    Breakage{"ClosedLibrary",
+             [](Facts& facts) {
+                 Library(facts).fileRights =
+                     std::vector<Right>{{"Administrators", true, 0x1F01FF, "S-1-5-32-544"}};
+             },
+             "library folder: NETWORK SERVICE cannot read C:\\q\\Q.dll -> icacls "
+             "\"C:\\q\\Q.dll\" /reset"},
     Breakage{"NoNamespace",
              [](Facts& facts) { facts.connection = service::status::invalidNamespace; },
              "namespace: root\\QVQ cannot be connected to: unknown namespace (0x8004100E) -> "
@@ -261,7 +274,8 @@ TEST(Links, AreOkWithSettingsInTheirRange) {
 
 TEST(Links, AreOkIfNetworkServiceCanReadTheFolder) {
     Facts facts = Healthy();
-    Library(facts).rights = std::vector<Right>{{"NETWORK SERVICE", false, 0x1200A9, "S-1-5-20"}};
+    Library(facts).folderRights =
+        std::vector<Right>{{"NETWORK SERVICE", false, 0x1200A9, "S-1-5-20"}};
     EXPECT_THAT(Troubles(facts), IsEmpty());
 }
 
@@ -291,7 +305,8 @@ TEST(Links, OfInstancesUnderAnotherAccountAreANote) {
 
 TEST(Links, ThatNeedABrokenOneAreNotChecked) {
     Facts facts = Healthy();
-    Library(facts) = {R"(C:\q\Q.dll)", R"(C:\q)", false, {}, "", "", Unknown{"no folder"}};
+    Library(facts) = {R"(C:\q\Q.dll)",      R"(C:\q)",         false, {}, "", "",
+                      Unknown{"no folder"}, Unknown{"no file"}};
     EXPECT_THAT(Troubles(facts),
                 ElementsAre("library file: C:\\q\\Q.dll does not exist -> qvsata register",
                             "library for 64 bits: the file does not exist -> ",
