@@ -27,7 +27,7 @@ void ReadMof(std::string_view text, std::string_view fileName, Namespaces& names
     ReadMof(files, namespaces);
 }
 
-void ReadMofFiles(std::span<const std::string> paths, Namespaces& namespaces) {
+std::vector<MofSource> LoadMofFiles(std::span<const std::string> paths) {
     std::vector<MofSource> files;
     for (const std::string& path : paths) {
         const std::u8string utf8(path.begin(), path.end());
@@ -39,7 +39,11 @@ void ReadMofFiles(std::span<const std::string> paths, Namespaces& namespaces) {
         text << stream.rdbuf();
         files.push_back({path, text.str()});
     }
-    ReadMof(files, namespaces);
+    return files;
+}
+
+void ReadMofFiles(std::span<const std::string> paths, Namespaces& namespaces) {
+    ReadMof(LoadMofFiles(paths), namespaces);
 }
 
 }  // namespace qv::service

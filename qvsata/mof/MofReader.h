@@ -3,6 +3,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "qvsata/cim/ClassRepository.h"
 #include "qvsata/mof/MofError.h"
@@ -13,6 +14,8 @@ namespace qv::service {
 struct MofSource {
     std::string fileName;
     std::string text;
+
+    bool operator==(const MofSource&) const = default;
 };
 
 /// Reads MOF files in order into the namespaces that their `#pragma namespace` lines name; without
@@ -25,8 +28,11 @@ void ReadMof(std::span<const MofSource> files, Namespaces& namespaces);
 /// Reads one file in the same way.
 void ReadMof(std::string_view text, std::string_view fileName, Namespaces& namespaces);
 
-/// Reads files from disk in the same way; messages name them by their paths.
-/// @throws MofError also if a file cannot be read: `file:1:1: cannot be read`.
+/// Reads files from disk; messages name them by their paths.
+/// @throws MofError if a file cannot be read: `file:1:1: cannot be read`.
+std::vector<MofSource> LoadMofFiles(std::span<const std::string> paths);
+
+/// Loads files and reads them in the same way.
 void ReadMofFiles(std::span<const std::string> paths, Namespaces& namespaces);
 
 }  // namespace qv::service

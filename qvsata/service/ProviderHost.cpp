@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <mutex>
 #include <string>
 #include <utility>
 
@@ -27,9 +28,20 @@ std::shared_ptr<const PublishedClasses> ReadPublishedClasses(
     const std::vector<std::filesystem::path>& mofFiles) {
     std::vector<std::string> files;
     std::ranges::transform(mofFiles, std::back_inserter(files), Utf8OfPath);
-    Namespaces namespaces;
-    ReadMofFiles(files, namespaces);
-    return std::make_shared<const PublishedClasses>(std::move(namespaces.Of(providerNamespace)));
+    std::vector<MofSource> sources = LoadMofFiles(files);
+    // Most providers that one process starts have the classes of the one before.
+    static std::mutex mutex;
+    static std::vector<MofSource> lastSources;
+    static std::shared_ptr<const PublishedClasses> last;
+    const std::scoped_lock lock(mutex);
+    if (last == nullptr || sources != lastSources) {
+        Namespaces namespaces;
+        ReadMof(sources, namespaces);
+        last =
+            std::make_shared<const PublishedClasses>(std::move(namespaces.Of(providerNamespace)));
+        lastSources = std::move(sources);
+    }
+    return last;
 }
 
 }  // namespace qv::service

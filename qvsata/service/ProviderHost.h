@@ -51,7 +51,8 @@ std::vector<std::shared_ptr<const RecordedHost>> RecordingsOf(const HostOptions&
 void AttachProvider(Namespace& published, std::shared_ptr<const InstanceSource> provider,
                     const HostOptions& options);
 
-/// Reads the classes of the provider's namespace from MOF files, in order. Throws MofError.
+/// Reads the classes of the provider's namespace from MOF files, in order. The same files with the
+/// same text as at the last call are not parsed again. Throws MofError.
 std::shared_ptr<const PublishedClasses> ReadPublishedClasses(
     const std::vector<std::filesystem::path>& mofFiles);
 

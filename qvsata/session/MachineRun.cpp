@@ -158,8 +158,7 @@ std::unique_ptr<service::ProviderHost> MachineRun::Start(const Options& options)
         LimitInstances(host, options.MostRows());
     }
     RefuseUnlessPossible(host);
-    classes_ = classes_ ? classes_ : ReadClasses(options);
-    host.classes = classes_;
+    host.classes = ReadClasses(options);
     return StartOrExplain(host);
 }
 

@@ -37,9 +37,9 @@ struct Machine {
     Options options;
 };
 
-/// One run of a command: starts the provider on one machine after the other. The class definitions
-/// are read once. When the time of the options is over, which is for all machines together, it ends
-/// the process: with the exit code of an incomplete answer, or as the command reports failures.
+/// One run of a command: starts the provider on one machine after the other. When the time of the
+/// options is over, which is for all machines together, it ends the process: with the exit code of
+/// an incomplete answer, or as the command reports failures.
 class MachineRun {
 public:
     explicit MachineRun(const Options& options);
@@ -58,8 +58,7 @@ private:
     [[noreturn]] void End(unsigned seconds);
 
     FailureReport report_;
-    std::shared_ptr<const service::PublishedClasses> classes_;  ///< null before the first start
-    std::mutex mutex_;                                          ///< guards the next two
+    std::mutex mutex_;  ///< guards the next two
     std::string prefix_;
     std::shared_ptr<service::SourceJournal> journal_;  ///< of the present machine
     std::optional<Deadline> deadline_;                 ///< the last member: it uses the others
