@@ -143,7 +143,7 @@ TEST_F(LimitTest, DoesNotKeepAPageFromBeingWritten) {
 }
 
 TEST_F(LimitTest, RefusesVerdictsOnRowsThatNameMoreDisks) {
-    RecordDisksOnAnotherBus(40);
+    RecordDisksOnAnotherBus(23);
     const Ending run = Run({"explain", "--limit", "1"});
     EXPECT_EQ(run.exitCode, 1);
     EXPECT_EQ(run.output, "");
