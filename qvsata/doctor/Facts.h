@@ -31,13 +31,15 @@ struct Right {
     std::string account;
     bool isTrusted = false;  ///< administrators, and the system itself
     std::uint32_t mask = 0;
-    std::string id;  ///< "S-1-1-0"
+    std::string id;        ///< "S-1-1-0"
+    bool isOwner = false;  ///< the owner, who may always change the rights
 };
 
 /// The registered library.
 struct LibraryFacts {
     std::string file;
     std::string folder;
+    bool isBesideProgram = false;  ///< in the folder of this program
     bool exists = false;
     std::optional<std::uint16_t> machine;   ///< of its PE header; nothing if it has none
     std::string whyNotLoaded;               ///< empty if it can be loaded

@@ -70,26 +70,36 @@ Finding JudgeThreadingModels(const Facts& facts) {
     return {};
 }
 
+/// Returns what brings a whole library back: `register` registers the one beside this program,
+/// unless that is the broken one.
+std::string LibraryMend(const Facts& facts, const LibraryFacts& library) {
+    return library.isBesideProgram
+               ? "msiexec /fomus qvwmisata_" + facts.toolVersion +
+                     "_x64.msi, or unpack qvwmisata_" + facts.toolVersion + "_windows.zip again"
+               : registerAgain;
+}
+
 Finding JudgeFile(const Facts& facts) {
-    return Judged(facts.library, [](const LibraryFacts& library) {
-        return library.exists ? Finding()
-                              : Problem(library.file + " does not exist", registerAgain);
+    return Judged(facts.library, [&facts](const LibraryFacts& library) {
+        return library.exists
+                   ? Finding()
+                   : Problem(library.file + " does not exist", LibraryMend(facts, library));
     });
 }
 
 constexpr std::uint16_t amd64 = 0x8664;
 
 Finding JudgeMachine(const Facts& facts) {
-    return Judged(facts.library, [](const LibraryFacts& library) -> Finding {
+    return Judged(facts.library, [&facts](const LibraryFacts& library) -> Finding {
         if (!library.exists) {
             return {State::notChecked, "the file does not exist", {}};
         }
         if (!library.machine) {
-            return Problem(library.file + " is no library", registerAgain);
+            return Problem(library.file + " is no library", LibraryMend(facts, library));
         }
-        return library.machine == amd64
-                   ? Finding()
-                   : Problem(library.file + " is not for 64-bit Windows (x64)", registerAgain);
+        return library.machine == amd64 ? Finding()
+                                        : Problem(library.file + " is not for 64-bit Windows (x64)",
+                                                  LibraryMend(facts, library));
     });
 }
 
@@ -105,9 +115,10 @@ Finding JudgedLibrary(const Facts& facts, Judge judge) {
 }
 
 Finding JudgeLoading(const Facts& facts) {
-    return JudgedLibrary(facts, [](const LibraryFacts& library) {
-        return library.whyNotLoaded.empty() ? Finding()
-                                            : Problem(library.whyNotLoaded, registerAgain);
+    return JudgedLibrary(facts, [&facts](const LibraryFacts& library) {
+        return library.whyNotLoaded.empty()
+                   ? Finding()
+                   : Problem(library.whyNotLoaded, LibraryMend(facts, library));
     });
 }
 
@@ -117,7 +128,7 @@ Finding JudgeVersion(const Facts& facts) {
                    ? Finding()
                    : Problem("the library has version " + library.version + ", this program " +
                                  facts.toolVersion,
-                             registerAgain);
+                             LibraryMend(facts, library));
     });
 }
 
@@ -147,8 +158,10 @@ std::vector<Right> WritersAmong(const std::vector<Right>& rights) {
 }
 
 std::string NamesOf(const std::vector<Right>& rights) {
-    std::vector<std::string> names(rights.size());
-    std::ranges::transform(rights, names.begin(), &Right::account);
+    std::vector<std::string> names;
+    for (const Right& right : rights) {
+        names.push_back(right.account + (right.isOwner ? " (owner)" : ""));
+    }
     return Joined(names, ", ");
 }
 
@@ -168,17 +181,24 @@ bool IsReadByHosts(const std::vector<Right>& rights) {
         readings, [mask](std::uint32_t reading) { return (mask & reading) == reading; });
 }
 
+/// Returns the command that takes a file or folder from an owner among the writers.
+std::string OwnerMend(const std::string& place, const std::vector<Right>& writers) {
+    return std::ranges::any_of(writers, &Right::isOwner)
+               ? "icacls \"" + place + "\" /setowner *S-1-5-32-544 & "
+               : "";
+}
+
 /// Returns the command that leaves a folder to administrators, and lets users read it. A right that
 /// was granted on the folder itself stays unless it is removed or replaced by name.
 std::string FolderMend(const std::string& folder, const std::vector<Right>& writers) {
     constexpr std::string_view users = "S-1-5-32-545";
     std::vector<std::string> removed;
     for (const Right& writer : writers) {
-        if (writer.id != users) {
+        if (writer.id != users && !writer.isOwner) {
             removed.push_back('*' + writer.id);
         }
     }
-    return "icacls \"" + folder +
+    return OwnerMend(folder, writers) + "icacls \"" + folder +
            "\" /inheritance:r /grant:r *S-1-5-18:(OI)(CI)F *S-1-5-32-544:(OI)(CI)F "
            "*S-1-5-32-545:(OI)(CI)RX" +
            (removed.empty() ? "" : " /remove:g " + Joined(removed, " "));
@@ -210,7 +230,9 @@ Finding JudgeFolder(const Facts& facts) {
         return folder;
     }
     return Judged(library->fileRights, [library](const std::vector<Right>& rights) {
-        return JudgeRights(rights, library->file, "icacls \"" + library->file + "\" /reset");
+        return JudgeRights(rights, library->file,
+                           OwnerMend(library->file, WritersAmong(rights)) + "icacls \"" +
+                               library->file + "\" /reset");
     });
 }
 
@@ -229,8 +251,13 @@ Finding JudgeConnection(const Facts& facts) {
     if (IsRefusal(facts.connection)) {
         return {State::notChecked, text + "; run as an administrator", {}};
     }
-    const bool isMissing = facts.connection == service::status::invalidNamespace;
-    return Problem(text, isMissing ? registerAgain : "net start winmgmt");
+    if (facts.connection == service::status::invalidNamespace) {
+        return Problem(text, registerAgain);
+    }
+    constexpr Status serviceDisabled{0x80070422};  // ERROR_SERVICE_DISABLED
+    return Problem(text, facts.connection == serviceDisabled
+                             ? "sc config winmgmt start= auto & net start winmgmt"
+                             : "net start winmgmt");
 }
 
 Finding JudgeNamespaceRights(const Facts& facts) {
@@ -329,13 +356,16 @@ Finding JudgeLogs(const Facts& facts) {
 
 Finding JudgeTrouble(const Facts& facts) {
     return Judged(facts.logs, [](const std::vector<LogFacts>& logs) -> Finding {
+        std::vector<std::string> texts;
+        std::vector<std::string> mends;
         for (const LogFacts& log : logs) {
             if (!log.trouble.empty()) {
-                return {State::note, log.file + ": " + log.trouble.back(),
-                        "type \"" + log.file + '"'};
+                texts.push_back(log.file + ": " + log.trouble.back());
+                mends.push_back("type \"" + log.file + '"');
             }
         }
-        return {};
+        return texts.empty() ? Finding()
+                             : Finding{State::note, Joined(texts, "; "), Joined(mends, " & ")};
     });
 }
 

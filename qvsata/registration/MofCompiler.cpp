@@ -50,6 +50,10 @@ std::vector<Status> StatusesIn(const Compilation& compilation) {
             statuses.push_back(*status);
         }
     }
+    // For what a switch forbids, the exit code is the service's own.
+    if (const Status code{compilation.exitCode}; !Succeeded(code)) {
+        statuses.push_back(code);
+    }
     return statuses;
 }
 

@@ -4,11 +4,13 @@
 #include <optional>
 #include <span>
 #include <string_view>
+#include <system_error>
 
 #include "qvsata/cim/StatusCodes.h"
 #include "qvsata/cim/Utf8.h"
 #include "qvsata/mof/ShippedMof.h"
 #include "qvsata/registration/MofCompiler.h"
+#include "source/Text.h"
 
 namespace qv::tool {
 namespace {
@@ -101,6 +103,14 @@ std::vector<std::string> Obstacles(const Installer& installer, const std::vector
     return lines;
 }
 
+/// Paths on Windows ignore case. A registered file may be gone.
+bool IsSameFile(const path& one, const path& other) {
+    std::error_code ignored;
+    return std::filesystem::equivalent(one, other, ignored) ||
+           EqualsIgnoringCase(service::Utf8OfPath(one.lexically_normal()),
+                              service::Utf8OfPath(other.lexically_normal()));
+}
+
 std::vector<path> InstalledFiles(const ProductFiles& files) {
     std::vector<path> all{files.library};
     for (const std::string_view name : service::shippedClassFiles) {
@@ -122,6 +132,11 @@ std::vector<std::string> Unregister(Installer& installer, const ProductFiles& fi
     const Step removal = RemovalStep(installer, files);
     std::vector<std::string> lines =
         Obstacles(installer, {files.mofFolder / service::shippedRemovalFile});
+    const path registered = installer.RegisteredLibrary();
+    if (lines.empty() && !registered.empty() && !IsSameFile(registered, files.library)) {
+        lines.push_back("another library is registered: " + service::Utf8OfPath(registered) +
+                        "; remove it with its own program, or register this one first");
+    }
     if (!lines.empty()) {
         return lines;
     }

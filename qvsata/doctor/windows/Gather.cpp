@@ -17,6 +17,7 @@
 #include "qvsata/hosting/LiveMachine.h"
 #include "qvsata/hosting/ProviderLibrary.h"
 #include "qvsata/registration/windows/RegisteredClass.h"
+#include "qvsata/system/Process.h"
 
 namespace qv::doctor {
 namespace {
@@ -76,6 +77,8 @@ LibraryFacts FactsOf(const path& file) {
     LibraryFacts facts;
     facts.file = Utf8(file.native());
     facts.folder = Utf8(file.parent_path().native());
+    facts.isBesideProgram =
+        std::filesystem::equivalent(file.parent_path(), tool::ProgramFolder(), ignored);
     facts.exists = std::filesystem::is_regular_file(file, ignored);
     facts.machine = MachineOf(FirstBytes(file));
     facts.whyNotLoaded = facts.machine ? WhyNotLoaded(file) : "";

@@ -77,14 +77,20 @@ std::vector<Right> AllowedRights(PSECURITY_DESCRIPTOR descriptor) {
 
 Fact<std::vector<Right>> RightsOn(const std::wstring& path) {
     PSECURITY_DESCRIPTOR descriptor = nullptr;
-    const DWORD error =
-        GetNamedSecurityInfoW(path.c_str(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr,
-                              nullptr, nullptr, nullptr, &descriptor);
+    PSID account = nullptr;
+    const DWORD error = GetNamedSecurityInfoW(
+        path.c_str(), SE_FILE_OBJECT, OWNER_SECURITY_INFORMATION | DACL_SECURITY_INFORMATION,
+        &account, nullptr, nullptr, nullptr, &descriptor);
     if (error != ERROR_SUCCESS) {
         return Unknown{"its rights cannot be read: error " + std::to_string(error)};
     }
     const std::unique_ptr<void, Freed> owner(descriptor);
-    return AllowedRights(descriptor);
+    std::vector<Right> rights = AllowedRights(descriptor);
+    if (account != nullptr) {
+        rights.push_back({NameOf(account), IsTrusted(account), WRITE_DAC,
+                          windows::ToNarrow(IdOf(account), CP_UTF8), true});
+    }
+    return rights;
 }
 
 Fact<std::vector<Right>> RightsOf(std::string_view descriptor) {

@@ -12,7 +12,7 @@ namespace qv::doctor {
 /// everything.
 std::vector<Right> AllowedRights(PSECURITY_DESCRIPTOR descriptor);
 
-/// Returns what the security descriptor of a file or folder allows.
+/// Returns what the security descriptor of a file or folder allows; the owner is the last one.
 Fact<std::vector<Right>> RightsOn(const std::wstring& path);
 
 }  // namespace qv::doctor

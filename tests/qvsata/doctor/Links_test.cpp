@@ -28,8 +28,9 @@ Facts Healthy() {
     facts.toolVersion = "1.0.0";
     facts.classes = {{"instance provider", "{I}", R"(C:\q\Q.dll)", "Both"},
                      {"event provider", "{E}", R"(C:\q\Q.dll)", "Both"}};
-    facts.library = LibraryFacts{R"(C:\q\Q.dll)", R"(C:\q)", true,     std::uint16_t{0x8664}, "",
-                                 "1.0.0",         Guarded(), Guarded()};
+    facts.library =
+        LibraryFacts{R"(C:\q\Q.dll)", R"(C:\q)", false,    true, std::uint16_t{0x8664}, "",
+                     "1.0.0",         Guarded(), Guarded()};
     facts.namespaceRights = std::vector<Right>{{"Administrators", true, 0x6003F, "S-1-5-32-544"},
                                                {"Users", false, 0x20001, "S-1-5-32-545"}};
     facts.classGaps = facts.unreadSources = std::vector<std::string>();
@@ -111,6 +112,13 @@ const std::array breakages{
              "qvsata register"},
     Breakage{"NotLoaded", [](Facts& facts) { Library(facts).whyNotLoaded = "Q.dll: error 126"; },
              "library loads: Q.dll: error 126 -> qvsata register"},
+    Breakage{"NotLoadedFromTheToolsFolder",
+             [](Facts& facts) {
+                 Library(facts).isBesideProgram = true;
+                 Library(facts).whyNotLoaded = "Q.dll: error 193";
+             },
+             "library loads: Q.dll: error 193 -> msiexec /fomus qvwmisata_1.0.0_x64.msi, or unpack "
+             "qvwmisata_1.0.0_windows.zip again"},
     Breakage{"OldVersion", [](Facts& facts) { Library(facts).version = "0.9.0"; },
              "library version: the library has version 0.9.0, this program 1.0.0 -> qvsata "
              "register"},
@@ -143,6 +151,25 @@ const std::array breakages{
              "library folder: NETWORK SERVICE cannot read C:\\q -> icacls \"C:\\q\" "
              "/inheritance:r /grant:r *S-1-5-18:(OI)(CI)F *S-1-5-32-544:(OI)(CI)F "
              "*S-1-5-32-545:(OI)(CI)RX"},
+    Breakage{"FolderOfAUser",
+             [](Facts& facts) {
+                 std::vector<Right> rights = Guarded();
+                 rights.push_back({"Ann", false, 0x40000, "S-1-5-21-1", true});
+                 Library(facts).folderRights = rights;
+             },
+             "library folder: others than administrators can change C:\\q, and so run code as the "
+             "system: Ann (owner) -> icacls \"C:\\q\" /setowner *S-1-5-32-544 & icacls \"C:\\q\" "
+             "/inheritance:r /grant:r *S-1-5-18:(OI)(CI)F *S-1-5-32-544:(OI)(CI)F "
+             "*S-1-5-32-545:(OI)(CI)RX"},
+    Breakage{"LibraryOfAUser",
+             [](Facts& facts) {
+                 std::vector<Right> rights = Guarded();
+                 rights.push_back({"Ann", false, 0x40000, "S-1-5-21-1", true});
+                 Library(facts).fileRights = rights;
+             },
+             "library folder: others than administrators can change C:\\q\\Q.dll, and so run code "
+             "as the system: Ann (owner) -> icacls \"C:\\q\\Q.dll\" /setowner *S-1-5-32-544 & "
+             "icacls \"C:\\q\\Q.dll\" /reset"},
     Breakage{"WritableLibrary",
              [](Facts& facts) {
                  Library(facts).fileRights =
@@ -168,8 +195,12 @@ const std::array breakages{
     Breakage{"RefusedByCom", [](Facts& facts) { facts.connection = Status{0x80070005}; },
              "namespace: root\\QVQ cannot be connected to: access denied (0x80070005); run as an "
              "administrator -> "},
-    Breakage{"StoppedService", [](Facts& facts) { facts.connection = Status{0x80070422}; },
-             "namespace: root\\QVQ cannot be connected to: 0x80070422 -> net start winmgmt"},
+    Breakage{"StoppedService", [](Facts& facts) { facts.connection = Status{0x800706BA}; },
+             "namespace: root\\QVQ cannot be connected to: the service does not run (0x800706BA) "
+             "-> net start winmgmt"},
+    Breakage{"DisabledService", [](Facts& facts) { facts.connection = Status{0x80070422}; },
+             "namespace: root\\QVQ cannot be connected to: 0x80070422 -> sc config winmgmt start= "
+             "auto & net start winmgmt"},
     Breakage{"OpenNamespace",
              [](Facts& facts) {
                  facts.namespaceRights = std::vector<Right>{{"Everyone", false, 0x13, "S-1-1-0"}};
@@ -247,6 +278,12 @@ const std::array breakages{
                  facts.logs = std::vector<LogFacts>{{"Q.log", "", "", {"a", "b"}}};
              },
              "trouble in the logs: Q.log: b -> type \"Q.log\""},
+    Breakage{
+        "TroubleInBothLogs",
+        [](Facts& facts) {
+            facts.logs = std::vector<LogFacts>{{"Q.log", "", "", {"a"}}, {"R.log", "", "", {"b"}}};
+        },
+        "trouble in the logs: Q.log: a; R.log: b -> type \"Q.log\" & type \"R.log\""},
     Breakage{"OtherAnswers", [](Facts& facts) { Answers(facts).differences = {"QV_X: none"}; },
              "installed answers: QV_X: none -> net stop winmgmt /y & net start winmgmt"},
     Breakage{"UnloadedProvider",
@@ -305,7 +342,7 @@ TEST(Links, OfInstancesUnderAnotherAccountAreANote) {
 
 TEST(Links, ThatNeedABrokenOneAreNotChecked) {
     Facts facts = Healthy();
-    Library(facts) = {R"(C:\q\Q.dll)",      R"(C:\q)",         false, {}, "", "",
+    Library(facts) = {R"(C:\q\Q.dll)",      R"(C:\q)",         false, false, {}, "", "",
                       Unknown{"no folder"}, Unknown{"no file"}};
     EXPECT_THAT(Troubles(facts),
                 ElementsAre("library file: C:\\q\\Q.dll does not exist -> qvsata register",

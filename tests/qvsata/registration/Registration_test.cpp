@@ -90,6 +90,11 @@ TEST_F(RegistrationSteps, KeepSuperclassesOfOthers) {
     EXPECT_THAT(Install(), IsEmpty());
 }
 
+TEST_F(RegistrationSteps, KeepSuperclassesThatTheExitCodeTellsOf) {
+    machine.compilations["cim_schema.mof"] = {{}, 0x80041019, {}};
+    EXPECT_THAT(Install(), IsEmpty());
+}
+
 TEST_F(RegistrationSteps, AreUndoneFromAFailedSuperclassFileOn) {
     machine.compilations["cim_schema.mof"] = denied;
     EXPECT_THAT(Install(), ElementsAre("compiling " + Mof("cim_schema.mof") +
@@ -147,6 +152,19 @@ TEST_F(RegistrationSteps, LeaveAWorkingRegistrationWhenTheyFail) {
 TEST_F(RegistrationSteps, OfARemovalRemoveTheClassesThenTheLibrary) {
     EXPECT_THAT(Remove(), IsEmpty());
     EXPECT_THAT(machine.calls, ElementsAre("qvwmisata_remove.mof", "-" + library));
+}
+
+TEST_F(RegistrationSteps, OfARemovalRemoveTheRegisteredLibrary) {
+    machine.registered = library;
+    EXPECT_THAT(Remove(), IsEmpty());
+    EXPECT_THAT(machine.calls, ElementsAre("qvwmisata_remove.mof", "-" + library));
+}
+
+TEST_F(RegistrationSteps, OfARemovalLeaveAnotherLibraryAlone) {
+    machine.registered = "/other/QVWMISATA.dll";
+    EXPECT_THAT(Remove(), ElementsAre("another library is registered: /other/QVWMISATA.dll; remove "
+                                      "it with its own program, or register this one first"));
+    EXPECT_THAT(machine.calls, IsEmpty());
 }
 
 TEST_F(RegistrationSteps, OfARemovalGoOnAfterAFailureAndReportAll) {

@@ -39,12 +39,17 @@ ULONG MakeDescriptor(const wchar_t* sddl, PSECURITY_DESCRIPTOR* descriptor) {
     return size;
 }
 
-// The rights on each folder: Wine knows no folder that only administrators may change.
+// The owner of and the rights on each folder, and on the library: Wine knows no folder that only
+// administrators may change.
 const wchar_t* folderRights = nullptr;
+const wchar_t* libraryRights = nullptr;
 
-DWORD WINAPI GetFolderRights(const wchar_t*, SE_OBJECT_TYPE, SECURITY_INFORMATION, PSID*, PSID*,
-                             PACL*, PACL*, PSECURITY_DESCRIPTOR* descriptor) {
-    MakeDescriptor(folderRights, descriptor);
+DWORD WINAPI GetFileRights(const wchar_t* path, SE_OBJECT_TYPE, SECURITY_INFORMATION, PSID* owner,
+                           PSID*, PACL*, PACL*, PSECURITY_DESCRIPTOR* descriptor) {
+    const bool isLibrary = std::wstring_view(path).ends_with(L".dll");
+    MakeDescriptor(isLibrary ? libraryRights : folderRights, descriptor);
+    BOOL isDefault = FALSE;
+    GetSecurityDescriptorOwner(*descriptor, owner, &isDefault);
     return ERROR_SUCCESS;
 }
 
@@ -89,7 +94,7 @@ class InstalledService : public RegisteredTest {
 protected:
     void SetUp() override {
         RegisteredTest::SetUp();
-        folderRights = L"D:(A;;FA;;;BA)(A;;FA;;;SY)(A;;0x1200A9;;;BU)";
+        libraryRights = folderRights = L"O:BAD:(A;;FA;;;BA)(A;;FA;;;SY)(A;;0x1200A9;;;BU)";
         const ToolRun registration = RunTool({"register"});
         ASSERT_EQ(registration.exitCode, 0U) << registration.errors;
         const service::ManagementHost host(RecordedOptions(nullptr, QV_LIBRARY));
@@ -97,7 +102,7 @@ protected:
             installed_->published[std::string(one.name)] = host.Published().Enumerate(one.name);
         }
         installed_->gotten["__ThisNamespace=@"] = {
-            Status::noError, "", {NamespaceWith(L"D:(A;CI;0x6003F;;;BA)(A;CI;0x20001;;;AU)")}};
+            Status::noError, "", {NamespaceWith(L"O:BAD:(A;CI;0x6003F;;;BA)(A;CI;0x20001;;;AU)")}};
     }
 
     static Ending Doctor() {
@@ -131,7 +136,7 @@ private:
     const service::ComApartment apartment_;
     const service::ImportPatch folders_{
         GetModuleHandleW(nullptr), "GetNamedSecurityInfoW",
-        reinterpret_cast<service::ImportPatch::Function>(&GetFolderRights)};
+        reinterpret_cast<service::ImportPatch::Function>(&GetFileRights)};
     const service::Connector recorded_ =
         service::ConnectRecorded(ShippedRecording("hosts/ahci-desktop.json"));
     const service::ServedClass locator_{
@@ -147,14 +152,24 @@ TEST_F(InstalledService, IsWholeAndAnswersAsTheHostedLibrary) {
 }
 
 TEST_F(InstalledService, LiesInAFolderThatEveryoneMayChange) {
-    folderRights = L"D:(A;;FA;;;BA)(A;;0x1301BF;;;WD)";
+    folderRights = L"O:BAD:(A;;FA;;;BA)(A;;0x1301BF;;;WD)";
     EXPECT_THAT(Troubles(), testing::ElementsAre(testing::StartsWith(
                                 "library folder: others than administrators can change ")));
     EXPECT_EQ(Doctor().exitCode, 4);
 }
 
+TEST_F(InstalledService, LiesInAFolderOfAUser) {
+    folderRights = L"O:BUD:(A;;FA;;;BA)(A;;0x1200A9;;;BU)";
+    EXPECT_THAT(Troubles(), testing::ElementsAre(testing::EndsWith(" (owner)")));
+}
+
+TEST_F(InstalledService, HasALibraryThatEveryoneMayChange) {
+    libraryRights = L"O:BAD:(A;;FA;;;BA)(A;;0x1301BF;;;WD)";
+    EXPECT_THAT(Troubles(), testing::ElementsAre(testing::HasSubstr("QVWMISATA.dll, and so run ")));
+}
+
 TEST_F(InstalledService, LiesInAFolderThatItsHostCannotRead) {
-    folderRights = L"D:(A;;FA;;;BA)(A;;FA;;;SY)";
+    folderRights = L"O:BAD:(A;;FA;;;BA)(A;;FA;;;SY)";
     EXPECT_THAT(
         Troubles(),
         testing::ElementsAre(testing::StartsWith("library folder: NETWORK SERVICE cannot read ")));
@@ -175,7 +190,7 @@ TEST_F(InstalledService, LacksTheRegistrationOfAProvider) {
 
 TEST_F(InstalledService, MayBeWrittenByEveryone) {
     installed_->gotten["__ThisNamespace=@"] = {
-        Status::noError, "", {NamespaceWith(L"D:(A;CI;0x6003F;;;BA)(A;CI;0x1F;;;WD)")}};
+        Status::noError, "", {NamespaceWith(L"O:BAD:(A;CI;0x6003F;;;BA)(A;CI;0x1F;;;WD)")}};
     EXPECT_THAT(Troubles(),
                 testing::ElementsAre(testing::StartsWith(
                     "namespace rights: others than administrators can write to root\\QVQ: ")));
