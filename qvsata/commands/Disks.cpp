@@ -6,12 +6,10 @@
 #include "qvsata/session/MachineAnswer.h"
 #include "qvsata/session/Options.h"
 #include "qvsata/session/OsDisks.h"
-#include "qvsata/session/SourceReport.h"
 #include "qvsata/system/Console.h"
 #include "qvsata/view/DiskTable.h"
 #include "qvsata/view/KeyWarnings.h"
 #include "qvsata/view/OsDiskJson.h"
-#include "source/Namespaces.h"
 
 namespace qv::tool {
 namespace {
@@ -24,7 +22,7 @@ nlohmann::ordered_json AsJson(const view::OsDisks& all) {
     return {{"disks", array}, {"failingOthers", all.failingOthers}};
 }
 
-view::StyledText AsText(const service::ProviderHost& host, const view::OsDisks& all) {
+view::StyledText AsText(const view::OsDisks& all) {
     if (!all.disks.empty()) {
         view::StyledText text = view::DisksAsText(all.disks, ColumnsOf(Stream::output));
         if (!all.predictionsAreRead) {
@@ -32,8 +30,7 @@ view::StyledText AsText(const service::ProviderHost& host, const view::OsDisks& 
         }
         return text;
     }
-    const bool unread = IsUnread(host.Journal().Queries(), cimNamespace, "Win32_DiskDrive");
-    return {{unread ? "disks not readable\n" : "no disks\n"}};
+    return {{all.disksAreRead ? "no disks\n" : "disks not readable\n"}};
 }
 
 }  // namespace
@@ -60,7 +57,7 @@ void AddDisks(CLI::App& program) {
             if (given.format == DisksFormat::json) {
                 answer.PrintJson(AsJson(all));
             } else {
-                answer.PrintText(AsText(host, all));
+                answer.PrintText(AsText(all));
             }
         });
 }

@@ -10,11 +10,9 @@
 #include "qvsata/session/MachineAnswer.h"
 #include "qvsata/session/Options.h"
 #include "qvsata/session/OsDisks.h"
-#include "qvsata/session/SourceReport.h"
 #include "qvsata/view/SerialNumber.h"
 #include "qvsata/view/text/Characters.h"
 #include "qvsata/view/text/Columns.h"
-#include "source/Namespaces.h"
 #include "source/Text.h"
 
 namespace qv::tool {
@@ -87,18 +85,18 @@ std::vector<const view::OsDisk*> FittingDisks(const std::vector<view::OsDisk>& d
 std::optional<explain::Explanation> ExplainHost(const service::ProviderHost& host,
                                                 const std::string& disk, std::size_t mostJoins,
                                                 const MachineAnswer& answer) {
-    const std::vector<view::OsDisk> disks = ReadOsDisks(host).disks;
-    const auto fitting = FittingDisks(disks, disk);
-    if (!disk.empty() && IsUnread(host.Journal().Queries(), cimNamespace, "Win32_DiskDrive")) {
+    const view::OsDisks all = ReadOsDisks(host);
+    const auto fitting = FittingDisks(all.disks, disk);
+    if (!disk.empty() && !all.disksAreRead) {
         throw CommandError("'" + disk + "': disks not readable");
     }
     if (!disk.empty() && fitting.empty() && answer.IsOneOfMany()) {
         return std::nullopt;
     }
-    auto [rows, explanation] = ReadExplanation(host, disks, mostJoins);
+    auto [rows, explanation] = ReadExplanation(host, all.disks, mostJoins);
     if (!disk.empty()) {
         if (fitting.size() != 1) {
-            RefuseChoice(disks, fitting, disk, answer);
+            RefuseChoice(all.disks, fitting, disk, answer);
         }
         const std::size_t place = PlaceOf(*fitting.front(), rows);
         std::erase_if(explanation.verdicts, [place](const explain::Verdict& verdict) {

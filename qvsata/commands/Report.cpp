@@ -30,7 +30,6 @@
 #include "qvsata/view/KeyWarnings.h"
 #include "qvsata/view/diff/HostDiff.h"
 #include "qvsata/view/text/Characters.h"
-#include "source/Namespaces.h"
 
 namespace qv::tool {
 namespace {
@@ -154,9 +153,8 @@ report::Host ReadHost(const service::ProviderHost& host, const Options& options,
     read.keyWarnings = read.details && read.details->explanation
                            ? read.details->explanation->keyWarnings
                            : view::KeyWarningLines(read.disks.disks);
-    const std::vector<service::SourceQuery> queries = host.Journal().Queries();
-    read.disksAreRead = !IsUnread(queries, cimNamespace, "Win32_DiskDrive");
-    std::ranges::transform(UnreadSources(queries), std::back_inserter(read.unread), UnreadSourceOf);
+    std::ranges::transform(UnreadSources(host.Journal().Queries()), std::back_inserter(read.unread),
+                           UnreadSourceOf);
     return read;
 }
 

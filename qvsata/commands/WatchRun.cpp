@@ -19,7 +19,6 @@
 #include "qvsata/view/events/EventJson.h"
 #include "qvsata/view/events/EventLine.h"
 #include "qvsata/view/events/WatchedText.h"
-#include "source/Namespaces.h"
 #include "source/Text.h"
 
 namespace qv::tool {
@@ -44,8 +43,7 @@ public:
         : host_(host), left_(most), format_(format) {
         const view::OsDisks all = ReadOsDisks(host);
         const std::vector<view::OsDisk>& disks = all.disks;
-        const bool unread = IsUnread(host.Journal().Queries(), cimNamespace, "Win32_DiskDrive");
-        WriteErrorFitted(unread ? "disks not readable\n" : view::WatchedText(disks));
+        WriteErrorFitted(all.disksAreRead ? view::WatchedText(disks) : "disks not readable\n");
         WriteErrorFitted(view::KeyWarnings(disks) + view::PredictionWarnings(all));
         disks_ = view::KnownDisksOf(disks);
     }

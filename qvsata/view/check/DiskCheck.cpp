@@ -172,7 +172,7 @@ std::string Summary(const CheckSubject& subject, const std::vector<Finding>& fin
     if (!findings.empty()) {
         parts.push_back(ListOf(findings));
     }
-    if (subject.disksAreRead) {
+    if (subject.all.disksAreRead) {
         parts.push_back(CountOf(subject.all.disks.size(), "disk"));
         if (subject.published) {
             parts.back() += ", " + std::to_string(*subject.published) + " published";
@@ -206,7 +206,7 @@ std::string ExpectedRange(std::size_t expected) {
 std::string PerformanceData(const CheckSubject& subject) {
     const std::vector<OsDisk>& disks = subject.all.disks;
     std::string data;
-    if (subject.disksAreRead) {
+    if (subject.all.disksAreRead) {
         data += Datum("disks", disks.size(), ";;0 ");
     }
     if (subject.published) {
@@ -215,7 +215,7 @@ std::string PerformanceData(const CheckSubject& subject) {
         data += ' ';
     }
     // A disk whose prediction was not read may be worse than it says.
-    if (subject.disksAreRead && subject.all.predictionsAreRead) {
+    if (subject.all.disksAreRead && subject.all.predictionsAreRead) {
         for (const Judgement& judgement : judgements) {
             const auto count = std::ranges::count(
                 disks, judgement.severity,
