@@ -10,7 +10,6 @@
 #include <utility>
 #include <vector>
 
-#include "catalogue/Classes.h"
 #include "qvsata/capture/ReplaceFile.h"
 #include "qvsata/commands/Commands.h"
 #include "qvsata/commands/Explanation.h"
@@ -67,26 +66,6 @@ void AddOnce(std::vector<std::string>& lines, const std::string& line) {
     }
 }
 
-/// Has the provider publish everything. Returns the instances of view::topologyClasses; lacks those
-/// that cannot be enumerated.
-/// @param failures takes a line for each class that cannot be enumerated
-view::PublishedHost ReadPublished(const service::Namespace& nameSpace,
-                                  std::vector<std::string>& failures) {
-    view::PublishedHost published;
-    for (const PublishedClass& one : PublishedClasses()) {
-        const service::Answer answer = nameSpace.Enumerate(one.name);
-        if (!Succeeded(answer.status)) {
-            failures.push_back(answer.message);
-        } else if (std::ranges::count(view::topologyClasses, one.name) != 0) {
-            auto& instances = published[std::string(one.name)];
-            for (const auto& object : answer.objects) {
-                instances.push_back(ReadObject(*object));
-            }
-        }
-    }
-    return published;
-}
-
 /// A published class without which a part of the topology is not seen.
 struct SeenBy {
     std::string_view className;
@@ -141,7 +120,9 @@ report::Host ReadHost(const service::ProviderHost& host, const Options& options,
     report::Host read;
     read.recording = options.host;
     read.disks = ReadOsDisks(host);
-    const view::PublishedHost published = ReadPublished(host.Published(), read.failures);
+    const view::PublishedHost published =
+        ReadInstances(host.Published(), AllPublishedClasses(),
+                      [&read](const std::string& failure) { read.failures.push_back(failure); });
     const auto& computers = view::InstancesOf(published, "QV_WinComputerSystem");
     read.name = computers.empty() ? "" : computers.front().Text("Name");
     if (isDetailed) {
