@@ -72,15 +72,9 @@ std::string WithoutBars(std::string_view text) {
 
 /// Returns a text of a device or a file as a line of the output may hold it.
 std::string Harmless(std::string_view text, std::size_t mostBytes = mostBytesOfText) {
-    constexpr unsigned char first = 0xC0;
-    constexpr unsigned char further = 0x80;
     std::string harmless = WithoutBars(Printable(text));
     if (harmless.size() > mostBytes) {
-        std::size_t end = mostBytes;
-        while ((static_cast<unsigned char>(harmless[end]) & first) == further) {
-            --end;
-        }
-        harmless.replace(end, std::string::npos, "…");
+        harmless.replace(Beginning(harmless, mostBytes).size(), std::string::npos, "…");
     }
     return harmless;
 }
