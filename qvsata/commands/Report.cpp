@@ -178,10 +178,6 @@ Machine MachineOf(const std::string& name, const std::string& recording, const O
     return machine;
 }
 
-bool HasName(const service::ComputerNames& names) {
-    return names != service::ComputerNames{".", {}, {}, {}};
-}
-
 /// Compares each recording of a computer with the next one.
 class Sequence {
 public:
@@ -190,10 +186,7 @@ public:
     /// @param failures takes a line on what failed, unless it has it
     void Add(const service::ProviderHost& host, const std::string& recording,
              std::vector<std::string>& failures) {
-        const service::ComputerNames& names = host.Recordings()->Present()->Computer();
-        names_ = names_.value_or(names);
-        // Two computers without names would be taken for one.
-        isOfOne_ = isOfOne_ && HasName(names) && *names_ == names;
+        isNamed_ = service::IsNamed(host.Recordings()->Present()->Computer());
         const std::optional<view::Snapshot> before = std::exchange(before_, std::nullopt);
         if (!last_.empty()) {
             steps_.push_back({last_, recording, std::nullopt});
@@ -209,13 +202,13 @@ public:
         }
     }
 
-    bool IsOfOneComputer() const { return isOfOne_; }
+    /// Returns whether the last recording names its computer.
+    bool IsNamed() const { return isNamed_; }
 
     std::vector<report::Step> Take() { return std::move(steps_); }
 
 private:
-    std::optional<service::ComputerNames> names_;
-    bool isOfOne_ = true;
+    bool isNamed_ = true;
     std::string last_;                      ///< the recording; empty before the first
     std::optional<view::Snapshot> before_;  ///< nothing if it could not be read
     std::vector<report::Step> steps_;
@@ -241,11 +234,9 @@ void ReadOnly(MachineRun& run, const Options& options, Reported& reported) {
             }
             WriteFailures(machine, failures);
         });
-        if (!sequence.IsOfOneComputer()) {
-            throw CommandError(
-                recording + (&recording == &recordings.front()
-                                 ? ": the recording does not name its computer"
-                                 : ": not a recording of the computer of " + recordings.front()));
+        // MachineRun refuses different names. Two computers without names would be taken for one.
+        if (!sequence.IsNamed()) {
+            throw CommandError(recording + ": the recording does not name its computer");
         }
         reported.exitCode = WorseOf(reported.exitCode, ExitCodeOf(isComplete, !failures.empty()));
     }
