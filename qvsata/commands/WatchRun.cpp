@@ -9,6 +9,7 @@
 #include "qvsata/output/Output.h"
 #include "qvsata/output/OutputJson.h"
 #include "qvsata/output/WaitingLine.h"
+#include "qvsata/service/MachineQueries.h"
 #include "qvsata/session/OsDisks.h"
 #include "qvsata/session/PublishedInstances.h"
 #include "qvsata/session/Session.h"
@@ -19,6 +20,7 @@
 #include "qvsata/view/events/EventJson.h"
 #include "qvsata/view/events/EventLine.h"
 #include "qvsata/view/events/WatchedText.h"
+#include "source/HostIdentity.h"
 #include "source/Text.h"
 
 namespace qv::tool {
@@ -34,6 +36,20 @@ bool IsAsked(const std::vector<service::SourceQuery>& queries, const service::So
     });
 }
 
+/// Returns a line for each thing that a watch cannot do because the machine has no name.
+std::string NameWarnings(const service::ProviderHost& host) {
+    const service::ComputerNames names = host.Computer().Computer();
+    const service::RecordingSequence* const recordings = host.Recordings();
+    std::string lines;
+    if (recordings != nullptr && recordings->Size() > 1 && !service::IsNamed(names)) {
+        lines += "warning: the recordings name no computer: they may be of several\n";
+    }
+    if (!HostName(service::RecordedNames(names))) {
+        lines += "warning: the computer's name cannot be read: the provider raises no events\n";
+    }
+    return lines;
+}
+
 /// Prints events up to the maximum number.
 class EventPrinter {
 public:
@@ -44,7 +60,8 @@ public:
         const view::OsDisks all = ReadOsDisks(host);
         const std::vector<view::OsDisk>& disks = all.disks;
         WriteErrorFitted(all.disksAreRead ? view::WatchedText(disks) : "disks not readable\n");
-        WriteErrorFitted(view::KeyWarnings(disks) + view::PredictionWarnings(all));
+        WriteErrorFitted(NameWarnings(host) + view::KeyWarnings(disks) +
+                         view::PredictionWarnings(all));
         disks_ = view::KnownDisksOf(disks);
     }
 

@@ -5,25 +5,22 @@
 
 #include "qvsata/output/Output.h"
 #include "qvsata/output/OutputJson.h"
+#include "qvsata/service/MachineQueries.h"
 #include "qvsata/session/ExitCodes.h"
 #include "qvsata/session/MachineRun.h"
 #include "qvsata/session/Recordings.h"
 #include "qvsata/session/Session.h"
 #include "qvsata/view/JsonValues.h"
 #include "qvsata/view/text/Characters.h"
+#include "source/HostIdentity.h"
 
 namespace qv::tool {
 namespace {
 
-/// Returns the recorded computer's name, by the order in which the provider chooses its own.
+/// Returns the recorded computer's name, as the provider chooses it; empty if it has none.
 std::string ComputerOf(const service::ProviderHost& host) {
-    const service::ComputerNames& names = host.Recordings()->Present()->Computer();
-    for (const std::string* const name : {&names.dnsFullyQualified, &names.dnsHostname}) {
-        if (!name->empty()) {
-            return *name;
-        }
-    }
-    return names.netbios;
+    const service::RecordedNames names(host.Recordings()->Present()->Computer());
+    return HostName(names).value_or("");
 }
 
 bool NamesOneFile(const std::vector<std::string>& paths) {
