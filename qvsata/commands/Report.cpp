@@ -246,14 +246,11 @@ void ReadOnly(MachineRun& run, const Options& options, Reported& reported) {
 Reported ReadHosts(const Options& options) {
     MachineRun run(options);
     Reported reported;
-    if (options.live || (options.hosts.size() == 1 && !IsFolder(options.hosts.front()))) {
+    if (options.live || NameOneRecording(options.hosts)) {
         ReadOnly(run, options, reported);
         return reported;
     }
-    std::vector<std::string> recordings;
-    for (const std::string& path : options.hosts) {
-        std::ranges::move(RecordingsIn(path), std::back_inserter(recordings));
-    }
+    const std::vector<std::string> recordings = RecordingsIn(options.hosts);
     const bool areDetailed = recordings.size() <= report::mostDetailed;
     for (const std::string& recording : recordings) {
         ReadOneOfMany(run, MachineOf(recording, recording, options), areDetailed, reported);
@@ -304,8 +301,7 @@ void AddReport(CLI::App& program) {
         "          qvsata report --host hosts -o hosts.html");
     command->callback([arguments] {
         const Options& options = arguments->options;
-        const bool isOneHost = options.hosts.size() == 1 && !IsFolder(options.hosts.front());
-        if (!options.laterHosts.empty() && !isOneHost) {
+        if (!options.laterHosts.empty() && !NameOneRecording(options.hosts)) {
             throw CLI::ValidationError("--then", "needs one recording as --host");
         }
         RunReport(*arguments);

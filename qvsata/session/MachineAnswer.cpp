@@ -23,10 +23,6 @@ std::string ComputerOf(const service::ProviderHost& host) {
     return HostName(names).value_or("");
 }
 
-bool NamesOneFile(const std::vector<std::string>& paths) {
-    return paths.size() == 1 && !IsFolder(paths.front());
-}
-
 void RunOnOne(Options options, const std::function<void(const service::ProviderHost&)>& command) {
     if (!options.live) {
         options.host = options.hosts.front();
@@ -69,17 +65,12 @@ void MachineAnswer::Warn(const std::string& lines) const {
 void RunOnRecordings(
     const Options& options,
     const std::function<void(const service::ProviderHost&, const MachineAnswer&)>& command) {
-    if (options.live || NamesOneFile(options.hosts)) {
+    if (options.live || NameOneRecording(options.hosts)) {
         return RunOnOne(options, [&](const service::ProviderHost& host) {
             command(host, MachineAnswer(host));
         });
     }
-    std::vector<std::string> recordings;
-    for (const std::string& path : options.hosts) {
-        for (std::string& recording : RecordingsIn(path)) {
-            recordings.push_back(std::move(recording));
-        }
-    }
+    const std::vector<std::string> recordings = RecordingsIn(options.hosts);
     MachineRun run(options);
     std::size_t printed = 0;
     int exitCode = 0;
