@@ -14,8 +14,6 @@
 namespace qv::tool {
 namespace {
 
-enum class DisksFormat { text, json };
-
 nlohmann::ordered_json AsJson(const view::OsDisks& all) {
     nlohmann::ordered_json array = nlohmann::ordered_json::array();
     std::ranges::transform(all.disks, std::back_inserter(array), view::OsDiskAsJson);
@@ -38,14 +36,13 @@ view::StyledText AsText(const view::OsDisks& all) {
 void AddDisks(CLI::App& program) {
     struct Arguments {
         Options options;
-        DisksFormat format = DisksFormat::text;
+        AnswerFormat format = AnswerFormat::text;
     };
     const auto arguments = std::make_shared<Arguments>();
     CLI::App* command = program.add_subcommand(
         "disks", "all disks of the operating system, published or not, and why not");
     AddFleetOptions(*command, arguments->options);
-    AddFormatOption<DisksFormat>(
-        *command, {{"text", DisksFormat::text}, {"json", DisksFormat::json}}, arguments->format);
+    AddAnswerFormat(*command, arguments->format);
     command->footer(
         "Examples: qvsata disks --host hosts/mixed-buses-failing.json\n"
         "          qvsata disks --host hosts --host hosts/drill/0-healthy.json --format json");
@@ -54,7 +51,7 @@ void AddDisks(CLI::App& program) {
         [](const service::ProviderHost& host, const Arguments& given, const MachineAnswer& answer) {
             const view::OsDisks all = ReadOsDisks(host);
             answer.Warn(view::KeyWarnings(all.disks) + view::PredictionWarnings(all));
-            if (given.format == DisksFormat::json) {
+            if (given.format == AnswerFormat::json) {
                 answer.PrintJson(AsJson(all));
             } else {
                 answer.PrintText(AsText(all));

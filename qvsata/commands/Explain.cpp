@@ -18,8 +18,6 @@
 namespace qv::tool {
 namespace {
 
-enum class ExplainFormat { text, json };
-
 std::string DiskLine(const view::OsDisk& disk) {
     return "    " + view::DiskName(disk.number, disk.model) + ", serial number " +
            view::OrDash(disk.serialNumber) + ", ID " + disk.deviceId + '\n';
@@ -112,7 +110,7 @@ void AddExplain(CLI::App& program) {
     struct Arguments {
         Options options;
         std::string disk;
-        ExplainFormat format = ExplainFormat::text;
+        AnswerFormat format = AnswerFormat::text;
     };
     const auto arguments = std::make_shared<Arguments>();
     CLI::App* command = program.add_subcommand(
@@ -121,9 +119,7 @@ void AddExplain(CLI::App& program) {
                         "a disk: its drive number, or part of its serial number, model or ID "
                         "(default: everything); of several machines, those that have one");
     AddFleetOptions(*command, arguments->options);
-    AddFormatOption<ExplainFormat>(*command,
-                                   {{"text", ExplainFormat::text}, {"json", ExplainFormat::json}},
-                                   arguments->format);
+    AddAnswerFormat(*command, arguments->format);
     command->footer(
         "Examples: qvsata explain 1 --host hosts/mixed-buses-failing.json\n"
         "          qvsata explain --host hosts --format json");
@@ -135,7 +131,7 @@ void AddExplain(CLI::App& program) {
             if (!explanation) {
                 return;
             }
-            if (given.format == ExplainFormat::json) {
+            if (given.format == AnswerFormat::json) {
                 answer.PrintJson(explain::ExplanationAsJson(*explanation));
             } else {
                 answer.PrintText(explain::ExplanationAsText(*explanation));

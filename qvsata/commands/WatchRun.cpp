@@ -55,7 +55,7 @@ class EventPrinter {
 public:
     /// Prints on standard error what is watched.
     EventPrinter(const service::ProviderHost& host, std::optional<std::size_t> most,
-                 EventFormat format)
+                 AnswerFormat format)
         : host_(host), left_(most), format_(format) {
         const view::OsDisks all = ReadOsDisks(host);
         const std::vector<view::OsDisk>& disks = all.disks;
@@ -88,7 +88,7 @@ public:
 private:
     void PrintOne(const service::Object& indication, const view::KnownDisks& now) const {
         const view::DiskEvent event = view::DescribeEvent(ReadObject(indication), disks_, now);
-        if (format_ == EventFormat::text) {
+        if (format_ == AnswerFormat::text) {
             return tool::Print(view::EventLine(event, ColumnsOf(Stream::output)));
         }
         nlohmann::ordered_json members = ObjectAsJson(indication);
@@ -105,13 +105,13 @@ private:
 
     const service::ProviderHost& host_;
     std::optional<std::size_t> left_;
-    EventFormat format_;
+    AnswerFormat format_;
     view::KnownDisks disks_;  ///< as they were when events were printed last
 };
 
 class Watch {
 public:
-    Watch(const service::ProviderHost& host, const WatchLimits& limits, EventFormat format)
+    Watch(const service::ProviderHost& host, const WatchLimits& limits, AnswerFormat format)
         : host_(host), printer_(host, limits.events, format), feed_(Subscribed(host)) {
         if (limits.time) {
             end_ = Clock::now() + *limits.time;
@@ -233,7 +233,7 @@ private:
 
 }  // namespace
 
-void RunWatch(const service::ProviderHost& host, const WatchLimits& limits, EventFormat format) {
+void RunWatch(const service::ProviderHost& host, const WatchLimits& limits, AnswerFormat format) {
     Watch(host, limits, format).Run();
 }
 
