@@ -6,15 +6,14 @@
 
 #include "qvsata/commands/Commands.h"
 #include "qvsata/output/Output.h"
+#include "qvsata/session/HostTopology.h"
 #include "qvsata/session/MachineRun.h"
 #include "qvsata/session/Options.h"
 #include "qvsata/session/OsDisks.h"
 #include "qvsata/session/PublishedInstances.h"
 #include "qvsata/session/SourceReport.h"
 #include "qvsata/session/SourceUses.h"
-#include "qvsata/view/Topology.h"
 #include "qvsata/view/check/DiskCheck.h"
-#include "source/Namespaces.h"
 
 namespace qv::tool {
 namespace {
@@ -26,20 +25,17 @@ view::CheckSubject LookAtDisks(const service::ProviderHost& host) {
     view::CheckSubject subject{ReadOsDisks(host)};
     try {
         const view::PublishedHost published = ReadInstances(host.Published(), checkedClasses);
-        subject.published = view::InstancesOf(published, checkedClasses.front()).size();
-        subject.consolidated = view::BuildTopology(published).collection;
+        const view::Topology topology = ReadTopology(host, published, subject.all);
+        if (topology.sight.disks) {
+            subject.published = view::InstancesOf(published, checkedClasses.front()).size();
+            subject.consolidated = topology.collection;
+        }
         // A source without a part in the disks' health may tell of lost rights.
         QuerySources(host);
     } catch (const CommandError& error) {
         subject.unread.push_back({"published instances", error.what()});
     }
-    const std::vector<service::SourceQuery> queries = host.Journal().Queries();
-    if (IsUnread(queries, cimNamespace, "Win32_DiskDrive")) {
-        subject.disksAreRead = false;
-        subject.published.reset();
-        subject.consolidated.reset();
-    }
-    for (const service::SourceQuery& query : UnreadSources(queries)) {
+    for (const service::SourceQuery& query : UnreadSources(host.Journal().Queries())) {
         subject.unread.push_back(
             {query.className.empty() ? query.nameSpace : query.className, SourceLine(query)});
     }

@@ -19,12 +19,10 @@
 namespace qv::tool {
 namespace {
 
-enum class DiffFormat { text, json };
-
 struct DiffArguments {
     std::vector<std::string> recordings;
     Options options;
-    DiffFormat format = DiffFormat::text;
+    AnswerFormat format = AnswerFormat::text;
 };
 
 using Pair = std::array<Machine, 2>;
@@ -76,7 +74,7 @@ int Compare(MachineRun& run, const Pair& machines, const DiffArguments& given, b
         return incomplete;
     }
     const view::HostDiff diff = view::CompareHosts(snapshots.front(), snapshots.back());
-    if (given.format == DiffFormat::json) {
+    if (given.format == AnswerFormat::json) {
         const nlohmann::ordered_json content = view::DiffAsJson(diff);
         Print(isOneOfMany ? DocumentLine(content) : DocumentText(content));
     } else {
@@ -130,8 +128,7 @@ void AddDiff(CLI::App& program) {
     command->add_flag("--live", arguments->options.live,
                       "this machine's own management service in place of the second recording");
     AddProviderOptions(*command, arguments->options);
-    AddFormatOption<DiffFormat>(*command, {{"text", DiffFormat::text}, {"json", DiffFormat::json}},
-                                arguments->format);
+    AddAnswerFormat(*command, arguments->format);
     command->parse_complete_callback([arguments] {
         constexpr std::size_t sides = 2;
         if (arguments->recordings.size() + (arguments->options.live ? 1 : 0) != sides) {

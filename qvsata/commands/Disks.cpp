@@ -6,17 +6,13 @@
 #include "qvsata/session/MachineAnswer.h"
 #include "qvsata/session/Options.h"
 #include "qvsata/session/OsDisks.h"
-#include "qvsata/session/SourceReport.h"
 #include "qvsata/system/Console.h"
 #include "qvsata/view/DiskTable.h"
 #include "qvsata/view/KeyWarnings.h"
 #include "qvsata/view/OsDiskJson.h"
-#include "source/Namespaces.h"
 
 namespace qv::tool {
 namespace {
-
-enum class DisksFormat { text, json };
 
 nlohmann::ordered_json AsJson(const view::OsDisks& all) {
     nlohmann::ordered_json array = nlohmann::ordered_json::array();
@@ -24,7 +20,7 @@ nlohmann::ordered_json AsJson(const view::OsDisks& all) {
     return {{"disks", array}, {"failingOthers", all.failingOthers}};
 }
 
-view::StyledText AsText(const service::ProviderHost& host, const view::OsDisks& all) {
+view::StyledText AsText(const view::OsDisks& all) {
     if (!all.disks.empty()) {
         view::StyledText text = view::DisksAsText(all.disks, ColumnsOf(Stream::output));
         if (!all.predictionsAreRead) {
@@ -32,8 +28,7 @@ view::StyledText AsText(const service::ProviderHost& host, const view::OsDisks& 
         }
         return text;
     }
-    const bool unread = IsUnread(host.Journal().Queries(), cimNamespace, "Win32_DiskDrive");
-    return {{unread ? "disks not readable\n" : "no disks\n"}};
+    return {{all.disksAreRead ? "no disks\n" : "disks not readable\n"}};
 }
 
 }  // namespace
@@ -41,14 +36,13 @@ view::StyledText AsText(const service::ProviderHost& host, const view::OsDisks& 
 void AddDisks(CLI::App& program) {
     struct Arguments {
         Options options;
-        DisksFormat format = DisksFormat::text;
+        AnswerFormat format = AnswerFormat::text;
     };
     const auto arguments = std::make_shared<Arguments>();
     CLI::App* command = program.add_subcommand(
         "disks", "all disks of the operating system, published or not, and why not");
     AddFleetOptions(*command, arguments->options);
-    AddFormatOption<DisksFormat>(
-        *command, {{"text", DisksFormat::text}, {"json", DisksFormat::json}}, arguments->format);
+    AddAnswerFormat(*command, arguments->format);
     command->footer(
         "Examples: qvsata disks --host hosts/mixed-buses-failing.json\n"
         "          qvsata disks --host hosts --host hosts/drill/0-healthy.json --format json");
@@ -57,10 +51,10 @@ void AddDisks(CLI::App& program) {
         [](const service::ProviderHost& host, const Arguments& given, const MachineAnswer& answer) {
             const view::OsDisks all = ReadOsDisks(host);
             answer.Warn(view::KeyWarnings(all.disks) + view::PredictionWarnings(all));
-            if (given.format == DisksFormat::json) {
+            if (given.format == AnswerFormat::json) {
                 answer.PrintJson(AsJson(all));
             } else {
-                answer.PrintText(AsText(host, all));
+                answer.PrintText(AsText(all));
             }
         });
 }

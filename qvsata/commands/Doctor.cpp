@@ -26,8 +26,6 @@ namespace {
 using doctor::Facts;
 using doctor::Unknown;
 
-enum class DoctorFormat { text, json };
-
 /// Returns the bytes of the namespace's security descriptor.
 std::string SecurityOf(const service::Services& nameSpace) {
     std::string bytes;
@@ -105,7 +103,7 @@ void AskService(Facts& facts, const std::shared_ptr<const service::PublishedClas
     }
 }
 
-void Examine(const std::string& mofFolder, DoctorFormat format) {
+void Examine(const std::string& mofFolder, AnswerFormat format) {
     std::optional<Facts> facts = doctor::ReadMachine();
     if (!facts) {
         throw CommandError("doctor needs Windows; this program replays recordings");
@@ -114,7 +112,7 @@ void Examine(const std::string& mofFolder, DoctorFormat format) {
     AskService(*facts,
                doctor::ReadShipped(mofFolder.empty() ? ProgramFolder() : FromUtf8(mofFolder)));
     const std::vector<doctor::Link> links = doctor::JudgeLinks(*facts);
-    if (format == DoctorFormat::json) {
+    if (format == AnswerFormat::json) {
         Print(DocumentText(doctor::LinksAsJson(links)));
     } else {
         PrintFitted(doctor::LinksAsText(links));
@@ -130,7 +128,7 @@ void Examine(const std::string& mofFolder, DoctorFormat format) {
 void AddDoctor(CLI::App& program) {
     struct Arguments {
         std::string mofFolder;
-        DoctorFormat format = DoctorFormat::text;
+        AnswerFormat format = AnswerFormat::text;
     };
     const auto arguments = std::make_shared<Arguments>();
     CLI::App* command = program.add_subcommand(
@@ -139,8 +137,7 @@ void AddDoctor(CLI::App& program) {
         ->add_option("--mof", arguments->mofFolder,
                      "folder of the class definitions (default: beside this program)")
         ->type_name("DIR");
-    AddFormatOption<DoctorFormat>(
-        *command, {{"text", DoctorFormat::text}, {"json", DoctorFormat::json}}, arguments->format);
+    AddAnswerFormat(*command, arguments->format);
     command->footer(
         "Exit code: 0 all is well, 3 something could not be checked, 4 something is wrong.\n"
         "Needs Windows; an administrator sees more.\n"

@@ -10,17 +10,13 @@
 #include "qvsata/session/MachineAnswer.h"
 #include "qvsata/session/Options.h"
 #include "qvsata/session/OsDisks.h"
-#include "qvsata/session/SourceReport.h"
 #include "qvsata/view/SerialNumber.h"
 #include "qvsata/view/text/Characters.h"
 #include "qvsata/view/text/Columns.h"
-#include "source/Namespaces.h"
 #include "source/Text.h"
 
 namespace qv::tool {
 namespace {
-
-enum class ExplainFormat { text, json };
 
 std::string DiskLine(const view::OsDisk& disk) {
     return "    " + view::DiskName(disk.number, disk.model) + ", serial number " +
@@ -87,18 +83,18 @@ std::vector<const view::OsDisk*> FittingDisks(const std::vector<view::OsDisk>& d
 std::optional<explain::Explanation> ExplainHost(const service::ProviderHost& host,
                                                 const std::string& disk, std::size_t mostJoins,
                                                 const MachineAnswer& answer) {
-    const std::vector<view::OsDisk> disks = ReadOsDisks(host).disks;
-    const auto fitting = FittingDisks(disks, disk);
-    if (!disk.empty() && IsUnread(host.Journal().Queries(), cimNamespace, "Win32_DiskDrive")) {
+    const view::OsDisks all = ReadOsDisks(host);
+    const auto fitting = FittingDisks(all.disks, disk);
+    if (!disk.empty() && !all.disksAreRead) {
         throw CommandError("'" + disk + "': disks not readable");
     }
     if (!disk.empty() && fitting.empty() && answer.IsOneOfMany()) {
         return std::nullopt;
     }
-    auto [rows, explanation] = ReadExplanation(host, disks, mostJoins);
+    auto [rows, explanation] = ReadExplanation(host, all.disks, mostJoins);
     if (!disk.empty()) {
         if (fitting.size() != 1) {
-            RefuseChoice(disks, fitting, disk, answer);
+            RefuseChoice(all.disks, fitting, disk, answer);
         }
         const std::size_t place = PlaceOf(*fitting.front(), rows);
         std::erase_if(explanation.verdicts, [place](const explain::Verdict& verdict) {
@@ -114,7 +110,7 @@ void AddExplain(CLI::App& program) {
     struct Arguments {
         Options options;
         std::string disk;
-        ExplainFormat format = ExplainFormat::text;
+        AnswerFormat format = AnswerFormat::text;
     };
     const auto arguments = std::make_shared<Arguments>();
     CLI::App* command = program.add_subcommand(
@@ -123,9 +119,7 @@ void AddExplain(CLI::App& program) {
                         "a disk: its drive number, or part of its serial number, model or ID "
                         "(default: everything); of several machines, those that have one");
     AddFleetOptions(*command, arguments->options);
-    AddFormatOption<ExplainFormat>(*command,
-                                   {{"text", ExplainFormat::text}, {"json", ExplainFormat::json}},
-                                   arguments->format);
+    AddAnswerFormat(*command, arguments->format);
     command->footer(
         "Examples: qvsata explain 1 --host hosts/mixed-buses-failing.json\n"
         "          qvsata explain --host hosts --format json");
@@ -137,7 +131,7 @@ void AddExplain(CLI::App& program) {
             if (!explanation) {
                 return;
             }
-            if (given.format == ExplainFormat::json) {
+            if (given.format == AnswerFormat::json) {
                 answer.PrintJson(explain::ExplanationAsJson(*explanation));
             } else {
                 answer.PrintText(explain::ExplanationAsText(*explanation));

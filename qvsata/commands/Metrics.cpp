@@ -9,15 +9,13 @@
 #include "qvsata/commands/Commands.h"
 #include "qvsata/metrics/MachineFamilies.h"
 #include "qvsata/output/Output.h"
+#include "qvsata/session/HostTopology.h"
 #include "qvsata/session/Options.h"
 #include "qvsata/session/OsDisks.h"
 #include "qvsata/session/PublishedInstances.h"
 #include "qvsata/session/Recordings.h"
 #include "qvsata/session/Session.h"
-#include "qvsata/session/SourceReport.h"
 #include "qvsata/session/SourceUses.h"
-#include "qvsata/view/Topology.h"
-#include "source/Namespaces.h"
 
 namespace qv::tool {
 namespace {
@@ -51,10 +49,12 @@ std::optional<std::chrono::sys_seconds> ChangeOf(const Options& options) {
 
 void ReadPublished(const service::ProviderHost& host, metrics::Machine& machine) {
     const view::PublishedHost published = ReadInstances(host.Published(), summaryClasses);
-    const view::Topology summary = view::BuildTopology(published);
+    const view::Topology summary = ReadTopology(host, published, machine.disks);
     machine.computer = summary.computer;
-    machine.collection = summary.collection;
-    machine.published = view::InstancesOf(published, summaryClasses.back()).size();
+    if (summary.sight.disks) {
+        machine.collection = summary.collection;
+        machine.published = view::InstancesOf(published, summaryClasses.back()).size();
+    }
 }
 
 /// What is known of a machine, and why not more.
@@ -81,11 +81,6 @@ Seen Look(const service::ProviderHost& host) {
     Attempt(seen.failure, [&] { ReadPublished(host, machine); });
     Attempt(seen.failure, [&] { QuerySources(host); });
     machine.sources = Queried(SourceUsesOf(host));
-    machine.disksAreRead = !IsUnread(host.Journal().Queries(), cimNamespace, "Win32_DiskDrive");
-    if (!machine.disksAreRead) {
-        machine.collection.reset();
-        machine.published.reset();
-    }
     return seen;
 }
 

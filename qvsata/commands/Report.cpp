@@ -10,7 +10,6 @@
 #include <utility>
 #include <vector>
 
-#include "catalogue/Classes.h"
 #include "qvsata/capture/ReplaceFile.h"
 #include "qvsata/commands/Commands.h"
 #include "qvsata/commands/Explanation.h"
@@ -30,7 +29,6 @@
 #include "qvsata/view/KeyWarnings.h"
 #include "qvsata/view/diff/HostDiff.h"
 #include "qvsata/view/text/Characters.h"
-#include "source/Namespaces.h"
 
 namespace qv::tool {
 namespace {
@@ -66,26 +64,6 @@ void AddOnce(std::vector<std::string>& lines, const std::string& line) {
     if (std::ranges::count(lines, line) == 0) {
         lines.push_back(line);
     }
-}
-
-/// Has the provider publish everything. Returns the instances of view::topologyClasses; lacks those
-/// that cannot be enumerated.
-/// @param failures takes a line for each class that cannot be enumerated
-view::PublishedHost ReadPublished(const service::Namespace& nameSpace,
-                                  std::vector<std::string>& failures) {
-    view::PublishedHost published;
-    for (const PublishedClass& one : PublishedClasses()) {
-        const service::Answer answer = nameSpace.Enumerate(one.name);
-        if (!Succeeded(answer.status)) {
-            failures.push_back(answer.message);
-        } else if (std::ranges::count(view::topologyClasses, one.name) != 0) {
-            auto& instances = published[std::string(one.name)];
-            for (const auto& object : answer.objects) {
-                instances.push_back(ReadObject(*object));
-            }
-        }
-    }
-    return published;
 }
 
 /// A published class without which a part of the topology is not seen.
@@ -142,7 +120,9 @@ report::Host ReadHost(const service::ProviderHost& host, const Options& options,
     report::Host read;
     read.recording = options.host;
     read.disks = ReadOsDisks(host);
-    const view::PublishedHost published = ReadPublished(host.Published(), read.failures);
+    const view::PublishedHost published =
+        ReadInstances(host.Published(), AllPublishedClasses(),
+                      [&read](const std::string& failure) { read.failures.push_back(failure); });
     const auto& computers = view::InstancesOf(published, "QV_WinComputerSystem");
     read.name = computers.empty() ? "" : computers.front().Text("Name");
     if (isDetailed) {
@@ -154,9 +134,8 @@ report::Host ReadHost(const service::ProviderHost& host, const Options& options,
     read.keyWarnings = read.details && read.details->explanation
                            ? read.details->explanation->keyWarnings
                            : view::KeyWarningLines(read.disks.disks);
-    const std::vector<service::SourceQuery> queries = host.Journal().Queries();
-    read.disksAreRead = !IsUnread(queries, cimNamespace, "Win32_DiskDrive");
-    std::ranges::transform(UnreadSources(queries), std::back_inserter(read.unread), UnreadSourceOf);
+    std::ranges::transform(UnreadSources(host.Journal().Queries()), std::back_inserter(read.unread),
+                           UnreadSourceOf);
     return read;
 }
 
@@ -199,10 +178,6 @@ Machine MachineOf(const std::string& name, const std::string& recording, const O
     return machine;
 }
 
-bool HasName(const service::ComputerNames& names) {
-    return names != service::ComputerNames{".", {}, {}, {}};
-}
-
 /// Compares each recording of a computer with the next one.
 class Sequence {
 public:
@@ -211,10 +186,7 @@ public:
     /// @param failures takes a line on what failed, unless it has it
     void Add(const service::ProviderHost& host, const std::string& recording,
              std::vector<std::string>& failures) {
-        const service::ComputerNames& names = host.Recordings()->Present()->Computer();
-        names_ = names_.value_or(names);
-        // Two computers without names would be taken for one.
-        isOfOne_ = isOfOne_ && HasName(names) && *names_ == names;
+        isNamed_ = service::IsNamed(host.Recordings()->Present()->Computer());
         const std::optional<view::Snapshot> before = std::exchange(before_, std::nullopt);
         if (!last_.empty()) {
             steps_.push_back({last_, recording, std::nullopt});
@@ -230,13 +202,13 @@ public:
         }
     }
 
-    bool IsOfOneComputer() const { return isOfOne_; }
+    /// Returns whether the last recording names its computer.
+    bool IsNamed() const { return isNamed_; }
 
     std::vector<report::Step> Take() { return std::move(steps_); }
 
 private:
-    std::optional<service::ComputerNames> names_;
-    bool isOfOne_ = true;
+    bool isNamed_ = true;
     std::string last_;                      ///< the recording; empty before the first
     std::optional<view::Snapshot> before_;  ///< nothing if it could not be read
     std::vector<report::Step> steps_;
@@ -262,11 +234,9 @@ void ReadOnly(MachineRun& run, const Options& options, Reported& reported) {
             }
             WriteFailures(machine, failures);
         });
-        if (!sequence.IsOfOneComputer()) {
-            throw CommandError(
-                recording + (&recording == &recordings.front()
-                                 ? ": the recording does not name its computer"
-                                 : ": not a recording of the computer of " + recordings.front()));
+        // MachineRun refuses different names. Two computers without names would be taken for one.
+        if (!sequence.IsNamed()) {
+            throw CommandError(recording + ": the recording does not name its computer");
         }
         reported.exitCode = WorseOf(reported.exitCode, ExitCodeOf(isComplete, !failures.empty()));
     }
@@ -276,14 +246,11 @@ void ReadOnly(MachineRun& run, const Options& options, Reported& reported) {
 Reported ReadHosts(const Options& options) {
     MachineRun run(options);
     Reported reported;
-    if (options.live || (options.hosts.size() == 1 && !IsFolder(options.hosts.front()))) {
+    if (options.live || NameOneRecording(options.hosts)) {
         ReadOnly(run, options, reported);
         return reported;
     }
-    std::vector<std::string> recordings;
-    for (const std::string& path : options.hosts) {
-        std::ranges::move(RecordingsIn(path), std::back_inserter(recordings));
-    }
+    const std::vector<std::string> recordings = RecordingsIn(options.hosts);
     const bool areDetailed = recordings.size() <= report::mostDetailed;
     for (const std::string& recording : recordings) {
         ReadOneOfMany(run, MachineOf(recording, recording, options), areDetailed, reported);
@@ -334,8 +301,7 @@ void AddReport(CLI::App& program) {
         "          qvsata report --host hosts -o hosts.html");
     command->callback([arguments] {
         const Options& options = arguments->options;
-        const bool isOneHost = options.hosts.size() == 1 && !IsFolder(options.hosts.front());
-        if (!options.laterHosts.empty() && !isOneHost) {
+        if (!options.laterHosts.empty() && !NameOneRecording(options.hosts)) {
             throw CLI::ValidationError("--then", "needs one recording as --host");
         }
         RunReport(*arguments);

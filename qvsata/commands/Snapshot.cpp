@@ -33,9 +33,8 @@ constexpr std::array memberSources{
 
 void ReadDisks(const service::ProviderHost& host, view::Snapshot& snapshot) {
     const std::size_t begin = host.Journal().Size();
-    snapshot.disks = ReadOsDisks(host).disks;
+    snapshot.disks = ReadOsDisks(host);
     const std::vector<service::SourceQuery> queries = host.Journal().Queries(begin);
-    snapshot.disksAreRead = !IsUnread(queries, cimNamespace, "Win32_DiskDrive");
     for (const MemberSource& source : memberSources) {
         if (!IsUnread(queries, source.nameSpace, source.className)) {
             continue;

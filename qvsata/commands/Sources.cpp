@@ -15,8 +15,6 @@ namespace {
 
 using view::Style;
 
-enum class SourcesFormat { text, json };
-
 view::StyledText AsText(const std::vector<SourceUse>& uses) {
     constexpr std::size_t inTitle = 2;
     view::TextTable table{
@@ -75,15 +73,13 @@ nlohmann::ordered_json AsJson(const std::vector<SourceUse>& uses) {
 void AddSources(CLI::App& program) {
     struct Arguments {
         Options options;
-        SourcesFormat format = SourcesFormat::text;
+        AnswerFormat format = AnswerFormat::text;
     };
     const auto arguments = std::make_shared<Arguments>();
     CLI::App* command = program.add_subcommand(
         "sources", "what the provider reads of the machine, and what is lost when it cannot");
     AddFleetOptions(*command, arguments->options);
-    AddFormatOption<SourcesFormat>(*command,
-                                   {{"text", SourcesFormat::text}, {"json", SourcesFormat::json}},
-                                   arguments->format);
+    AddAnswerFormat(*command, arguments->format);
     command->footer(
         "Examples: qvsata sources --host hosts/ahci-desktop.json\n"
         "          qvsata sources --host hosts/drill");
@@ -91,7 +87,7 @@ void AddSources(CLI::App& program) {
         *command, arguments,
         [](const service::ProviderHost& host, const Arguments& given, const MachineAnswer& answer) {
             const std::vector<SourceUse> uses = ReadSourceUses(host);
-            if (given.format == SourcesFormat::json) {
+            if (given.format == AnswerFormat::json) {
                 answer.PrintJson(AsJson(uses));
             } else {
                 answer.PrintText(AsText(uses));

@@ -1,7 +1,6 @@
 #include <algorithm>
 #include <memory>
 
-#include "catalogue/Classes.h"
 #include "qvsata/commands/Commands.h"
 #include "qvsata/output/Output.h"
 #include "qvsata/output/OutputJson.h"
@@ -25,15 +24,9 @@ namespace {
 
 enum class View { tree, json, graph };
 
-std::vector<std::string_view> AllClasses() {
-    std::vector<std::string_view> classes;
-    std::ranges::transform(PublishedClasses(), std::back_inserter(classes), &PublishedClass::name);
-    return classes;
-}
-
 std::string GraphOfAll(const view::PublishedHost& published) {
     std::vector<view::PublishedObject> objects;
-    for (const std::string_view className : AllClasses()) {
+    for (const std::string_view className : AllPublishedClasses()) {
         std::ranges::copy(view::InstancesOf(published, className), std::back_inserter(objects));
     }
     return view::AssociationGraph(objects);
@@ -63,7 +56,7 @@ void PrintTopology(const service::ProviderHost& host, const view::PublishedHost&
 /// Returns whether the answer is complete but for sources that could not be read.
 bool Answer(const service::ProviderHost& host, View view, bool all) {
     const view::PublishedHost published =
-        all ? ReadInstances(host.Published(), AllClasses())
+        all ? ReadInstances(host.Published(), AllPublishedClasses())
             : ReadInstances(host.Published(), view::topologyClasses);
     if (all) {
         Print(GraphOfAll(published));

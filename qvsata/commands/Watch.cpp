@@ -13,7 +13,7 @@ void AddWatch(CLI::App& program) {
         unsigned count = 0;
         unsigned seconds = 0;
         bool realTime = false;
-        EventFormat format = EventFormat::text;
+        AnswerFormat format = AnswerFormat::text;
     };
     const auto arguments = std::make_shared<Arguments>();
     CLI::App* command = program.add_subcommand(
@@ -27,8 +27,7 @@ void AddWatch(CLI::App& program) {
                "SECONDS");
     command->add_flag("--real-time", arguments->realTime,
                       "a replay waits as long as the provider does, and goes on after its end");
-    AddFormatOption<EventFormat>(
-        *command, {{"text", EventFormat::text}, {"json", EventFormat::json}}, arguments->format);
+    AddAnswerFormat(*command, arguments->format);
     command->footer(
         "The provider polls the disks every 30 seconds. A replay polls each recording once.\n"
         "Example: qvsata watch --host hosts/drill/0-healthy.json --then "

@@ -9,6 +9,7 @@
 #include "qvsata/output/Output.h"
 #include "qvsata/output/OutputJson.h"
 #include "qvsata/output/WaitingLine.h"
+#include "qvsata/service/MachineQueries.h"
 #include "qvsata/session/OsDisks.h"
 #include "qvsata/session/PublishedInstances.h"
 #include "qvsata/session/Session.h"
@@ -19,7 +20,7 @@
 #include "qvsata/view/events/EventJson.h"
 #include "qvsata/view/events/EventLine.h"
 #include "qvsata/view/events/WatchedText.h"
-#include "source/Namespaces.h"
+#include "source/HostIdentity.h"
 #include "source/Text.h"
 
 namespace qv::tool {
@@ -35,18 +36,32 @@ bool IsAsked(const std::vector<service::SourceQuery>& queries, const service::So
     });
 }
 
+/// Returns a line for each thing that a watch cannot do because the machine has no name.
+std::string NameWarnings(const service::ProviderHost& host) {
+    const service::ComputerNames names = host.Computer().Computer();
+    const service::RecordingSequence* const recordings = host.Recordings();
+    std::string lines;
+    if (recordings != nullptr && recordings->Size() > 1 && !service::IsNamed(names)) {
+        lines += "warning: the recordings name no computer: they may be of several\n";
+    }
+    if (!HostName(service::RecordedNames(names))) {
+        lines += "warning: the computer's name cannot be read: the provider raises no events\n";
+    }
+    return lines;
+}
+
 /// Prints events up to the maximum number.
 class EventPrinter {
 public:
     /// Prints on standard error what is watched.
     EventPrinter(const service::ProviderHost& host, std::optional<std::size_t> most,
-                 EventFormat format)
+                 AnswerFormat format)
         : host_(host), left_(most), format_(format) {
         const view::OsDisks all = ReadOsDisks(host);
         const std::vector<view::OsDisk>& disks = all.disks;
-        const bool unread = IsUnread(host.Journal().Queries(), cimNamespace, "Win32_DiskDrive");
-        WriteErrorFitted(unread ? "disks not readable\n" : view::WatchedText(disks));
-        WriteErrorFitted(view::KeyWarnings(disks) + view::PredictionWarnings(all));
+        WriteErrorFitted(all.disksAreRead ? view::WatchedText(disks) : "disks not readable\n");
+        WriteErrorFitted(NameWarnings(host) + view::KeyWarnings(disks) +
+                         view::PredictionWarnings(all));
         disks_ = view::KnownDisksOf(disks);
     }
 
@@ -73,7 +88,7 @@ public:
 private:
     void PrintOne(const service::Object& indication, const view::KnownDisks& now) const {
         const view::DiskEvent event = view::DescribeEvent(ReadObject(indication), disks_, now);
-        if (format_ == EventFormat::text) {
+        if (format_ == AnswerFormat::text) {
             return tool::Print(view::EventLine(event, ColumnsOf(Stream::output)));
         }
         nlohmann::ordered_json members = ObjectAsJson(indication);
@@ -90,13 +105,13 @@ private:
 
     const service::ProviderHost& host_;
     std::optional<std::size_t> left_;
-    EventFormat format_;
+    AnswerFormat format_;
     view::KnownDisks disks_;  ///< as they were when events were printed last
 };
 
 class Watch {
 public:
-    Watch(const service::ProviderHost& host, const WatchLimits& limits, EventFormat format)
+    Watch(const service::ProviderHost& host, const WatchLimits& limits, AnswerFormat format)
         : host_(host), printer_(host, limits.events, format), feed_(Subscribed(host)) {
         if (limits.time) {
             end_ = Clock::now() + *limits.time;
@@ -218,7 +233,7 @@ private:
 
 }  // namespace
 
-void RunWatch(const service::ProviderHost& host, const WatchLimits& limits, EventFormat format) {
+void RunWatch(const service::ProviderHost& host, const WatchLimits& limits, AnswerFormat format) {
     Watch(host, limits, format).Run();
 }
 

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <optional>
 
+#include "qvsata/output/Format.h"
 #include "qvsata/service/ProviderHost.h"
 
 namespace qv::tool {
@@ -17,14 +18,10 @@ struct WatchLimits {
     bool realTime = false;
 };
 
-/// The form of an event: a readable line, or a JSON document in one line, with the indication in
-/// it.
-enum class EventFormat { text, json };
-
 /// Says on standard error which disks are watched, subscribes to the provider's events and prints
-/// each. The events of a monitor cycle are printed
-/// when the cycle is over; then the host's next recording, if any, is selected. Throws CommandError
-/// if the subscription fails or standard output cannot be written.
-void RunWatch(const service::ProviderHost& host, const WatchLimits& limits, EventFormat format);
+/// each: a readable line, or a JSON document in one line, with the indication in it. The events of
+/// a monitor cycle are printed when the cycle is over; then the host's next recording, if any, is
+/// selected. Throws CommandError if the subscription fails or standard output cannot be written.
+void RunWatch(const service::ProviderHost& host, const WatchLimits& limits, AnswerFormat format);
 
 }  // namespace qv::tool

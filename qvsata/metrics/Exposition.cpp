@@ -12,17 +12,11 @@ namespace {
 std::string Bounded(std::string text) {
     constexpr std::size_t mostBytes = 128;
     constexpr std::string_view mark = "…";
-    if (text.size() <= mostBytes) {
-        return text;
+    if (text.size() > mostBytes) {
+        const std::size_t kept = view::Beginning(text, mostBytes - mark.size()).size();
+        text.replace(kept, std::string::npos, mark);
     }
-    const auto isInside = [&text](std::size_t place) {
-        return (static_cast<unsigned char>(text[place]) & 0xC0U) == 0x80U;
-    };
-    std::size_t length = mostBytes - mark.size();
-    while (isInside(length)) {
-        --length;
-    }
-    return text.substr(0, length).append(mark);
+    return text;
 }
 
 /// Returns a label's value as it stands between the quotes. A line feed is a code already.

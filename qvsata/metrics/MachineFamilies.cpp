@@ -121,16 +121,16 @@ void AddCounts(std::vector<Family>& families, const Machine& machine) {
     };
     families.push_back(Single("qvsata_disks",
                               "Disks of the operating system; absent if they could not be read.",
-                              ifRead(machine.disksAreRead, disks.size())));
+                              ifRead(machine.disks.disksAreRead, disks.size())));
     families.push_back(Single("qvsata_disks_published",
                               "Disks that the provider publishes; absent if that is not known.",
                               machine.published));
     families.push_back(Single("qvsata_disks_expected",
                               "Published disks that the machine should have (--expect).",
                               machine.expectedDisks));
-    families.push_back(
-        Single("qvsata_disks_omitted", "Disks without series of their own, because they are many.",
-               ifRead(machine.disksAreRead, disks.size() - std::min(disks.size(), mostDisks))));
+    families.push_back(Single(
+        "qvsata_disks_omitted", "Disks without series of their own, because they are many.",
+        ifRead(machine.disks.disksAreRead, disks.size() - std::min(disks.size(), mostDisks))));
     families.push_back(Single(
         "qvsata_unknown_devices_failing",
         "Devices that are predicted to fail and are none of the disks; absent if the predictions "

@@ -28,7 +28,6 @@ struct Machine {
     std::string computer;  ///< empty if the computer's name cannot be read
     std::vector<Source> sources;
     view::OsDisks disks;
-    bool disksAreRead = true;                 ///< false: there may be other disks
     std::optional<std::size_t> published{};   ///< how many are published, if known
     std::optional<view::Health> collection;   ///< the published consolidated status, if any
     std::optional<unsigned> expectedDisks{};  ///< of the published disks

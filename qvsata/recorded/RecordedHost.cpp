@@ -15,6 +15,10 @@ RecordedHost::RecordedHost(ComputerNames computer, std::string description, Reco
     }
 }
 
+bool IsNamed(const ComputerNames& computer) {
+    return computer != RecordedHost().Computer();
+}
+
 const RecordedNamespace* RecordedHost::FindNamespace(std::string_view nameSpace) const {
     return FindNamed(namespaces_, byName_, NormalNamespace(nameSpace));
 }

@@ -20,6 +20,9 @@ struct ComputerNames {
     bool operator==(const ComputerNames&) const = default;
 };
 
+/// Returns whether a recording names its computer. Nothing tells computers without names apart.
+bool IsNamed(const ComputerNames& computer);
+
 /// The recorded computer's system. What was not recorded is empty or 0.
 struct RecordedSystem {
     std::string osVersion;  ///< "10.0.19045"

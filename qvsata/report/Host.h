@@ -50,7 +50,6 @@ struct Host {
     std::string recording;  ///< empty for the machine itself
     std::string failure;    ///< why nothing else is known; empty otherwise
     view::OsDisks disks;
-    bool disksAreRead = true;
     std::vector<std::string> keyWarnings;
     std::vector<UnreadSource> unread;
     std::vector<std::string> failures;  ///< lines on what the provider failed to do

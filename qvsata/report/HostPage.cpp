@@ -121,9 +121,8 @@ private:
 void WriteDisks(Html& html, const Place& place, const Host& host) {
     const Section section(html, place, "disks", "Disks");
     const std::vector<view::OsDisk>& disks = host.disks.disks;
-    if (!host.disksAreRead) {
-        html.Line("p", disks.empty() ? "Disks not readable." : "Further disks not readable.",
-                  {{"class", "caution"}});
+    if (!host.disks.disksAreRead) {
+        html.Line("p", "Disks not readable.", {{"class", "caution"}});
     } else if (disks.empty()) {
         html.Line("p", "The operating system has no disks.");
     }

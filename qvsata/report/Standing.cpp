@@ -50,13 +50,12 @@ std::string WordsOf(Severity severity, const view::OsDisks& all) {
 
 std::string SummaryOf(const Host& host) {
     const view::OsDisks& all = host.disks;
-    std::string summary = host.disksAreRead ? "no disks" : "disks not readable";
+    std::string summary = all.disksAreRead ? "no disks" : "disks not readable";
     if (!all.disks.empty()) {
         summary =
             CountsSpan(view::CountOf(all.disks.size(), "disk"),
                        view::Counted(all.disks, [](const auto& disk) { return HealthOf(disk); }))
-                .text +
-            (host.disksAreRead ? "" : "; further disks not readable");
+                .text;
     }
     if (!all.failingOthers.empty()) {
         summary +=
@@ -89,7 +88,7 @@ Standing StandingOf(const Host& host) {
         return standing;
     }
     // Nothing is OK that rests on what was not read.
-    if (!host.disksAreRead) {
+    if (!host.disks.disksAreRead) {
         return {Severity::unknown, "disks not readable", standing.summary};
     }
     if (worst == Severity::fine && !host.disks.predictionsAreRead) {

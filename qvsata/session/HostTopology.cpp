@@ -11,7 +11,9 @@ view::Topology ReadTopology(const service::ProviderHost& host, const view::Publi
                             const view::OsDisks& disks) {
     view::Topology topology = view::BuildTopology(published, disks);
     const std::vector<service::SourceQuery> queries = host.Journal().Queries();
-    topology.sight.disks = !IsUnread(queries, cimNamespace, "Win32_DiskDrive");
+    // The provider queries the disks, too, and any of its queries may fail.
+    topology.sight.disks =
+        disks.disksAreRead && !IsUnread(queries, cimNamespace, "Win32_DiskDrive");
     topology.sight.controllers = !IsUnread(queries, cimNamespace, "Win32_IDEController");
     topology.sight.attachments = !IsUnread(queries, cimNamespace, "Win32_IDEControllerDevice");
     topology.sight.predictions =

@@ -5,29 +5,22 @@
 
 #include "qvsata/output/Output.h"
 #include "qvsata/output/OutputJson.h"
+#include "qvsata/service/MachineQueries.h"
 #include "qvsata/session/ExitCodes.h"
 #include "qvsata/session/MachineRun.h"
 #include "qvsata/session/Recordings.h"
 #include "qvsata/session/Session.h"
 #include "qvsata/view/JsonValues.h"
 #include "qvsata/view/text/Characters.h"
+#include "source/HostIdentity.h"
 
 namespace qv::tool {
 namespace {
 
-/// Returns the recorded computer's name, by the order in which the provider chooses its own.
+/// Returns the recorded computer's name, as the provider chooses it; empty if it has none.
 std::string ComputerOf(const service::ProviderHost& host) {
-    const service::ComputerNames& names = host.Recordings()->Present()->Computer();
-    for (const std::string* const name : {&names.dnsFullyQualified, &names.dnsHostname}) {
-        if (!name->empty()) {
-            return *name;
-        }
-    }
-    return names.netbios;
-}
-
-bool NamesOneFile(const std::vector<std::string>& paths) {
-    return paths.size() == 1 && !IsFolder(paths.front());
+    const service::RecordedNames names(host.Recordings()->Present()->Computer());
+    return HostName(names).value_or("");
 }
 
 void RunOnOne(Options options, const std::function<void(const service::ProviderHost&)>& command) {
@@ -72,17 +65,12 @@ void MachineAnswer::Warn(const std::string& lines) const {
 void RunOnRecordings(
     const Options& options,
     const std::function<void(const service::ProviderHost&, const MachineAnswer&)>& command) {
-    if (options.live || NamesOneFile(options.hosts)) {
+    if (options.live || NameOneRecording(options.hosts)) {
         return RunOnOne(options, [&](const service::ProviderHost& host) {
             command(host, MachineAnswer(host));
         });
     }
-    std::vector<std::string> recordings;
-    for (const std::string& path : options.hosts) {
-        for (std::string& recording : RecordingsIn(path)) {
-            recordings.push_back(std::move(recording));
-        }
-    }
+    const std::vector<std::string> recordings = RecordingsIn(options.hosts);
     MachineRun run(options);
     std::size_t printed = 0;
     int exitCode = 0;

@@ -7,9 +7,7 @@
 #include "qvsata/session/Options.h"
 #include "qvsata/session/OsDisks.h"
 #include "qvsata/session/Session.h"
-#include "qvsata/session/SourceReport.h"
 #include "qvsata/view/text/Characters.h"
-#include "source/Namespaces.h"
 #include "source/Text.h"
 
 namespace qv::tool {
@@ -69,12 +67,12 @@ service::Answer WithFittingPaths(const service::Namespace& nameSpace, const std:
 /// Returns the published disk with a drive number. Throws CommandError if there is none.
 service::ObjectPtr PublishedDisk(const service::ProviderHost& host, unsigned number) {
     const std::string name = "disk #" + std::to_string(number);
-    const std::vector<view::OsDisk> disks = ReadOsDisks(host).disks;
-    if (IsUnread(host.Journal().Queries(), cimNamespace, "Win32_DiskDrive")) {
+    const view::OsDisks all = ReadOsDisks(host);
+    if (!all.disksAreRead) {
         throw CommandError(name + ": disks not readable");
     }
-    const auto disk = std::ranges::find(disks, number, &view::OsDisk::number);
-    if (disk == disks.end()) {
+    const auto disk = std::ranges::find(all.disks, number, &view::OsDisk::number);
+    if (disk == all.disks.end()) {
         throw CommandError(name + ": there is no such disk");
     }
     if (!disk->whyUnpublished.empty()) {

@@ -62,6 +62,11 @@ void AddNamedFormats(CLI::App& command, const std::vector<std::string>& names,
         ->type_name("FORMAT");
 }
 
+void AddAnswerFormat(CLI::App& command, AnswerFormat& chosen) {
+    AddFormatOption<AnswerFormat>(
+        command, {{"text", AnswerFormat::text}, {"json", AnswerFormat::json}}, chosen);
+}
+
 void AddOptions(CLI::App& command, Options& options) {
     AddSourceOptions(command, options);
     AddFormatOption<Format>(command,

@@ -81,4 +81,7 @@ void AddFormatOption(CLI::App& command, std::vector<NamedFormat<Value>> formats,
     });
 }
 
+/// Adds --format with the names text and json.
+void AddAnswerFormat(CLI::App& command, AnswerFormat& chosen);
+
 }  // namespace qv::tool

@@ -60,10 +60,6 @@ public:
                      Read(machine, cimNamespace, "Win32_IDEControllerDevice"),
                      Read(machine, wmiNamespace, "MSStorageDriver_FailurePredictStatus")) {}
 
-    static platform::Rows Disks(const platform::QueryPort& machine) {
-        return Read(machine, cimNamespace, "Win32_DiskDrive").rows;
-    }
-
     view::OsDisk Describe(const platform::Row& row) const {
         view::OsDisk disk;
         std::int32_t number = 0;
@@ -204,10 +200,11 @@ private:
 
 view::OsDisks ReadOsDisks(const service::ProviderHost& host) {
     const service::MachineQueries machine(host.Machine());
-    const platform::Rows rows = DiskReader::Disks(machine);
+    const ReadRows disks = Read(machine, cimNamespace, "Win32_DiskDrive");
     const DiskReader reader(machine);
     view::OsDisks all;
-    std::ranges::transform(rows, std::back_inserter(all.disks),
+    all.disksAreRead = Succeeded(disks.status);
+    std::ranges::transform(disks.rows, std::back_inserter(all.disks),
                            [&reader](const auto& row) { return reader.Describe(*row); });
     std::ranges::stable_sort(all.disks, {}, [](const view::OsDisk& disk) {
         return disk.number.value_or(std::numeric_limits<std::int64_t>::max());

@@ -1,10 +1,12 @@
 #include "qvsata/session/PublishedInstances.h"
 
+#include <algorithm>
+#include <iterator>
 #include <optional>
-#include <string>
 #include <utility>
 
-#include "qvsata/session/Session.h"
+#include "catalogue/Classes.h"
+#include "qvsata/session/MachineRun.h"
 
 namespace qv::tool {
 
@@ -39,12 +41,30 @@ view::PublishedObject ReadObject(const service::Object& object,
     return published;
 }
 
+std::vector<std::string_view> AllPublishedClasses() {
+    std::vector<std::string_view> classes;
+    std::ranges::transform(PublishedClasses(), std::back_inserter(classes), &PublishedClass::name);
+    return classes;
+}
+
 view::PublishedHost ReadInstances(const service::Namespace& nameSpace,
                                   std::span<const std::string_view> classes) {
+    return ReadInstances(nameSpace, classes,
+                         [](const std::string& failure) { throw CommandError(failure); });
+}
+
+view::PublishedHost ReadInstances(const service::Namespace& nameSpace,
+                                  std::span<const std::string_view> classes,
+                                  const std::function<void(const std::string&)>& fail) {
     view::PublishedHost host;
     for (const std::string_view className : classes) {
+        const service::Answer answer = nameSpace.Enumerate(className);
+        if (!Succeeded(answer.status)) {
+            fail(answer.message);
+            continue;
+        }
         auto& instances = host[std::string(className)];
-        for (const auto& object : Take(nameSpace.Enumerate(className))) {
+        for (const auto& object : answer.objects) {
             instances.push_back(ReadObject(*object));
         }
     }

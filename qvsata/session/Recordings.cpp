@@ -1,6 +1,7 @@
 #include "qvsata/session/Recordings.h"
 
 #include <algorithm>
+#include <iterator>
 #include <system_error>
 
 #include "qvsata/cim/Utf8.h"
@@ -39,6 +40,18 @@ std::vector<std::string> RecordingsIn(const std::string& path) {
     }
     std::ranges::sort(files);
     return files;
+}
+
+std::vector<std::string> RecordingsIn(const std::vector<std::string>& paths) {
+    std::vector<std::string> recordings;
+    for (const std::string& path : paths) {
+        std::ranges::move(RecordingsIn(path), std::back_inserter(recordings));
+    }
+    return recordings;
+}
+
+bool NameOneRecording(const std::vector<std::string>& paths) {
+    return paths.size() == 1 && !IsFolder(paths.front());
 }
 
 }  // namespace qv::tool

@@ -17,4 +17,10 @@ bool IsFolder(const std::string& path);
 /// recordings or that cannot be read.
 std::vector<std::string> RecordingsIn(const std::string& path);
 
+/// Returns the recordings that several paths name, one path after the other. Throws as above.
+std::vector<std::string> RecordingsIn(const std::vector<std::string>& paths);
+
+/// Returns whether paths name a single recording, not a folder of any number.
+bool NameOneRecording(const std::vector<std::string>& paths);
+
 }  // namespace qv::tool

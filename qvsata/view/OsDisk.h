@@ -33,7 +33,8 @@ struct OsDisk {
 
 /// All disks of the operating system.
 struct OsDisks {
-    std::vector<OsDisk> disks;  ///< by drive number
+    std::vector<OsDisk> disks;  ///< by drive number; empty if they could not be read
+    bool disksAreRead = true;
     bool predictionsAreRead = true;
     /// The devices of the failure-prediction rows that predict a failure but name none of the
     /// disks.

@@ -72,15 +72,9 @@ std::string WithoutBars(std::string_view text) {
 
 /// Returns a text of a device or a file as a line of the output may hold it.
 std::string Harmless(std::string_view text, std::size_t mostBytes = mostBytesOfText) {
-    constexpr unsigned char first = 0xC0;
-    constexpr unsigned char further = 0x80;
     std::string harmless = WithoutBars(Printable(text));
     if (harmless.size() > mostBytes) {
-        std::size_t end = mostBytes;
-        while ((static_cast<unsigned char>(harmless[end]) & first) == further) {
-            --end;
-        }
-        harmless.replace(end, std::string::npos, "…");
+        harmless.replace(Beginning(harmless, mostBytes).size(), std::string::npos, "…");
     }
     return harmless;
 }
@@ -172,7 +166,7 @@ std::string Summary(const CheckSubject& subject, const std::vector<Finding>& fin
     if (!findings.empty()) {
         parts.push_back(ListOf(findings));
     }
-    if (subject.disksAreRead) {
+    if (subject.all.disksAreRead) {
         parts.push_back(CountOf(subject.all.disks.size(), "disk"));
         if (subject.published) {
             parts.back() += ", " + std::to_string(*subject.published) + " published";
@@ -206,7 +200,7 @@ std::string ExpectedRange(std::size_t expected) {
 std::string PerformanceData(const CheckSubject& subject) {
     const std::vector<OsDisk>& disks = subject.all.disks;
     std::string data;
-    if (subject.disksAreRead) {
+    if (subject.all.disksAreRead) {
         data += Datum("disks", disks.size(), ";;0 ");
     }
     if (subject.published) {
@@ -215,7 +209,7 @@ std::string PerformanceData(const CheckSubject& subject) {
         data += ' ';
     }
     // A disk whose prediction was not read may be worse than it says.
-    if (subject.disksAreRead && subject.all.predictionsAreRead) {
+    if (subject.all.disksAreRead && subject.all.predictionsAreRead) {
         for (const Judgement& judgement : judgements) {
             const auto count = std::ranges::count(
                 disks, judgement.severity,

@@ -20,7 +20,6 @@ struct Unread {
 /// What a check looks at.
 struct CheckSubject {
     OsDisks all;
-    bool disksAreRead = true;
     /// The number of published disks, and their consolidated status; unset if it is not known.
     std::optional<std::size_t> published = {};
     std::optional<Health> consolidated = {};

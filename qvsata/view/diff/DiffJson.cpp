@@ -51,6 +51,14 @@ ordered_json EventWithoutTime(const DiskEvent& event) {
     return members;
 }
 
+/// Nothing tells computers without names apart.
+ordered_json IsSameComputer(const HostDiff& diff) {
+    if (diff.before.computer.empty() && diff.now.computer.empty()) {
+        return nullptr;
+    }
+    return diff.before.computer == diff.now.computer;
+}
+
 ordered_json IsSame(const HostDiff& diff) {
     if (diff.IsEmpty() && !diff.IsComplete()) {
         return nullptr;
@@ -63,7 +71,7 @@ ordered_json IsSame(const HostDiff& diff) {
 ordered_json DiffAsJson(const HostDiff& diff) {
     ordered_json json{{"from", SideAsJson(diff.before)},
                       {"to", SideAsJson(diff.now)},
-                      {"sameComputer", diff.before.computer == diff.now.computer},
+                      {"sameComputer", IsSameComputer(diff)},
                       {"same", IsSame(diff)}};
     json["disks"] = diff.disks ? DifferencesAsJson(*diff.disks, {"number", "model", "deviceId"})
                                : ordered_json();

@@ -52,8 +52,8 @@ std::vector<Item> WithoutClasses(const std::vector<Item>& instances, const Names
 }
 
 std::vector<DiskEvent> EventsBetween(const Snapshot& before, const Snapshot& now) {
-    const KnownDisks disksBefore = KnownDisksOf(before.disks);
-    const KnownDisks disksNow = KnownDisksOf(now.disks);
+    const KnownDisks disksBefore = KnownDisksOf(before.disks.disks);
+    const KnownDisks disksNow = KnownDisksOf(now.disks.disks);
     DiskList previous = *before.watched;
     std::vector<DiskEvent> events;
     std::ranges::transform(
@@ -85,9 +85,9 @@ HostDiff CompareHosts(const Snapshot& before, const Snapshot& now) {
     diff.now = {now.name, now.computer};
     diff.unreadMembers = Union(before.unreadMembers, now.unreadMembers);
     diff.unreadClasses = Union(before.unreadClasses, now.unreadClasses);
-    if (before.disksAreRead && now.disksAreRead) {
-        const std::vector<Item> items = DiskItems(now.disks, diff.unreadMembers);
-        diff.disks = FindDifferences(DiskItems(before.disks, diff.unreadMembers), items);
+    if (before.disks.disksAreRead && now.disks.disksAreRead) {
+        const std::vector<Item> items = DiskItems(now.disks.disks, diff.unreadMembers);
+        diff.disks = FindDifferences(DiskItems(before.disks.disks, diff.unreadMembers), items);
         diff.disksOfEither = items;
         std::ranges::copy(diff.disks->gone, std::back_inserter(diff.disksOfEither));
     }

@@ -13,12 +13,11 @@ namespace qv::view {
 
 /// What is compared of a machine.
 struct Snapshot {
-    std::string name;                 ///< of the recording, or "this machine"
-    std::string computer;             ///< its published name; empty if it has none
-    std::vector<OsDisk> disks;        ///< of the operating system
-    std::vector<Item> instances;      ///< published, see InstanceItem
-    std::optional<DiskList> watched;  ///< the disks that raise events; nothing if not readable
-    bool disksAreRead = true;
+    std::string name;      ///< of the recording, or "this machine"
+    std::string computer;  ///< its published name; empty if it has none
+    OsDisks disks;
+    std::vector<Item> instances;          ///< published, see InstanceItem
+    std::optional<DiskList> watched;      ///< the disks that raise events; nothing if not readable
     std::set<std::string> unreadMembers;  ///< of a disk, that rest on an unread source
     std::set<std::string> unreadClasses;  ///< published, that rest on an unread source
 };

@@ -56,4 +56,18 @@ std::string Printable(std::string_view text) {
     return printable;
 }
 
+std::string_view Beginning(std::string_view text, std::size_t mostBytes) {
+    if (text.size() <= mostBytes) {
+        return text;
+    }
+    const auto isInside = [text](std::size_t place) {
+        return (static_cast<unsigned char>(text[place]) & 0xC0U) == 0x80U;
+    };
+    std::size_t length = mostBytes;
+    while (length != 0 && isInside(length)) {
+        --length;
+    }
+    return text.substr(0, length);
+}
+
 }  // namespace qv::view

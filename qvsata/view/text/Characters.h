@@ -22,4 +22,7 @@ std::size_t ColumnsOf(const Character& character);
 /// "\x1b" or "\u202e".
 std::string Printable(std::string_view text);
 
+/// Returns the beginning of a text in UTF-8: at most so many bytes, without a part of a character.
+std::string_view Beginning(std::string_view text, std::size_t mostBytes);
+
 }  // namespace qv::view

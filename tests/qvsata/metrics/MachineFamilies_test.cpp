@@ -105,7 +105,7 @@ TEST(MachineFamilies, TellWhenARecordingWasChanged) {
 
 TEST(MachineFamilies, HaveNoCountOfDisksThatCouldNotBeRead) {
     Machine machine;
-    machine.disksAreRead = false;
+    machine.disks.disksAreRead = false;
     EXPECT_THAT(TextOf(machine), Not(HasSubstr("qvsata_disks")));
 }
 

@@ -77,7 +77,7 @@ TEST(Page, OfAMachineWithoutANameSaysSo) {
 
 TEST(Page, OfUnreadDisksDoesNotSayThatThereAreNone) {
     Host host = Detailed(HostWith("a", {}));
-    host.disksAreRead = false;
+    host.disks.disksAreRead = false;
     host.unread.push_back({"root\\CIMv2", "Win32_DiskDrive", "WBEM_E_ACCESS_DENIED", "disks"});
     EXPECT_THAT(PageOf({host}, origin),
                 AllOf(Not(HasSubstr("no disks")), Not(HasSubstr("has no disks")),

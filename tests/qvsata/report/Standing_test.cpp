@@ -42,17 +42,10 @@ TEST(Standing, IsOkOnlyIfAllDisksAre) {
 
 TEST(Standing, OfUnreadDisksIsNotReadable) {
     Host host = HostWith({});
-    host.disksAreRead = false;
+    host.disks.disksAreRead = false;
     EXPECT_EQ(StandingOf(host).severity, Severity::unknown);
     EXPECT_EQ(StandingOf(host).verdict, "disks not readable");
     EXPECT_EQ(StandingOf(host).summary, "disks not readable");
-}
-
-TEST(Standing, OfDisksThatAreReadInPartIsNotOk) {
-    Host host = HostWith({fine});
-    host.disksAreRead = false;
-    EXPECT_EQ(StandingOf(host).verdict, "disks not readable");
-    EXPECT_EQ(StandingOf(host).summary, "1 disk: 1 OK; further disks not readable");
 }
 
 TEST(Standing, WithoutPredictionsIsNotOk) {
@@ -104,7 +97,7 @@ TEST(Standing, OrdersTheWorstFirstThenByWhatIsUnreadThenByName) {
     Host unreadable;
     unreadable.failure = "?";
     Host blind = HostWith({});
-    blind.disksAreRead = false;
+    blind.disks.disksAreRead = false;
     Host fineButUnread = HostWith({fine});
     fineButUnread.name = "y";
     fineButUnread.unread.push_back({"root\\CIMv2", "Win32_PnPEntity", "", ""});

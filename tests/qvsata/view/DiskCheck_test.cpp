@@ -67,7 +67,7 @@ CheckSubject WithoutMedia(CheckSubject host) {
 }
 
 CheckSubject WithoutDisks(CheckSubject host = {}) {
-    host.disksAreRead = false;
+    host.all.disksAreRead = false;
     host.unread.push_back({"Drives", "root\\CIMv2 Drives: DENIED"});
     return host;
 }

@@ -36,7 +36,7 @@ inline view::Snapshot SnapshotOf(std::string name, std::vector<view::OsDisk> dis
         record.statusCode = static_cast<std::uint32_t>(*disk.health.code);
         snapshot.watched->push_back(std::move(record));
     }
-    snapshot.disks = std::move(disks);
+    snapshot.disks.disks = std::move(disks);
     return snapshot;
 }
 

@@ -73,7 +73,7 @@ TEST(HostDiff, LeavesOutWhatOneSideCouldNotRead) {
 
 TEST(HostDiff, WithoutTheDisksOfOneSideComparesNone) {
     Snapshot before = SnapshotOf("a", {});
-    before.disksAreRead = false;
+    before.disks.disksAreRead = false;
     before.watched.reset();
     const HostDiff diff = CompareHosts(before, SnapshotOf("b", {DiskOfId(1, "X", "OK")}));
     EXPECT_FALSE(diff.disks.has_value());

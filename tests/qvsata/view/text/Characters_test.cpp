@@ -58,5 +58,16 @@ INSTANTIATE_TEST_SUITE_P(Texts, CharactersWidth,
                                          Wide{"Cyrillic", "СЕРВЕР", 6}),
                          [](const auto& row) { return row.param.name; });
 
+TEST(Beginning, OfATextThatIsShortEnoughIsTheText) {
+    EXPECT_EQ(view::Beginning("ab円", 5), "ab円");
+    EXPECT_EQ(view::Beginning("", 5), "");
+}
+
+TEST(Beginning, EndsBetweenCharacters) {
+    EXPECT_EQ(view::Beginning("ab円c", 4), "ab");
+    EXPECT_EQ(view::Beginning("ab円c", 5), "ab円");
+    EXPECT_EQ(view::Beginning("円円", 2), "");
+}
+
 }  // namespace
 }  // namespace qv::test
