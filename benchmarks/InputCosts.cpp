@@ -4,7 +4,8 @@
 // "growth" is the time per byte of the larger input divided by that of the smaller one: 1 for a
 // cost proportional to the size, 4 for one proportional to its square. "memory" is the peak per
 // byte of the larger input. A run on an empty recording is subtracted from both. Exit code 1 if a
-// growth exceeds 5 or a command does not end as expected.
+// growth exceeds 5, an input that is not refused needs more than 20 bytes per byte, or a command
+// does not end as expected.
 #include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -38,8 +39,8 @@ std::string Rows(const std::string& className, const std::string& rows) {
     return Recording(R"("root\\CIMv2":{")" + className + "\":[" + rows + "]}");
 }
 
-/// Returns a recording of disks on one controller with a partition each, these device IDs and
-/// these plug-and-play IDs.
+/// Returns a recording of disks on one channel with a partition each, these device IDs and these
+/// plug-and-play IDs.
 std::string Disks(int count, const auto& path, const auto& deviceId) {
     const auto disk = [&](const std::string& number) {
         return R"({"DeviceID":")" + path(number) + R"(","PNPDeviceID":")" + deviceId(number) +
@@ -48,8 +49,8 @@ std::string Disks(int count, const auto& path, const auto& deviceId) {
     const auto partition = [](const std::string& number) {
         return R"({"DeviceID":"P)" + number + "\"}";
     };
-    const auto onController = [&](const std::string& number) {
-        return R"({"Antecedent":"Win32_IDEController.DeviceID=\"C\"",)"
+    const auto onChannel = [&](const std::string& number) {
+        return R"({"Antecedent":"\\\\H\\root\\CIMv2:Win32_IDEController.DeviceID=\"IDECHANNEL\"",)"
                R"("Dependent":"Win32_PnPEntity.DeviceID=\")" +
                deviceId(number) + R"(\""})";
     };
@@ -61,8 +62,9 @@ std::string Disks(int count, const auto& path, const auto& deviceId) {
                      R"("Win32_DiskDrive":[)" +
                      Repeat(count, ",", disk) + R"(],"Win32_DiskPartition":[)" +
                      Repeat(count, ",", partition) +
-                     R"(],"Win32_IDEController":[{"DeviceID":"C"}],"Win32_IDEControllerDevice":[)" +
-                     Repeat(count, ",", onController) + R"(],"Win32_DiskDriveToDiskPartition":[)" +
+                     R"(],"Win32_IDEController":[{"DeviceID":"IDECHANNEL"}],)"
+                     R"("Win32_IDEControllerDevice":[)" +
+                     Repeat(count, ",", onChannel) + R"(],"Win32_DiskDriveToDiskPartition":[)" +
                      Repeat(count, ",", ofDisk) + "]}");
 }
 
@@ -112,6 +114,12 @@ std::string DisksWithOnePath(int count) {
         [](const auto& n) { return "IDE" + n; });
 }
 
+/// Returns disks whose IDs are a, aa, aaa, ...: each is the beginning of all that follow.
+std::string DisksOfOneBeginning(int count) {
+    const auto id = [](const auto& n) { return std::string(std::stoul(n) + 1, 'a'); };
+    return Disks(count, id, id);
+}
+
 std::string LargeRecording(int count) {
     return Rows("X", Repeat(count, ",", [](const auto& n) {
                     return R"({"DeviceID":"\\\\.\\D)" + n +
@@ -133,6 +141,7 @@ struct Input {
     std::vector<std::string> command;
     int exitCode;
     const char* option = "--host";
+    bool isRefused = exitCode == 1;  ///< its memory is what a limit allows
 };
 
 const std::vector<Input> inputs{
@@ -153,7 +162,13 @@ const std::vector<Input> inputs{
      {400, 1'600},
      {"enumerate", "QV_SATAStorageExtent"},
      1},
-    {"verdicts on disks with equal IDs", EqualDisks, {400, 1'600}, {"explain"}, 3},
+    {"paths of disks with equal IDs",
+     EqualDisks,
+     {400, 1'600},
+     {"enumerate", "QV_SATAInitiatorTargetLogicalUnitPath"},
+     1},
+    {"disks whose IDs begin each other", DisksOfOneBeginning, {340, 750}, {"disks"}, 3},
+    {"verdicts on disks with equal IDs", EqualDisks, {400, 1'600}, {"explain"}, 3, "--host", true},
     {"warnings of disks with equal IDs", EqualDisks, {400, 1'600}, {"disks"}, 3},
     {"a large recording", LargeRecording, {50'000, 200'000}, {"sources"}, 3},
     {"a chain of classes in MOF",
@@ -213,6 +228,7 @@ int main(int count, char** given) {
     bool isNear = true;
     for (const Input& input : inputs) {
         std::array<double, 2> perByte{};
+        double memory = 0;  // of the input measured last, which is the larger one
         for (std::size_t size = 0; size < 2; ++size) {
             const std::string text = input.text(input.counts[size]);
             std::ofstream("input", std::ios::binary) << text;
@@ -223,13 +239,13 @@ int main(int count, char** given) {
             const auto bytes = static_cast<double>(text.size());
             perByte[size] = std::max(cost.seconds - base.seconds, 1e-3) / bytes;
             std::printf("%-34s %10.0f %10.3f", size == 0 ? input.name : "", bytes, cost.seconds);
+            memory = std::max(cost.bytes - base.bytes, 0.0) / bytes;
             if (size != 0) {
-                std::printf(" %8.2f %8.1f", perByte[1] / perByte[0],
-                            std::max(cost.bytes - base.bytes, 0.0) / bytes);
+                std::printf(" %8.2f %8.1f", perByte[1] / perByte[0], memory);
             }
             std::printf("\n");
         }
-        isNear = isNear && perByte[1] <= 5 * perByte[0];
+        isNear = isNear && perByte[1] <= 5 * perByte[0] && (input.isRefused || memory <= 20);
     }
     return isNear ? 0 : 1;
 }

@@ -8,6 +8,7 @@
 #include "catalogue/Classes.h"
 #include "fuzz/Oracle.h"
 #include "nlohmann/json.hpp"
+#include "qvsata/output/OutputJson.h"
 #include "qvsata/view/AssociationGraph.h"
 #include "qvsata/view/Topology.h"
 #include "qvsata/view/TopologyGraph.h"
@@ -133,6 +134,14 @@ void CheckPlainText(std::string_view text) {
     }
 }
 
+void CheckJson(const nlohmann::ordered_json& content) {
+    const std::string text = tool::DocumentText(content);
+    CheckPlainText(text);
+    auto read = nlohmann::ordered_json::parse(text);
+    Require(read.erase("formatVersion") == 1, "a JSON document has its format version");
+    Require(read == content, "a JSON document is read as the same");
+}
+
 void CheckPairs(const RecordedProvider& provider, const Association& association,
                 const RecordList& records) {
     const Published ends = Publish(
@@ -186,9 +195,7 @@ void CheckViews(const view::PublishedHost& host, std::size_t columns) {
     CheckPlainText(view::PlainText(view::TopologyAsText(topology)));
     CheckPlainText(view::PlainText(view::TopologyAsText(topology, columns)));
     CheckPlainText(view::TopologyAsGraph(topology));
-    const auto document = view::TopologyAsJson(topology);
-    Require(nlohmann::ordered_json::parse(document.dump()) == document,
-            "the topology in JSON is read as the same");
+    CheckJson(view::TopologyAsJson(topology));
     std::vector<view::PublishedObject> objects;
     for (const auto& [className, instances] : host) {
         objects.insert(objects.end(), instances.begin(), instances.end());
