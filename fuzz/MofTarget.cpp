@@ -42,6 +42,16 @@ InstanceValues ValuesOf(const ObjectPtr& instance) {
     return values;
 }
 
+// Returns whether a value is null where the class has a default. Such a null is not written.
+bool HasNullForDefault(const ObjectPtr& instance, const NamespaceClasses& classes) {
+    return std::ranges::any_of(
+        classes.Find(instance->ClassName())->properties, [&](const PropertyDefinition& property) {
+            const auto stated = instance->Find(property.name);
+            return !std::holds_alternative<std::monostate>(property.defaultValue) && stated &&
+                   std::holds_alternative<std::monostate>(stated->value);
+        });
+}
+
 Namespaces WithoutInstances(Namespaces namespaces) {
     ClassRepository& repository = namespaces.Of(nameSpace);
     while (!repository.Instances().empty()) {
@@ -64,7 +74,10 @@ void CheckClasses(const Namespaces& namespaces) {
 }
 
 void CheckInstances(const Namespaces& namespaces) {
-    const ObjectList instances = InstancesOf(namespaces);
+    ObjectList instances = InstancesOf(namespaces);
+    std::erase_if(instances, [classes = ClassesOf(namespaces)](const ObjectPtr& instance) {
+        return HasNullForDefault(instance, classes);
+    });
     std::string text;
     for (const ObjectPtr& instance : instances) {
         text += ObjectAsMof(*instance);
