@@ -1,7 +1,6 @@
 #include "qvsata/mof/MofLexer.h"
 
 #include <charconv>
-#include <cstdlib>
 #include <optional>
 
 namespace qv::service {
@@ -206,10 +205,10 @@ private:
     }
 
     void ReadReal(MofToken& token) const {
-        char* end = nullptr;
-        token.real = std::strtod(token.text.c_str(), &end);
-        if (*end != '\0') {
-            throw MofError(fileName_, token.position, token.text + " is no number");
+        const char* const textEnd = token.text.data() + token.text.size();
+        const auto [end, error] = std::from_chars(token.text.data(), textEnd, token.real);
+        if (error != std::errc() || end != textEnd) {
+            throw MofError(fileName_, token.position, token.text + " is no number of 64 bits");
         }
         token.real = token.negative ? -token.real : token.real;
     }

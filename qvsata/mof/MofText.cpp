@@ -61,7 +61,12 @@ std::string Text(std::int64_t number) {
 std::string Text(double number) {
     std::array<char, 64> buffer{};
     const auto [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number);
-    return {buffer.data(), end};
+    std::string text(buffer.data(), end);
+    // MOF asks for a fraction, also before an exponent.
+    if (text.find('.') == std::string::npos) {
+        text.insert(std::min(text.find('e'), text.size()), ".0");
+    }
+    return text;
 }
 
 std::string Text(const std::string& text) {

@@ -110,7 +110,9 @@ TEST(MofLexer, RefusesWhatIsNoNumber) {
               "a.mof:1:1: 18446744073709551616 is no number of 64 bits");
     EXPECT_EQ(LexerError("12abc"), "a.mof:1:1: 12abc is no number of 64 bits");
     EXPECT_EQ(LexerError("09"), "a.mof:1:1: 09 is no number of 64 bits");
-    EXPECT_EQ(LexerError("1.2.3"), "a.mof:1:1: 1.2.3 is no number");
+    EXPECT_EQ(LexerError("1.2.3"), "a.mof:1:1: 1.2.3 is no number of 64 bits");
+    EXPECT_EQ(LexerError("0x1.8"), "a.mof:1:1: 0x1.8 is no number of 64 bits");
+    EXPECT_EQ(LexerError("1.0e400"), "a.mof:1:1: 1.0e400 is no number of 64 bits");
 }
 
 }  // namespace
