@@ -24,6 +24,7 @@ void RunObjectPath(Bytes input);    ///< an object path and its reduction
 void RunPairing(Bytes input);       ///< a matching rule and two lists of keys
 void RunDeviceId(Bytes input);      ///< the rules that take device IDs apart and compare them
 void RunTypedValue(Bytes input);    ///< a property's type and text
+void RunSettings(Bytes input);      ///< values of the registry that configure the provider
 void RunView(Bytes input);          ///< published objects of any content, as people read them
 void RunTerminalText(Bytes input);  ///< any bytes on a terminal
 
@@ -36,6 +37,7 @@ inline constexpr std::array targets{
     Target{"pairing", RunPairing},
     Target{"device_id", RunDeviceId},
     Target{"typed_value", RunTypedValue},
+    Target{"settings", RunSettings},
     Target{"view", RunView},
     Target{"terminal_text", RunTerminalText},
 };

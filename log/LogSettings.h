@@ -1,26 +1,11 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 #include <string_view>
 
-#include "platform/LogPort.h"
+#include "settings/LogSettings.h"
 
 namespace qv {
-
-/// The registry settings of a log.
-struct LogSettings {
-    static constexpr std::uint32_t defaultMaxSize = 0x200000;
-
-    /// Ends in a backslash.
-    std::wstring folder;
-    LogLevel level = LogLevel::information;
-    /// In bytes.
-    std::uint32_t maxSize = defaultMaxSize;
-};
-
-/// Whether "LogFolder" is read or the default folder is used.
-enum class FolderSetting { ignored, read };
 
 /// Reads the settings of a module and its component from HKLM\Software\Corvane\WBEM; missing,
 /// unreadable and out-of-range values keep their defaults. Returns 0, also if the key is missing,

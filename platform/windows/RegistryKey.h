@@ -2,10 +2,10 @@
 
 #include <windows.h>
 
-#include <cstddef>
 #include <optional>
-#include <span>
 #include <string>
+
+#include "settings/StoredValue.h"
 
 namespace qv::windows {
 
@@ -25,19 +25,16 @@ public:
 
     explicit operator bool() const { return key_ != nullptr; }
 
-    /// Reads a text (REG_SZ, or REG_EXPAND_SZ unexpanded) up to its first null character, or to the
-    /// end of the stored data if it has none. Writes `text` on success only. Results: 0;
-    /// ERROR_FILE_NOT_FOUND for a missing value; ERROR_INVALID_DATATYPE for another type; the
-    /// system's own errors.
+    /// Reads a value as it is stored. Results: 0; ERROR_FILE_NOT_FOUND for a missing value; the
+    /// system's own errors. `value` is empty unless the result is 0.
+    LSTATUS Read(const wchar_t* name, StoredValue& value) const;
+
+    /// Reads a text, as TextOf takes it. Writes `text` on success only. Results as those of Read;
+    /// ERROR_INVALID_DATATYPE for another type.
     LSTATUS ReadText(const wchar_t* name, std::wstring& text) const;
 
-    /// Returns the number of a REG_DWORD value of four bytes; nothing for a missing value or
-    /// another type or size.
+    /// Reads a number, as NumberOf takes it; returns nothing for a missing value.
     std::optional<DWORD> ReadNumber(const wchar_t* name) const;
-
-    /// Reads a value of any type as it is stored. `read` receives the number of bytes. Results: 0;
-    /// ERROR_MORE_DATA if the buffer is too small; the system's own errors.
-    LSTATUS ReadBytes(const wchar_t* name, std::span<std::byte> buffer, std::size_t& read) const;
 
 private:
     HKEY key_ = nullptr;

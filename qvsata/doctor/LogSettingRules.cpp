@@ -17,19 +17,19 @@ std::string InWords(const SettingFacts& setting) {
 }  // namespace
 
 std::string WhyNotTaken(const SettingFacts& setting) {
-    const auto* const range = std::ranges::find(numberSettings, setting.name, &NumberSetting::name);
-    if (range == numberSettings.end()) {
+    const auto* const known = std::ranges::find(numberSettings, setting.name, &NumberSetting::name);
+    if (known == numberSettings.end()) {
         const auto* const text = std::get_if<std::string>(&setting.value);
         return text != nullptr && !text->empty()
                    ? ""
                    : setting.name + " is " + InWords(setting) + ", not a folder (REG_SZ)";
     }
     const auto* const number = std::get_if<std::uint32_t>(&setting.value);
-    return number != nullptr && *number >= range->lowest && *number <= range->highest
+    const auto [lowest, highest] = known->range;
+    return number != nullptr && known->range.Contains(*number)
                ? ""
                : setting.name + " is " + InWords(setting) + ", not a number from " +
-                     std::to_string(range->lowest) + " to " + std::to_string(range->highest) +
-                     " (REG_DWORD)";
+                     std::to_string(lowest) + " to " + std::to_string(highest) + " (REG_DWORD)";
 }
 
 }  // namespace qv::doctor

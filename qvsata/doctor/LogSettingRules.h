@@ -1,11 +1,11 @@
 #pragma once
 
 #include <array>
-#include <cstdint>
 #include <string>
 #include <string_view>
 
 #include "qvsata/doctor/Facts.h"
+#include "settings/LogSettings.h"
 
 namespace qv::doctor {
 
@@ -18,15 +18,14 @@ inline constexpr std::string_view logFolderSetting = "LogFolder";
 /// A setting that is a number, with its range.
 struct NumberSetting {
     std::string_view name;
-    std::uint32_t lowest;
-    std::uint32_t highest;
+    SettingRange range;
 };
 
 inline constexpr std::array numberSettings{
-    NumberSetting{"LogLevel", 1, 5},
-    NumberSetting{"LogLevel (QVWMISATA)", 1, 5},
-    NumberSetting{"LogMaxSize", 0x80000, 0x2000000},
-    NumberSetting{"LogMaxSize (QVWMISATA)", 0x80000, 0x2000000},
+    NumberSetting{"LogLevel", logLevels},
+    NumberSetting{"LogLevel (QVWMISATA)", logLevels},
+    NumberSetting{"LogMaxSize", logSizes},
+    NumberSetting{"LogMaxSize (QVWMISATA)", logSizes},
 };
 
 /// Returns why the provider uses its default instead of a value that is set, "LogLevel is 9, not a

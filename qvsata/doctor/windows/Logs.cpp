@@ -90,17 +90,17 @@ LogFacts SharedLog() {
 void AddSetting(const windows::RegistryKey& key, std::string_view name,
                 std::vector<SettingFacts>& settings) {
     const std::wstring wideName = windows::ToWide(name, CP_UTF8);
-    std::wstring text;
-    const LSTATUS status = key.ReadText(wideName.c_str(), text);
+    StoredValue value;
+    if (key.Read(wideName.c_str(), value) == ERROR_FILE_NOT_FOUND) {
+        return;
+    }
     SettingFacts setting{std::string(name), {}};
-    if (const std::optional<DWORD> number = key.ReadNumber(wideName.c_str())) {
-        setting.value = static_cast<std::uint32_t>(*number);
-    } else if (status == ERROR_SUCCESS) {
-        setting.value = windows::ToNarrow(text, CP_UTF8);
+    if (const auto number = NumberOf(value)) {
+        setting.value = *number;
+    } else if (const auto text = TextOf(value)) {
+        setting.value = windows::ToNarrow(*text, CP_UTF8);
     }
-    if (status != ERROR_FILE_NOT_FOUND) {
-        settings.push_back(std::move(setting));
-    }
+    settings.push_back(std::move(setting));
 }
 
 std::vector<SettingFacts> StoredSettings() {

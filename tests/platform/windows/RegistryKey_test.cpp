@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
+#include <string>
 #include <utility>
 
 #include "tests/support/windows/ScratchRegistry.h"
@@ -112,22 +112,23 @@ TEST_F(RegistryKeyTest, ReadsNumbersOfFourBytesOnly) {
     EXPECT_EQ(Open().ReadNumber(L"Value"), std::nullopt);
 }
 
-TEST_F(RegistryKeyTest, ReadsTheBytesOfAnyType) {
+TEST_F(RegistryKeyTest, ReadsTheTypeAndTheBytesOfAnyValue) {
     registry.SetText(keyPath, L"Value", L"6");
-    std::array<std::byte, 4> bytes{};
-    std::size_t read = 0;
-    EXPECT_EQ(Open().ReadBytes(L"Value", bytes, read), ERROR_SUCCESS);
-    EXPECT_EQ(read, 4U);
-    EXPECT_EQ(bytes[0], std::byte{'6'});
-    EXPECT_EQ(bytes[1], std::byte{0});
+    StoredValue value;
+    EXPECT_EQ(Open().Read(L"Value", value), ERROR_SUCCESS);
+    EXPECT_EQ(value.type, DWORD{REG_SZ});
+    EXPECT_EQ(value.bytes, std::string("6\0\0\0", 4));
+    registry.SetBytes(keyPath, L"Value", REG_BINARY, {});
+    EXPECT_EQ(Open().Read(L"Value", value), ERROR_SUCCESS);
+    EXPECT_EQ(value.type, DWORD{REG_BINARY});
+    EXPECT_EQ(value.bytes, "");
 }
 
-TEST_F(RegistryKeyTest, GivesNoBytesOfAValueThatDoesNotFit) {
-    registry.SetText(keyPath, L"Value", L"60");
-    std::array<std::byte, 4> bytes{};
-    std::size_t read = 99;
-    EXPECT_EQ(Open().ReadBytes(L"Value", bytes, read), ERROR_MORE_DATA);
-    EXPECT_EQ(read, 0U);
+TEST_F(RegistryKeyTest, AMissingValueHasNeitherTypeNorBytes) {
+    StoredValue value{7, "before"};
+    EXPECT_EQ(Open().Read(L"Missing", value), ERROR_FILE_NOT_FOUND);
+    EXPECT_EQ(value.type, DWORD{REG_NONE});
+    EXPECT_EQ(value.bytes, "");
 }
 
 }  // namespace
