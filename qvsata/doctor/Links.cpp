@@ -327,6 +327,12 @@ std::string BackToDefault(const std::string& setting) {
     return "reg delete " + setting + " /f";
 }
 
+/// Returns the command that gives a number to another setting of the logs, too.
+std::string AlsoFor(std::string_view name, const SettingFacts& number) {
+    return "reg add " + std::string(logSettingsKey) + " /v " + std::string(name) +
+           " /t REG_DWORD /d " + std::to_string(std::get<std::uint32_t>(number.value)) + " /f";
+}
+
 Finding JudgeSettings(const Facts& facts) {
     return Judged(facts.settings, [](const std::vector<SettingFacts>& settings) -> Finding {
         std::vector<std::string> texts;
@@ -336,6 +342,11 @@ Finding JudgeSettings(const Facts& facts) {
                 texts.push_back(why);
                 mends.push_back(
                     BackToDefault(std::string(logSettingsKey) + " /v \"" + setting.name + '"'));
+            } else if (const std::string_view general = GeneralSetting(setting.name);
+                       !IsTaken(general, settings)) {
+                texts.push_back(setting.name + " has no effect: " + std::string(general) +
+                                " is not set to a number in its range");
+                mends.push_back(AlsoFor(general, setting));
             }
         }
         return texts.empty() ? Finding() : Problem(Joined(texts, "; "), Joined(mends, " & "));

@@ -32,4 +32,14 @@ std::string WhyNotTaken(const SettingFacts& setting) {
                      std::to_string(lowest) + " to " + std::to_string(highest) + " (REG_DWORD)";
 }
 
+std::string_view GeneralSetting(std::string_view name) {
+    return name.substr(0, name.find(" ("));
+}
+
+bool IsTaken(std::string_view name, const std::vector<SettingFacts>& settings) {
+    return std::ranges::any_of(settings, [name](const SettingFacts& setting) {
+        return setting.name == name && WhyNotTaken(setting).empty();
+    });
+}
+
 }  // namespace qv::doctor

@@ -3,6 +3,7 @@
 #include <array>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "qvsata/doctor/Facts.h"
 #include "settings/LogSettings.h"
@@ -31,5 +32,12 @@ inline constexpr std::array numberSettings{
 /// Returns why the provider uses its default instead of a value that is set, "LogLevel is 9, not a
 /// number from 1 to 5"; empty if the value is in its range.
 std::string WhyNotTaken(const SettingFacts& setting);
+
+/// Returns the name of the setting without which one of that name is not read: "LogLevel" for
+/// "LogLevel (QVWMISATA)"; otherwise the same name.
+std::string_view GeneralSetting(std::string_view name);
+
+/// Returns whether a setting of that name is set to a value in its range.
+bool IsTaken(std::string_view name, const std::vector<SettingFacts>& settings);
 
 }  // namespace qv::doctor

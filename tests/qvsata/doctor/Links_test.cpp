@@ -22,6 +22,13 @@ std::vector<Right> Guarded() {
             {"Users", false, 0x1200A9, "S-1-5-32-545"}};
 }
 
+/// The same, owned by a user, who may change them therefore.
+std::vector<Right> OwnedByAnn() {
+    std::vector<Right> rights = Guarded();
+    rights.push_back({"Ann", false, 0x40000, "S-1-5-21-1", true});
+    return rights;
+}
+
 /// A machine on which everything is as it should be.
 Facts Healthy() {
     Facts facts;
@@ -151,22 +158,12 @@ const std::array breakages{
              "library folder: NETWORK SERVICE cannot read C:\\q -> icacls \"C:\\q\" "
              "/inheritance:r /grant:r *S-1-5-18:(OI)(CI)F *S-1-5-32-544:(OI)(CI)F "
              "*S-1-5-32-545:(OI)(CI)RX"},
-    Breakage{"FolderOfAUser",
-             [](Facts& facts) {
-                 std::vector<Right> rights = Guarded();
-                 rights.push_back({"Ann", false, 0x40000, "S-1-5-21-1", true});
-                 Library(facts).folderRights = rights;
-             },
+    Breakage{"FolderOfAUser", [](Facts& facts) { Library(facts).folderRights = OwnedByAnn(); },
              "library folder: others than administrators can change C:\\q, and so run code as the "
              "system: Ann (owner) -> icacls \"C:\\q\" /setowner *S-1-5-32-544 & icacls \"C:\\q\" "
              "/inheritance:r /grant:r *S-1-5-18:(OI)(CI)F *S-1-5-32-544:(OI)(CI)F "
              "*S-1-5-32-545:(OI)(CI)RX"},
-    Breakage{"LibraryOfAUser",
-             [](Facts& facts) {
-                 std::vector<Right> rights = Guarded();
-                 rights.push_back({"Ann", false, 0x40000, "S-1-5-21-1", true});
-                 Library(facts).fileRights = rights;
-             },
+    Breakage{"LibraryOfAUser", [](Facts& facts) { Library(facts).fileRights = OwnedByAnn(); },
              "library folder: others than administrators can change C:\\q\\Q.dll, and so run code "
              "as the system: Ann (owner) -> icacls \"C:\\q\\Q.dll\" /setowner *S-1-5-32-544 & "
              "icacls \"C:\\q\\Q.dll\" /reset"},
@@ -257,6 +254,19 @@ const std::array breakages{
              [](Facts& facts) { facts.settings = Setting("LogMaxSize", 524287U); },
              "log settings: LogMaxSize is 524287, not a number from 524288 to 33554432 (REG_DWORD) "
              "-> reg delete HKLM\\SOFTWARE\\Corvane\\WBEM /v \"LogMaxSize\" /f"},
+    Breakage{"LevelOfTheModuleAlone",
+             [](Facts& facts) { facts.settings = Setting("LogLevel (QVWMISATA)", 1U); },
+             "log settings: LogLevel (QVWMISATA) has no effect: LogLevel is not set to a number in "
+             "its range -> reg add HKLM\\SOFTWARE\\Corvane\\WBEM /v LogLevel /t REG_DWORD /d 1 /f"},
+    Breakage{"SizeOfTheModuleAlone",
+             [](Facts& facts) {
+                 facts.settings = std::vector<SettingFacts>{{"LogMaxSize", 1U},
+                                                            {"LogMaxSize (QVWMISATA)", 524288U}};
+             },
+             "log settings: LogMaxSize is 1, not a number from 524288 to 33554432 (REG_DWORD); "
+             "LogMaxSize (QVWMISATA) has no effect: LogMaxSize is not set to a number in its range "
+             "-> reg delete HKLM\\SOFTWARE\\Corvane\\WBEM /v \"LogMaxSize\" /f & reg add "
+             "HKLM\\SOFTWARE\\Corvane\\WBEM /v LogMaxSize /t REG_DWORD /d 524288 /f"},
     Breakage{"FolderThatIsNoText", [](Facts& facts) { facts.settings = Setting("LogFolder", {}); },
              "log settings: LogFolder is of another type, not a folder (REG_SZ) -> reg delete "
              "HKLM\\SOFTWARE\\Corvane\\WBEM /v \"LogFolder\" /f"},

@@ -88,33 +88,43 @@ TEST(MachineFamilies, CountNoDisksIfThereAreNone) {
                       Not(HasSubstr("qvsata_disk_"))));
 }
 
-TEST(MachineFamilies, CountPublishedDisksIfTheyAreKnown) {
-    Machine machine;
-    EXPECT_THAT(TextOf(machine), Not(HasSubstr("qvsata_disks_published")));
-    machine.published = 0;
-    EXPECT_THAT(TextOf(machine), HasSubstr("qvsata_disks_published 0\n"));
-}
-
-TEST(MachineFamilies, TellWhenARecordingWasChanged) {
-    Machine machine;
-    EXPECT_THAT(TextOf(machine), Not(HasSubstr("qvsata_recording_modified")));
-    machine.recorded = std::chrono::sys_seconds(std::chrono::seconds(1'600'000'000));
-    EXPECT_THAT(TextOf(machine),
-                HasSubstr("qvsata_recording_modified_timestamp_seconds 1600000000\n"));
-}
-
 TEST(MachineFamilies, HaveNoCountOfDisksThatCouldNotBeRead) {
     Machine machine;
     machine.disks.disksAreRead = false;
     EXPECT_THAT(TextOf(machine), Not(HasSubstr("qvsata_disks")));
 }
 
-TEST(MachineFamilies, HaveTheExpectedNumberOnlyIfItIsGiven) {
+/// A series that a machine has only if something is known of it.
+struct KnownSeries {
+    const char* name;
+    void (*tell)(Machine&);
+    const char* series;
+    const char* value;
+};
+
+class MachineFamiliesThatNeedKnowledge : public testing::TestWithParam<KnownSeries> {};
+
+TEST_P(MachineFamiliesThatNeedKnowledge, AreThereOnlyWithIt) {
+    const auto& [name, tell, series, value] = GetParam();
     Machine machine;
-    EXPECT_THAT(TextOf(machine), Not(HasSubstr("qvsata_disks_expected")));
-    machine.expectedDisks = 2;
-    EXPECT_THAT(TextOf(machine), HasSubstr("qvsata_disks_expected 2\n"));
+    EXPECT_THAT(TextOf(machine), Not(HasSubstr(series)));
+    tell(machine);
+    EXPECT_THAT(TextOf(machine), HasSubstr(series + std::string(" ") + value + "\n"));
 }
+
+INSTANTIATE_TEST_SUITE_P(
+    MachineFamilies, MachineFamiliesThatNeedKnowledge,
+    testing::Values(KnownSeries{"Published", [](Machine& machine) { machine.published = 0; },
+                                "qvsata_disks_published", "0"},
+                    KnownSeries{"Expected", [](Machine& machine) { machine.expectedDisks = 2; },
+                                "qvsata_disks_expected", "2"},
+                    KnownSeries{"Recorded",
+                                [](Machine& machine) {
+                                    machine.recorded = std::chrono::sys_seconds(
+                                        std::chrono::seconds(1'600'000'000));
+                                },
+                                "qvsata_recording_modified_timestamp_seconds", "1600000000"}),
+    [](const auto& test) { return test.param.name; });
 
 TEST(MachineFamilies, CountPredictedFailuresOfOtherDevices) {
     Machine machine;
