@@ -8,6 +8,7 @@
 #include "log/LogPlace.h"
 #include "platform/windows/RegistryKey.h"
 #include "platform/windows/Text.h"
+#include "settings/StoredValue.h"
 
 namespace qv {
 

@@ -2,6 +2,7 @@
 
 #include "platform/windows/RegistryKey.h"
 #include "settings/RefreshTimeout.h"
+#include "settings/StoredValue.h"
 
 namespace qv {
 

@@ -41,9 +41,10 @@ struct MofToken {
 ///               | "\" ( "x" | "X" ) one to four hexadecimal digits ;
 ///     integer   = [ "+" | "-" ] ( decimal digits | "0" octal digits
 ///               | ( "0x" | "0X" ) hexadecimal digits | binary digits ( "b" | "B" ) ) ;
-///     real      = [ "+" | "-" ] a number with "." that strtod reads ;
+///     real      = [ "+" | "-" ] decimal digits "." { decimal digit }
+///                 [ ( "e" | "E" ) [ "+" | "-" ] decimal digits ] ;
 ///
-/// An integer has a magnitude of at most 64 bits.
+/// An integer has a magnitude of at most 64 bits. A real is 0 or in the range of a double.
 /// @throws MofError at the first character that belongs to no token.
 std::vector<MofToken> TokenizeMof(std::string_view text, std::string_view fileName);
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <cstdio>
 #include <span>
 #include <utility>
@@ -63,7 +64,7 @@ std::string Text(double number) {
     const auto [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number);
     std::string text(buffer.data(), end);
     // MOF asks for a fraction, also before an exponent.
-    if (text.find('.') == std::string::npos) {
+    if (std::isfinite(number) && text.find('.') == std::string::npos) {
         text.insert(std::min(text.find('e'), text.size()), ".0");
     }
     return text;

@@ -1,6 +1,7 @@
 #include "qvsata/mof/MofValue.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <utility>
 
@@ -98,7 +99,9 @@ std::optional<CimValue> Scalar(const MofLiteral& literal, CimType type) {
         return type == CimType::boolean ? std::optional<CimValue>(*truth) : std::nullopt;
     }
     if (const auto* const real = std::get_if<double>(&literal.value)) {
-        const bool fits = type == CimType::real32 || type == CimType::real64;
+        constexpr double most = std::numeric_limits<float>::max();
+        const bool fits =
+            type == CimType::real64 || (type == CimType::real32 && std::abs(*real) <= most);
         return fits ? std::optional<CimValue>(*real) : std::nullopt;
     }
     return std::nullopt;
@@ -188,9 +191,13 @@ const MofStatus& ValueStatus(const MofInitializer& written, CimType type, bool i
         return mof_status::nullArrayElement;
     }
     const bool isNumber =
-        holds([](const auto& value) { return std::holds_alternative<MofInteger>(value); });
-    return written.isArray == isArray && isNumber && RangeOf(type) ? mof_status::outOfRange
-                                                                   : mof_status::typeMismatch;
+        type == CimType::real32
+            ? holds([](const auto& value) { return std::holds_alternative<double>(value); })
+            : RangeOf(type) && holds([](const auto& value) {
+                  return std::holds_alternative<MofInteger>(value);
+              });
+    return written.isArray == isArray && isNumber ? mof_status::outOfRange
+                                                  : mof_status::typeMismatch;
 }
 
 std::optional<CimValue> QualifierValue(const std::optional<MofInitializer>& written) {

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -16,6 +15,7 @@
 #include "platform/windows/RegistryKey.h"
 #include "platform/windows/Text.h"
 #include "qvsata/doctor/LogSettingRules.h"
+#include "settings/StoredValue.h"
 
 namespace qv::doctor {
 namespace {

@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "settings/StoredValue.h"
 #include "tests/support/windows/ScratchRegistry.h"
 
 namespace qv::test {

@@ -105,6 +105,9 @@ INSTANTIATE_TEST_SUITE_P(Values, MofErrorsTest,
                                          Wrong{"class A { sint8 X = -129; };",
                                                "a.mof:1:21: property X takes a value of type sint8 "
                                                "(WBEMMOF_E_OUT_OF_RANGE 0x8004401D)"},
+                                         Wrong{"class A { real32 X = -3.5e38; };",
+                                               "a.mof:1:22: property X takes a value of type "
+                                               "real32 (WBEMMOF_E_OUT_OF_RANGE 0x8004401D)"},
                                          Wrong{"class A { string X = 5; };",
                                                "a.mof:1:22: property X takes a value of type "
                                                "string (WBEMMOF_E_TYPE_MISMATCH 0x80044015)"},

@@ -2,6 +2,9 @@
 
 #include <gmock/gmock.h>
 
+#include <cmath>
+#include <limits>
+
 namespace qv::test {
 namespace {
 
@@ -83,6 +86,8 @@ TEST(MofLexer, ReadsRealNumbers) {
     EXPECT_EQ(First("1.5").real, 1.5);
     EXPECT_EQ(First("-2.5e-1").real, -0.25);
     EXPECT_EQ(First("1.0E+2").real, 100.0);
+    EXPECT_EQ(First("5.0e-324").real, std::numeric_limits<double>::denorm_min());
+    EXPECT_TRUE(std::signbit(First("-0.0").real));
 }
 
 TEST(MofLexer, ReadsAliasesPragmasAndCharacters) {
@@ -113,6 +118,7 @@ TEST(MofLexer, RefusesWhatIsNoNumber) {
     EXPECT_EQ(LexerError("1.2.3"), "a.mof:1:1: 1.2.3 is no number of 64 bits");
     EXPECT_EQ(LexerError("0x1.8"), "a.mof:1:1: 0x1.8 is no number of 64 bits");
     EXPECT_EQ(LexerError("1.0e400"), "a.mof:1:1: 1.0e400 is no number of 64 bits");
+    EXPECT_EQ(LexerError("1.0e-400"), "a.mof:1:1: 1.0e-400 is no number of 64 bits");
 }
 
 }  // namespace
