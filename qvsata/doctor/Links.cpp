@@ -159,9 +159,9 @@ std::vector<Right> WritersAmong(const std::vector<Right>& rights) {
 
 std::string NamesOf(const std::vector<Right>& rights) {
     std::vector<std::string> names;
-    for (const Right& right : rights) {
-        names.push_back(right.account + (right.isOwner ? " (owner)" : ""));
-    }
+    std::ranges::transform(rights, std::back_inserter(names), [](const Right& right) {
+        return right.account + (right.isOwner ? " (owner)" : "");
+    });
     return Joined(names, ", ");
 }
 
@@ -221,11 +221,10 @@ Finding JudgeFolder(const Facts& facts) {
     if (library == nullptr) {
         return {State::notChecked, "no library is registered", {}};
     }
-    const Finding folder =
-        Judged(library->folderRights, [library](const std::vector<Right>& rights) {
-            return JudgeRights(rights, library->folder,
-                               FolderMend(library->folder, WritersAmong(rights)));
-        });
+    Finding folder = Judged(library->folderRights, [library](const std::vector<Right>& rights) {
+        return JudgeRights(rights, library->folder,
+                           FolderMend(library->folder, WritersAmong(rights)));
+    });
     if (folder.state != State::ok) {
         return folder;
     }
@@ -421,9 +420,9 @@ constexpr std::array links{
 
 std::vector<Link> JudgeLinks(const Facts& facts) {
     std::vector<Link> judged;
-    for (const JudgedLink& link : links) {
-        judged.push_back({link.name, link.judge(facts)});
-    }
+    std::ranges::transform(links, std::back_inserter(judged), [&](const JudgedLink& link) {
+        return Link{link.name, link.judge(facts)};
+    });
     return judged;
 }
 

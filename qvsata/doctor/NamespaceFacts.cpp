@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <string_view>
 
 #include "catalogue/Classes.h"
@@ -154,9 +155,8 @@ std::string DifferenceOf(const Answer& installed, const Answer& hosted) {
 std::shared_ptr<const service::PublishedClasses> ReadShipped(
     const std::filesystem::path& mofFolder) {
     std::vector<std::filesystem::path> files;
-    for (const std::string_view file : service::shippedClassFiles) {
-        files.push_back(mofFolder / file);
-    }
+    std::ranges::transform(service::shippedClassFiles, std::back_inserter(files),
+                           [&](std::string_view file) { return mofFolder / file; });
     files.push_back(mofFolder / service::shippedRegistrationFile);
     return service::ReadPublishedClasses(files);
 }

@@ -48,6 +48,12 @@ bool IsIn(const MofInteger& number, const Range& range) {
     return number.magnitude <= (number.negative ? range.lowest : range.highest);
 }
 
+/// Returns whether a type takes the real number.
+bool IsIn(double real, CimType type) {
+    return type == CimType::real64 ||
+           (type == CimType::real32 && std::abs(real) <= std::numeric_limits<float>::max());
+}
+
 std::int64_t Signed(const MofInteger& number) {
     return static_cast<std::int64_t>(number.negative ? 0 - number.magnitude : number.magnitude);
 }
@@ -99,10 +105,7 @@ std::optional<CimValue> Scalar(const MofLiteral& literal, CimType type) {
         return type == CimType::boolean ? std::optional<CimValue>(*truth) : std::nullopt;
     }
     if (const auto* const real = std::get_if<double>(&literal.value)) {
-        constexpr double most = std::numeric_limits<float>::max();
-        const bool fits =
-            type == CimType::real64 || (type == CimType::real32 && std::abs(*real) <= most);
-        return fits ? std::optional<CimValue>(*real) : std::nullopt;
+        return IsIn(*real, type) ? std::optional<CimValue>(*real) : std::nullopt;
     }
     return std::nullopt;
 }

@@ -30,12 +30,12 @@ std::string_view MeaningOf(unsigned code) {
 std::string_view LastLine(std::string_view text) {
     constexpr std::string_view blanks = " \t\r\n";
     const std::size_t last = text.find_last_not_of(blanks);
-    if (last == text.npos) {
+    if (last == std::string_view::npos) {
         return {};
     }
     text = text.substr(0, last + 1);
     const std::size_t before = text.find_last_of("\r\n");
-    return before == text.npos ? text : text.substr(before + 1);
+    return before == std::string_view::npos ? text : text.substr(before + 1);
 }
 
 }  // namespace
@@ -45,7 +45,8 @@ std::vector<Status> StatusesIn(const Compilation& compilation) {
     // The compiler writes "0x" and "0X".
     const std::string output = FoldCase(compilation.output);
     std::vector<Status> statuses;
-    for (std::size_t at = output.find("0x"); at != output.npos; at = output.find("0x", at + 1)) {
+    for (std::size_t at = output.find("0x"); at != std::string::npos;
+         at = output.find("0x", at + 1)) {
         if (const auto status = service::StatusOfName(output.substr(at, length))) {
             statuses.push_back(*status);
         }

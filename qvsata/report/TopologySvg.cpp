@@ -51,7 +51,7 @@ std::string_view ClassOfStyle(view::Style style) {
 /// Returns as much of a text as fits into a box.
 std::string Fitted(std::string_view text, std::size_t columns) {
     constexpr std::size_t mostBytes = 512;
-    const std::string printable = view::Printable(text.substr(0, mostBytes));
+    std::string printable = view::Printable(text.substr(0, mostBytes));
     if (view::WidthOf(printable) <= columns) {
         return printable;
     }

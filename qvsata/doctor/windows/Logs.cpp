@@ -56,7 +56,7 @@ std::vector<std::string> LinesWith(const std::wstring& word, const std::wstring&
     for (std::size_t from = 0; from < text.size();) {
         const std::size_t end = std::min(text.find(L"\r\n", from), text.size());
         const std::wstring line = text.substr(from, end - from);
-        if (line.find(word) != line.npos) {
+        if (line.find(word) != std::wstring::npos) {
             lines.push_back(windows::ToNarrow(line, CP_UTF8));
         }
         from = end + 2;
