@@ -1,10 +1,11 @@
 // mofcomp.exe for tests: Wine's own is empty. `mofcomp FILE` compiles a file up to its first error.
 // Beside the program,
-//   mofcomp.log         gets a line for each call: the arguments, and "(removed before)" if there
-//   is no file mofcomp.fail        if present, names the file (without folder) of which all is
-//   compiled, with failure mofcomp.repository  lists the classes and instances of root\QVQ
-//   mofcomp.compiled    holds what was compiled, in order: this makes the repository
-//   mofcomp.folder      holds the MOF files that were in the folder of a compiled one
+// - mofcomp.log gets a line for each call: the arguments, and "(removed before)" without a file;
+// - mofcomp.fail, if present, names the file, without folder, of which all is compiled but which
+//   ends with a failure;
+// - mofcomp.repository lists the classes and instances of root\QVQ;
+// - mofcomp.compiled holds what was compiled, in order: this makes the repository;
+// - mofcomp.folder holds the MOF files that were in the folder of a compiled one.
 // Windows undoes the steps of an installation in the reverse order, so that an action finds its
 // file. Wine removes the files first. The last folder gives them back.
 #include <windows.h>
