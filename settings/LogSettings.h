@@ -12,11 +12,12 @@ namespace qv {
 
 /// The settings of the common log: values of HKLM\Software\Corvane\WBEM.
 struct LogSettings {
+    static constexpr LogLevel defaultLevel = LogLevel::information;
     static constexpr std::uint32_t defaultMaxSize = 0x200000;
 
     /// Ends in a backslash.
     std::wstring folder;
-    LogLevel level = LogLevel::information;
+    LogLevel level = defaultLevel;
     /// In bytes.
     std::uint32_t maxSize = defaultMaxSize;
 };

@@ -74,7 +74,8 @@ std::string UsageMessage(const CLI::App& program, const CLI::ParseError& error) 
     const std::string typed = unknown.front().substr(0, unknown.front().find('='));
     const bool isOption = typed.starts_with('-');
     if (!isOption && !chosen.empty()) {
-        return "unexpected argument '" + unknown.front() + "' of " + command.get_name();
+        return "unexpected argument '" + unknown.front() + "' of " + command.get_name() +
+               (typed.ends_with(".json") ? "; each recording takes its own --host" : "");
     }
     const std::string meant = Meant(typed, isOption ? OptionsOf(command) : CommandsOf(program));
     if (chosen.empty() && isOption && meant.empty()) {

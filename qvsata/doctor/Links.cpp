@@ -326,10 +326,11 @@ std::string BackToDefault(const std::string& setting) {
     return "reg delete " + setting + " /f";
 }
 
-/// Returns the command that gives a number to another setting of the logs, too.
-std::string AlsoFor(std::string_view name, const SettingFacts& number) {
-    return "reg add " + std::string(logSettingsKey) + " /v " + std::string(name) +
-           " /t REG_DWORD /d " + std::to_string(std::get<std::uint32_t>(number.value)) + " /f";
+/// Returns the command that sets a general setting to its default, so that the module's own is
+/// read.
+std::string SetDefault(const NumberSetting& setting) {
+    return "reg add " + std::string(logSettingsKey) + " /v " + std::string(setting.name) +
+           " /t REG_DWORD /d " + std::to_string(setting.defaultValue) + " /f";
 }
 
 Finding JudgeSettings(const Facts& facts) {
@@ -341,11 +342,11 @@ Finding JudgeSettings(const Facts& facts) {
                 texts.push_back(why);
                 mends.push_back(
                     BackToDefault(std::string(logSettingsKey) + " /v \"" + setting.name + '"'));
-            } else if (const std::string_view general = GeneralSetting(setting.name);
-                       !IsTaken(general, settings)) {
-                texts.push_back(setting.name + " has no effect: " + std::string(general) +
+            } else if (const NumberSetting* const general = GeneralSetting(setting.name);
+                       general != nullptr && !IsTaken(general->name, settings)) {
+                texts.push_back(setting.name + " has no effect: " + std::string(general->name) +
                                 " is not set to a number in its range");
-                mends.push_back(AlsoFor(general, setting));
+                mends.push_back(SetDefault(*general));
             }
         }
         return texts.empty() ? Finding() : Problem(Joined(texts, "; "), Joined(mends, " & "));

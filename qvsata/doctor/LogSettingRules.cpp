@@ -32,8 +32,10 @@ std::string WhyNotTaken(const SettingFacts& setting) {
                      std::to_string(lowest) + " to " + std::to_string(highest) + " (REG_DWORD)";
 }
 
-std::string_view GeneralSetting(std::string_view name) {
-    return name.substr(0, name.find(" ("));
+const NumberSetting* GeneralSetting(std::string_view name) {
+    const auto* const general =
+        std::ranges::find(numberSettings, name.substr(0, name.find(" (")), &NumberSetting::name);
+    return general == numberSettings.end() ? nullptr : general;
 }
 
 bool IsTaken(std::string_view name, const std::vector<SettingFacts>& settings) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,22 +21,25 @@ inline constexpr std::string_view logFolderSetting = "LogFolder";
 struct NumberSetting {
     std::string_view name;
     SettingRange range;
+    std::uint32_t defaultValue;
 };
 
+inline constexpr auto defaultLogLevel = static_cast<std::uint32_t>(LogSettings::defaultLevel);
+
 inline constexpr std::array numberSettings{
-    NumberSetting{"LogLevel", logLevels},
-    NumberSetting{"LogLevel (QVWMISATA)", logLevels},
-    NumberSetting{"LogMaxSize", logSizes},
-    NumberSetting{"LogMaxSize (QVWMISATA)", logSizes},
+    NumberSetting{"LogLevel", logLevels, defaultLogLevel},
+    NumberSetting{"LogLevel (QVWMISATA)", logLevels, defaultLogLevel},
+    NumberSetting{"LogMaxSize", logSizes, LogSettings::defaultMaxSize},
+    NumberSetting{"LogMaxSize (QVWMISATA)", logSizes, LogSettings::defaultMaxSize},
 };
 
 /// Returns why the provider uses its default instead of a value that is set, "LogLevel is 9, not a
 /// number from 1 to 5"; empty if the value is in its range.
 std::string WhyNotTaken(const SettingFacts& setting);
 
-/// Returns the name of the setting without which one of that name is not read: "LogLevel" for
-/// "LogLevel (QVWMISATA)"; otherwise the same name.
-std::string_view GeneralSetting(std::string_view name);
+/// Returns the setting without which one of that name is not read: "LogLevel" for
+/// "LogLevel (QVWMISATA)", itself for "LogLevel"; null for "LogFolder".
+const NumberSetting* GeneralSetting(std::string_view name);
 
 /// Returns whether a setting of that name is set to a value in its range.
 bool IsTaken(std::string_view name, const std::vector<SettingFacts>& settings);

@@ -257,7 +257,7 @@ const std::array breakages{
     Breakage{"LevelOfTheModuleAlone",
              [](Facts& facts) { facts.settings = Setting("LogLevel (QVWMISATA)", 1U); },
              "log settings: LogLevel (QVWMISATA) has no effect: LogLevel is not set to a number in "
-             "its range -> reg add HKLM\\SOFTWARE\\Corvane\\WBEM /v LogLevel /t REG_DWORD /d 1 /f"},
+             "its range -> reg add HKLM\\SOFTWARE\\Corvane\\WBEM /v LogLevel /t REG_DWORD /d 3 /f"},
     Breakage{"SizeOfTheModuleAlone",
              [](Facts& facts) {
                  facts.settings = std::vector<SettingFacts>{{"LogMaxSize", 1U},
@@ -266,7 +266,7 @@ const std::array breakages{
              "log settings: LogMaxSize is 1, not a number from 524288 to 33554432 (REG_DWORD); "
              "LogMaxSize (QVWMISATA) has no effect: LogMaxSize is not set to a number in its range "
              "-> reg delete HKLM\\SOFTWARE\\Corvane\\WBEM /v \"LogMaxSize\" /f & reg add "
-             "HKLM\\SOFTWARE\\Corvane\\WBEM /v LogMaxSize /t REG_DWORD /d 524288 /f"},
+             "HKLM\\SOFTWARE\\Corvane\\WBEM /v LogMaxSize /t REG_DWORD /d 2097152 /f"},
     Breakage{"FolderThatIsNoText", [](Facts& facts) { facts.settings = Setting("LogFolder", {}); },
              "log settings: LogFolder is of another type, not a folder (REG_SZ) -> reg delete "
              "HKLM\\SOFTWARE\\Corvane\\WBEM /v \"LogFolder\" /f"},
