@@ -19,8 +19,8 @@ namespace qv::tool {
 namespace {
 
 std::string DiskLine(const view::OsDisk& disk) {
-    return "    " + view::DiskName(disk.number, disk.model) + ", serial number " +
-           view::OrDash(disk.serialNumber) + ", ID " + disk.deviceId + '\n';
+    return "    " + view::Printable(view::DiskName(disk.number, disk.model)) + ", serial number " +
+           view::OrDash(disk.serialNumber) + ", ID " + view::Printable(disk.deviceId) + '\n';
 }
 
 /// Returns the drive number that a text is: "1", "#1" or "\\.\PHYSICALDRIVE1".
