@@ -166,7 +166,7 @@ TEST(HostFile, RefusesWhatIsNotJsonAndSaysWhere) {
     EXPECT_THAT(Refusal("{} {}"), StartsWith("h.json: line 1, column 4: not JSON: "));
     EXPECT_THAT(Refusal("{\"a\":\n\"\x01\n\"}"),
                 StartsWith("h.json: line 2, column 2: not JSON: "));
-    EXPECT_EQ(Refusal("{\"a\":1e999}"), "h.json: a number beyond all bounds");
+    EXPECT_EQ(Refusal("{\"a\":\n 1e999}"), "h.json: line 2, column 6: a number beyond all bounds");
 }
 
 TEST(HostFile, RefusesBytesThatAreNotUtf8) {
@@ -263,10 +263,10 @@ TEST(HostFile, RefusesAValueThatNoPropertyHas) {
 }
 
 TEST(HostFile, RefusesANameGivenTwiceInAnyLetterCase) {
-    EXPECT_EQ(RefusalOfRow(R"({"Size":"1","Size":"2"})"),
-              R"(h.json: "Size" stands twice in one object)");
-    EXPECT_EQ(RefusalOfRow(R"({"Size":"1","SIZE":"2"})"),
-              R"(h.json: "SIZE" stands twice in one object)");
+    EXPECT_EQ(RefusalOfRow("\n{\"Size\":\"1\",\"Size\":\"2\"}"),
+              R"(h.json: line 2, column 18: "Size" stands twice in one object)");
+    EXPECT_EQ(RefusalOfRow("\n{\"Size\":\"1\",\n\"SIZE\":\"2\"}"),
+              R"(h.json: line 3, column 6: "SIZE" stands twice in one object)");
     EXPECT_EQ(Refusal(R"({"computer":{},"namespaces":{"root\\wmi":{},"root/WMI":{}}})"),
               R"(h.json: namespaces."root/WMI": the namespace is given twice)");
 }
