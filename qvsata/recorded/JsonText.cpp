@@ -157,6 +157,10 @@ Json ParseJson(std::string_view text, const std::string& file, const JsonTaker& 
     JsonSource source{text, file};
     DocumentBuilder builder(root, source, take);
     Json::sax_parse(SourceIterator(&source), SourceIterator(&source), &builder);
+    // To the parser this character is the end.
+    if (const std::size_t end = text.find('\0'); end != std::string_view::npos) {
+        source.FailAt(end + 1, "not JSON: a NUL character");
+    }
     return root;
 }
 

@@ -169,6 +169,15 @@ TEST(HostFile, RefusesWhatIsNotJsonAndSaysWhere) {
     EXPECT_EQ(Refusal("{\"a\":\n 1e999}"), "h.json: line 2, column 6: a number beyond all bounds");
 }
 
+TEST(HostFile, IsNotEndedByANulCharacter) {
+    const std::string json = R"({"computer":{},"namespaces":{}})";
+    EXPECT_EQ(Refusal(json + '\n' + '\0' + " not JSON {{{"),
+              "h.json: line 2, column 1: not JSON: a NUL character");
+    EXPECT_EQ(Refusal(json + '\0'), "h.json: line 1, column 32: not JSON: a NUL character");
+    EXPECT_THAT(Refusal(std::string("{\"a\":\0 1}", 9)),
+                StartsWith("h.json: line 1, column 6: not JSON: "));
+}
+
 TEST(HostFile, RefusesBytesThatAreNotUtf8) {
     const std::string message = Refusal("{\"a\": \"x\xFF\"}");
     EXPECT_THAT(message, StartsWith("h.json: line 1, column 9: not JSON: "));
