@@ -11,11 +11,18 @@
 namespace qv::tool {
 namespace {
 
+// A path that `get` takes, of fewer than 1,000 characters, is printed whole.
+constexpr view::TextLimits errorLine{2'000, 1'000, 500};
+
+std::string ShownLine(std::string_view line) {
+    return view::Shortened(view::Printable(line), errorLine);
+}
+
 std::string ShownLines(std::string_view text) {
     std::string shown;
     while (!text.empty()) {
         const std::size_t length = std::min(text.find('\n'), text.size());
-        shown += view::Printable(text.substr(0, length));
+        shown += ShownLine(text.substr(0, length));
         text.remove_prefix(length);
         if (!text.empty()) {
             shown += '\n';

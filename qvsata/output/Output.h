@@ -13,7 +13,8 @@ void Print(const std::string& text);
 void PrintFitted(const view::StyledText& text);
 
 /// Writes lines to standard error in the same way, with printable characters only (see
-/// view::Printable). Only the caller knows which line feeds are those of a device's text.
+/// view::Printable) and the middle of a very long line left out. Only the caller knows which line
+/// feeds are those of a device's text.
 void WriteErrorFitted(const std::string& text);
 
 }  // namespace qv::tool
