@@ -7,6 +7,7 @@
 
 #include "SourceTree.h"
 #include "qvsata/cim/StatusCodes.h"
+#include "tests/qvsata/wql/RepeatedText.h"
 #include "tests/support/RecordedAnswers.h"
 
 namespace qv::test {
@@ -203,6 +204,28 @@ TEST(HostFile, RefusesAFileOfAnotherShape) {
               "h.json: namespaces: expected an object");
     EXPECT_EQ(Refusal(R"({"computer":{},"namespaces":{"root\\wmi":[]}})"),
               R"(h.json: namespaces."root\\wmi": expected an object)");
+}
+
+TEST(HostFile, RefusesANameThatNoComputerHas) {
+    const std::string longest(255, 'n');
+    EXPECT_EQ(Loaded(R"({"computer":{"netbios":")" + longest + R"("},"namespaces":{}})")
+                  .Computer()
+                  .netbios,
+              longest);
+    const auto refusal = [&longest](const std::string& name) {
+        return Refusal(R"({"computer":{")" + name + "\":\"" + longest + R"(n"},"namespaces":{}})");
+    };
+    const std::string reason = ": a name of more than 255 characters";
+    EXPECT_EQ(refusal("server"), "h.json: computer.server" + reason);
+    EXPECT_EQ(refusal("netbios"), "h.json: computer.netbios" + reason);
+    EXPECT_EQ(refusal("dnsHostname"), "h.json: computer.dnsHostname" + reason);
+    EXPECT_EQ(refusal("dnsFullyQualified"), "h.json: computer.dnsFullyQualified" + reason);
+}
+
+TEST(HostFile, CountsTheCharactersOfANameAndNotItsBytes) {
+    EXPECT_EQ(
+        Refusal(R"({"computer":{"netbios":")" + RepeatedText(255, "ö") + R"("},"namespaces":{}})"),
+        "");
 }
 
 TEST(HostFile, KnowsTheStatusWithWhichAClassFails) {
