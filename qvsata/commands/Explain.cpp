@@ -8,6 +8,7 @@
 #include "qvsata/commands/Explanation.h"
 #include "qvsata/explain/ExplanationText.h"
 #include "qvsata/session/MachineAnswer.h"
+#include "qvsata/session/MachineRun.h"
 #include "qvsata/session/Options.h"
 #include "qvsata/session/OsDisks.h"
 #include "qvsata/view/SerialNumber.h"
@@ -19,13 +20,13 @@ namespace qv::tool {
 namespace {
 
 std::string DiskLine(const view::OsDisk& disk) {
-    return "    " + view::DiskName(disk.number, disk.model) + ", serial number " +
-           view::OrDash(disk.serialNumber) + ", ID " + disk.deviceId + '\n';
+    return "    " + view::Printable(view::DiskName(disk.number, disk.model)) + ", serial number " +
+           view::OrDash(disk.serialNumber) + ", ID " + view::Printable(disk.deviceId) + '\n';
 }
 
 /// Returns the drive number that a text is: "1", "#1" or "\\.\PHYSICALDRIVE1".
 std::optional<std::int64_t> DriveNumberIn(std::string_view text) {
-    for (const std::string_view prefix : {"\\\\.\\PHYSICALDRIVE", "#"}) {
+    for (const std::string_view prefix : {R"(\\.\PHYSICALDRIVE)", "#"}) {
         if (EqualsIgnoringCase(text.substr(0, prefix.size()), prefix)) {
             text.remove_prefix(prefix.size());
             break;

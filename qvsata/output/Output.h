@@ -12,7 +12,9 @@ void Print(const std::string& text);
 /// Writes readable text to standard output; breaks lines that are longer than its terminal.
 void PrintFitted(const view::StyledText& text);
 
-/// Writes readable text to standard error in the same way.
+/// Writes lines to standard error in the same way, with printable characters only (see
+/// view::Printable) and the middle of a very long line left out. Only the caller knows which line
+/// feeds are those of a device's text.
 void WriteErrorFitted(const std::string& text);
 
 }  // namespace qv::tool

@@ -137,6 +137,19 @@ std::string OptionalText(const Json& json, const std::string& name, const Place&
     return found->get<std::string>();
 }
 
+// A name of the computer, which is in each instance.
+std::string ComputerName(const Json& computer, const std::string& name, const Place& place) {
+    constexpr std::ptrdiff_t mostCharacters = 255;
+    std::string text = OptionalText(computer, name, place);
+    const auto characters = std::ranges::count_if(text, [](char byte) {
+        return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;  // the first of a character
+    });
+    if (characters > mostCharacters) {
+        place.Member(name).Fail("a name of more than 255 characters");
+    }
+    return text;
+}
+
 RowProperties ToRow(Json& json, const Place& place) {
     auto& properties = RequireObject(json, place).get_ref<Json::object_t&>();
     RowProperties row;
@@ -262,9 +275,9 @@ RecordedHost ReadHostText(std::string_view json, std::string_view name) {
     const Place names = top.Member("computer");
     RequireMember(root, "namespaces", top);
     RecordedHost host(
-        {OptionalText(computer, "server", names),
-         OptionalText(computer, "dnsFullyQualified", names),
-         OptionalText(computer, "dnsHostname", names), OptionalText(computer, "netbios", names)},
+        {ComputerName(computer, "server", names),
+         ComputerName(computer, "dnsFullyQualified", names),
+         ComputerName(computer, "dnsHostname", names), ComputerName(computer, "netbios", names)},
         OptionalText(root, "description", top), ToSystem(root, top));
     host.TakeNamespaces(reader.TakeHost());
     return host;

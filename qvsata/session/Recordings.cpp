@@ -19,6 +19,18 @@ bool IsFolder(const std::string& path) {
     return std::filesystem::is_directory(FromUtf8(path), error);
 }
 
+namespace {
+
+/// Returns whether an entry of a folder is a recording by its name, and no pipe, device or folder.
+bool IsRecording(const std::filesystem::directory_entry& entry) {
+    std::error_code error;
+    const std::filesystem::file_status status = entry.status(error);
+    return EqualsIgnoringCase(service::Utf8OfPath(entry.path().extension()), ".json") &&
+           (is_regular_file(status) || !exists(status));
+}
+
+}  // namespace
+
 std::vector<std::string> RecordingsIn(const std::string& path) {
     if (!IsFolder(path)) {
         return {path};
@@ -28,7 +40,7 @@ std::vector<std::string> RecordingsIn(const std::string& path) {
     std::error_code error;
     for (std::filesystem::directory_iterator file(FromUtf8(path), error), end;
          !error && file != end; file.increment(error)) {
-        if (EqualsIgnoringCase(service::Utf8OfPath(file->path().extension()), ".json")) {
+        if (IsRecording(*file)) {
             files.push_back(folder + service::Utf8OfPath(file->path().filename()));
         }
     }

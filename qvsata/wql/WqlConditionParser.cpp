@@ -43,6 +43,7 @@ private:
     ConditionPtr ParseAnd();
     ConditionPtr ParseNot();
     ConditionPtr ParseComparison();
+    ConditionPtr ParseIsA(const WqlName& property);
     ConditionPtr ParseIsNull(WqlName property);
     ConditionPtr ParseLike(WqlName property);
     const ComparisonSign& ParseSign();
@@ -100,11 +101,7 @@ ConditionPtr ConditionParser::ParseComparison() {
         return ParseIsNull(std::move(property));
     }
     if (tokens_.TakeWord("ISA")) {
-        if (!EqualsIgnoringCase(property.text, "__CLASS") &&
-            !EqualsIgnoringCase(property.text, "__THIS")) {
-            throw WqlError("ISA asks for __CLASS or __THIS", property.column);
-        }
-        return IsOfClass(tokens_.ExpectText("a class name in quotes"));
+        return ParseIsA(property);
     }
     if (tokens_.TakeWord("LIKE")) {
         return ParseLike(std::move(property));
@@ -114,6 +111,18 @@ ConditionPtr ConditionParser::ParseComparison() {
         tokens_.Fail("expected a text, a number, TRUE, FALSE or NULL");
     }
     return CompareProperty(std::move(property), comparison, ParseConstant());
+}
+
+ConditionPtr ConditionParser::ParseIsA(const WqlName& property) {
+    if (!EqualsIgnoringCase(property.text, "__CLASS") &&
+        !EqualsIgnoringCase(property.text, "__THIS")) {
+        throw WqlError("ISA asks for __CLASS or __THIS", property.column);
+    }
+    WqlName className = tokens_.ExpectText("a class name in quotes");
+    if (!IsWqlWord(className.text)) {
+        throw WqlError("not a class name", className.column);
+    }
+    return IsOfClass(std::move(className));
 }
 
 ConditionPtr ConditionParser::ParseIsNull(WqlName property) {

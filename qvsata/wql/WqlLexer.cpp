@@ -150,4 +150,8 @@ std::vector<WqlToken> SplitWql(std::string_view text) {
     return WqlLexer(text).Split();
 }
 
+bool IsWqlWord(std::string_view text) {
+    return !text.empty() && !IsDecimal(text.front()) && std::ranges::all_of(text, IsWordByte);
+}
+
 }  // namespace qv::service

@@ -31,4 +31,7 @@ struct WqlToken {
 /// of the value. The parser checks the form of a number and that it is in the range of double.
 std::vector<WqlToken> SplitWql(std::string_view text);
 
+/// Returns whether a text is a word.
+bool IsWqlWord(std::string_view text);
+
 }  // namespace qv::service

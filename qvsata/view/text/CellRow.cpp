@@ -6,6 +6,12 @@
 #include "qvsata/view/text/Columns.h"
 
 namespace qv::view {
+namespace {
+
+// One cell of any length must not pad the others of its column to that.
+constexpr std::size_t widestPadding = 100;
+
+}  // namespace
 
 void WidenFor(const CellRow& row, std::vector<std::size_t>& widths) {
     widths.resize(row.size());
@@ -21,7 +27,8 @@ void AppendRow(const CellRow& row, const std::vector<std::size_t>& widths, Style
             continue;
         }
         const Cell& cell = row[column];
-        const std::string padding = Padding(widths[column], cell.span.text);
+        const std::string padding =
+            Padding(std::min(widths[column], widestPadding), cell.span.text);
         text.push_back({gap + (cell.toTheRight ? padding : "")});
         text.push_back(cell.span);
         gap = (cell.toTheRight ? "" : padding) + "  ";

@@ -27,7 +27,7 @@ struct LinePlace {
 void WidenFor(const CellRow& row, std::vector<std::size_t>& widths);
 
 /// Appends a row as a line of aligned columns with two blanks between them. A column without a
-/// width is left out.
+/// width is left out. Cells are padded to at most 100 columns; what is longer stays whole.
 void AppendRow(const CellRow& row, const std::vector<std::size_t>& widths, StyledText& text);
 
 /// Returns the columns of a line of AppendRow.

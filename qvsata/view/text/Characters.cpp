@@ -34,6 +34,10 @@ std::string Escaped(const Character& character) {
         character.code.value_or(static_cast<unsigned char>(character.bytes.front())));
 }
 
+bool IsInsideCharacter(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
+
 }  // namespace
 
 std::size_t ColumnsOf(const Character& character) {
@@ -60,14 +64,22 @@ std::string_view Beginning(std::string_view text, std::size_t mostBytes) {
     if (text.size() <= mostBytes) {
         return text;
     }
-    const auto isInside = [text](std::size_t place) {
-        return (static_cast<unsigned char>(text[place]) & 0xC0U) == 0x80U;
-    };
     std::size_t length = mostBytes;
-    while (length != 0 && isInside(length)) {
+    while (length != 0 && IsInsideCharacter(text[length])) {
         --length;
     }
     return text.substr(0, length);
+}
+
+std::string Shortened(std::string_view text, const TextLimits& limits) {
+    if (text.size() <= limits.whole) {
+        return std::string(text);
+    }
+    std::string_view end = text.substr(text.size() - limits.end);
+    while (!end.empty() && IsInsideCharacter(end.front())) {
+        end.remove_prefix(1);
+    }
+    return std::string(Beginning(text, limits.beginning)).append(" ... ").append(end);
 }
 
 }  // namespace qv::view

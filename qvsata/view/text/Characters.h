@@ -25,4 +25,15 @@ std::string Printable(std::string_view text);
 /// Returns the beginning of a text in UTF-8: at most so many bytes, without a part of a character.
 std::string_view Beginning(std::string_view text, std::size_t mostBytes);
 
+/// How much of a text Shortened keeps, in bytes.
+struct TextLimits {
+    std::size_t whole;      ///< of a text that it does not change
+    std::size_t beginning;  ///< of a longer one
+    std::size_t end;
+};
+
+/// Returns a text in UTF-8, of one that is too long its beginning and its end with " ... " between
+/// them, without a part of a character.
+std::string Shortened(std::string_view text, const TextLimits& limits);
+
 }  // namespace qv::view

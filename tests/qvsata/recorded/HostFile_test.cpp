@@ -7,6 +7,7 @@
 
 #include "SourceTree.h"
 #include "qvsata/cim/StatusCodes.h"
+#include "tests/qvsata/wql/RepeatedText.h"
 #include "tests/support/RecordedAnswers.h"
 
 namespace qv::test {
@@ -166,7 +167,16 @@ TEST(HostFile, RefusesWhatIsNotJsonAndSaysWhere) {
     EXPECT_THAT(Refusal("{} {}"), StartsWith("h.json: line 1, column 4: not JSON: "));
     EXPECT_THAT(Refusal("{\"a\":\n\"\x01\n\"}"),
                 StartsWith("h.json: line 2, column 2: not JSON: "));
-    EXPECT_EQ(Refusal("{\"a\":1e999}"), "h.json: a number beyond all bounds");
+    EXPECT_EQ(Refusal("{\"a\":\n 1e999}"), "h.json: line 2, column 6: a number beyond all bounds");
+}
+
+TEST(HostFile, IsNotEndedByANulCharacter) {
+    const std::string json = R"({"computer":{},"namespaces":{}})";
+    EXPECT_EQ(Refusal(json + '\n' + '\0' + " not JSON {{{"),
+              "h.json: line 2, column 1: not JSON: a NUL character");
+    EXPECT_EQ(Refusal(json + '\0'), "h.json: line 1, column 32: not JSON: a NUL character");
+    EXPECT_THAT(Refusal(std::string("{\"a\":\0 1}", 9)),
+                StartsWith("h.json: line 1, column 6: not JSON: "));
 }
 
 TEST(HostFile, RefusesBytesThatAreNotUtf8) {
@@ -194,6 +204,28 @@ TEST(HostFile, RefusesAFileOfAnotherShape) {
               "h.json: namespaces: expected an object");
     EXPECT_EQ(Refusal(R"({"computer":{},"namespaces":{"root\\wmi":[]}})"),
               R"(h.json: namespaces."root\\wmi": expected an object)");
+}
+
+TEST(HostFile, RefusesANameThatNoComputerHas) {
+    const std::string longest(255, 'n');
+    EXPECT_EQ(Loaded(R"({"computer":{"netbios":")" + longest + R"("},"namespaces":{}})")
+                  .Computer()
+                  .netbios,
+              longest);
+    const auto refusal = [&longest](const std::string& name) {
+        return Refusal(R"({"computer":{")" + name + "\":\"" + longest + R"(n"},"namespaces":{}})");
+    };
+    const std::string reason = ": a name of more than 255 characters";
+    EXPECT_EQ(refusal("server"), "h.json: computer.server" + reason);
+    EXPECT_EQ(refusal("netbios"), "h.json: computer.netbios" + reason);
+    EXPECT_EQ(refusal("dnsHostname"), "h.json: computer.dnsHostname" + reason);
+    EXPECT_EQ(refusal("dnsFullyQualified"), "h.json: computer.dnsFullyQualified" + reason);
+}
+
+TEST(HostFile, CountsTheCharactersOfANameAndNotItsBytes) {
+    EXPECT_EQ(
+        Refusal(R"({"computer":{"netbios":")" + RepeatedText(255, "ö") + R"("},"namespaces":{}})"),
+        "");
 }
 
 TEST(HostFile, KnowsTheStatusWithWhichAClassFails) {
@@ -263,10 +295,10 @@ TEST(HostFile, RefusesAValueThatNoPropertyHas) {
 }
 
 TEST(HostFile, RefusesANameGivenTwiceInAnyLetterCase) {
-    EXPECT_EQ(RefusalOfRow(R"({"Size":"1","Size":"2"})"),
-              R"(h.json: "Size" stands twice in one object)");
-    EXPECT_EQ(RefusalOfRow(R"({"Size":"1","SIZE":"2"})"),
-              R"(h.json: "SIZE" stands twice in one object)");
+    EXPECT_EQ(RefusalOfRow("\n{\"Size\":\"1\",\"Size\":\"2\"}"),
+              R"(h.json: line 2, column 18: "Size" stands twice in one object)");
+    EXPECT_EQ(RefusalOfRow("\n{\"Size\":\"1\",\n\"SIZE\":\"2\"}"),
+              R"(h.json: line 3, column 6: "SIZE" stands twice in one object)");
     EXPECT_EQ(Refusal(R"({"computer":{},"namespaces":{"root\\wmi":{},"root/WMI":{}}})"),
               R"(h.json: namespaces."root/WMI": the namespace is given twice)");
 }

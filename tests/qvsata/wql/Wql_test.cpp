@@ -130,6 +130,10 @@ TEST(Wql, RefusesABrokenCondition) {
     EXPECT_EQ(QueryRefusal(select + "a LIKE '[a'"), "column 31: the pattern's [ is not closed");
     EXPECT_EQ(QueryRefusal(select + "a ISA 'X'"), "column 23: ISA asks for __CLASS or __THIS");
     EXPECT_EQ(QueryRefusal(select + "__THIS ISA X"), "column 34: expected a class name in quotes");
+    EXPECT_EQ(QueryRefusal(select + "__THIS ISA 'X\ny'"), "column 35: not a class name");
+    EXPECT_EQ(QueryRefusal(select + "__THIS ISA '1X'"), "column 35: not a class name");
+    EXPECT_EQ(QueryRefusal(select + "__THIS ISA ''"), "column 35: not a class name");
+    EXPECT_EQ(QueryRefusal(select + "__THIS ISA '_X1'"), "");
     EXPECT_EQ(QueryRefusal(select + "1 = 2"), "column 27: expected a property name");
 }
 

@@ -69,5 +69,16 @@ TEST(Beginning, EndsBetweenCharacters) {
     EXPECT_EQ(view::Beginning("円円", 2), "");
 }
 
+TEST(Shortened, KeepsATextThatIsShortEnough) {
+    EXPECT_EQ(view::Shortened("abcdef", {6, 2, 1}), "abcdef");
+    EXPECT_EQ(view::Shortened("", {6, 2, 1}), "");
+}
+
+TEST(Shortened, KeepsTheBeginningAndTheEndOfALongerText) {
+    EXPECT_EQ(view::Shortened("abcdefg", {6, 2, 1}), "ab ... g");
+    EXPECT_EQ(view::Shortened("円円円", {8, 4, 5}), "円 ... 円");
+    EXPECT_EQ(view::Shortened("円円円", {8, 2, 2}), " ... ");
+}
+
 }  // namespace
 }  // namespace qv::test
