@@ -1,7 +1,7 @@
-#include <algorithm>
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "catalogue/Classes.h"
@@ -25,6 +25,8 @@ namespace {
 
 using doctor::Facts;
 using doctor::Unknown;
+
+constexpr std::string_view predictionClass = "MSStorageDriver_FailurePredictStatus";
 
 /// Returns the bytes of the namespace's security descriptor.
 std::string SecurityOf(const service::Services& nameSpace) {
@@ -62,18 +64,19 @@ std::unique_ptr<service::ProviderHost> HostRegistered(
 }
 
 /// Has the hosted library publish everything, and reads the class that only its monitor reads.
-/// Returns a line for each source that could not be read.
-std::vector<std::string> PublishAll(const service::ProviderHost& host) {
+/// Returns the sources that could not be read.
+std::vector<doctor::UnreadSource> PublishAll(const service::ProviderHost& host) {
     for (const PublishedClass& published : PublishedClasses()) {
         host.Published().Enumerate(published.name);
     }
     if (const service::Connection monitored = host.Machine()(wmiNamespace); monitored.services) {
-        monitored.services->Query("SELECT * FROM MSStorageDriver_FailurePredictStatus");
+        monitored.services->Query("SELECT * FROM " + std::string(predictionClass));
     }
-    const std::vector<service::SourceQuery> unread = UnreadSources(host.Journal().Queries());
-    std::vector<std::string> lines(unread.size());
-    std::ranges::transform(unread, lines.begin(), SourceLine);
-    return lines;
+    std::vector<doctor::UnreadSource> unread;
+    for (const service::SourceQuery& query : UnreadSources(host.Journal().Queries())) {
+        unread.push_back({SourceLine(query), query.status, query.className == predictionClass});
+    }
+    return unread;
 }
 
 /// Looks at everything that the management service knows.

@@ -26,26 +26,35 @@ struct ClassFacts {
     std::optional<std::string> threadingModel;
 };
 
-/// A right that a security descriptor allows an account.
+/// Rights that a security descriptor allows or denies an account. Their order is that of the
+/// entries: rights that an earlier one allows are not denied by a later one.
 struct Right {
     std::string account;
     bool isTrusted = false;  ///< administrators, and the system itself
     std::uint32_t mask = 0;
-    std::string id;        ///< "S-1-1-0"
-    bool isOwner = false;  ///< the owner, who may always change the rights
+    std::string id;         ///< "S-1-1-0"
+    bool isOwner = false;   ///< the owner, who may always change the rights
+    bool isDenied = false;  ///< the entry denies them
+};
+
+/// A file or folder with the rights on it.
+struct GuardedPlace {
+    std::string path;
+    Fact<std::vector<Right>> rights;
 };
 
 /// The registered library.
 struct LibraryFacts {
     std::string file;
-    std::string folder;
     bool isBesideProgram = false;  ///< in the folder of this program
     bool exists = false;
-    std::optional<std::uint16_t> machine;   ///< of its PE header; nothing if it has none
-    std::string whyNotLoaded;               ///< empty if it can be loaded
-    std::string version;                    ///< of its version resource
-    Fact<std::vector<Right>> folderRights;  ///< of files
-    Fact<std::vector<Right>> fileRights;    ///< on the library itself
+    std::optional<std::uint16_t> machine;  ///< of its PE header; nothing if it has none
+    std::string whyNotLoaded;              ///< empty if it can be loaded
+    std::string version;                   ///< of its version resource
+    std::string product;                   ///< the installed MSI's product code; empty without one
+    GuardedPlace folder;
+    std::vector<GuardedPlace> files;  ///< the library, then other programs and MOF files beside it
+    std::vector<GuardedPlace> parents;  ///< the folders above, the nearest first
 };
 
 /// How the management service knows a provider.
@@ -59,7 +68,14 @@ struct ProviderFacts {
     std::string usualHostingModel;
 };
 
-/// A value of the key that holds the settings of the logs.
+/// A source that could not be read.
+struct UnreadSource {
+    std::string text;  ///< "root\\wmi X: WBEM_E_ACCESS_DENIED (0x80041003): no event is raised"
+    Status status = Status::noError;
+    bool isPrediction = false;  ///< the class of failure predictions
+};
+
+/// A value of one of the keys that hold the settings of the logs.
 struct SettingFacts {
     std::string name;  ///< "LogLevel"
     /// A number (REG_DWORD), a text, or nothing for a value of another type.
@@ -69,9 +85,12 @@ struct SettingFacts {
 /// One of the provider's logs.
 struct LogFacts {
     std::string file;
-    /// The setting that names it, "KEY /v NAME"; empty if it is in its default place.
+    /// The setting that names it, KEY /v "NAME"; empty if it is in its default place.
     std::string setting;
-    std::string whyNotWritten;         ///< by this account; empty if it can be
+    std::string folder;
+    /// Why this account cannot write it: a system error code, 0 if it can, and its text.
+    std::uint32_t error = 0;
+    std::string whyNotWritten;
     std::vector<std::string> trouble;  ///< lines near its end that tell of a failure
 };
 
@@ -92,7 +111,7 @@ struct Facts {
     Fact<std::vector<Right>> namespaceRights;
     Fact<std::vector<std::string>> classGaps;  ///< what differs from the shipped definitions
     Fact<std::vector<ProviderFacts>> providers;
-    Fact<std::vector<std::string>> unreadSources;  ///< by this account, a line each
+    Fact<std::vector<UnreadSource>> unreadSources;  ///< by this account
     Fact<std::vector<LogFacts>> logs;
     Fact<std::vector<SettingFacts>> settings;  ///< those that exist
     Fact<AnswerFacts> answers;

@@ -18,8 +18,8 @@ std::optional<Facts> ReadMachine();
 /// Connects to the machine's own management service.
 service::Connection ConnectInstalled(std::string_view nameSpace);
 
-/// Returns what a security descriptor allows, in the self-relative form in which the management
-/// service returns it.
+/// Returns what a security descriptor allows and denies, in the self-relative form in which the
+/// management service returns it.
 Fact<std::vector<Right>> RightsOf(std::string_view descriptor);
 
 }  // namespace qv::doctor

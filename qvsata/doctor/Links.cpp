@@ -5,32 +5,23 @@
 #include <iterator>
 
 #include "qvsata/cim/StatusCodes.h"
+#include "qvsata/doctor/FolderRules.h"
 #include "qvsata/doctor/LogSettingRules.h"
+#include "qvsata/doctor/RightRules.h"
 
 namespace qv::doctor {
 namespace {
 
 constexpr const char* registerAgain = "qvsata register";
-constexpr const char* restartService = "net stop winmgmt /y & net start winmgmt";
-
-Finding Problem(std::string text, std::string mend) {
-    return {State::problem, std::move(text), std::move(mend)};
-}
+constexpr const char* registerAndRestart =
+    "qvsata register && net stop winmgmt /y & net start winmgmt";
+constexpr const char* asAdministrator = "; run as an administrator";
 
 /// "3 findings, the first: LINE" for several lines, the line itself for one.
 std::string FirstOf(const std::vector<std::string>& lines) {
     return lines.size() == 1
                ? lines.front()
                : std::to_string(lines.size()) + " findings, the first: " + lines.front();
-}
-
-/// Judges a fact; one that could not be looked at is not checked.
-template <typename Value, typename Judge>
-Finding Judged(const Fact<Value>& fact, Judge judge) {
-    if (const auto* const unknown = std::get_if<Unknown>(&fact)) {
-        return {State::notChecked, unknown->why, {}};
-    }
-    return judge(std::get<Value>(fact));
 }
 
 /// Judges a list of what is wrong.
@@ -70,20 +61,22 @@ Finding JudgeThreadingModels(const Facts& facts) {
     return {};
 }
 
-/// Returns what brings a whole library back: `register` registers the one beside this program,
-/// unless that is the broken one.
-std::string LibraryMend(const Facts& facts, const LibraryFacts& library) {
-    return library.isBesideProgram
-               ? "msiexec /fomus qvwmisata_" + facts.toolVersion +
-                     "_x64.msi, or unpack qvwmisata_" + facts.toolVersion + "_windows.zip again"
-               : registerAgain;
+/// Returns what is wrong with the library and brings a whole one back: `register` registers the one
+/// beside this program, unless that is the broken one.
+Finding LibraryProblem(const std::string& text, const Facts& facts, const LibraryFacts& library) {
+    if (!library.isBesideProgram) {
+        return Problem(text, registerAgain);
+    }
+    if (!library.product.empty()) {
+        return Problem(text, "msiexec /famus " + library.product);
+    }
+    return Problem(text + "; unpack qvwmisata_" + facts.toolVersion + "_windows.zip again", {});
 }
 
 Finding JudgeFile(const Facts& facts) {
     return Judged(facts.library, [&facts](const LibraryFacts& library) {
-        return library.exists
-                   ? Finding()
-                   : Problem(library.file + " does not exist", LibraryMend(facts, library));
+        return library.exists ? Finding()
+                              : LibraryProblem(library.file + " does not exist", facts, library);
     });
 }
 
@@ -95,11 +88,12 @@ Finding JudgeMachine(const Facts& facts) {
             return {State::notChecked, "the file does not exist", {}};
         }
         if (!library.machine) {
-            return Problem(library.file + " is no library", LibraryMend(facts, library));
+            return LibraryProblem(library.file + " is no library", facts, library);
         }
-        return library.machine == amd64 ? Finding()
-                                        : Problem(library.file + " is not for 64-bit Windows (x64)",
-                                                  LibraryMend(facts, library));
+        return library.machine == amd64
+                   ? Finding()
+                   : LibraryProblem(library.file + " is not for 64-bit Windows (x64)", facts,
+                                    library);
     });
 }
 
@@ -116,9 +110,8 @@ Finding JudgedLibrary(const Facts& facts, Judge judge) {
 
 Finding JudgeLoading(const Facts& facts) {
     return JudgedLibrary(facts, [&facts](const LibraryFacts& library) {
-        return library.whyNotLoaded.empty()
-                   ? Finding()
-                   : Problem(library.whyNotLoaded, LibraryMend(facts, library));
+        return library.whyNotLoaded.empty() ? Finding()
+                                            : LibraryProblem(library.whyNotLoaded, facts, library);
     });
 }
 
@@ -126,112 +119,20 @@ Finding JudgeVersion(const Facts& facts) {
     return JudgedLibrary(facts, [&facts](const LibraryFacts& library) {
         return library.version == facts.toolVersion
                    ? Finding()
-                   : Problem("the library has version " + library.version + ", this program " +
-                                 facts.toolVersion,
-                             LibraryMend(facts, library));
+                   : LibraryProblem("the library has version " + library.version +
+                                        ", this program " + facts.toolVersion,
+                                    facts, library);
     });
-}
-
-std::string Joined(const std::vector<std::string>& texts, std::string_view separator) {
-    std::string joined;
-    for (const std::string& text : texts) {
-        joined.append(joined.empty() ? "" : separator).append(text);
-    }
-    return joined;
-}
-
-/// Returns those of the rights that allow accounts other than trusted ones any right of a mask.
-std::vector<Right> OthersWith(const std::vector<Right>& rights, std::uint32_t mask) {
-    std::vector<Right> others;
-    std::ranges::copy_if(rights, std::back_inserter(others), [mask](const Right& right) {
-        return !right.isTrusted && (right.mask & mask) != 0;
-    });
-    return others;
-}
-
-/// Returns those of the rights on a file or folder that allow others than trusted accounts to
-/// change it.
-std::vector<Right> WritersAmong(const std::vector<Right>& rights) {
-    // FILE_WRITE_DATA and FILE_APPEND_DATA, or FILE_ADD_FILE and FILE_ADD_SUBDIRECTORY,
-    // FILE_DELETE_CHILD, DELETE, WRITE_DAC, WRITE_OWNER, GENERIC_ALL and GENERIC_WRITE.
-    return OthersWith(rights, 0x500D0046);
-}
-
-std::string NamesOf(const std::vector<Right>& rights) {
-    std::vector<std::string> names;
-    std::ranges::transform(rights, std::back_inserter(names), [](const Right& right) {
-        return right.account + (right.isOwner ? " (owner)" : "");
-    });
-    return Joined(names, ", ");
-}
-
-/// Returns whether the accounts that host the providers can read and run files. The system always
-/// can, in a folder of administrators.
-bool IsReadByHosts(const std::vector<Right>& rights) {
-    // NETWORK SERVICE, and the groups that it is in: users, authenticated users and everyone.
-    static constexpr std::array<std::string_view, 4> hosts{"S-1-5-20", "S-1-5-32-545", "S-1-5-11",
-                                                           "S-1-1-0"};
-    // FILE_LIST_DIRECTORY and FILE_TRAVERSE, or what contains them.
-    static constexpr std::array<std::uint32_t, 3> readings{0x21, 0xA0000000, 0x10000000};
-    std::uint32_t mask = 0;
-    for (const Right& right : rights) {
-        mask |= std::ranges::find(hosts, right.id) == hosts.end() ? 0 : right.mask;
-    }
-    return std::ranges::any_of(
-        readings, [mask](std::uint32_t reading) { return (mask & reading) == reading; });
-}
-
-/// Returns the command that takes a file or folder from an owner among the writers.
-std::string OwnerMend(const std::string& place, const std::vector<Right>& writers) {
-    return std::ranges::any_of(writers, &Right::isOwner)
-               ? "icacls \"" + place + "\" /setowner *S-1-5-32-544 & "
-               : "";
-}
-
-/// Returns the command that leaves a folder to administrators, and lets users read it. A right that
-/// was granted on the folder itself stays unless it is removed or replaced by name.
-std::string FolderMend(const std::string& folder, const std::vector<Right>& writers) {
-    constexpr std::string_view users = "S-1-5-32-545";
-    std::vector<std::string> removed;
-    for (const Right& writer : writers) {
-        if (writer.id != users && !writer.isOwner) {
-            removed.push_back('*' + writer.id);
-        }
-    }
-    return OwnerMend(folder, writers) + "icacls \"" + folder +
-           "\" /inheritance:r /grant:r *S-1-5-18:(OI)(CI)F *S-1-5-32-544:(OI)(CI)F "
-           "*S-1-5-32-545:(OI)(CI)RX" +
-           (removed.empty() ? "" : " /remove:g " + Joined(removed, " "));
-}
-
-/// Judges the rights on the library's folder, or on the library itself.
-Finding JudgeRights(const std::vector<Right>& rights, const std::string& place,
-                    const std::string& mend) {
-    if (const std::vector<Right> writers = WritersAmong(rights); !writers.empty()) {
-        return Problem("others than administrators can change " + place +
-                           ", and so run code as the system: " + NamesOf(writers),
-                       mend);
-    }
-    return IsReadByHosts(rights) ? Finding()
-                                 : Problem("NETWORK SERVICE cannot read " + place, mend);
 }
 
 Finding JudgeFolder(const Facts& facts) {
-    const auto* const library = std::get_if<LibraryFacts>(&facts.library);
-    if (library == nullptr) {
-        return {State::notChecked, "no library is registered", {}};
-    }
-    Finding folder = Judged(library->folderRights, [library](const std::vector<Right>& rights) {
-        return JudgeRights(rights, library->folder,
-                           FolderMend(library->folder, WritersAmong(rights)));
-    });
-    if (folder.state != State::ok) {
-        return folder;
-    }
-    return Judged(library->fileRights, [library](const std::vector<Right>& rights) {
-        return JudgeRights(rights, library->file,
-                           OwnerMend(library->file, WritersAmong(rights)) + "icacls \"" +
-                               library->file + "\" /reset");
+    return Judged(facts.library, [](const LibraryFacts& library) {
+        std::vector<Finding> findings{JudgeLibraryFolder(library.folder)};
+        for (std::size_t file = 0; file < library.files.size(); ++file) {
+            findings.push_back(JudgeFileBeside(library.files[file], file == 0));
+        }
+        std::ranges::transform(library.parents, std::back_inserter(findings), JudgeFolderAbove);
+        return Worst(findings);
     });
 }
 
@@ -248,7 +149,7 @@ Finding JudgeConnection(const Facts& facts) {
     const std::string text =
         "root\\QVQ cannot be connected to: " + service::StatusText(facts.connection);
     if (IsRefusal(facts.connection)) {
-        return {State::notChecked, text + "; run as an administrator", {}};
+        return {State::notChecked, text + asAdministrator, {}};
     }
     if (facts.connection == service::status::invalidNamespace) {
         return Problem(text, registerAgain);
@@ -305,14 +206,27 @@ Finding JudgeProviders(const Facts& facts) {
     return Judged(facts.providers, [](const std::vector<ProviderFacts>& providers) {
         std::vector<Finding> findings(providers.size());
         std::ranges::transform(providers, findings.begin(), JudgeProvider);
-        // A problem is worse than a note, and that than nothing.
-        const auto worst = std::ranges::max_element(findings, {}, &Finding::state);
-        return worst == findings.end() ? Finding() : *worst;
+        return Worst(findings);
     });
 }
 
+Finding JudgeSource(const UnreadSource& source) {
+    if (IsRefusal(source.status)) {
+        return {State::notChecked, source.text + asAdministrator, {}};
+    }
+    // Where no driver predicts failures.
+    if (source.isPrediction && source.status == service::status::notSupported) {
+        return {State::note, source.text, {}};
+    }
+    return Problem(source.text, "qvsata sources --live");
+}
+
 Finding JudgeSources(const Facts& facts) {
-    return NoneOf(facts.unreadSources, "qvsata sources --live");
+    return Judged(facts.unreadSources, [](const std::vector<UnreadSource>& sources) {
+        std::vector<Finding> findings(sources.size());
+        std::ranges::transform(sources, findings.begin(), JudgeSource);
+        return Worst(findings);
+    });
 }
 
 Finding JudgeSourcesOfHosts(const Facts&) {
@@ -321,7 +235,7 @@ Finding JudgeSourcesOfHosts(const Facts&) {
             {}};
 }
 
-/// Returns the command that removes a setting, "KEY /v NAME".
+/// Returns the command that removes a setting, KEY /v "NAME".
 std::string BackToDefault(const std::string& setting) {
     return "reg delete " + setting + " /f";
 }
@@ -329,8 +243,8 @@ std::string BackToDefault(const std::string& setting) {
 /// Returns the command that sets a general setting to its default, so that the module's own is
 /// read.
 std::string SetDefault(const NumberSetting& setting) {
-    return "reg add " + std::string(logSettingsKey) + " /v " + std::string(setting.name) +
-           " /t REG_DWORD /d " + std::to_string(setting.defaultValue) + " /f";
+    return "reg add " + PlaceOf(setting.name) + " /t REG_DWORD /d " +
+           std::to_string(setting.defaultValue) + " /f";
 }
 
 Finding JudgeSettings(const Facts& facts) {
@@ -340,8 +254,7 @@ Finding JudgeSettings(const Facts& facts) {
         for (const SettingFacts& setting : settings) {
             if (const std::string why = WhyNotTaken(setting); !why.empty()) {
                 texts.push_back(why);
-                mends.push_back(
-                    BackToDefault(std::string(logSettingsKey) + " /v \"" + setting.name + '"'));
+                mends.push_back(BackToDefault(PlaceOf(setting.name)));
             } else if (const NumberSetting* const general = GeneralSetting(setting.name);
                        general != nullptr && !IsTaken(general->name, settings)) {
                 texts.push_back(setting.name + " has no effect: " + std::string(general->name) +
@@ -354,11 +267,16 @@ Finding JudgeSettings(const Facts& facts) {
 }
 
 Finding JudgeLogs(const Facts& facts) {
+    static constexpr std::uint32_t accessDenied = 5;  // ERROR_ACCESS_DENIED
     return Judged(facts.logs, [](const std::vector<LogFacts>& logs) -> Finding {
         for (const LogFacts& log : logs) {
-            if (!log.whyNotWritten.empty()) {
-                return Problem(log.file + " cannot be written: " + log.whyNotWritten,
-                               log.setting.empty() ? "" : BackToDefault(log.setting));
+            const std::string text = log.file + " cannot be written: " + log.whyNotWritten;
+            if (log.error == accessDenied) {
+                return {State::notChecked, text + asAdministrator, {}};
+            }
+            if (log.error != 0) {
+                return Problem(text, log.setting.empty() ? "md \"" + log.folder + '"'
+                                                         : BackToDefault(log.setting));
             }
         }
         return {};
@@ -384,7 +302,7 @@ Finding JudgeAnswers(const Facts& facts) {
     return Judged(facts.answers, [](const AnswerFacts& answers) -> Finding {
         if (!answers.differences.empty()) {
             return Problem(FirstOf(answers.differences),
-                           answers.isLoaded ? restartService : registerAgain);
+                           answers.isLoaded ? registerAndRestart : registerAgain);
         }
         return answers.notCompared.empty()
                    ? Finding()

@@ -1,7 +1,6 @@
 #include "qvsata/doctor/NamespaceFacts.h"
 
 #include <algorithm>
-#include <array>
 #include <iterator>
 #include <string_view>
 
@@ -24,6 +23,7 @@ using service::Services;
 
 constexpr std::string_view providerClass = "__Win32Provider";
 constexpr std::string_view eventRegistrationClass = "__EventProviderRegistration";
+constexpr std::string_view registeredProvider = "provider";
 constexpr std::string_view superclassProperty = "__SUPERCLASS";
 
 /// Returns what the installed definition of a class has otherwise than the shipped one; empty if
@@ -72,49 +72,68 @@ bool IsPathOf(const std::string& path, const std::string& provider) {
     return path.ends_with("Name=\"" + provider + '"');
 }
 
-/// Returns the class of the registration with which a provider is shipped.
-std::string RegistrationClassOf(const std::string& provider,
-                                const service::ClassRepository& shipped) {
-    const auto& stated = shipped.Instances();
-    const auto found = std::ranges::find_if(stated, [&provider](const InstanceDefinition& one) {
-        const service::CimValue* const path = one.Find("provider");
+/// Returns the registration with which a provider is shipped.
+const InstanceDefinition& ShippedRegistration(const std::string& provider,
+                                              const service::ClassRepository& shipped) {
+    return *std::ranges::find_if(shipped.Instances(), [&provider](const InstanceDefinition& one) {
+        const service::CimValue* const path = one.Find(registeredProvider);
         return path != nullptr && IsPathOf(std::get<std::string>(*path), provider);
     });
-    return found == stated.end() ? "" : found->className;
 }
 
-bool IsRegistered(const std::string& provider, const std::string& registrationClass,
-                  const Services& installed) {
-    return std::ranges::any_of(installed.Enumerate(registrationClass).objects,
-                               [&provider](const service::ObjectPtr& registration) {
-                                   return IsPathOf(service::TextOf(*registration, "provider"),
-                                                   provider);
-                               });
+/// Returns the installed registration of a provider; null if there is none.
+service::ObjectPtr InstalledRegistration(const std::string& provider, const std::string& className,
+                                         const Services& installed) {
+    for (const service::ObjectPtr& one : installed.Enumerate(className).objects) {
+        if (IsPathOf(service::TextOf(*one, registeredProvider), provider)) {
+            return one;
+        }
+    }
+    return nullptr;
+}
+
+/// Returns "NAME is not as shipped" for the first of the properties of which that is true; empty if
+/// all are.
+std::string WrongProperty(const Object& installed, const InstanceDefinition& shipped,
+                          const std::vector<std::string_view>& names) {
+    for (const std::string_view name : names) {
+        const auto property = installed.Find(name);
+        if (!property || property->value != *shipped.Find(name)) {
+            return std::string(name) + " is not as shipped";
+        }
+    }
+    return {};
 }
 
 ProviderFacts FactsOf(const InstanceDefinition& wanted, const service::ClassRepository& shipped,
                       const Services& installed) {
-    // What would keep the provider from being loaded, or give it another identity.
-    constexpr std::array<std::string_view, 3> decisive{"CLSID", "ImpersonationLevel",
-                                                       "PerUserInitialization"};
     ProviderFacts facts;
     facts.name = std::get<std::string>(*wanted.Find("Name"));
     facts.usualHostingModel = std::get<std::string>(*wanted.Find("HostingModel"));
-    const std::string registrationClass = RegistrationClassOf(facts.name, shipped);
-    facts.isEventProvider = registrationClass == eventRegistrationClass;
-    facts.hasRegistration = IsRegistered(facts.name, registrationClass, installed);
+    const InstanceDefinition& registration = ShippedRegistration(facts.name, shipped);
+    facts.isEventProvider = registration.className == eventRegistrationClass;
+    const service::ObjectPtr registered =
+        InstalledRegistration(facts.name, registration.className, installed);
+    facts.hasRegistration = registered != nullptr;
+    if (registered) {
+        facts.wrongProperty = WrongProperty(
+            *registered, registration,
+            facts.isEventProvider
+                ? std::vector<std::string_view>{"EventQueryList"}
+                : std::vector<std::string_view>{"SupportsGet", "SupportsEnumeration"});
+    }
     const service::ObjectList providers = installed.Enumerate(providerClass).objects;
     const auto found = std::ranges::find_if(providers, [&facts](const service::ObjectPtr& one) {
         return service::TextOf(*one, "Name") == facts.name;
     });
     facts.exists = found != providers.end();
-    for (const std::string_view name : decisive) {
-        const auto property = facts.exists ? (*found)->Find(name) : std::nullopt;
-        if (property && property->value != *wanted.Find(name)) {
-            facts.wrongProperty = std::string(name) + " is not as shipped";
-        }
+    if (facts.exists) {
+        // What would keep the provider from being loaded, or give it another identity.
+        const std::string wrong = WrongProperty(
+            **found, wanted, {"CLSID", "ImpersonationLevel", "PerUserInitialization"});
+        facts.wrongProperty = wrong.empty() ? facts.wrongProperty : wrong;
+        facts.hostingModel = service::TextOf(**found, "HostingModel");
     }
-    facts.hostingModel = facts.exists ? service::TextOf(**found, "HostingModel") : "";
     return facts;
 }
 

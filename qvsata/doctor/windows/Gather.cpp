@@ -2,8 +2,11 @@
 
 #include <windows.h>
 
+#include <msi.h>
 #include <winver.h>
 
+#include <algorithm>
+#include <array>
 #include <filesystem>
 #include <fstream>
 #include <system_error>
@@ -72,19 +75,56 @@ std::string VersionOf(const path& file) {
            std::to_string(HIWORD(fixed->dwFileVersionLS));
 }
 
+/// Returns the product code of the installed MSI; empty without one.
+std::string InstalledProduct() {
+    // Its upgrade code, as packaging/installer has it, which all versions share.
+    constexpr const wchar_t* upgradeCode = L"{6B0F4C5E-93D1-4C58-A2E7-1D84F0C7B36A}";
+    std::array<wchar_t, 39> product{};
+    const UINT result = MsiEnumRelatedProductsW(upgradeCode, 0, 0, product.data());
+    return result == ERROR_SUCCESS ? Utf8(product.data()) : "";
+}
+
+GuardedPlace Guarded(const path& place) {
+    return {Utf8(place.native()), RightsOn(place.native())};
+}
+
+/// Returns the programs and class definitions in the library's folder, which administrators and the
+/// service run or compile.
+std::vector<path> FilesBeside(const path& library) {
+    std::error_code ignored;
+    std::vector<path> files;
+    for (const auto& entry : std::filesystem::directory_iterator(library.parent_path(), ignored)) {
+        const path extension = entry.path().extension();
+        if (entry.path().filename() != library.filename() &&
+            (extension == L".exe" || extension == L".mof")) {
+            files.push_back(entry.path());
+        }
+    }
+    std::ranges::sort(files);
+    return files;
+}
+
 LibraryFacts FactsOf(const path& file) {
     std::error_code ignored;
     LibraryFacts facts;
     facts.file = Utf8(file.native());
-    facts.folder = Utf8(file.parent_path().native());
     facts.isBesideProgram =
         std::filesystem::equivalent(file.parent_path(), tool::ProgramFolder(), ignored);
     facts.exists = std::filesystem::is_regular_file(file, ignored);
     facts.machine = MachineOf(FirstBytes(file));
     facts.whyNotLoaded = facts.machine ? WhyNotLoaded(file) : "";
     facts.version = VersionOf(file);
-    facts.folderRights = RightsOn(file.parent_path().native());
-    facts.fileRights = RightsOn(file.native());
+    facts.product = InstalledProduct();
+    const path folder = file.parent_path();
+    facts.folder = Guarded(folder);
+    facts.files = {Guarded(file)};
+    for (const path& other : FilesBeside(file)) {
+        facts.files.push_back(Guarded(other));
+    }
+    for (path above = folder; above.has_relative_path();) {
+        above = above.parent_path();
+        facts.parents.push_back(Guarded(above));
+    }
     return facts;
 }
 

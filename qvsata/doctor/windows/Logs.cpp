@@ -21,8 +21,8 @@ namespace qv::doctor {
 namespace {
 
 /// Opens the file for writing, or where it does not exist its folder for new files. Changes
-/// nothing.
-std::string WhyNotWritten(const std::filesystem::path& file) {
+/// nothing. Returns the system's error code, 0 if there is none.
+DWORD TryToWrite(const std::filesystem::path& file) {
     std::error_code ignored;
     const bool exists = std::filesystem::exists(file, ignored);
     constexpr DWORD shares = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
@@ -31,12 +31,7 @@ std::string WhyNotWritten(const std::filesystem::path& file) {
                              FILE_ATTRIBUTE_NORMAL, nullptr)
                : CreateFileW(file.parent_path().c_str(), FILE_ADD_FILE, shares, nullptr,
                              OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
-    if (opened) {
-        return {};
-    }
-    const DWORD error = GetLastError();
-    return "error " + std::to_string(error) + ": " +
-           std::system_category().message(static_cast<int>(error));
+    return opened ? ERROR_SUCCESS : GetLastError();
 }
 
 /// The end of a file: a log may have megabytes.
@@ -64,55 +59,64 @@ std::vector<std::string> LinesWith(const std::wstring& word, const std::wstring&
     return lines;
 }
 
+LogFacts FactsOf(const std::filesystem::path& file, std::string setting,
+                 std::vector<std::string> trouble) {
+    const DWORD error = TryToWrite(file);
+    return {windows::ToNarrow(file.native(), CP_UTF8),
+            std::move(setting),
+            windows::ToNarrow(file.parent_path().native(), CP_UTF8),
+            error,
+            "error " + std::to_string(error) + ": " +
+                std::system_category().message(static_cast<int>(error)),
+            std::move(trouble)};
+}
+
+windows::RegistryKey Open(std::string_view key) {
+    return windows::RegistryKey::OpenLocalMachine(windows::ToWide(key, CP_UTF8).c_str());
+}
+
 LogFacts CommonLog(const std::wstring& folder) {
     const std::filesystem::path file = folder + L"QVWMISATA.log";
     const std::string bytes = EndOf(file);
     std::wstring text(bytes.size() / sizeof(wchar_t), L'\0');
     bytes.copy(reinterpret_cast<char*>(text.data()), text.size() * sizeof(wchar_t));
-    const bool isSet = folder != DefaultLogFolder();
-    return {windows::ToNarrow(file.native(), CP_UTF8),
-            isSet ? R"(HKLM\SOFTWARE\Corvane\WBEM /v LogFolder)" : "", WhyNotWritten(file),
-            LinesWith(L"[Error]", text)};
+    return FactsOf(file, folder == DefaultLogFolder() ? "" : PlaceOf(logFolderSetting.name),
+                   LinesWith(L"[Error]", text));
 }
 
 LogFacts SharedLog() {
     std::wstring name;
-    const auto key =
-        windows::RegistryKey::OpenLocalMachine(L"Software\\Corvane\\WBEM\\ServerLOGGING");
+    const auto key = Open(legacyLogKey);
     const bool isSet = key && key.ReadText(L"LOGFILENAME", name) == ERROR_SUCCESS && !name.empty();
     const std::filesystem::path file = isSet ? name : DefaultLogFolder() + L"qvwbems.log";
-    return {windows::ToNarrow(file.native(), CP_UTF8),
-            isSet ? R"(HKLM\SOFTWARE\Corvane\WBEM\ServerLOGGING /v LOGFILENAME)" : "",
-            WhyNotWritten(file), LinesWith(L"failed", windows::ToWide(EndOf(file)))};
+    return FactsOf(file, isSet ? PlaceOf(legacyLogSetting.name) : "",
+                   LinesWith(L"failed", windows::ToWide(EndOf(file))));
 }
 
-/// Adds a value as it is stored, if it exists.
-void AddSetting(const windows::RegistryKey& key, std::string_view name,
-                std::vector<SettingFacts>& settings) {
-    const std::wstring wideName = windows::ToWide(name, CP_UTF8);
-    StoredValue value;
-    if (key.Read(wideName.c_str(), value) == ERROR_FILE_NOT_FOUND) {
-        return;
+/// Adds the values of a table of settings as they are stored, those that exist.
+template <typename Table>
+void AddSettings(const Table& table, std::vector<SettingFacts>& settings) {
+    for (const auto& known : table) {
+        const auto key = Open(known.key);
+        StoredValue value;
+        if (!key ||
+            key.Read(windows::ToWide(known.name, CP_UTF8).c_str(), value) == ERROR_FILE_NOT_FOUND) {
+            continue;
+        }
+        SettingFacts setting{std::string(known.name), {}};
+        if (const auto number = NumberOf(value)) {
+            setting.value = *number;
+        } else if (const auto text = TextOf(value)) {
+            setting.value = windows::ToNarrow(*text, CP_UTF8);
+        }
+        settings.push_back(std::move(setting));
     }
-    SettingFacts setting{std::string(name), {}};
-    if (const auto number = NumberOf(value)) {
-        setting.value = *number;
-    } else if (const auto text = TextOf(value)) {
-        setting.value = windows::ToNarrow(*text, CP_UTF8);
-    }
-    settings.push_back(std::move(setting));
 }
 
 std::vector<SettingFacts> StoredSettings() {
     std::vector<SettingFacts> settings;
-    const auto key = windows::RegistryKey::OpenLocalMachine(L"Software\\Corvane\\WBEM");
-    if (!key) {
-        return settings;
-    }
-    AddSetting(key, logFolderSetting, settings);
-    for (const NumberSetting& setting : numberSettings) {
-        AddSetting(key, setting.name, settings);
-    }
+    AddSettings(textSettings, settings);
+    AddSettings(numberSettings, settings);
     return settings;
 }
 

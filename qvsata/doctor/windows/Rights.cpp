@@ -51,7 +51,7 @@ bool IsTrusted(PSID account) {
 
 }  // namespace
 
-std::vector<Right> AllowedRights(PSECURITY_DESCRIPTOR descriptor) {
+std::vector<Right> EntriesOf(PSECURITY_DESCRIPTOR descriptor) {
     BOOL isPresent = FALSE;
     BOOL isDefault = FALSE;
     PACL list = nullptr;
@@ -64,12 +64,16 @@ std::vector<Right> AllowedRights(PSECURITY_DESCRIPTOR descriptor) {
         void* entry = nullptr;
         GetAce(list, index, &entry);
         const auto* const header = static_cast<const ACE_HEADER*>(entry);
-        if (header->AceType == ACCESS_ALLOWED_ACE_TYPE &&
-            (header->AceFlags & INHERIT_ONLY_ACE) == 0) {
-            auto* const allowed = static_cast<ACCESS_ALLOWED_ACE*>(entry);
-            const PSID account = &allowed->SidStart;
-            rights.push_back({NameOf(account), IsTrusted(account), allowed->Mask,
-                              windows::ToNarrow(IdOf(account), CP_UTF8)});
+        // An allowance under a condition counts: whether it holds is not known here.
+        const bool isAllowed = header->AceType == ACCESS_ALLOWED_ACE_TYPE ||
+                               header->AceType == ACCESS_ALLOWED_CALLBACK_ACE_TYPE;
+        const bool isDenied = header->AceType == ACCESS_DENIED_ACE_TYPE;
+        if ((isAllowed || isDenied) && (header->AceFlags & INHERIT_ONLY_ACE) == 0) {
+            // All of them begin alike.
+            auto* const known = static_cast<ACCESS_ALLOWED_ACE*>(entry);
+            const PSID account = &known->SidStart;
+            rights.push_back({NameOf(account), IsTrusted(account), known->Mask,
+                              windows::ToNarrow(IdOf(account), CP_UTF8), false, isDenied});
         }
     }
     return rights;
@@ -85,7 +89,7 @@ Fact<std::vector<Right>> RightsOn(const std::wstring& path) {
         return Unknown{"its rights cannot be read: error " + std::to_string(error)};
     }
     const std::unique_ptr<void, Freed> owner(descriptor);
-    std::vector<Right> rights = AllowedRights(descriptor);
+    std::vector<Right> rights = EntriesOf(descriptor);
     if (account != nullptr) {
         rights.push_back({NameOf(account), IsTrusted(account), WRITE_DAC,
                           windows::ToNarrow(IdOf(account), CP_UTF8), true});
@@ -101,7 +105,7 @@ Fact<std::vector<Right>> RightsOf(std::string_view descriptor) {
     if (!isWhole) {
         return Unknown{"the service returns no security descriptor"};
     }
-    return AllowedRights(bytes.data());
+    return EntriesOf(bytes.data());
 }
 
 }  // namespace qv::doctor

@@ -8,11 +8,11 @@
 
 namespace qv::doctor {
 
-/// Returns what a security descriptor allows whom. A descriptor without a list allows everyone
-/// everything.
-std::vector<Right> AllowedRights(PSECURITY_DESCRIPTOR descriptor);
+/// Returns what a security descriptor allows and denies whom. A descriptor without a list allows
+/// everyone everything.
+std::vector<Right> EntriesOf(PSECURITY_DESCRIPTOR descriptor);
 
-/// Returns what the security descriptor of a file or folder allows; the owner is the last one.
+/// Returns what the security descriptor of a file or folder allows and denies; the owner is last.
 Fact<std::vector<Right>> RightsOn(const std::wstring& path);
 
 }  // namespace qv::doctor

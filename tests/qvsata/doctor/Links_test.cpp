@@ -29,22 +29,44 @@ std::vector<Right> OwnedByAnn() {
     return rights;
 }
 
+/// The rights on a drive's root: authenticated users may add folders.
+std::vector<Right> OnADrive() {
+    std::vector<Right> rights = Guarded();
+    rights.push_back({"Authenticated Users", false, 0x4, "S-1-5-11"});
+    return rights;
+}
+
+/// Guarded, after an entry that denies something.
+std::vector<Right> Denying(const Right& denied) {
+    std::vector<Right> rights = Guarded();
+    rights.insert(rights.begin(), denied)->isDenied = true;
+    return rights;
+}
+
 /// A machine on which everything is as it should be.
 Facts Healthy() {
     Facts facts;
     facts.toolVersion = "1.0.0";
     facts.classes = {{"instance provider", "{I}", R"(C:\q\Q.dll)", "Both"},
                      {"event provider", "{E}", R"(C:\q\Q.dll)", "Both"}};
-    facts.library =
-        LibraryFacts{R"(C:\q\Q.dll)", R"(C:\q)", false,    true, std::uint16_t{0x8664}, "",
-                     "1.0.0",         Guarded(), Guarded()};
+    facts.library = LibraryFacts{R"(C:\q\Q.dll)",
+                                 false,
+                                 true,
+                                 std::uint16_t{0x8664},
+                                 "",
+                                 "1.0.0",
+                                 "",
+                                 {R"(C:\q)", Guarded()},
+                                 {{R"(C:\q\Q.dll)", Guarded()}, {R"(C:\q\q.mof)", Guarded()}},
+                                 {{R"(C:\)", OnADrive()}}};
     facts.namespaceRights = std::vector<Right>{{"Administrators", true, 0x6003F, "S-1-5-32-544"},
                                                {"Users", false, 0x20001, "S-1-5-32-545"}};
-    facts.classGaps = facts.unreadSources = std::vector<std::string>();
+    facts.classGaps = std::vector<std::string>();
+    facts.unreadSources = std::vector<UnreadSource>();
     facts.providers = std::vector<ProviderFacts>{{"I", false, true, true, "", "N", "N"}};
     facts.settings = std::vector<SettingFacts>();
     facts.answers = AnswerFacts();
-    facts.logs = std::vector<LogFacts>{{"C:\\l\\Q.log", "", "", {}}};
+    facts.logs = std::vector<LogFacts>{{"C:\\l\\Q.log", "", "C:\\l", 0, "", {}}};
     return facts;
 }
 
@@ -54,6 +76,10 @@ LibraryFacts& Library(Facts& facts) {
 
 AnswerFacts& Answers(Facts& facts) {
     return std::get<AnswerFacts>(facts.answers);
+}
+
+LogFacts& Log(Facts& facts) {
+    return std::get<std::vector<LogFacts>>(facts.logs).front();
 }
 
 /// The settings of the logs with one value.
@@ -124,14 +150,20 @@ const std::array breakages{
                  Library(facts).isBesideProgram = true;
                  Library(facts).whyNotLoaded = "Q.dll: error 193";
              },
-             "library loads: Q.dll: error 193 -> msiexec /fomus qvwmisata_1.0.0_x64.msi, or unpack "
-             "qvwmisata_1.0.0_windows.zip again"},
+             "library loads: Q.dll: error 193; unpack qvwmisata_1.0.0_windows.zip again -> "},
+    Breakage{"NotLoadedFromTheFolderOfTheMsi",
+             [](Facts& facts) {
+                 Library(facts).isBesideProgram = true;
+                 Library(facts).product = "{P}";
+                 Library(facts).whyNotLoaded = "Q.dll: error 193";
+             },
+             "library loads: Q.dll: error 193 -> msiexec /famus {P}"},
     Breakage{"OldVersion", [](Facts& facts) { Library(facts).version = "0.9.0"; },
              "library version: the library has version 0.9.0, this program 1.0.0 -> qvsata "
              "register"},
     Breakage{"WritableFolder",
              [](Facts& facts) {
-                 Library(facts).folderRights =
+                 Library(facts).folder.rights =
                      std::vector<Right>{{"Everyone", false, 0x1F01FF, "S-1-1-0"}};
              },
              "library folder: others than administrators can change C:\\q, and so run code as the "
@@ -139,7 +171,7 @@ const std::array breakages{
              "*S-1-5-32-544:(OI)(CI)F *S-1-5-32-545:(OI)(CI)RX /remove:g *S-1-1-0"},
     Breakage{"FolderThatUsersWrite",
              [](Facts& facts) {
-                 Library(facts).folderRights =
+                 Library(facts).folder.rights =
                      std::vector<Right>{{"Users", false, 0x1301BF, "S-1-5-32-545"},
                                         {"Authors", false, 0x2, "S-1-5-21-1"},
                                         {"Guests", false, 0x4, "S-1-5-32-546"}};
@@ -150,7 +182,7 @@ const std::array breakages{
              "*S-1-5-21-1 *S-1-5-32-546"},
     Breakage{"ClosedFolder",
              [](Facts& facts) {
-                 Library(facts).folderRights =
+                 Library(facts).folder.rights =
                      std::vector<Right>{{"Administrators", true, 0x1F01FF, "S-1-5-32-544"},
                                         {"Ann", false, 0x1200A9, "S-1-5-21-1"},
                                         {"Everyone", false, 0x20, "S-1-1-0"}};
@@ -158,29 +190,67 @@ const std::array breakages{
              "library folder: NETWORK SERVICE cannot read C:\\q -> icacls \"C:\\q\" "
              "/inheritance:r /grant:r *S-1-5-18:(OI)(CI)F *S-1-5-32-544:(OI)(CI)F "
              "*S-1-5-32-545:(OI)(CI)RX"},
-    Breakage{"FolderOfAUser", [](Facts& facts) { Library(facts).folderRights = OwnedByAnn(); },
+    Breakage{"FolderOfAUser", [](Facts& facts) { Library(facts).folder.rights = OwnedByAnn(); },
              "library folder: others than administrators can change C:\\q, and so run code as the "
-             "system: Ann (owner) -> icacls \"C:\\q\" /setowner *S-1-5-32-544 & icacls \"C:\\q\" "
+             "system: Ann (owner) -> takeown /f \"C:\\q\" /a & icacls \"C:\\q\" "
              "/inheritance:r /grant:r *S-1-5-18:(OI)(CI)F *S-1-5-32-544:(OI)(CI)F "
              "*S-1-5-32-545:(OI)(CI)RX"},
-    Breakage{"LibraryOfAUser", [](Facts& facts) { Library(facts).fileRights = OwnedByAnn(); },
+    Breakage{"LibraryOfAUser", [](Facts& facts) { Library(facts).files[0].rights = OwnedByAnn(); },
              "library folder: others than administrators can change C:\\q\\Q.dll, and so run code "
-             "as the system: Ann (owner) -> icacls \"C:\\q\\Q.dll\" /setowner *S-1-5-32-544 & "
+             "as the system: Ann (owner) -> takeown /f \"C:\\q\\Q.dll\" /a & "
              "icacls \"C:\\q\\Q.dll\" /reset"},
     Breakage{"WritableLibrary",
              [](Facts& facts) {
-                 Library(facts).fileRights =
+                 Library(facts).files[0].rights =
                      std::vector<Right>{{"Users", false, 0x1201BF, "S-1-5-32-545"}};
              },
              "library folder: others than administrators can change C:\\q\\Q.dll, and so run code "
              "as the system: Users -> icacls \"C:\\q\\Q.dll\" /reset"},
     Breakage{"ClosedLibrary",
              [](Facts& facts) {
-                 Library(facts).fileRights =
+                 Library(facts).files[0].rights =
                      std::vector<Right>{{"Administrators", true, 0x1F01FF, "S-1-5-32-544"}};
              },
              "library folder: NETWORK SERVICE cannot read C:\\q\\Q.dll -> icacls "
              "\"C:\\q\\Q.dll\" /reset"},
+    Breakage{
+        "FolderDeniedToItsHost",
+        [](Facts& facts) {
+            Library(facts).folder.rights = Denying({"NETWORK SERVICE", false, 0x20, "S-1-5-20"});
+        },
+        "library folder: NETWORK SERVICE cannot read C:\\q -> icacls \"C:\\q\" "
+        "/inheritance:r /grant:r *S-1-5-18:(OI)(CI)F *S-1-5-32-544:(OI)(CI)F "
+        "*S-1-5-32-545:(OI)(CI)RX & icacls \"C:\\q\" /remove:d *S-1-5-20"},
+    Breakage{"FolderDeniedToUsersToWriteOnly",
+             [](Facts& facts) {
+                 std::vector<Right> rights = Denying({"Users", false, 0x4, "S-1-5-32-545"});
+                 rights.push_back({"Users", false, 0x6, "S-1-5-32-545"});
+                 Library(facts).folder.rights = rights;
+             },
+             "library folder: others than administrators can change C:\\q, and so run code as the "
+             "system: Users -> icacls \"C:\\q\" /inheritance:r /grant:r *S-1-5-18:(OI)(CI)F "
+             "*S-1-5-32-544:(OI)(CI)F *S-1-5-32-545:(OI)(CI)RX"},
+    Breakage{"DriveOfTheLibrary",
+             [](Facts& facts) {
+                 Library(facts).folder = {"D:\\", OwnedByAnn()};
+             },
+             "library folder: others than administrators can change D:\\, and so run code as the "
+             "system: Ann (owner) -> "},
+    Breakage{"WritableClassDefinitions",
+             [](Facts& facts) {
+                 Library(facts).files[1].rights =
+                     std::vector<Right>{{"Users", false, 0x2, "S-1-5-32-545"}};
+             },
+             "library folder: others than administrators can change C:\\q\\q.mof, and so run code "
+             "as the system: Users -> icacls \"C:\\q\\q.mof\" /reset"},
+    Breakage{"FolderAboveThatUsersRename",
+             [](Facts& facts) {
+                 Library(facts).parents.insert(
+                     Library(facts).parents.begin(),
+                     {"C:\\t", std::vector<Right>{{"Users", false, 0x10000, "S-1-5-32-545"}}});
+             },
+             "library folder: others than administrators can rename or replace what is in C:\\t, "
+             "and so run code as the system: Users; install under Program Files instead -> "},
     Breakage{"NoNamespace",
              [](Facts& facts) { facts.connection = service::status::invalidNamespace; },
              "namespace: root\\QVQ cannot be connected to: unknown namespace (0x8004100E) -> "
@@ -207,6 +277,13 @@ const std::array breakages{
     Breakage{"ClosedNamespace",
              [](Facts& facts) {
                  facts.namespaceRights = std::vector<Right>{{"A", true, 0x6003F, "S-1-5-18"}};
+             },
+             "namespace rights: nobody but administrators can read root\\QVQ -> qvsata register"},
+    Breakage{"NamespaceDeniedToItsReaders",
+             [](Facts& facts) {
+                 facts.namespaceRights =
+                     std::vector<Right>{{"Users", false, 0x1, "S-1-5-32-545", false, true},
+                                        {"Users", false, 0x20001, "S-1-5-32-545"}};
              },
              "namespace rights: nobody but administrators can read root\\QVQ -> qvsata register"},
     Breakage{"MissingClass",
@@ -239,10 +316,26 @@ const std::array breakages{
              },
              "provider registrations: E runs as LocalSystemHost, not as LocalSystemHost:Q -> "
              "qvsata register"},
-    Breakage{
-        "UnreadSource",
-        [](Facts& facts) { facts.unreadSources = std::vector<std::string>{"root\\wmi X: denied"}; },
-        "sources, this account: root\\wmi X: denied -> qvsata sources --live"},
+    Breakage{"UnreadSource",
+             [](Facts& facts) {
+                 facts.unreadSources =
+                     std::vector<UnreadSource>{{"X: access denied", Status{0x80041003}},
+                                               {"Y: not supported", service::status::notSupported}};
+             },
+             "sources, this account: Y: not supported -> qvsata sources --live"},
+    Breakage{"RefusedSource",
+             [](Facts& facts) {
+                 facts.unreadSources = std::vector<UnreadSource>{
+                     {"P: not supported", service::status::notSupported, true},
+                     {"X: access denied", Status{0x80041003}}};
+             },
+             "sources, this account: X: access denied; run as an administrator -> "},
+    Breakage{"NoDriverThatPredictsFailures",
+             [](Facts& facts) {
+                 facts.unreadSources = std::vector<UnreadSource>{
+                     {"P: not supported", service::status::notSupported, true}};
+             },
+             "sources, this account: P: not supported -> "},
     Breakage{"LevelOutOfRange",
              [](Facts& facts) { facts.settings = Setting("LogLevel (QVWMISATA)", 6U); },
              "log settings: LogLevel (QVWMISATA) is 6, not a number from 1 to 5 (REG_DWORD) -> reg "
@@ -254,10 +347,11 @@ const std::array breakages{
              [](Facts& facts) { facts.settings = Setting("LogMaxSize", 524287U); },
              "log settings: LogMaxSize is 524287, not a number from 524288 to 33554432 (REG_DWORD) "
              "-> reg delete HKLM\\SOFTWARE\\Corvane\\WBEM /v \"LogMaxSize\" /f"},
-    Breakage{"LevelOfTheModuleAlone",
-             [](Facts& facts) { facts.settings = Setting("LogLevel (QVWMISATA)", 1U); },
-             "log settings: LogLevel (QVWMISATA) has no effect: LogLevel is not set to a number in "
-             "its range -> reg add HKLM\\SOFTWARE\\Corvane\\WBEM /v LogLevel /t REG_DWORD /d 3 /f"},
+    Breakage{
+        "LevelOfTheModuleAlone",
+        [](Facts& facts) { facts.settings = Setting("LogLevel (QVWMISATA)", 1U); },
+        "log settings: LogLevel (QVWMISATA) has no effect: LogLevel is not set to a number in "
+        "its range -> reg add HKLM\\SOFTWARE\\Corvane\\WBEM /v \"LogLevel\" /t REG_DWORD /d 3 /f"},
     Breakage{"SizeOfTheModuleAlone",
              [](Facts& facts) {
                  facts.settings = std::vector<SettingFacts>{{"LogMaxSize", 1U},
@@ -266,7 +360,7 @@ const std::array breakages{
              "log settings: LogMaxSize is 1, not a number from 524288 to 33554432 (REG_DWORD); "
              "LogMaxSize (QVWMISATA) has no effect: LogMaxSize is not set to a number in its range "
              "-> reg delete HKLM\\SOFTWARE\\Corvane\\WBEM /v \"LogMaxSize\" /f & reg add "
-             "HKLM\\SOFTWARE\\Corvane\\WBEM /v LogMaxSize /t REG_DWORD /d 2097152 /f"},
+             "HKLM\\SOFTWARE\\Corvane\\WBEM /v \"LogMaxSize\" /t REG_DWORD /d 2097152 /f"},
     Breakage{"FolderThatIsNoText", [](Facts& facts) { facts.settings = Setting("LogFolder", {}); },
              "log settings: LogFolder is of another type, not a folder (REG_SZ) -> reg delete "
              "HKLM\\SOFTWARE\\Corvane\\WBEM /v \"LogFolder\" /f"},
@@ -277,25 +371,38 @@ const std::array breakages{
              "log settings: LogFolder is \"\", not a folder (REG_SZ); LogLevel is 0, not a number "
              "from 1 to 5 (REG_DWORD) -> reg delete HKLM\\SOFTWARE\\Corvane\\WBEM /v \"LogFolder\" "
              "/f & reg delete HKLM\\SOFTWARE\\Corvane\\WBEM /v \"LogLevel\" /f"},
+    Breakage{"LegacyLevelThatIsText", [](Facts& facts) { facts.settings = Setting("LEVEL", "2"); },
+             "log settings: LEVEL is \"2\", not a number from 0 to 4294967295 (REG_DWORD) -> reg "
+             "delete HKLM\\SOFTWARE\\Corvane\\WBEM\\ServerLOGGING /v \"LEVEL\" /f"},
+    Breakage{"LegacyFileThatIsANumber",
+             [](Facts& facts) { facts.settings = Setting("LOGFILENAME", 1U); },
+             "log settings: LOGFILENAME is 1, not a file (REG_SZ) -> reg delete "
+             "HKLM\\SOFTWARE\\Corvane\\WBEM\\ServerLOGGING /v \"LOGFILENAME\" /f"},
+    Breakage{"UnwritableLog",
+             [](Facts& facts) { Log(facts) = {"Q.log", "KEY /v NAME", "F", 32, "in use", {}}; },
+             "log files, this account: Q.log cannot be written: in use -> reg delete KEY /v NAME "
+             "/f"},
+    Breakage{"NoFolderOfTheLog",
+             [](Facts& facts) { Log(facts) = {"F\\Q.log", "", "F", 3, "no path", {}}; },
+             "log files, this account: F\\Q.log cannot be written: no path -> md \"F\""},
     Breakage{
-        "UnwritableLog",
-        [](Facts& facts) {
-            facts.logs = std::vector<LogFacts>{{"Q.log", "KEY /v NAME", "error 5", {}}};
-        },
-        "log files, this account: Q.log cannot be written: error 5 -> reg delete KEY /v NAME /f"},
+        "RefusedLog",
+        [](Facts& facts) { Log(facts) = {"Q.log", "KEY /v NAME", "F", 5, "denied", {}}; },
+        "log files, this account: Q.log cannot be written: denied; run as an administrator -> "},
     Breakage{"Trouble",
              [](Facts& facts) {
-                 facts.logs = std::vector<LogFacts>{{"Q.log", "", "", {"a", "b"}}};
+                 Log(facts) = {"Q.log", "", "", 0, "", {"a", "b"}};
              },
              "trouble in the logs: Q.log: b -> type \"Q.log\""},
-    Breakage{
-        "TroubleInBothLogs",
-        [](Facts& facts) {
-            facts.logs = std::vector<LogFacts>{{"Q.log", "", "", {"a"}}, {"R.log", "", "", {"b"}}};
-        },
-        "trouble in the logs: Q.log: a; R.log: b -> type \"Q.log\" & type \"R.log\""},
+    Breakage{"TroubleInBothLogs",
+             [](Facts& facts) {
+                 facts.logs = std::vector<LogFacts>{{"Q.log", "", "", 0, "", {"a"}},
+                                                    {"R.log", "", "", 0, "", {"b"}}};
+             },
+             "trouble in the logs: Q.log: a; R.log: b -> type \"Q.log\" & type \"R.log\""},
     Breakage{"OtherAnswers", [](Facts& facts) { Answers(facts).differences = {"QV_X: none"}; },
-             "installed answers: QV_X: none -> net stop winmgmt /y & net start winmgmt"},
+             "installed answers: QV_X: none -> qvsata register && net stop winmgmt /y & net start "
+             "winmgmt"},
     Breakage{"UnloadedProvider",
              [](Facts& facts) {
                  Answers(facts) = {false, {"QV_X: none", "QV_Y: not loaded"}, {}};
@@ -321,7 +428,7 @@ TEST(Links, AreOkWithSettingsInTheirRange) {
 
 TEST(Links, AreOkIfNetworkServiceCanReadTheFolder) {
     Facts facts = Healthy();
-    Library(facts).folderRights =
+    Library(facts).folder.rights =
         std::vector<Right>{{"NETWORK SERVICE", false, 0x1200A9, "S-1-5-20"}};
     EXPECT_THAT(Troubles(facts), IsEmpty());
 }
@@ -350,10 +457,27 @@ TEST(Links, OfInstancesUnderAnotherAccountAreANote) {
     EXPECT_EQ(WorstOf(JudgeLinks(facts)), State::ok);
 }
 
+TEST(Links, ThatAnEarlierEntryAllowsAreNotDenied) {
+    Facts facts = Healthy();
+    std::vector<Right> rights = Guarded();
+    rights.push_back({"Users", false, 0x20, "S-1-5-32-545", false, true});
+    Library(facts).folder.rights = rights;
+    EXPECT_THAT(Troubles(facts), IsEmpty());
+}
+
+TEST(Links, OfAFolderThatEveryoneIsDeniedToWriteAreOk) {
+    Facts facts = Healthy();
+    std::vector<Right> rights = Denying({"Everyone", false, 0x2, "S-1-1-0"});
+    rights.push_back({"Authors", false, 0x2, "S-1-5-21-1"});
+    Library(facts).folder.rights = rights;
+    EXPECT_THAT(Troubles(facts), IsEmpty());
+}
+
 TEST(Links, ThatNeedABrokenOneAreNotChecked) {
     Facts facts = Healthy();
-    Library(facts) = {R"(C:\q\Q.dll)",      R"(C:\q)",         false, false, {}, "", "",
-                      Unknown{"no folder"}, Unknown{"no file"}};
+    Library(facts).exists = false;
+    Library(facts).machine.reset();
+    Library(facts).folder.rights = Unknown{"no folder"};
     EXPECT_THAT(Troubles(facts),
                 ElementsAre("library file: C:\\q\\Q.dll does not exist -> qvsata register",
                             "library for 64 bits: the file does not exist -> ",

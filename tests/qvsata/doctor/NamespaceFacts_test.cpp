@@ -182,6 +182,24 @@ TEST_F(InstalledNamespace, NamesAnotherClassId) {
     EXPECT_EQ(Providers()[0].wrongProperty, "CLSID is not as shipped");
 }
 
+TEST_F(InstalledNamespace, DoesNotAskTheProviderForOneInstance) {
+    const service::ObjectPtr whole = Stated("__InstanceProviderRegistration").objects[0];
+    installed.answers["__InstanceProviderRegistration"] = {
+        Status::noError, "", {With(*whole, "SupportsGet", false)}};
+    EXPECT_EQ(Providers()[0].wrongProperty, "SupportsGet is not as shipped");
+    EXPECT_EQ(Providers()[1].wrongProperty, "");
+}
+
+TEST_F(InstalledNamespace, AsksTheEventProviderForOtherEvents) {
+    const service::ObjectPtr whole = Stated("__EventProviderRegistration").objects[0];
+    installed.answers["__EventProviderRegistration"] = {
+        Status::noError,
+        "",
+        {With(*whole, "EventQueryList", std::vector<std::string>{"SELECT * FROM QV_Other"})}};
+    EXPECT_EQ(Providers()[0].wrongProperty, "");
+    EXPECT_EQ(Providers()[1].wrongProperty, "EventQueryList is not as shipped");
+}
+
 TEST_F(InstalledNamespace, HostsAProviderUnderAnotherAccount) {
     const service::ObjectList whole = Stated(providerClass).objects;
     installed.answers[providerClass] = {

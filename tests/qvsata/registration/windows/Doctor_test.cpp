@@ -32,8 +32,14 @@ std::vector<std::string> Problems() {
 void Mend(const std::string& name) {
     const auto document = nlohmann::json::parse(RunTool({"doctor", "--format", "json"}).output);
     for (const auto& link : document["links"]) {
-        if (link["name"] == name) {
-            EXPECT_EQ(std::system((link["mend"].get<std::string>() + " >nul").c_str()), 0);
+        if (link["name"] != name) {
+            continue;
+        }
+        const std::string mend = link["mend"];
+        if (mend.starts_with("qvsata ")) {
+            EXPECT_EQ(RunTool({mend.substr(mend.find(' ') + 1)}).exitCode, 0U) << mend;
+        } else {
+            EXPECT_EQ(std::system((mend + " >nul").c_str()), 0) << mend;
         }
     }
 }
@@ -49,13 +55,15 @@ void NameLibrary(const std::filesystem::path& file) {
     SetText(eventClass + L"\\InprocServer32", nullptr, file.native());
 }
 
-/// A file that begins as a 32-bit library does.
-void WriteLibraryOf32Bits(const std::filesystem::path& file) {
+/// Makes both classes name a file that begins as a library does, and has nothing else. The machine
+/// is a number of its PE header, low byte first.
+void NameEmptyLibrary(const std::filesystem::path& file, std::string_view machine) {
     std::string bytes(512, '\0');
     bytes.replace(0, 2, "MZ");
     bytes[0x3C] = 64;
-    bytes.replace(64, 6, std::string("PE\0\0\x4C\x01", 6));
+    bytes.replace(64, 2, "PE").replace(68, 2, machine);
     std::ofstream(file, std::ios::binary) << bytes;
+    NameLibrary(file);
 }
 
 /// How a registration breaks, in a folder for files.
@@ -68,11 +76,11 @@ struct BrokenRegistration {
 class BrokenMachine : public RegisteredTest,
                       public testing::WithParamInterface<BrokenRegistration> {};
 
-TEST_P(BrokenMachine, IsFoundAndMendedByRegistering) {
+TEST_P(BrokenMachine, IsFoundAndMendedByTheNamedCommand) {
     ASSERT_EQ(RunTool({"register"}).exitCode, 0U);
     GetParam().breakIt(folder_.Path());
     EXPECT_EQ(Problems(), GetParam().problems);
-    ASSERT_EQ(RunTool({"register"}).exitCode, 0U);
+    Mend(GetParam().problems.front());
     EXPECT_THAT(Problems(), testing::IsEmpty());
 }
 
@@ -100,10 +108,20 @@ INSTANTIATE_TEST_SUITE_P(
                                        {"library for 64 bits"}},
                     BrokenRegistration{"LibraryOf32Bits",
                                        [](const auto& folder) {
-                                           WriteLibraryOf32Bits(folder / "old.dll");
-                                           NameLibrary(folder / "old.dll");
+                                           NameEmptyLibrary(folder / "old.dll", "\x4C\x01");
                                        },
-                                       {"library for 64 bits"}}),
+                                       {"library for 64 bits"}},
+                    BrokenRegistration{"LibraryThatDoesNotLoad",
+                                       [](const auto& folder) {
+                                           NameEmptyLibrary(folder / "bad.dll", "\x64\x86");
+                                       },
+                                       {"library loads", "library version"}},
+                    BrokenRegistration{"TwoLibraries",
+                                       [](const auto& folder) {
+                                           SetText(eventClass + L"\\InprocServer32", nullptr,
+                                                   (folder / "other.dll").native());
+                                       },
+                                       {"registered classes"}}),
     [](const auto& breakage) { return std::string(breakage.param.name); });
 
 class LoggingMachine : public RegisteredTest {
@@ -120,6 +138,24 @@ TEST_F(LoggingMachine, HasASettingOutOfRange) {
     ASSERT_EQ(RunTool({"register"}).exitCode, 0U);
     const DWORD level = 9;
     RegSetKeyValueW(HKEY_LOCAL_MACHINE, settings, L"LogLevel", REG_DWORD, &level, sizeof(level));
+    EXPECT_THAT(Problems(), ElementsAre("log settings"));
+    Mend("log settings");
+    EXPECT_THAT(Problems(), testing::IsEmpty());
+}
+
+TEST_F(LoggingMachine, HasTheLevelOfTheModuleAlone) {
+    ASSERT_EQ(RunTool({"register"}).exitCode, 0U);
+    const DWORD level = 1;
+    RegSetKeyValueW(HKEY_LOCAL_MACHINE, settings, L"LogLevel (QVWMISATA)", REG_DWORD, &level,
+                    sizeof(level));
+    EXPECT_THAT(Problems(), ElementsAre("log settings"));
+    Mend("log settings");
+    EXPECT_THAT(Problems(), testing::IsEmpty());
+}
+
+TEST_F(LoggingMachine, HasALegacyLevelThatIsText) {
+    ASSERT_EQ(RunTool({"register"}).exitCode, 0U);
+    SetText(std::wstring(settings) + L"\\ServerLOGGING", L"LEVEL", L"2");
     EXPECT_THAT(Problems(), ElementsAre("log settings"));
     Mend("log settings");
     EXPECT_THAT(Problems(), testing::IsEmpty());

@@ -39,15 +39,23 @@ ULONG MakeDescriptor(const wchar_t* sddl, PSECURITY_DESCRIPTOR* descriptor) {
     return size;
 }
 
-// The owner of and the rights on each folder, and on the library: Wine knows no folder that only
-// administrators may change.
+// The owner of and the rights on the folders, the library, the tool beside it and the drive: Wine
+// knows no folder that only administrators may change.
 const wchar_t* folderRights = nullptr;
 const wchar_t* libraryRights = nullptr;
+const wchar_t* toolRights = nullptr;
+const wchar_t* driveRights = nullptr;
+
+const wchar_t* RightsOfPlace(std::wstring_view path) {
+    return path.ends_with(L".dll")   ? libraryRights
+           : path.ends_with(L".exe") ? toolRights
+           : path.ends_with(L":\\")  ? driveRights
+                                     : folderRights;
+}
 
 DWORD WINAPI GetFileRights(const wchar_t* path, SE_OBJECT_TYPE, SECURITY_INFORMATION, PSID* owner,
                            PSID*, PACL*, PACL*, PSECURITY_DESCRIPTOR* descriptor) {
-    const bool isLibrary = std::wstring_view(path).ends_with(L".dll");
-    MakeDescriptor(isLibrary ? libraryRights : folderRights, descriptor);
+    MakeDescriptor(RightsOfPlace(path), descriptor);
     BOOL isDefault = FALSE;
     GetSecurityDescriptorOwner(*descriptor, owner, &isDefault);
     return ERROR_SUCCESS;
@@ -94,7 +102,8 @@ class InstalledService : public RegisteredTest {
 protected:
     void SetUp() override {
         RegisteredTest::SetUp();
-        libraryRights = folderRights = L"O:BAD:(A;;FA;;;BA)(A;;FA;;;SY)(A;;0x1200A9;;;BU)";
+        libraryRights = folderRights = toolRights = driveRights =
+            L"O:BAD:(A;;FA;;;BA)(A;;FA;;;SY)(A;;0x1200A9;;;BU)";
         const ToolRun registration = RunTool({"register"});
         ASSERT_EQ(registration.exitCode, 0U) << registration.errors;
         const service::ManagementHost host(RecordedOptions(nullptr, QV_LIBRARY));
@@ -173,6 +182,24 @@ TEST_F(InstalledService, LiesInAFolderThatItsHostCannotRead) {
     EXPECT_THAT(
         Troubles(),
         testing::ElementsAre(testing::StartsWith("library folder: NETWORK SERVICE cannot read ")));
+}
+
+TEST_F(InstalledService, LiesInAFolderThatIsDeniedToItsHost) {
+    folderRights = L"O:BAD:(D;;FR;;;NS)(A;;FA;;;BA)(A;;0x1200A9;;;BU)";
+    EXPECT_THAT(
+        Troubles(),
+        testing::ElementsAre(testing::StartsWith("library folder: NETWORK SERVICE cannot read ")));
+}
+
+TEST_F(InstalledService, HasAProgramThatEveryoneMayChange) {
+    toolRights = L"O:BAD:(A;;FA;;;BA)(A;;0x1301BF;;;WD)";
+    EXPECT_THAT(Troubles(), testing::ElementsAre(testing::HasSubstr(".exe, and so run ")));
+}
+
+TEST_F(InstalledService, LiesOnADriveWhoseFoldersEveryoneMayReplace) {
+    driveRights = L"O:BAD:(A;;FA;;;BA)(A;;0x1200E9;;;WD)";
+    EXPECT_THAT(Troubles(), testing::ElementsAre(testing::StartsWith(
+                                "library folder: others than administrators can rename ")));
 }
 
 TEST_F(InstalledService, LacksAClass) {
