@@ -35,6 +35,22 @@ std::wstring Quoted(const std::string& argument) {
     return quoted + L'"';
 }
 
+/// Starts a process that inherits handles. Returns whether it did.
+bool Start(std::wstring& command, STARTUPINFOEXW& startup, PROCESS_INFORMATION& started) {
+    // Rarely, Wine ends a new process before its program begins.
+    for (int attempt = 1; attempt <= 3; ++attempt) {
+        if (CreateProcessW(nullptr, command.data(), nullptr, nullptr, TRUE,
+                           EXTENDED_STARTUPINFO_PRESENT, nullptr, nullptr, &startup.StartupInfo,
+                           &started)) {
+            return true;
+        }
+        if (GetLastError() != ERROR_INTERNAL_ERROR) {
+            break;
+        }
+    }
+    return false;
+}
+
 /// A process of the tool, with its standard output and error.
 class ToolProcess {
 public:
@@ -57,9 +73,7 @@ public:
         startup.StartupInfo.hStdError = errors.writer.Get();
         startup.lpAttributeList = console == nullptr ? nullptr : console->Attributes();
         PROCESS_INFORMATION started{};
-        if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, TRUE,
-                            EXTENDED_STARTUPINFO_PRESENT, nullptr, nullptr, &startup.StartupInfo,
-                            &started)) {
+        if (!Start(command, startup, started)) {
             throw std::system_error(static_cast<int>(GetLastError()), std::system_category(), tool);
         }
         process_ = KernelHandle(started.hProcess);
