@@ -4,8 +4,8 @@
 // "growth" is the time per byte of the larger input divided by that of the smaller one: 1 for a
 // cost proportional to the size, 4 for one proportional to its square. "memory" is the peak per
 // byte of the larger input. A run on an empty recording is subtracted from both. Exit code 1 if a
-// growth exceeds 5, an input that is not refused needs more than 20 bytes per byte, or a command
-// does not end as expected.
+// growth exceeds 2, an input needs more than 20 bytes per byte, unless --limit bounds what it
+// publishes, or a command does not end as expected.
 #include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -40,8 +40,9 @@ std::string Rows(const std::string& className, const std::string& rows) {
 }
 
 /// Returns a recording of disks on one channel with a partition each, these device IDs and these
-/// plug-and-play IDs.
-std::string Disks(int count, const auto& path, const auto& deviceId) {
+/// plug-and-play IDs, and with these media rows.
+std::string Disks(int count, const auto& path, const auto& deviceId,
+                  const std::string& media = "") {
     const auto disk = [&](const std::string& number) {
         return R"({"DeviceID":")" + path(number) + R"(","PNPDeviceID":")" + deviceId(number) +
                R"(","InterfaceType":"IDE","Status":"OK"})";
@@ -58,10 +59,9 @@ std::string Disks(int count, const auto& path, const auto& deviceId) {
         return R"({"Antecedent":"Win32_DiskDrive.DeviceID=\")" + path(number) +
                R"(\"","Dependent":"Win32_DiskPartition.DeviceID=\"P)" + number + R"(\""})";
     };
-    return Recording(R"("root\\CIMv2":{"Win32_PhysicalMedia":[],"Win32_PnPDevice":[],)"
-                     R"("Win32_DiskDrive":[)" +
-                     Repeat(count, ",", disk) + R"(],"Win32_DiskPartition":[)" +
-                     Repeat(count, ",", partition) +
+    return Recording(R"("root\\CIMv2":{"Win32_PhysicalMedia":[)" + media +
+                     R"(],"Win32_PnPDevice":[],"Win32_DiskDrive":[)" + Repeat(count, ",", disk) +
+                     R"(],"Win32_DiskPartition":[)" + Repeat(count, ",", partition) +
                      R"(],"Win32_IDEController":[{"DeviceID":"IDECHANNEL"}],)"
                      R"("Win32_IDEControllerDevice":[)" +
                      Repeat(count, ",", onChannel) + R"(],"Win32_DiskDriveToDiskPartition":[)" +
@@ -114,6 +114,16 @@ std::string DisksWithOnePath(int count) {
         [](const auto& n) { return "IDE" + n; });
 }
 
+/// Returns disks with distinct IDs and a media row each.
+std::string DisksWithMedia(int count) {
+    const auto media = [](const auto& n) {
+        return R"({"Tag":"D)" + n + R"(","SerialNumber":"S)" + n + "\"}";
+    };
+    return Disks(
+        count, [](const auto& n) { return "D" + n; }, [](const auto& n) { return "IDE" + n + "."; },
+        Repeat(count, ",", media));
+}
+
 /// Returns disks whose IDs are a, aa, aaa, ...: each is the beginning of all that follow.
 std::string DisksOfOneBeginning(int count) {
     const auto id = [](const auto& n) { return std::string(std::stoul(n) + 1, 'a'); };
@@ -141,8 +151,12 @@ struct Input {
     std::vector<std::string> command;
     int exitCode;
     const char* option = "--host";
-    bool isRefused = exitCode == 1;  ///< its memory is what a limit allows
+    bool isLimited = exitCode == 1;  ///< it needs the memory of what --limit lets it publish
 };
+
+constexpr int runs = 3;            ///< of which the cheapest counts
+constexpr double mostGrowth = 2;   ///< all costs are claimed to be proportional to the size
+constexpr double mostMemory = 20;  ///< bytes for each byte
 
 const std::vector<Input> inputs{
     {"empty rows", EmptyRows, {50'000, 200'000}, {"sources"}, 3},
@@ -170,6 +184,21 @@ const std::vector<Input> inputs{
     {"disks whose IDs begin each other", DisksOfOneBeginning, {340, 750}, {"disks"}, 3},
     {"verdicts on disks with equal IDs", EqualDisks, {400, 1'600}, {"explain"}, 3, "--host", true},
     {"warnings of disks with equal IDs", EqualDisks, {400, 1'600}, {"disks"}, 3},
+    {"disks with media", DisksWithMedia, {500, 2'000}, {"check"}, 3, "--host", true},
+    {"a page of disks with media",
+     DisksWithMedia,
+     {500, 2'000},
+     {"report", "-o", "page.html"},
+     3,
+     "--host",
+     true},
+    {"a recording of disks with media",
+     DisksWithMedia,
+     {500, 2'000},
+     {"capture", "--redact", "-o", "out.json"},
+     3,
+     "--host",
+     true},
     {"a large recording", LargeRecording, {50'000, 200'000}, {"sources"}, 3},
     {"a chain of classes in MOF",
      ClassChain,
@@ -190,7 +219,7 @@ double Seconds(const timeval& time) {
 
 /// Runs a command without output; returns its cost. Ends this program if the command ends otherwise
 /// than expected.
-Cost Run(std::vector<std::string> command, int exitCode) {
+Cost RunOnce(std::vector<std::string> command, int exitCode) {
     std::vector<char*> arguments;
     std::ranges::transform(command, std::back_inserter(arguments),
                            [](std::string& one) { return one.data(); });
@@ -212,6 +241,16 @@ Cost Run(std::vector<std::string> command, int exitCode) {
     }
     return {Seconds(usage.ru_utime) + Seconds(usage.ru_stime),
             static_cast<double>(usage.ru_maxrss) * 1024};
+}
+
+/// Returns the least cost of several runs: others use the machine, too.
+Cost Run(const std::vector<std::string>& command, int exitCode) {
+    Cost least = RunOnce(command, exitCode);
+    for (int run = 1; run < runs; ++run) {
+        const Cost cost = RunOnce(command, exitCode);
+        least = {std::min(least.seconds, cost.seconds), std::min(least.bytes, cost.bytes)};
+    }
+    return least;
 }
 
 }  // namespace
@@ -245,7 +284,8 @@ int main(int count, char** given) {
             }
             std::printf("\n");
         }
-        isNear = isNear && perByte[1] <= 5 * perByte[0] && (input.isRefused || memory <= 20);
+        isNear = isNear && perByte[1] <= mostGrowth * perByte[0] &&
+                 (input.isLimited || memory <= mostMemory);
     }
     return isNear ? 0 : 1;
 }

@@ -132,9 +132,15 @@ bool IsComparableWithMedia(const platform::Row& disk) {
     return Succeeded(GetStringProperty(disk, "DeviceID", deviceId));
 }
 
-const platform::Row* FindMediaOfDisk(const platform::Row& disk, const platform::Rows& media) {
-    if (!media.empty() && !IsComparableWithMedia(disk)) {
+void RequireComparableWithMedia(const platform::Row& disk) {
+    if (!IsComparableWithMedia(disk)) {
         throw RequestError(Status::unspecifiedFailure);
+    }
+}
+
+const platform::Row* FindMediaOfDisk(const platform::Row& disk, const platform::Rows& media) {
+    if (!media.empty()) {
+        RequireComparableWithMedia(disk);
     }
     const std::string deviceId = TextOrEmpty(disk, "DeviceID");
     for (const auto& row : media) {

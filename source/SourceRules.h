@@ -59,6 +59,9 @@ std::string ChannelLabel(std::string_view channelId);
 /// Returns whether a Win32_DiskDrive row can be compared with media rows: its DeviceID is a text.
 bool IsComparableWithMedia(const platform::Row& disk);
 
+/// Throws RequestError with Status::unspecifiedFailure if IsComparableWithMedia does not hold.
+void RequireComparableWithMedia(const platform::Row& disk);
+
 /// Returns the first Win32_PhysicalMedia row whose Tag is exactly the DeviceID of the
 /// Win32_DiskDrive row; null if there is none. Throws RequestError with Status::unspecifiedFailure
 /// if a media row is compared with a disk for which IsComparableWithMedia does not hold.

@@ -1,7 +1,5 @@
 #include "qvsata/recorded/HashIndex.h"
 
-#include <functional>
-
 namespace qv::service {
 
 void HashIndex::Add(const std::string& text, std::size_t place) {
@@ -9,12 +7,11 @@ void HashIndex::Add(const std::string& text, std::size_t place) {
 }
 
 std::vector<std::size_t> HashIndex::Find(const std::string& text) const {
-    const std::size_t hash = std::hash<std::string>{}(text);
     std::vector<std::size_t> places;
-    for (auto entry = entries_.lower_bound({hash, 0});
-         entry != entries_.end() && entry->first == hash; ++entry) {
-        places.push_back(entry->second);
-    }
+    FindFirst(text, [&places](std::size_t place) {
+        places.push_back(place);
+        return false;
+    });
     return places;
 }
 

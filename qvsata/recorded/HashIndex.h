@@ -1,7 +1,8 @@
 #pragma once
 
-#include <algorithm>
 #include <cstddef>
+#include <functional>
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -21,6 +22,19 @@ public:
     /// Returns the places of the text, and perhaps of others, in ascending order.
     std::vector<std::size_t> Find(const std::string& text) const;
 
+    /// Returns the first place of the text that `accepts(place)` takes; nothing if there is none.
+    template <typename Accepts>
+    std::optional<std::size_t> FindFirst(const std::string& text, Accepts accepts) const {
+        const std::size_t hash = std::hash<std::string>{}(text);
+        for (auto entry = entries_.lower_bound({hash, 0});
+             entry != entries_.end() && entry->first == hash; ++entry) {
+            if (accepts(entry->second)) {
+                return entry->second;
+            }
+        }
+        return std::nullopt;
+    }
+
 private:
     std::set<std::pair<std::size_t, std::size_t>> entries_;  ///< hash, place
 };
@@ -29,11 +43,10 @@ private:
 /// @param byName the elements' places by their folded names
 template <typename Elements>
 auto* FindNamed(Elements& elements, const HashIndex& byName, std::string_view name) {
-    const auto places = byName.Find(FoldCase(name));
-    const auto found = std::ranges::find_if(places, [&](std::size_t place) {
+    const auto found = byName.FindFirst(FoldCase(name), [&](std::size_t place) {
         return EqualsIgnoringCase(elements[place].Name(), name);
     });
-    return found == places.end() ? nullptr : &elements[*found];
+    return found ? &elements[*found] : nullptr;
 }
 
 }  // namespace qv::service

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "qvsata/recorded/HashIndex.h"
+#include "source/Text.h"
 
 namespace qv::service {
 namespace {
@@ -65,12 +66,26 @@ const RecordedRow* RecordedClass::Find(const ObjectPath& path) const {
         const auto found = std::ranges::find_if(rows, isNamed);
         return found == rows.end() ? nullptr : &*found;
     }
-    for (const std::size_t place : content_.Read().byKeys.Find(IdentityOf(path.keys))) {
-        if (isNamed(rows[place])) {
-            return &rows[place];
-        }
+    const auto place = content_.Read().byKeys.FindFirst(
+        IdentityOf(path.keys), [&](std::size_t one) { return isNamed(rows[one]); });
+    return place ? &rows[*place] : nullptr;
+}
+
+const RecordedRow* RecordedClass::FindText(std::string_view property, std::string_view text) const {
+    const auto has = [&](const RecordedRow& row) {
+        const auto* const own = std::get_if<std::string>(row.FindProperty(property));
+        return (own == nullptr ? std::string_view() : *own) == text;
+    };
+    const RecordedRows& rows = Rows();
+    // A row without a text has no key.
+    if (text.empty() || !EqualsIgnoringCase(property, KeyOfSource(name_))) {
+        const auto found = std::ranges::find_if(rows, has);
+        return found == rows.end() ? nullptr : &*found;
     }
-    return nullptr;
+    const std::vector<PathKey> key = {{std::string(property), std::string(text), true}};
+    const auto place = content_.Read().byKeys.FindFirst(
+        IdentityOf(key), [&](std::size_t one) { return has(rows[one]); });
+    return place ? &rows[*place] : nullptr;
 }
 
 std::vector<const RecordedRow*> RecordedClass::Referencing(const ObjectPath& path) const {

@@ -33,6 +33,10 @@ public:
     /// Returns the first row that a path of the class names; null if there is none.
     const RecordedRow* Find(const ObjectPath& path) const;
 
+    /// Returns the first row whose property is exactly a text; null if there is none. A row without
+    /// a text there has the empty one.
+    const RecordedRow* FindText(std::string_view property, std::string_view text) const;
+
     /// Returns the rows with a reference that may name the path. No row whose reference names it is
     /// missing.
     std::vector<const RecordedRow*> Referencing(const ObjectPath& path) const;

@@ -25,15 +25,14 @@ constexpr std::array<ClassKey, 7> classKeys = {{
     {"MSStorageDriver_FailurePredictStatus", "InstanceName"},
 }};
 
-// Returns the property that is the key of a source class; empty for any other class.
-std::string_view KeyOf(std::string_view className) {
+}  // namespace
+
+std::string_view KeyOfSource(std::string_view className) {
     const auto* const found = std::ranges::find_if(classKeys, [className](const ClassKey& one) {
         return EqualsIgnoringCase(one.className, className);
     });
     return found == classKeys.end() ? std::string_view() : found->key;
 }
-
-}  // namespace
 
 RecordedRow::RecordedRow(std::shared_ptr<const std::string> className, RowProperties properties) {
     RowShape shape{std::move(className), {}};
@@ -64,7 +63,7 @@ const CimValue* RecordedRow::FindProperty(std::string_view name) const {
 
 std::vector<PathKey> RecordedRow::Keys() const {
     std::vector<PathKey> keys;
-    const std::string_view key = KeyOf(ClassName());
+    const std::string_view key = KeyOfSource(ClassName());
     if (key.empty()) {
         for (const auto& [place, path] : ParsedReferences()) {
             keys.push_back({Names()[place], std::get<std::string>(values_[place]), true});
@@ -86,7 +85,7 @@ std::vector<Reference> RecordedRow::References() const {
 
 std::vector<std::pair<std::size_t, ObjectPath>> RecordedRow::ParsedReferences() const {
     std::vector<std::pair<std::size_t, ObjectPath>> references;
-    if (!KeyOf(ClassName()).empty()) {
+    if (!KeyOfSource(ClassName()).empty()) {
         return references;
     }
     for (std::size_t place = 0; place < values_.size(); ++place) {

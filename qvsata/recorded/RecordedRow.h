@@ -30,6 +30,9 @@ struct LessNames {
 };
 using RowShapes = std::set<std::shared_ptr<const RowShape>, LessNames>;
 
+/// Returns the property that is the key of a source class; empty for any other class.
+std::string_view KeyOfSource(std::string_view className);
+
 /// A recorded row. The keys of the source classes are known. The keys of any other class are its
 /// references: the texts that are the path of an instance.
 class RecordedRow {

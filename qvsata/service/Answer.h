@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -16,6 +17,12 @@ struct Answer {
     /// The class that could not be read, where the request does not name it: a class to which an
     /// association leads, or the class of a path.
     std::string unreadClass = {};
+};
+
+/// The first object of an answer that has a text, and how many objects the answer has.
+struct FoundObject {
+    Answer answer;  ///< holds that object, or none
+    std::size_t objectCount = 0;
 };
 
 /// Returns the answer to a failed request to a provider. The message is "request: meaning of the

@@ -43,6 +43,14 @@ public:
         return std::nullopt;
     }
 
+    /// Returns the first instance of the class whose property is exactly a text, see
+    /// Services::FindText.
+    virtual std::optional<FoundObject> FindText(const ResolvedClassPtr& /*type*/,
+                                                std::string_view /*property*/,
+                                                std::string_view /*text*/) const {
+        return std::nullopt;
+    }
+
     /// Returns the instances of the class that may have a reference to the path.
     virtual std::optional<Answer> Referencing(const ResolvedClassPtr& /*type*/,
                                               const ObjectPath& /*path*/) const {

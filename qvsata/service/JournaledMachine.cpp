@@ -86,9 +86,18 @@ public:
     }
 
     Answer Enumerate(std::string_view className) const override {
-        const std::string name(className);
-        return Noted("SELECT * FROM " + name, name, EndOf,
+        return Noted(SelectAll(className), std::string(className), EndOf,
                      [&] { return machine_->Enumerate(className); });
+    }
+
+    FoundObject FindText(std::string_view className, std::string_view property,
+                         std::string_view text) const override {
+        SourceJournal::Entry& entry =
+            journal_->Begin(nameSpace_, SelectAll(className), std::string(className));
+        FoundObject found = machine_->FindText(className, property, text);
+        SourceJournal::End(entry, found.answer.status, found.objectCount,
+                           EndOf(found.answer, kind_));
+        return found;
     }
 
     Answer Query(std::string_view wql) const override {

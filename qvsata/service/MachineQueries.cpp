@@ -70,6 +70,27 @@ Status MachineQueries::RunWqlQuery(std::string_view nameSpace, std::string_view 
     return Status::outOfMemory;
 }
 
+std::optional<platform::FoundRow> MachineQueries::FindRow(std::string_view nameSpace,
+                                                          std::string_view className,
+                                                          std::string_view property,
+                                                          std::string_view text) const try {
+    const Connection connection = machine_(nameSpace);
+    if (!connection.services) {
+        return platform::FoundRow{};
+    }
+    FoundObject found = connection.services->FindText(className, property, text);
+    if (!Succeeded(found.answer.status)) {
+        return platform::FoundRow{};
+    }
+    platform::FoundRow result{nullptr, found.objectCount};
+    if (!found.answer.objects.empty()) {
+        result.row = std::make_shared<const ObjectRow>(std::move(found.answer.objects.front()));
+    }
+    return result;
+} catch (const std::bad_alloc&) {
+    return platform::FoundRow{};
+}
+
 platform::ComputerName RecordedNames::NameInFormat(platform::NameFormat format) const {
     const std::string& name = format == platform::NameFormat::dnsFullyQualified
                                   ? names_.dnsFullyQualified

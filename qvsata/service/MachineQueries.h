@@ -1,5 +1,8 @@
 #pragma once
 
+#include <optional>
+#include <string_view>
+
 #include "platform/HostFacts.h"
 #include "platform/QueryPort.h"
 #include "qvsata/recorded/RecordedHost.h"
@@ -15,6 +18,9 @@ public:
 
     Status RunWqlQuery(std::string_view nameSpace, std::string_view query,
                        platform::Rows& rows) const override;
+    std::optional<platform::FoundRow> FindRow(std::string_view nameSpace,
+                                              std::string_view className, std::string_view property,
+                                              std::string_view text) const override;
 
 private:
     Connector machine_;

@@ -194,6 +194,16 @@ Answer Namespace::Select(std::string_view wql, const SelectQuery& query) const {
     return answer;
 }
 
+FoundObject Namespace::FindText(std::string_view className, std::string_view property,
+                                std::string_view text) const {
+    const std::vector<ResolvedClassPtr> types = classes_.WithSubclasses(className);
+    const Sources sources = types.size() == 1 ? SourcesOf(types.front()) : Sources();
+    std::optional<FoundObject> found =
+        sources.size() == 1 ? sources.front()->FindText(types.front(), property, text)
+                            : std::nullopt;
+    return found ? *std::move(found) : Services::FindText(className, property, text);
+}
+
 Answer Namespace::Query(std::string_view wql) const {
     try {
         const WqlQuery query = ParseWql(wql);

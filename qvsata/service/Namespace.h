@@ -45,6 +45,8 @@ public:
     /// a query, or that names a property or reference that no class has; with `invalidClass` for an
     /// unknown class.
     Answer Query(std::string_view wql) const override;
+    FoundObject FindText(std::string_view className, std::string_view property,
+                         std::string_view text) const override;
     Answer Query(const AssociatorsQuery& query) const;
     Answer Query(const ReferencesQuery& query) const;
 

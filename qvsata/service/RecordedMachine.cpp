@@ -34,6 +34,16 @@ public:
         return recorded.Failure() ? Failing(recorded) : Rows(recorded.Referencing(path));
     }
 
+    std::optional<FoundObject> FindText(const ResolvedClassPtr& type, std::string_view property,
+                                        std::string_view text) const override {
+        const RecordedClass& recorded = *rows_.Find(type->name);
+        if (recorded.Failure()) {
+            return FoundObject{Failing(recorded)};
+        }
+        const RecordedRow* const row = recorded.FindText(property, text);
+        return FoundObject{row == nullptr ? Answer() : Rows({row}), recorded.Rows().size()};
+    }
+
     std::optional<ObjectPtr> LookUp(const ResolvedClassPtr& type,
                                     const ObjectPath& path) const override {
         const RecordedClass& recorded = *rows_.Find(type->name);

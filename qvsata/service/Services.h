@@ -23,7 +23,17 @@ public:
 
     /// Returns the result of a WQL query.
     virtual Answer Query(std::string_view wql) const = 0;
+
+    /// Returns the first result of "SELECT * FROM className" whose property is exactly a text. An
+    /// object without a text there has the empty one.
+    virtual FoundObject FindText(std::string_view className, std::string_view property,
+                                 std::string_view text) const;
 };
+
+/// Returns the query of all instances of a class.
+inline std::string SelectAll(std::string_view className) {
+    return "SELECT * FROM " + std::string(className);
+}
 
 /// The result of connecting to a namespace: the connection, or the status of the failure.
 struct Connection {

@@ -47,5 +47,40 @@ TEST(PhysicalMedia, EndsTheRequestForADiskWithoutDeviceIdAmongMedia) {
     }
 }
 
+/// A port that finds the row of drive0 itself, among these rows.
+class FindingPort : public ScriptedHost {
+public:
+    explicit FindingPort(std::size_t rowCount) : rowCount_(rowCount) {}
+
+    std::optional<platform::FoundRow> FindRow(std::string_view nameSpace,
+                                              std::string_view className, std::string_view property,
+                                              std::string_view text) const override {
+        sought = std::string(nameSpace).append(":").append(className).append(".").append(property);
+        return platform::FoundRow{
+            text == drive0 ? std::make_shared<ScriptedRow>(Media(drive0, "B")) : nullptr,
+            rowCount_};
+    }
+
+    mutable std::string sought;
+
+private:
+    std::size_t rowCount_;
+};
+
+TEST(PhysicalMedia, LeavesTheSearchToAPortThatFindsRows) {
+    const FindingPort port(1);
+    const auto media = QueryMediaOfDisk(port, ScriptedRow(Disk(diskId)));
+    ASSERT_TRUE(media);
+    EXPECT_EQ(media->serialNumber, "B");
+    EXPECT_EQ(media->tag, drive0);
+    EXPECT_EQ(port.sought, R"(root\CIMv2:Win32_PhysicalMedia.Tag)");
+    EXPECT_TRUE(port.asked.empty());
+}
+
+TEST(PhysicalMedia, EndsTheRequestAsWellWhereThePortFindsRows) {
+    EXPECT_FALSE(QueryMediaOfDisk(FindingPort(0), ScriptedRow({})));
+    EXPECT_THROW(QueryMediaOfDisk(FindingPort(1), ScriptedRow({})), RequestError);
+}
+
 }  // namespace
 }  // namespace qv::test

@@ -13,6 +13,7 @@
 #include "log/LogFile.h"
 #include "log/LogMutex.h"
 #include "log/LogPlace.h"
+#include "tests/support/windows/DeniedMutex.h"
 #include "tests/support/windows/LogFiles.h"
 #include "tests/support/windows/LogTimes.h"
 #include "tests/support/windows/Threads.h"
@@ -113,6 +114,13 @@ TEST_F(CCommonLogTest, FallsSilentWithoutItsMutex) {
     EXPECT_EQ(log.Module(), L"QVCommonLog_MutexError");
     EXPECT_EQ(static_cast<std::uint32_t>(log.Level()), 1024U);
     EXPECT_EQ(log.LogEntry(L"F", LogLevel::error, L"text"), DWORD{ERROR_INVALID_HANDLE});
+    EXPECT_EQ(ReadBytesOf(file), "");
+}
+
+TEST_F(CCommonLogTest, FallsSilentWhereItsMutexIsDenied) {
+    const DeniedMutex denied(MutexName().c_str());
+    EXPECT_EQ(log.LogInit(L"TestMod"), DWORD{ERROR_ACCESS_DENIED});
+    EXPECT_EQ(log.Level(), LogLevel::silent);
     EXPECT_EQ(ReadBytesOf(file), "");
 }
 

@@ -1,5 +1,6 @@
 // What a subscription starts and delivers: threads, polls and indications.
 #include "tests/provider/EventTest.h"
+#include "tests/support/windows/HeldElsewhere.h"
 
 namespace qv::test {
 namespace {
@@ -69,6 +70,20 @@ TEST_F(EventProviderSubscriptionsTest, DeliversWhatHappenedToADisk) {
     EXPECT_THAT(sink->Events(),
                 ElementsAre(L"600 IDE&DISKX&5&1", L"605 IDE&DISKX&5&1", L"613 IDE&DISKX&5&1"));
     EXPECT_EQ(ShortSleeps::asked, 30000U);
+}
+
+TEST_F(EventProviderSubscriptionsTest, LooksAtNoDiskUntilTheInventorysMutexIsFree) {
+    Subscribe({{}});
+    ASSERT_TRUE(HasLooked(3));
+    HeldElsewhere held(L"DiskDriveListCurrMutex");
+    source.SetLooks({{{diskId}}});
+    ASSERT_EQ(ProvideEvents(sink.Get()), S_OK);
+    Sleep(300);  // three waits of the provider
+    EXPECT_EQ(source.LookCount(), 3U);
+    EXPECT_THAT(sink->Events(), IsEmpty());
+    held.Release();
+    ASSERT_TRUE(sink->HasReceived(1));
+    EXPECT_THAT(sink->Events(), ElementsAre(L"600 IDE&DISKX&5&1"));
 }
 
 TEST_F(EventProviderSubscriptionsTest, FillsAnIndicationWithTheCommonPropertiesAndThoseOfTheDisk) {

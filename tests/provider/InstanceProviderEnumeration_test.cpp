@@ -1,5 +1,6 @@
 // CreateInstanceEnumAsync; on the class of controller locations if the class does not matter.
 #include "tests/provider/ProviderTest.h"
+#include "tests/support/windows/HeldElsewhere.h"
 
 namespace qv::test {
 namespace {
@@ -29,6 +30,12 @@ TEST_F(InstanceProviderEnumerationTest, DeliversEachInstanceByItselfInTheOrderOf
     EXPECT_THAT(DeliveredNames(),
                 ElementsAre(LocationName(L"A"), LocationName(L"B"), LocationName(L"C")));
     EXPECT_EQ(sink->statuses.All(), CompletedWith(S_OK));
+}
+
+TEST_F(InstanceProviderEnumerationTest, DeliversWhileAnotherHoldsTheInventorysMutex) {
+    const HeldElsewhere held(L"DiskDriveListCurrMutex");
+    EXPECT_EQ(Enumerate(locations), S_OK);
+    EXPECT_EQ(sink->ObjectCount(), 3U);
 }
 
 TEST_F(InstanceProviderEnumerationTest, FillsAllPropertiesInTheirOrder) {

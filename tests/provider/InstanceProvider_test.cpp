@@ -1,6 +1,9 @@
+#include <atomic>
 #include <cstdlib>
+#include <thread>
 
 #include "tests/provider/ProviderTest.h"
+#include "tests/support/windows/HeldElsewhere.h"
 #include "tests/support/windows/ReplacedImport.h"
 
 namespace qv::test {
@@ -64,6 +67,18 @@ TEST_F(InstanceProviderTest, LogsNoEndWhenItFails) {
     EXPECT_THAT(Logged(), ElementsAre(::testing::_,
                                       L"[Information] CQVWMISATA_InstProv::Initialize| "
                                       L"Entering Initialize"));
+}
+
+TEST_F(InstanceProviderTest, IsReadyOnlyOnceTheLogsMutexIsFree) {
+    HeldElsewhere held(LibraryLog::MutexName().c_str());
+    std::atomic<bool> isReleased = false;
+    const std::jthread releasing([&] {
+        Sleep(300);  // time for a provider that does not wait
+        isReleased = true;
+        held.Release();
+    });
+    EXPECT_EQ(Initialize(), S_OK);
+    EXPECT_TRUE(isReleased);
 }
 
 TEST_F(InstanceProviderTest, RefusesToWorkWithoutANamespace) {

@@ -39,4 +39,11 @@ std::vector<std::wstring> LibraryLog::LinesFrom(std::size_t from) {
     return lines;
 }
 
+std::wstring LibraryLog::MutexName() {
+    std::wstring place = libraryLogFolder->File(L"QVWMISATA");
+    CharUpperW(place.data());
+    std::erase(place, L'\\');
+    return L"Global\\" + place;
+}
+
 }  // namespace qv::test

@@ -13,6 +13,9 @@ public:
 
     /// Returns the lines after the first `from`, without their times.
     static std::vector<std::wstring> LinesFrom(std::size_t from);
+
+    /// Returns the name of the mutex that the library holds while it writes a line.
+    static std::wstring MutexName();
 };
 
 }  // namespace qv::test

@@ -1,9 +1,14 @@
 #include "qvsata/hosting/substitutes/ImportPatch.h"
 
+#include <algorithm>
 #include <cstddef>
+#include <stdexcept>
+#include <string>
 #include <string_view>
+#include <vector>
 
-#include "platform/Status.h"
+#include "platform/windows/WbemStatus.h"
+#include "qvsata/cim/Utf8.h"
 
 namespace qv::service {
 namespace {
@@ -23,22 +28,38 @@ public:
         }
     }
 
+    /// Returns whether the names of a table are missing. Its addresses replaced them when the
+    /// module was loaded.
+    bool HasNamelessImports() const {
+        return std::ranges::any_of(Libraries(), [](const IMAGE_IMPORT_DESCRIPTOR* library) {
+            return library->OriginalFirstThunk == 0;
+        });
+    }
+
     /// Returns the entries of the address tables through which the module calls a function.
     std::vector<void*> SlotsOf(std::string_view function) const {
         std::vector<void*> slots;
-        const std::size_t count = imports_.Size / sizeof(IMAGE_IMPORT_DESCRIPTOR);
-        for (std::size_t index = 0; index < count; ++index) {
-            const auto* library = Entry<IMAGE_IMPORT_DESCRIPTOR>(imports_.VirtualAddress, index);
-            if (library == nullptr || library->Name == 0) {
-                break;
-            }
+        for (const IMAGE_IMPORT_DESCRIPTOR* library : Libraries()) {
             AddSlots(*library, function, slots);
         }
         return slots;
     }
 
 private:
-    /// A library without a table of names, whose addresses the linker has bound, adds nothing.
+    /// Returns the libraries from which the module imports.
+    std::vector<const IMAGE_IMPORT_DESCRIPTOR*> Libraries() const {
+        std::vector<const IMAGE_IMPORT_DESCRIPTOR*> libraries;
+        const std::size_t count = imports_.Size / sizeof(IMAGE_IMPORT_DESCRIPTOR);
+        for (std::size_t index = 0; index < count; ++index) {
+            const auto* library = Entry<IMAGE_IMPORT_DESCRIPTOR>(imports_.VirtualAddress, index);
+            if (library == nullptr || library->Name == 0) {
+                break;
+            }
+            libraries.push_back(library);
+        }
+        return libraries;
+    }
+
     void AddSlots(const IMAGE_IMPORT_DESCRIPTOR& library, std::string_view function,
                   std::vector<void*>& slots) const {
         for (std::size_t index = 0;; ++index) {
@@ -80,30 +101,43 @@ private:
     IMAGE_DATA_DIRECTORY imports_{};
 };
 
+std::string FileOf(HMODULE module) {
+    std::wstring name(1024, L'\0');
+    name.resize(GetModuleFileNameW(module, name.data(), static_cast<DWORD>(name.size())));
+    return Utf8OfPath(name);
+}
+
 }  // namespace
 
-bool ImportPatch::Write(Function* slot, Function function) {
+ImportPatch::Slot::Slot(Function* place, Function replacement) : place_(place), original_(*place) {
+    if (!Write(replacement)) {
+        const DWORD error = GetLastError();
+        Write(original_);
+        windows::ThrowIfFailed(HRESULT_FROM_WIN32(error));
+    }
+}
+
+bool ImportPatch::Slot::Write(Function function) {
     DWORD protection = 0;
-    if (!VirtualProtect(slot, sizeof(*slot), PAGE_READWRITE, &protection)) {
+    if (!VirtualProtect(place_, sizeof(*place_), PAGE_READWRITE, &protection)) {
         return false;
     }
-    *slot = function;
-    return VirtualProtect(slot, sizeof(*slot), protection, &protection) != FALSE;
+    *place_ = function;
+    return VirtualProtect(place_, sizeof(*place_), protection, &protection) != FALSE;
 }
 
 ImportPatch::ImportPatch(HMODULE module, const char* function, Function replacement) {
-    for (void* found : ModuleImage(module).SlotsOf(function)) {
-        auto* slot = static_cast<Function*>(found);
-        entries_.push_back({slot, *slot});
-        if (!Write(slot, replacement)) {
-            windows::ThrowIfFailed(HRESULT_FROM_WIN32(GetLastError()));
-        }
+    const ModuleImage image(module);
+    if (image.HasNamelessImports()) {
+        throw std::runtime_error(FileOf(module) + ": has imports without names, so " + function +
+                                 " cannot be replaced in it");
     }
-}
-
-ImportPatch::~ImportPatch() {
-    for (const Entry& entry : entries_) {
-        Write(entry.slot, entry.original);
+    for (void* found : image.SlotsOf(function)) {
+        slots_.emplace_back(static_cast<Function*>(found), replacement);
+    }
+    if (slots_.empty()) {
+        throw std::runtime_error(FileOf(module) + ": does not import " + function +
+                                 " by name, so it cannot be replaced in it");
     }
 }
 

@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-#include <vector>
+#include <deque>
 
 namespace qv::service {
 
@@ -13,22 +13,31 @@ class ImportPatch {
 public:
     using Function = void (*)();
 
-    /// `function` is the imported name. A module that does not import it by name is left unchanged.
-    /// Throws RequestError if the table cannot be written.
+    /// `function` is the imported name. Throws std::runtime_error, whose message names the module's
+    /// file, if the module does not import the function by name, or imports anything without names:
+    /// calls could then go past the replacement. Throws RequestError if the table cannot be
+    /// written. The table is as before when the constructor throws.
     ImportPatch(HMODULE module, const char* function, Function replacement);
     ImportPatch(const ImportPatch&) = delete;
     ImportPatch& operator=(const ImportPatch&) = delete;
-    ~ImportPatch();
 
 private:
-    struct Entry {
-        Function* slot;
-        Function original;
+    /// An entry of the table, replaced while the object lives.
+    class Slot {
+    public:
+        Slot(Function* place, Function replacement);
+        Slot(const Slot&) = delete;
+        Slot& operator=(const Slot&) = delete;
+        ~Slot() { Write(original_); }
+
+    private:
+        bool Write(Function function);
+
+        Function* place_;
+        Function original_;
     };
 
-    static bool Write(Function* slot, Function function);
-
-    std::vector<Entry> entries_;
+    std::deque<Slot> slots_;
 };
 
 }  // namespace qv::service

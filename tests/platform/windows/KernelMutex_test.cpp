@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/windows/DeniedMutex.h"
 #include "tests/support/windows/ReplacedImport.h"
 
 namespace qv::test {
@@ -82,6 +83,15 @@ TEST_F(KernelMutexTest, IsAcquiredFromAThreadThatEndedWithIt) {
 TEST_F(KernelMutexTest, IsOfTheProcessItselfWhereTheNameIsTakenBySomethingElse) {
     const std::wstring taken = name + L".event";
     const KernelHandle event(CreateEventW(nullptr, TRUE, FALSE, taken.c_str()));
+    KernelMutex own(taken.c_str(), log);
+    ASSERT_TRUE(own.TryAcquireFor(0ms));
+    EXPECT_FALSE(AnotherThreadGets(own));
+    own.Release();
+}
+
+TEST_F(KernelMutexTest, IsOfTheProcessItselfWhereTheNamedOneIsDenied) {
+    const std::wstring taken = name + L".denied";
+    const DeniedMutex denied(taken.c_str());
     KernelMutex own(taken.c_str(), log);
     ASSERT_TRUE(own.TryAcquireFor(0ms));
     EXPECT_FALSE(AnotherThreadGets(own));

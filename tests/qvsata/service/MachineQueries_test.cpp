@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "qvsata/service/JournaledMachine.h"
 #include "qvsata/service/RecordedMachine.h"
 #include "tests/support/HostBuilder.h"
 
@@ -45,6 +46,88 @@ TEST(MachineQueries, DropsEarlierRowsWhenAQueryFails) {
     EXPECT_EQ(port.RunWqlQuery("root/other", "SELECT * FROM Win32_DiskDrive", rows),
               Status{0x8004100E});
     EXPECT_EQ(port.RunWqlQuery(R"(root\CIMv2)", "no query", rows), Status{0x80041017});
+}
+
+/// A host whose media rows have these serial numbers and tags, in this order.
+RecordedHost HostOfTags(std::vector<std::pair<const char*, CimValue>> media) {
+    HostBuilder host;
+    for (auto& [serialNumber, tag] : media) {
+        host.Media(serialNumber, {{"Tag", std::move(tag)}});
+    }
+    return host.Build();
+}
+
+/// Returns the serial number of the media row that is found by its tag; "none" if there is none.
+std::string MediaFound(const MachineQueries& port, std::string_view tag) {
+    const auto found = port.FindRow(R"(root\CIMv2)", "Win32_PhysicalMedia", "Tag", tag);
+    return found->row ? std::get<std::string>(found->row->Get("SerialNumber").value) : "none";
+}
+
+TEST(MachineQueries, FindsTheFirstRowThatHasExactlyAText) {
+    const MachineQueries port =
+        QueriesOf(HostOfTags({{"S1", "d"}, {"S2", "D"}, {"S3", "D"}, {"S4", R"(X.A="1")"}}));
+    EXPECT_EQ(MediaFound(port, "D"), "S2");
+    EXPECT_EQ(MediaFound(port, "d"), "S1");
+    EXPECT_EQ(MediaFound(port, R"(X.A="1")"), "S4");
+    EXPECT_EQ(MediaFound(port, R"(x.A="1")"), "none");
+    EXPECT_EQ(MediaFound(port, ""), "none");
+}
+
+TEST(MachineQueries, FindsARowWithoutATextByTheEmptyOne) {
+    EXPECT_EQ(MediaFound(QueriesOf(HostOfTags({{"S1", "D"}, {"S2", 3}, {"S3", ""}})), ""), "S2");
+    EXPECT_EQ(MediaFound(QueriesOf(HostOfTags({{"S1", "D"}, {"S2", {}}})), ""), "S2");
+}
+
+TEST(MachineQueries, FindsARowByAPropertyThatIsNoKey) {
+    const auto found = QueriesOf(HostOfTags({{"S1", "A"}, {"S2", "B"}, {"S2", "C"}}))
+                           .FindRow(R"(root\CIMv2)", "win32_physicalmedia", "serialnumber", "S2");
+    ASSERT_TRUE(found && found->row);
+    EXPECT_EQ(std::get<std::string>(found->row->Get("Tag").value), "B");
+    EXPECT_EQ(found->rowCount, 3U);
+}
+
+TEST(MachineQueries, CountsAllRowsWhereItFindsOneOfThem) {
+    const MachineQueries port = QueriesOf(HostOfTags({{"S1", "A"}, {"S2", "B"}}));
+    EXPECT_EQ(port.FindRow(R"(root\CIMv2)", "Win32_PhysicalMedia", "Tag", "B")->rowCount, 2U);
+    EXPECT_EQ(port.FindRow(R"(root\CIMv2)", "Win32_PhysicalMedia", "Tag", "C")->rowCount, 2U);
+    EXPECT_EQ(port.FindRow(R"(root\CIMv2)", "Win32_None", "Tag", "C")->rowCount, 0U);
+    EXPECT_EQ(port.FindRow("root/other", "Win32_PhysicalMedia", "Tag", "C")->rowCount, 0U);
+}
+
+/// Returns the one query that `ask` leaves in the journal of a host.
+template <typename Ask>
+SourceQuery NotedBy(const RecordedHost& host, Ask ask) {
+    const auto journal = std::make_shared<SourceJournal>();
+    ask(MachineQueries(WithJournal(ConnectRecorded(std::make_shared<const RecordedHost>(host)),
+                                   MachineKind::recorded, journal)));
+    EXPECT_EQ(journal->Size(), 1U);
+    return journal->Queries().back();
+}
+
+void ExpectTheNoteOfAQuery(const RecordedHost& host, const std::string& nameSpace,
+                           const std::string& className) {
+    const SourceQuery query = NotedBy(host, [&](const MachineQueries& port) {
+        platform::Rows rows;
+        port.RunWqlQuery(nameSpace, "SELECT * FROM " + className, rows);
+    });
+    const SourceQuery finding = NotedBy(
+        host, [&](const MachineQueries& port) { port.FindRow(nameSpace, className, "Tag", "B"); });
+    EXPECT_EQ(finding.nameSpace, query.nameSpace);
+    EXPECT_EQ(finding.className, query.className);
+    EXPECT_EQ(finding.text, query.text);
+    EXPECT_EQ(finding.rows, query.rows);
+    EXPECT_EQ(finding.status, query.status);
+    EXPECT_EQ(finding.end, query.end);
+}
+
+TEST(MachineQueries, NoteTheFindingOfARowAsAQueryOfAll) {
+    const RecordedHost host = HostOfTags({{"S1", "A"}, {"S2", "B"}});
+    ExpectTheNoteOfAQuery(host, R"(root\CIMv2)", "Win32_PhysicalMedia");
+    ExpectTheNoteOfAQuery(host, R"(root\CIMv2)", "Win32_None");
+    ExpectTheNoteOfAQuery(host, R"(root\other)", "Win32_PhysicalMedia");
+    HostBuilder failing;
+    failing.Fail("Win32_PhysicalMedia");
+    ExpectTheNoteOfAQuery(failing.Build(), R"(root\CIMv2)", "Win32_PhysicalMedia");
 }
 
 TEST(MachineQueries, RecordedNamesGivesTheRecordedNames) {

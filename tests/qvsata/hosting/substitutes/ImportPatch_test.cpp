@@ -1,12 +1,20 @@
 #include "qvsata/hosting/substitutes/ImportPatch.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <array>
 #include <cstring>
+#include <stdexcept>
+#include <string>
+
+#include "platform/Status.h"
+#include "tests/support/windows/ReplacedImport.h"
 
 namespace qv::test {
 namespace {
+
+using testing::HasSubstr;
 
 constexpr DWORD headersAt = 0x40;
 constexpr DWORD librariesAt = 0x200;
@@ -14,6 +22,8 @@ constexpr DWORD namesAt = 0x300;
 constexpr DWORD addressesAt = 0x320;
 constexpr DWORD functionAt = 0x340;
 constexpr DWORD libraryNameAt = 0x360;
+constexpr DWORD laterAddressesAt = 0x380;
+constexpr auto notImported = ": does not import Function by name";
 
 void Original() {}
 
@@ -48,10 +58,14 @@ public:
     }
     IMAGE_IMPORT_DESCRIPTOR& Library() { return At<IMAGE_IMPORT_DESCRIPTOR>(librariesAt); }
 
-    /// Returns whether a patch of "Function" changes the image.
-    bool IsPatched() {
-        const service::ImportPatch patch(Module(), "Function", [] {});
-        return At<service::ImportPatch::Function>(addressesAt) != Original;
+    /// Patches "Function" and returns why that is refused; empty if it changes the image.
+    std::string Refusal() {
+        try {
+            const service::ImportPatch patch(Module(), "Function", [] {});
+            return At<service::ImportPatch::Function>(addressesAt) == Original ? "no change" : "";
+        } catch (const std::runtime_error& error) {
+            return error.what();
+        }
     }
 
 private:
@@ -64,58 +78,78 @@ protected:
 };
 
 TEST_F(ImportPatchOfAnImage, ReplacesTheFunction) {
-    EXPECT_TRUE(image.IsPatched());
+    EXPECT_EQ(image.Refusal(), "");
     EXPECT_EQ(image.At<service::ImportPatch::Function>(addressesAt), Original);
 }
 
-TEST_F(ImportPatchOfAnImage, SkipsALibraryWithoutNames) {
-    image.Library().OriginalFirstThunk = 0;
+TEST_F(ImportPatchOfAnImage, RefusesALibraryWithoutNamesBesideOneWithThem) {
     image.At<IMAGE_IMPORT_DESCRIPTOR>(librariesAt + sizeof(IMAGE_IMPORT_DESCRIPTOR)) = {
-        {namesAt}, 0, 0, libraryNameAt, addressesAt};
+        {0}, 0, 0, libraryNameAt, addressesAt};
     image.Directory().Size = 3 * sizeof(IMAGE_IMPORT_DESCRIPTOR);
-    EXPECT_TRUE(image.IsPatched());
+    EXPECT_THAT(image.Refusal(), HasSubstr(": has imports without names, so Function cannot be"));
 }
 
-TEST_F(ImportPatchOfAnImage, LeavesAloneWhatHasNoHeaders) {
+TEST_F(ImportPatchOfAnImage, RefusesWhatHasNoHeaders) {
     image.Headers().Signature = 0;
-    EXPECT_FALSE(image.IsPatched());
+    EXPECT_THAT(image.Refusal(), HasSubstr(notImported));
 }
 
-TEST_F(ImportPatchOfAnImage, LeavesAloneWhatHasNoImportDirectory) {
+TEST_F(ImportPatchOfAnImage, RefusesWhatHasNoImportDirectory) {
     image.Headers().OptionalHeader.NumberOfRvaAndSizes = IMAGE_DIRECTORY_ENTRY_IMPORT;
-    EXPECT_FALSE(image.IsPatched());
+    EXPECT_THAT(image.Refusal(), HasSubstr(notImported));
 }
 
 TEST_F(ImportPatchOfAnImage, ReadsNothingBeyondTheImportDirectory) {
     image.Directory().Size = sizeof(IMAGE_IMPORT_DESCRIPTOR) - 1;
-    EXPECT_FALSE(image.IsPatched());
+    EXPECT_THAT(image.Refusal(), HasSubstr(notImported));
 }
 
 TEST_F(ImportPatchOfAnImage, ReadsNothingBeyondTheImage) {
     image.At<ULONGLONG>(namesAt) = 0x7FFFFFFF;
-    EXPECT_FALSE(image.IsPatched());
+    EXPECT_THAT(image.Refusal(), HasSubstr(notImported));
     image.Library().OriginalFirstThunk = 0x7FFFFFFF;
-    EXPECT_FALSE(image.IsPatched());
+    EXPECT_THAT(image.Refusal(), HasSubstr(notImported));
     image.Directory().VirtualAddress = 0x7FFFFFFF;
-    EXPECT_FALSE(image.IsPatched());
+    EXPECT_THAT(image.Refusal(), HasSubstr(notImported));
 }
 
 TEST_F(ImportPatchOfAnImage, WritesNothingBeyondTheImage) {
     image.Library().FirstThunk = 0x7FFFFFFF;
-    EXPECT_FALSE(image.IsPatched());
+    EXPECT_THAT(image.Refusal(), HasSubstr(notImported));
 }
 
-TEST_F(ImportPatchOfAnImage, SkipsFunctionsThatAreImportedByNumber) {
+TEST_F(ImportPatchOfAnImage, RefusesAFunctionThatIsImportedByNumberOnly) {
     image.At<ULONGLONG>(namesAt) = IMAGE_ORDINAL_FLAG | functionAt;
-    EXPECT_FALSE(image.IsPatched());
+    EXPECT_THAT(image.Refusal(), HasSubstr(notImported));
 }
 
-TEST(ImportPatch, LeavesAModuleThatDoesNotImportTheFunctionAlone) {
-    const DWORD process = GetCurrentProcessId();
-    const DWORD thread = GetCurrentThreadId();
-    const service::ImportPatch patch(GetModuleHandleW(nullptr), "NoSuchFunction", [] { FAIL(); });
-    EXPECT_EQ(GetCurrentProcessId(), process);
-    EXPECT_EQ(GetCurrentThreadId(), thread);
+/// An address whose protection the system refuses to change: it passes the replaced function
+/// nothing that leads to an object.
+void* guarded = nullptr;
+
+BOOL WINAPI ProtectUnlessGuarded(LPVOID address, SIZE_T size, DWORD wanted, PDWORD before) {
+    SetLastError(ERROR_ACCESS_DENIED);
+    return address == guarded
+               ? FALSE
+               : VirtualProtectEx(GetCurrentProcess(), address, size, wanted, before);
+}
+
+TEST_F(ImportPatchOfAnImage, IsUndoneWhereALaterTableCannotBeWritten) {
+    image.At<IMAGE_IMPORT_DESCRIPTOR>(librariesAt + sizeof(IMAGE_IMPORT_DESCRIPTOR)) = {
+        {namesAt}, 0, 0, libraryNameAt, laterAddressesAt};
+    image.Directory().Size = 3 * sizeof(IMAGE_IMPORT_DESCRIPTOR);
+    guarded = &image.At<service::ImportPatch::Function>(laterAddressesAt);
+    const ReplacedImport protect(GetModuleHandleW(nullptr), "VirtualProtect",
+                                 &ProtectUnlessGuarded);
+    EXPECT_THROW(service::ImportPatch(image.Module(), "Function", [] {}), RequestError);
+    EXPECT_EQ(image.At<service::ImportPatch::Function>(addressesAt), Original);
+}
+
+TEST(ImportPatch, NamesTheModuleThatDoesNotImportTheFunction) {
+    EXPECT_THAT([] { service::ImportPatch(GetModuleHandleW(nullptr), "NoSuchFunction", [] {}); },
+                testing::ThrowsMessage<std::runtime_error>(testing::EndsWith(
+                    "hosting_tests.exe: does not import NoSuchFunction by name, so it cannot be "
+                    "replaced in it")));
 }
 
 }  // namespace

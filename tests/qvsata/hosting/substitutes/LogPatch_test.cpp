@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <stdexcept>
 #include <string>
 #include <system_error>
 
@@ -88,6 +89,15 @@ TEST_F(LogPatchTest, RefusesAFolderThatIsNotThere) {
     EXPECT_THAT([&] { Run(none); }, testing::ThrowsMessage<std::system_error>(
                                         HasSubstr("none\\QVWMISATA.log: error 3")));
     EXPECT_EQ(folderOfTheMachine.FileCount(), 0U);
+}
+
+TEST_F(LogPatchTest, RefusesALibraryWhoseLogsItCannotRedirect) {
+    service::HostOptions options =
+        RecordedOptions(ShippedRecording("hosts/mixed-buses-failing.json"), QV_SILENT_SERVER);
+    options.logFolder = L"";
+    EXPECT_THAT([&] { const service::ManagementHost host(options); },
+                testing::ThrowsMessage<std::runtime_error>(
+                    HasSubstr("silent_server.dll: does not import RegOpenKeyExW by name")));
 }
 
 /// Returns whether this program, whose imports the test patches, can make a file.
