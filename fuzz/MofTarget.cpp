@@ -45,7 +45,7 @@ InstanceValues ValuesOf(const ObjectPtr& instance) {
 // Returns whether a value is null where the class has a default. Such a null is not written.
 bool HasNullForDefault(const ObjectPtr& instance, const NamespaceClasses& classes) {
     return std::ranges::any_of(
-        classes.Find(instance->ClassName())->properties, [&](const PropertyDefinition& property) {
+        classes.Find(instance->ClassName())->Properties(), [&](const PropertyDefinition& property) {
             const auto stated = instance->Find(property.name);
             return !std::holds_alternative<std::monostate>(property.defaultValue) && stated &&
                    std::holds_alternative<std::monostate>(stated->value);

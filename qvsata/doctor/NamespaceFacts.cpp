@@ -75,12 +75,12 @@ bool IsPathOf(const std::string& path, const std::string& provider) {
 /// Returns the class of the registration with which a provider is shipped.
 std::string RegistrationClassOf(const std::string& provider,
                                 const service::ClassRepository& shipped) {
-    const auto& stated = shipped.Instances();
+    const auto stated = shipped.Instances();
     const auto found = std::ranges::find_if(stated, [&provider](const InstanceDefinition& one) {
         const service::CimValue* const path = one.Find("provider");
         return path != nullptr && IsPathOf(std::get<std::string>(*path), provider);
     });
-    return found == stated.end() ? "" : found->className;
+    return found == stated.end() ? "" : found->get().className;
 }
 
 bool IsRegistered(const std::string& provider, const std::string& registrationClass,

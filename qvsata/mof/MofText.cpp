@@ -141,16 +141,16 @@ std::string ObjectAsMof(const Object& object) {
 }
 
 std::string ClassAsMof(const ResolvedClass& definition) {
-    std::string text = QualifierList(definition.qualifiers);
+    std::string text = QualifierList(definition.Qualifiers());
     if (!text.empty()) {
         text.back() = '\n';
     }
     text += "class " + definition.name;
-    if (!definition.derivation.empty()) {
-        text += " : " + definition.Superclass();
+    if (const std::string superclass = definition.Superclass(); !superclass.empty()) {
+        text += " : " + superclass;
     }
     text += "\n{\n";
-    for (const PropertyDefinition& property : definition.properties) {
+    for (const PropertyDefinition& property : definition.Properties()) {
         if (!EqualsIgnoringCase(property.declaringClass, definition.name)) {
             continue;
         }
