@@ -36,5 +36,18 @@ TEST(MofText, WritesAClassWithItsQualifiersAndWhatItDeclaresItself) {
               "};\n");
 }
 
+TEST(MofText, WritesTheDefaultOfA64BitNumberAsANumber) {
+    service::Namespaces namespaces;
+    service::ReadMof("class A { uint64 N = 5; sint64 M[] = {-1, 2}; };", "a.mof", namespaces);
+    EXPECT_EQ(ClassAsMof(*service::Resolve(namespaces.Of("root\\default").FindDefined("A"), "SRV",
+                                           "root\\default")),
+              "class A\n{\n    uint64 N = 5;\n    sint64 M[] = {-1, 2};\n};\n");
+}
+
+TEST(MofText, WritesACharacterThatControlsTextAsItsCode) {
+    EXPECT_EQ(MofValueText(std::string("a\x1B\xE2\x80\xAE")), R"("a\x001B\x202E")");
+    EXPECT_EQ(MofValueText(std::string("\xF3\xA0\x80\x81")), R"("\xDB40\xDC01")");
+}
+
 }  // namespace
 }  // namespace qv::test
