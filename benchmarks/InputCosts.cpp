@@ -144,6 +144,51 @@ std::string ClassChain(int count) {
            });
 }
 
+std::string PropertiesOf(int count, const std::string& qualifiers) {
+    return Repeat(count, " ", [&](const auto& n) { return qualifiers + " string p" + n + ";"; });
+}
+
+std::string EmptyClasses(int count, const std::string& superclass) {
+    return Repeat(count, "\n",
+                  [&](const auto& n) { return "class B" + n + " : " + superclass + " {};"; });
+}
+
+std::string SubclassesOfManyProperties(int count) {
+    return "class A { " + PropertiesOf(1'000, "") + " };\n" + EmptyClasses(count, "A");
+}
+
+std::string SubclassesOfManyKeys(int count) {
+    return "class A { " + PropertiesOf(200, "[key]") + " };\n" + EmptyClasses(count, "A");
+}
+
+std::string SubclassesOfAChain(int count) {
+    return ClassChain(250) + "\n" + EmptyClasses(count, "C250");
+}
+
+std::string ManyPropertiesOfAClass(int count) {
+    return "class A { " + PropertiesOf(count, "") + " };";
+}
+
+std::string ManyQualifiers(int count) {
+    return "class A { [" + Repeat(count, ",", [](const auto& n) { return "q" + n; }) +
+           "] string p; };";
+}
+
+/// Returns a class with a key and so many properties, and instances of it.
+std::string InstancesOf(int properties, int count) {
+    return "class A { [key] string N; " + PropertiesOf(properties, "") + " };\n" +
+           Repeat(count, "\n",
+                  [](const auto& n) { return "instance of A { N = \"" + n + "\"; };"; });
+}
+
+std::string ManyInstances(int count) {
+    return InstancesOf(0, count);
+}
+
+std::string InstancesOfManyProperties(int count) {
+    return InstancesOf(1'000, count);
+}
+
 struct Input {
     const char* name;
     std::string (*text)(int count);
@@ -151,12 +196,16 @@ struct Input {
     std::vector<std::string> command;
     int exitCode;
     const char* option = "--host";
-    bool isLimited = exitCode == 1;  ///< it needs the memory of what --limit lets it publish
+    /// Its memory is what a limit allows, or the classes and instances that MOF defines.
+    bool isLimited = exitCode == 1;
 };
 
 constexpr int runs = 3;            ///< of which the cheapest counts
 constexpr double mostGrowth = 2;   ///< all costs are claimed to be proportional to the size
 constexpr double mostMemory = 20;  ///< bytes for each byte
+
+const std::vector<std::string> mof{"classes", "--host", "empty.json"};
+constexpr const char* installed = "--installed";
 
 const std::vector<Input> inputs{
     {"empty rows", EmptyRows, {50'000, 200'000}, {"sources"}, 3},
@@ -200,12 +249,26 @@ const std::vector<Input> inputs{
      "--host",
      true},
     {"a large recording", LargeRecording, {50'000, 200'000}, {"sources"}, 3},
-    {"a chain of classes in MOF",
-     ClassChain,
-     {2'000, 8'000},
-     {"classes", "--host", "empty.json"},
-     1,
-     "--installed"},
+    {"a chain of classes in MOF", ClassChain, {2'000, 8'000}, mof, 1, installed},
+    {"subclasses of 1,000 properties",
+     SubclassesOfManyProperties,
+     {10'000, 40'000},
+     mof,
+     3,
+     installed,
+     true},
+    {"subclasses of 200 keys", SubclassesOfManyKeys, {10'000, 40'000}, mof, 3, installed, true},
+    {"subclasses of a chain", SubclassesOfAChain, {10'000, 40'000}, mof, 3, installed, true},
+    {"properties of a MOF class", ManyPropertiesOfAClass, {10'000, 40'000}, mof, 1, installed},
+    {"qualifiers of a MOF property", ManyQualifiers, {20'000, 80'000}, mof, 1, installed},
+    {"instances in MOF", ManyInstances, {10'000, 40'000}, mof, 3, installed, true},
+    {"instances of 1,000 properties",
+     InstancesOfManyProperties,
+     {10'000, 40'000},
+     mof,
+     3,
+     installed,
+     true},
 };
 
 struct Cost {

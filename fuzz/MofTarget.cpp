@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <iterator>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -8,7 +9,9 @@
 #include "qvsata/mof/MofParser.h"
 #include "qvsata/mof/MofReader.h"
 #include "qvsata/mof/MofText.h"
+#include "qvsata/mof/MofValue.h"
 #include "qvsata/service/StatedInstances.h"
+#include "source/Text.h"
 
 namespace qv::fuzz {
 namespace {
@@ -45,7 +48,7 @@ InstanceValues ValuesOf(const ObjectPtr& instance) {
 // Returns whether a value is null where the class has a default. Such a null is not written.
 bool HasNullForDefault(const ObjectPtr& instance, const NamespaceClasses& classes) {
     return std::ranges::any_of(
-        classes.Find(instance->ClassName())->properties, [&](const PropertyDefinition& property) {
+        classes.Find(instance->ClassName())->Properties(), [&](const PropertyDefinition& property) {
             const auto stated = instance->Find(property.name);
             return !std::holds_alternative<std::monostate>(property.defaultValue) && stated &&
                    std::holds_alternative<std::monostate>(stated->value);
@@ -60,13 +63,50 @@ Namespaces WithoutInstances(Namespaces namespaces) {
     return namespaces;
 }
 
-// Classes are written without qualifier flavors, so they are only parsed and not compared.
+// Qualifiers are written without their flavors.
+bool IsWritten(const Qualifier& qualifier, const MofQualifier& read) {
+    return read.name == qualifier.name && QualifierValue(read.value) == qualifier.value;
+}
+
+bool AreWritten(std::span<const Qualifier> qualifiers, const std::vector<MofQualifier>& read) {
+    return std::ranges::equal(
+        qualifiers, read,
+        [](const Qualifier& one, const MofQualifier& other) { return IsWritten(one, other); });
+}
+
+bool IsWritten(const PropertyDefinition& property, const MofProperty& read) {
+    const bool isReference = property.type == CimType::reference;
+    const CimValue value =
+        read.defaultValue
+            ? ToCimValue(*read.defaultValue, property.type, property.isArray).value_or(CimValue())
+            : CimValue();
+    return read.name == property.name && read.isArray == property.isArray &&
+           read.isReference == isReference &&
+           read.typeName == (isReference ? property.referenceClass : CimTypeName(property.type)) &&
+           value == property.defaultValue && AreWritten(property.qualifiers, read.qualifiers);
+}
+
+bool IsWritten(const ResolvedClass& type, const MofClass& read) {
+    PropertyRefs own = type.Properties();
+    std::erase_if(own, [&type](const PropertyDefinition& property) {
+        return !EqualsIgnoringCase(property.declaringClass, type.name);
+    });
+    return read.name == type.name && read.superclass == type.Superclass() &&
+           AreWritten(type.Qualifiers(), read.qualifiers) &&
+           std::ranges::equal(own, read.properties,
+                              [](const PropertyDefinition& one, const MofProperty& other) {
+                                  return IsWritten(one, other);
+                              });
+}
+
 void CheckClasses(const Namespaces& namespaces) {
     const NamespaceClasses classes = ClassesOf(namespaces);
     for (const ResolvedClassPtr& type : classes.Listed()) {
         const std::string text = ClassAsMof(*type);
         try {
-            ParseMof(text, "class.mof");
+            const std::vector<MofDeclaration> read = ParseMof(text, "class.mof");
+            Require(read.size() == 1 && IsWritten(*type, std::get<MofClass>(read.front())),
+                    "a class that is written is read as the same:\n" + text);
         } catch (const MofError& error) {
             throw Finding(std::string(error.what()) + " in a class that was written:\n" + text);
         }

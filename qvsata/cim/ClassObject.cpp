@@ -15,7 +15,7 @@ ObjectProperty AsDefined(const PropertyDefinition& definition, const ResolvedCla
 
 std::vector<std::string> PropertyNames(const ResolvedClass& type) {
     std::vector<std::string> names;
-    std::ranges::transform(type.properties, std::back_inserter(names), &PropertyDefinition::name);
+    std::ranges::transform(type.Properties(), std::back_inserter(names), &PropertyDefinition::name);
     return names;
 }
 

@@ -2,9 +2,10 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 #include "qvsata/cim/ObjectPath.h"
-#include "qvsata/cim/SystemClasses.h"
+#include "qvsata/cim/classes/SystemClasses.h"
 #include "source/Text.h"
 
 namespace qv::service {
@@ -15,16 +16,6 @@ std::string NamespaceKey(std::string_view path) {
     std::string key = FoldCase(NormalNamespace(path));
     key.erase(key.find_last_not_of('\\') + 1);
     return key;
-}
-
-void Override(PropertyDefinition& inherited, const PropertyDefinition& declared) {
-    PropertyDefinition resolved = declared;
-    resolved.isKey = inherited.isKey || declared.isKey;
-    resolved.declaringClass = inherited.declaringClass;
-    if (resolved.defaultValue.index() == 0) {
-        resolved.defaultValue = inherited.defaultValue;
-    }
-    inherited = std::move(resolved);
 }
 
 std::string Quoted(std::string_view text) {
@@ -56,32 +47,59 @@ std::string KeyText(const PropertyDefinition& key, const CimValue* value) {
     return {};
 }
 
-std::size_t SystemClassCount() {
-    static const std::size_t count = SystemClasses().size();
-    return count;
+using ClassesByName = std::unordered_map<std::string, DefinedClassPtr>;
+
+/// Returns the management service's own classes, which all repositories share, by folded name.
+const ClassesByName& SystemClassesByName() {
+    static const ClassesByName byName = [] {
+        ClassesByName classes;
+        for (ClassDefinition& definition : SystemClasses()) {
+            const auto parent = classes.find(FoldCase(definition.superclass));
+            std::string name = FoldCase(definition.name);
+            classes.emplace(
+                std::move(name),
+                std::make_shared<const DefinedClass>(
+                    std::move(definition), parent == classes.end() ? nullptr : parent->second));
+        }
+        return classes;
+    }();
+    return byName;
 }
 
 }  // namespace
-
-ClassRepository::ClassRepository() {
-    for (ClassDefinition& definition : SystemClasses()) {
-        Add(std::move(definition));
-    }
-}
 
 void ClassRepository::Add(ClassDefinition definition) {
     if (Find(definition.name) != nullptr) {
         throw std::invalid_argument("class " + definition.name + " is defined already");
     }
-    if (!definition.superclass.empty() && Find(definition.superclass) == nullptr) {
+    DefinedClassPtr parent = FindDefined(definition.superclass);
+    if (!definition.superclass.empty() && parent == nullptr) {
         throw std::invalid_argument("superclass " + definition.superclass + " is not defined");
     }
-    index_.emplace(FoldCase(definition.name), classes_.size());
-    classes_.push_back(std::move(definition));
+    places_.emplace(FoldCase(definition.name), classes_.size());
+    classes_.push_back(
+        std::make_shared<const DefinedClass>(std::move(definition), std::move(parent)));
 }
 
 void ClassRepository::Replace(ClassDefinition definition) {
-    classes_[index_.at(FoldCase(definition.name))] = std::move(definition);
+    const std::string name = definition.name;
+    std::vector<std::size_t> below;
+    for (std::size_t place = 0; place < classes_.size(); ++place) {
+        if (classes_[place]->Parent() != nullptr && classes_[place]->Parent()->IsA(name)) {
+            below.push_back(place);
+        }
+    }
+    std::ranges::sort(below, {},
+                      [&](std::size_t place) { return classes_[place]->AncestorCount(); });
+    const auto put = [&](std::size_t place, ClassDefinition changed) {
+        DefinedClassPtr parent = FindDefined(changed.superclass);
+        classes_[place] =
+            std::make_shared<const DefinedClass>(std::move(changed), std::move(parent));
+    };
+    put(places_.at(FoldCase(name)), std::move(definition));
+    for (const std::size_t place : below) {
+        put(place, classes_[place]->Definition());
+    }
 }
 
 void ClassRepository::Add(InstanceDefinition instance) {
@@ -89,121 +107,112 @@ void ClassRepository::Add(InstanceDefinition instance) {
     if (!path.empty()) {
         RemoveInstance(path);
     }
-    instances_.push_back(std::move(instance));
+    numbers_.emplace(FoldCase(path), nextNumber_);
+    instances_.emplace(nextNumber_++, std::move(instance));
 }
 
 bool ClassRepository::RemoveClass(std::string_view className) {
-    const auto found = index_.find(FoldCase(className));
-    if (found == index_.end() || found->second < SystemClassCount()) {
+    const auto found = places_.find(FoldCase(className));
+    if (found == places_.end()) {
         return false;
     }
-    const std::string name = classes_[found->second].name;
-    std::erase_if(instances_, [&](const InstanceDefinition& instance) {
-        return IsA(instance.className, name);
-    });
-    std::vector<std::string> doomed;
-    for (const ClassDefinition& definition : classes_) {
-        if (IsA(definition.name, name)) {
-            doomed.push_back(definition.name);
+    const std::string name = classes_[found->second]->Definition().name;
+    std::erase_if(instances_, [&](const auto& numbered) {
+        const bool isDoomed = IsA(numbered.second.className, name);
+        if (isDoomed) {
+            numbers_.erase({FoldCase(RelativePath(numbered.second)), numbered.first});
         }
-    }
-    std::erase_if(classes_, [&](const ClassDefinition& definition) {
-        return std::ranges::find(doomed, definition.name) != doomed.end();
+        return isDoomed;
     });
-    index_.clear();
-    for (std::size_t position = 0; position < classes_.size(); ++position) {
-        index_.emplace(FoldCase(classes_[position].name), position);
-    }
+    std::erase_if(classes_, [&](const DefinedClassPtr& one) { return one->IsA(name); });
+    IndexClasses();
     return true;
 }
 
+void ClassRepository::IndexClasses() {
+    places_.clear();
+    for (std::size_t place = 0; place < classes_.size(); ++place) {
+        places_.emplace(FoldCase(classes_[place]->Definition().name), place);
+    }
+}
+
 bool ClassRepository::HasInstance(std::string_view relativePath) const {
-    return std::ranges::any_of(instances_, [&](const InstanceDefinition& instance) {
-        return EqualsIgnoringCase(RelativePath(instance), relativePath);
-    });
+    const std::string path = FoldCase(relativePath);
+    const auto found = numbers_.lower_bound({path, 0});
+    return found != numbers_.end() && found->first == path;
 }
 
 bool ClassRepository::RemoveInstance(std::string_view relativePath) {
-    return std::erase_if(instances_, [&](const InstanceDefinition& instance) {
-               return EqualsIgnoringCase(RelativePath(instance), relativePath);
-           }) != 0;
+    const std::string path = FoldCase(relativePath);
+    const auto first = numbers_.lower_bound({path, 0});
+    auto end = first;
+    for (; end != numbers_.end() && end->first == path; ++end) {
+        instances_.erase(end->second);
+    }
+    const bool hasRemoved = first != end;
+    numbers_.erase(first, end);
+    return hasRemoved;
+}
+
+DefinedClassPtr ClassRepository::FindDefined(std::string_view className) const {
+    const std::string name = FoldCase(className);
+    if (const auto found = places_.find(name); found != places_.end()) {
+        return classes_[found->second];
+    }
+    const auto found = SystemClassesByName().find(name);
+    return found == SystemClassesByName().end() ? nullptr : found->second;
 }
 
 const ClassDefinition* ClassRepository::Find(std::string_view className) const {
-    const auto found = index_.find(FoldCase(className));
-    return found == index_.end() ? nullptr : &classes_[found->second];
+    const DefinedClassPtr found = FindDefined(className);
+    return found == nullptr ? nullptr : &found->Definition();
 }
 
-std::span<const ClassDefinition> ClassRepository::Classes() const {
-    return std::span(classes_).subspan(SystemClassCount());
-}
-
-std::vector<PropertyDefinition> ClassRepository::Properties(std::string_view className) const {
-    const ClassDefinition* const definition = Find(className);
-    if (definition == nullptr) {
-        return {};
+Refs<ClassDefinition> ClassRepository::Classes() const {
+    Refs<ClassDefinition> classes;
+    for (const DefinedClassPtr& one : classes_) {
+        classes.emplace_back(one->Definition());
     }
-    std::vector<PropertyDefinition> properties = Properties(definition->superclass);
-    for (const PropertyDefinition& declared : definition->properties) {
-        const auto inherited =
-            std::ranges::find_if(properties, [&declared](const PropertyDefinition& property) {
-                return EqualsIgnoringCase(property.name, declared.name);
-            });
-        if (inherited == properties.end()) {
-            properties.push_back(declared);
-        } else {
-            Override(*inherited, declared);
-        }
-    }
-    return properties;
+    return classes;
 }
 
-std::vector<PropertyDefinition> ClassRepository::Keys(std::string_view className) const {
-    std::vector<PropertyDefinition> keys = Properties(className);
+Refs<InstanceDefinition> ClassRepository::Instances() const {
+    Refs<InstanceDefinition> instances;
+    for (const auto& [number, instance] : instances_) {
+        instances.emplace_back(instance);
+    }
+    return instances;
+}
+
+PropertyRefs ClassRepository::Properties(std::string_view className) const {
+    const DefinedClassPtr found = FindDefined(className);
+    return found == nullptr ? PropertyRefs() : found->Properties();
+}
+
+PropertyRefs ClassRepository::Keys(std::string_view className) const {
+    PropertyRefs keys = Properties(className);
     std::erase_if(keys, [](const PropertyDefinition& property) { return !property.isKey; });
     return keys;
 }
 
 std::vector<std::string> ClassRepository::Derivation(std::string_view className) const {
-    std::vector<std::string> ancestors;
-    for (const ClassDefinition* at = Find(className); at != nullptr; at = Find(at->superclass)) {
-        ancestors.push_back(at->name);
-    }
-    if (!ancestors.empty()) {
-        ancestors.erase(ancestors.begin());
-    }
-    return ancestors;
+    const DefinedClassPtr found = FindDefined(className);
+    return found == nullptr ? std::vector<std::string>() : found->Derivation();
 }
 
 bool ClassRepository::IsA(std::string_view className, std::string_view ancestor) const {
-    for (const ClassDefinition* at = Find(className); at != nullptr; at = Find(at->superclass)) {
-        if (EqualsIgnoringCase(at->name, ancestor)) {
-            return true;
-        }
-    }
-    return false;
+    const DefinedClassPtr found = FindDefined(className);
+    return found != nullptr && found->IsA(ancestor);
 }
 
 const Qualifier* ClassRepository::ClassQualifier(std::string_view className,
                                                  std::string_view name) const {
-    const ClassDefinition* at = Find(className);
-    if (at == nullptr) {
-        return nullptr;
-    }
-    if (const Qualifier* const own = FindQualifier(at->qualifiers, name)) {
-        return own;
-    }
-    while ((at = Find(at->superclass)) != nullptr) {
-        const Qualifier* const inherited = FindQualifier(at->qualifiers, name);
-        if (inherited != nullptr && inherited->toSubclass) {
-            return inherited;
-        }
-    }
-    return nullptr;
+    const DefinedClassPtr found = FindDefined(className);
+    return found == nullptr ? nullptr : found->FindClassQualifier(name);
 }
 
 std::string ClassRepository::RelativePath(const InstanceDefinition& instance) const {
-    std::vector<PropertyDefinition> keys = Keys(instance.className);
+    PropertyRefs keys = Keys(instance.className);
     std::ranges::sort(keys, {}, [](const PropertyDefinition& key) { return FoldCase(key.name); });
     std::string path;
     for (const PropertyDefinition& key : keys) {

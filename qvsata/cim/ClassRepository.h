@@ -1,12 +1,14 @@
 #pragma once
 
 #include <map>
-#include <span>
+#include <set>
 #include <string>
 #include <string_view>
+#include <unordered_map>
+#include <utility>
 #include <vector>
 
-#include "qvsata/cim/ClassDefinition.h"
+#include "qvsata/cim/classes/DefinedClass.h"
 
 namespace qv::service {
 
@@ -15,12 +17,10 @@ namespace qv::service {
 /// `__ExtendedStatus`, `__Win32Provider`, `__Namespace`, the provider registrations, the filters
 /// and consumers of events and their bindings) in every repository; Classes() does not list them.
 ///
-/// A pointer or span that a query returns stays valid until the repository changes. Queries may run
-/// concurrently; a change needs exclusive access.
+/// A pointer or reference that a query returns stays valid until the repository changes. Queries
+/// may run concurrently; a change needs exclusive access.
 class ClassRepository {
 public:
-    ClassRepository();
-
     /// Adds a class. The MOF reader checks that it agrees with its superclass.
     /// @throws std::invalid_argument if a class of that name exists or its superclass does not.
     void Add(ClassDefinition definition);
@@ -43,22 +43,23 @@ public:
     bool RemoveInstance(std::string_view relativePath);
 
     /// Returns the class of that name; null if there is none.
+    DefinedClassPtr FindDefined(std::string_view className) const;
+
+    /// Returns the class of that name as it is declared; null if there is none.
     const ClassDefinition* Find(std::string_view className) const;
 
     /// Returns the classes in the order of their definition.
-    std::span<const ClassDefinition> Classes() const;
+    Refs<ClassDefinition> Classes() const;
 
     /// Returns the instances in the order of their definition.
-    const std::vector<InstanceDefinition>& Instances() const { return instances_; }
+    Refs<InstanceDefinition> Instances() const;
 
-    /// Returns all properties of a class, those of its topmost ancestor first; empty for an unknown
-    /// class. An override takes the position of the overridden property. It supplies type,
-    /// reference class and qualifiers, stays a key if the property was one, and inherits the
-    /// default value if it states none.
-    std::vector<PropertyDefinition> Properties(std::string_view className) const;
+    /// Returns all properties of a class, as DefinedClass::Properties does; empty for an unknown
+    /// class.
+    PropertyRefs Properties(std::string_view className) const;
 
     /// Returns the key properties among Properties(className).
-    std::vector<PropertyDefinition> Keys(std::string_view className) const;
+    PropertyRefs Keys(std::string_view className) const;
 
     /// Returns the names of a class's ancestors, nearest first.
     std::vector<std::string> Derivation(std::string_view className) const;
@@ -75,9 +76,13 @@ public:
     std::string RelativePath(const InstanceDefinition& instance) const;
 
 private:
-    std::vector<ClassDefinition> classes_;  ///< those of the management service first
-    std::map<std::string, std::size_t, std::less<>> index_;  ///< by folded name
-    std::vector<InstanceDefinition> instances_;
+    void IndexClasses();
+
+    std::vector<DefinedClassPtr> classes_;  ///< without those of the management service
+    std::unordered_map<std::string, std::size_t> places_;    ///< of the classes, by folded name
+    std::map<std::size_t, InstanceDefinition> instances_;    ///< by number, in the order of arrival
+    std::set<std::pair<std::string, std::size_t>> numbers_;  ///< of instances, by folded path
+    std::size_t nextNumber_ = 0;
 };
 
 /// The repositories of a machine, one per namespace.

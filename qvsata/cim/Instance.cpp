@@ -46,31 +46,21 @@ std::string ReferenceAsPut(std::string_view text) {
 
 }  // namespace
 
-Instance::Instance(ResolvedClassPtr type)
-    : type_(std::move(type)), values_(type_->properties.size()) {}
+Instance::Instance(ResolvedClassPtr type) : type_(std::move(type)) {}
 
 Instance::Instance(const Instance& other)
     : Object(other), type_(other.type_), values_(other.values_), puts_(other.puts_) {}
 
-std::optional<CimValue>* Instance::Slot(std::string_view name) {
-    const PropertyDefinition* property = type_->Find(name);
-    return property == nullptr
-               ? nullptr
-               : &values_[static_cast<std::size_t>(property - type_->properties.data())];
-}
-
 void Instance::Set(std::string_view name, CimValue value) {
-    if (std::optional<CimValue>* slot = Slot(name)) {
-        *slot = std::move(value);
+    if (const PropertyDefinition* property = type_->Find(name)) {
+        values_[property] = std::move(value);
     }
 }
 
 bool Instance::Reset(std::string_view name) {
-    std::optional<CimValue>* slot = Slot(name);
-    if (slot != nullptr) {
-        slot->reset();
-    }
-    return slot != nullptr;
+    const PropertyDefinition* property = type_->Find(name);
+    values_.erase(property);
+    return property != nullptr;
 }
 
 std::optional<ObjectProperty> Instance::Find(std::string_view name) const {
@@ -82,9 +72,8 @@ std::optional<ObjectProperty> Instance::Find(std::string_view name) const {
         return std::nullopt;
     }
     ObjectProperty property = AsDefined(*definition, *type_);
-    if (const auto& own =
-            values_[static_cast<std::size_t>(definition - type_->properties.data())]) {
-        property.value = *own;
+    if (const auto own = values_.find(definition); own != values_.end()) {
+        property.value = own->second;
     }
     return property;
 }
@@ -100,7 +89,7 @@ std::vector<Reference> Instance::References() const {
 std::optional<std::string> Instance::RelativePath() const {
     ObjectPath path;
     path.className = type_->name;
-    for (const PropertyDefinition& property : type_->properties) {
+    for (const PropertyDefinition& property : type_->Properties()) {
         if (property.isKey) {
             std::optional<PathKey> key = AsKey(Find(property.name).value());
             if (!key) {

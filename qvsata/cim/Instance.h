@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <optional>
 #include <span>
 #include <string>
@@ -55,10 +56,8 @@ public:
     std::vector<Reference> References() const override;
 
 private:
-    std::optional<CimValue>* Slot(std::string_view name);
-
     ResolvedClassPtr type_;
-    std::vector<std::optional<CimValue>> values_;  ///< in the order of the class's properties
+    std::map<const PropertyDefinition*, CimValue> values_;  ///< of the properties that were set
     std::vector<PutCall> puts_;
 };
 

@@ -1,56 +1,58 @@
 #include "qvsata/cim/ResolvedClass.h"
 
-#include <algorithm>
-#include <iterator>
 #include <utility>
 
 #include "source/Text.h"
 
 namespace qv::service {
 
-ResolvedClass::ResolvedClass(std::shared_ptr<const ClassContents> contents)
-    : shared(std::move(contents)), derivation(shared->derivation), properties(shared->properties) {}
+std::span<const Qualifier> ResolvedClass::Qualifiers() const {
+    return definition ? std::span<const Qualifier>(definition->Definition().qualifiers)
+                      : std::span<const Qualifier>();
+}
+
+PropertyRefs ResolvedClass::Properties() const {
+    return definition ? definition->Properties() : PropertyRefs();
+}
+
+std::size_t ResolvedClass::PropertyCount() const {
+    return definition ? definition->PropertyCount() : 0;
+}
 
 const PropertyDefinition* ResolvedClass::Find(std::string_view property) const {
-    const auto found = std::ranges::find_if(
-        properties, [property](const auto& one) { return EqualsIgnoringCase(one.name, property); });
-    return found == properties.end() ? nullptr : &*found;
+    return definition ? definition->FindProperty(property) : nullptr;
 }
 
 bool ResolvedClass::HasQualifier(std::string_view qualifier) const {
-    return shared && (FindQualifier(shared->qualifiers, qualifier) != nullptr ||
-                      FindQualifier(shared->inheritedQualifiers, qualifier) != nullptr);
+    return definition && definition->FindClassQualifier(qualifier) != nullptr;
+}
+
+std::string ResolvedClass::Superclass() const {
+    return definition && definition->Parent() ? definition->Parent()->Definition().name : "";
+}
+
+std::string ResolvedClass::Dynasty() const {
+    return definition ? definition->Topmost().Definition().name : name;
+}
+
+std::vector<std::string> ResolvedClass::Derivation() const {
+    return definition ? definition->Derivation() : std::vector<std::string>();
 }
 
 bool ResolvedClass::IsA(std::string_view className) const {
-    const auto isIt = [className](const std::string& one) {
-        return EqualsIgnoringCase(one, className);
-    };
-    return isIt(name) || std::ranges::any_of(derivation, isIt);
+    return definition ? definition->IsA(className) : EqualsIgnoringCase(name, className);
 }
 
-ResolvedClassPtr Resolve(const ClassRepository& repository, std::string_view className,
-                         std::string_view server, std::string_view nameSpace) {
-    const ClassDefinition* definition = repository.Find(className);
-    if (definition == nullptr) {
-        return nullptr;
-    }
-    auto contents = std::make_shared<ClassContents>();
-    contents->derivation = repository.Derivation(className);
-    contents->qualifiers = definition->qualifiers;
-    contents->properties = repository.Properties(className);
-    for (const std::string& ancestor : contents->derivation) {
-        std::ranges::copy_if(repository.Find(ancestor)->qualifiers,
-                             std::back_inserter(contents->inheritedQualifiers),
-                             &Qualifier::toSubclass);
-    }
-    auto resolved = std::make_shared<ResolvedClass>(std::move(contents));
-    resolved->name = definition->name;
+ResolvedClassPtr Resolve(DefinedClassPtr definition, std::string_view server,
+                         std::string_view nameSpace) {
+    auto resolved = std::make_shared<ResolvedClass>();
+    resolved->name = definition->Definition().name;
     resolved->server = server;
     resolved->nameSpace = nameSpace;
-    const Qualifier* dynamic = repository.ClassQualifier(className, "dynamic");
+    const Qualifier* const dynamic = definition->FindClassQualifier("dynamic");
     resolved->isDynamic = dynamic != nullptr && dynamic->value == CimValue(true) &&
-                          !HasQualifier(definition->qualifiers, "abstract");
+                          !HasQualifier(definition->Definition().qualifiers, "abstract");
+    resolved->definition = std::move(definition);
     return resolved;
 }
 

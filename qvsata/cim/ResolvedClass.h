@@ -10,31 +10,23 @@
 
 namespace qv::service {
 
-/// What a class is on every server.
-struct ClassContents {
-    std::vector<std::string> derivation;         ///< ancestors, nearest first
-    std::vector<Qualifier> qualifiers;           ///< its own
-    std::vector<Qualifier> inheritedQualifiers;  ///< those that its ancestors pass to subclasses
-    std::vector<PropertyDefinition> properties;
-};
-
-/// A class with everything that it inherits and the namespace that publishes it. Immutable. Copies
-/// share the contents.
+/// A class and the namespace that publishes it. Immutable. Copies share the definition.
 struct ResolvedClass {
-    ResolvedClass() = default;
-    explicit ResolvedClass(std::shared_ptr<const ClassContents> contents);
-
     std::string name;
     std::string server;
     std::string nameSpace;
-    std::shared_ptr<const ClassContents> shared;  ///< owns the next three; null without any
-    std::span<const std::string> derivation;
-    std::span<const Qualifier> qualifiers;
-    std::span<const PropertyDefinition> properties;
-    bool isDynamic = false;  ///< a provider supplies its instances, and it is not abstract
+    DefinedClassPtr definition;  ///< null if the class is known by name only
+    bool isDynamic = false;      ///< a provider supplies its instances, and it is not abstract
     /// Known by name only, as the classes of a recorded host are: its instances show which
     /// properties and references they have.
     bool isUndefined = false;
+
+    /// Returns the class's own qualifiers.
+    std::span<const Qualifier> Qualifiers() const;
+
+    /// Returns all properties, see DefinedClass::Properties.
+    PropertyRefs Properties() const;
+    std::size_t PropertyCount() const;
 
     /// Returns the property of that name, ignoring case; null if there is none.
     const PropertyDefinition* Find(std::string_view property) const;
@@ -44,10 +36,13 @@ struct ResolvedClass {
     bool HasQualifier(std::string_view qualifier) const;
 
     /// Returns the superclass; empty for a root class.
-    std::string Superclass() const { return derivation.empty() ? "" : derivation.front(); }
+    std::string Superclass() const;
 
     /// Returns the topmost class of the derivation.
-    std::string Dynasty() const { return derivation.empty() ? name : derivation.back(); }
+    std::string Dynasty() const;
+
+    /// Returns the names of the ancestors, nearest first.
+    std::vector<std::string> Derivation() const;
 
     /// Returns whether the class is `className` or derives from it.
     bool IsA(std::string_view className) const;
@@ -58,8 +53,8 @@ using ResolvedClassPtr = std::shared_ptr<const ResolvedClass>;
 /// Returns the same class on another server.
 ResolvedClassPtr OnServer(const ResolvedClass& type, std::string_view server);
 
-/// Resolves a class of a repository; returns null if the repository has no class of that name.
-ResolvedClassPtr Resolve(const ClassRepository& repository, std::string_view className,
-                         std::string_view server, std::string_view nameSpace);
+/// Returns a class as a namespace of a server publishes it.
+ResolvedClassPtr Resolve(DefinedClassPtr definition, std::string_view server,
+                         std::string_view nameSpace);
 
 }  // namespace qv::service

@@ -48,13 +48,10 @@ constexpr std::array entries{
           }},
     Entry{"__PROPERTY_COUNT", CimType::sint32, false,
           [](const Context& object) -> CimValue {
-              return static_cast<std::int64_t>(object.type.properties.size());
+              return static_cast<std::int64_t>(object.type.PropertyCount());
           }},
     Entry{"__DERIVATION", CimType::string, true,
-          [](const Context& object) -> CimValue {
-              const auto& ancestors = object.type.derivation;
-              return std::vector<std::string>(ancestors.begin(), ancestors.end());
-          }},
+          [](const Context& object) -> CimValue { return object.type.Derivation(); }},
     Entry{"__SERVER", CimType::string, false,
           [](const Context& object) -> CimValue { return object.type.server; }},
     Entry{"__NAMESPACE", CimType::string, false,

@@ -75,7 +75,8 @@ bool IsPathOf(const std::string& path, const std::string& provider) {
 /// Returns the registration with which a provider is shipped.
 const InstanceDefinition& ShippedRegistration(const std::string& provider,
                                               const service::ClassRepository& shipped) {
-    return *std::ranges::find_if(shipped.Instances(), [&provider](const InstanceDefinition& one) {
+    const auto stated = shipped.Instances();
+    return *std::ranges::find_if(stated, [&provider](const InstanceDefinition& one) {
         const service::CimValue* const path = one.Find(registeredProvider);
         return path != nullptr && IsPathOf(std::get<std::string>(*path), provider);
     });

@@ -12,19 +12,19 @@ namespace {
 
 using Breach = std::optional<ClassBreach>;
 
-constexpr std::size_t mostProperties = 1024;
+/// Bounds what a chain of classes costs: what a class inherits is looked up in its ancestors.
+/// Schemas have about ten.
+constexpr std::size_t mostHandedOn = 256;
 
 /// A class with what it inherits, before it is in the repository.
 class Subject {
 public:
     Subject(const ClassDefinition& definition, const ClassRepository& classes)
-        : definition_(definition),
-          classes_(classes),
-          parent_(classes.Find(definition.superclass)) {}
+        : definition_(definition), parent_(classes.FindDefined(definition.superclass)) {}
 
     const ClassDefinition& Own() const { return definition_; }
-    const ClassDefinition* Parent() const { return parent_; }
-    const ClassRepository& Classes() const { return classes_; }
+    const DefinedClass* Parent() const { return parent_.get(); }
+    const std::string& ParentName() const { return parent_->Definition().name; }
 
     bool States(std::string_view qualifier) const {
         return HasQualifier(definition_.qualifiers, qualifier);
@@ -45,48 +45,59 @@ public:
 
     /// Returns the qualifier that the ancestors pass on; null if there is none.
     const Qualifier* HandedOn(std::string_view qualifier) const {
-        const Qualifier* const found =
-            parent_ == nullptr ? nullptr : classes_.ClassQualifier(parent_->name, qualifier);
+        const Qualifier* const found = ParentQualifier(qualifier);
         return found != nullptr && found->toSubclass && found->value != CimValue(false) ? found
                                                                                         : nullptr;
     }
 
     bool ParentHas(std::string_view qualifier) const {
-        const Qualifier* const found =
-            parent_ == nullptr ? nullptr : classes_.ClassQualifier(parent_->name, qualifier);
+        const Qualifier* const found = ParentQualifier(qualifier);
         return found != nullptr && found->value != CimValue(false);
     }
 
     bool HasKeys() const {
         return std::ranges::any_of(definition_.properties, &PropertyDefinition::isKey) ||
-               !classes_.Keys(definition_.superclass).empty();
+               (parent_ && parent_->HasKeys());
     }
 
     bool HasMethods() const {
         bool found = definition_.hasMethods;
-        for (const ClassDefinition* at = parent_; at != nullptr && !found;
-             at = classes_.Find(at->superclass)) {
-            found = at->hasMethods;
+        for (const DefinedClass* at = Parent(); at != nullptr && !found; at = at->Parent()) {
+            found = at->Definition().hasMethods;
         }
         return found;
     }
 
-    /// Returns how many of the class's properties, including inherited ones, `accepts` holds for.
-    template <typename Accepts>
-    std::size_t Count(Accepts accepts) const {
-        const std::vector<PropertyDefinition> inherited =
-            classes_.Properties(definition_.superclass);
-        const auto isAdded = [&](const PropertyDefinition& own) {
-            return accepts(own) && FindDefinition(inherited, own.name) == nullptr;
+    /// Returns the properties, with inherited ones. An override does not count.
+    std::size_t CountProperties() const {
+        return (parent_ ? parent_->PropertyCount() : 0) +
+               CountAdded([](const PropertyDefinition&) { return true; });
+    }
+
+    std::size_t CountReferences() const {
+        const auto isReference = [](const PropertyDefinition& one) {
+            return one.type == CimType::reference;
         };
-        return static_cast<std::size_t>(std::ranges::count_if(inherited, accepts) +
-                                        std::ranges::count_if(definition_.properties, isAdded));
+        const PropertyRefs inherited = parent_ ? parent_->Properties() : PropertyRefs();
+        return static_cast<std::size_t>(std::ranges::count_if(inherited, isReference)) +
+               CountAdded(isReference);
     }
 
 private:
+    template <typename Accepts>
+    std::size_t CountAdded(Accepts accepts) const {
+        return static_cast<std::size_t>(
+            std::ranges::count_if(definition_.properties, [&](const PropertyDefinition& own) {
+                return accepts(own) && (!parent_ || parent_->FindProperty(own.name) == nullptr);
+            }));
+    }
+
+    const Qualifier* ParentQualifier(std::string_view qualifier) const {
+        return parent_ ? parent_->FindClassQualifier(qualifier) : nullptr;
+    }
+
     const ClassDefinition& definition_;
-    const ClassRepository& classes_;
-    const ClassDefinition* parent_;
+    DefinedClassPtr parent_;
 };
 
 ClassBreach AtClass(std::string what, const MofStatus* status = nullptr) {
@@ -120,7 +131,7 @@ Breach KeyOnAClass(const Subject& subject) {
 Breach Terminal(const Subject& subject) {
     if (subject.ParentHas("terminal")) {
         return AtClass("class " + subject.Own().name + " derives from the terminal class " +
-                       subject.Parent()->name);
+                       subject.ParentName());
     }
     if (subject.States("terminal") && subject.States("abstract")) {
         return AtQualifier("terminal", "class " + subject.Own().name + " is Terminal and Abstract");
@@ -140,13 +151,13 @@ Breach AbstractBelow(const Subject& subject) {
         return {};
     }
     const std::string& name = subject.Own().name;
-    const std::string& parent = subject.Parent()->name;
+    const std::string& parent = subject.ParentName();
     if (!subject.ParentHas("abstract")) {
         return AtQualifier("abstract",
                            "class " + name + " is abstract below the concrete class " + parent,
                            &mof_status::cannotBeAbstract);
     }
-    if (subject.Classes().IsA(parent, "__Event")) {
+    if (subject.Parent()->IsA("__Event")) {
         return AtQualifier("abstract",
                            "class " + name + " is abstract below the event class " + parent);
     }
@@ -167,7 +178,7 @@ Breach Dynamic(const Subject& subject) {
     if (!subject.Has("dynamic")) {
         if (subject.ParentHas("dynamic")) {
             return AtClass("class " + name + " is static below the dynamic class " +
-                           subject.Parent()->name);
+                           subject.ParentName());
         }
         if (subject.Has("provider") && !subject.States("abstract") && !subject.HasMethods()) {
             return AtClass("class " + name + " has a provider and is not dynamic");
@@ -178,11 +189,10 @@ Breach Dynamic(const Subject& subject) {
         return AtClass("class " + name + " is dynamic and has no provider");
     }
     const bool isKeyedBelowStatic = subject.Parent() != nullptr && !subject.ParentHas("abstract") &&
-                                    !subject.ParentHas("dynamic") &&
-                                    !subject.Classes().Keys(subject.Parent()->name).empty();
+                                    !subject.ParentHas("dynamic") && subject.Parent()->HasKeys();
     if (isKeyedBelowStatic) {
         return AtClass("class " + name + " is dynamic below the concrete static class " +
-                       subject.Parent()->name + ", whose instances it cannot add to");
+                       subject.ParentName() + ", whose instances it cannot add to");
     }
     return {};
 }
@@ -200,7 +210,7 @@ Breach Singleton(const Subject& subject) {
         !subject.ParentHas("abstract")) {
         return AtQualifier("singleton",
                            "class " + name + " is a singleton below the class " +
-                               subject.Parent()->name + ", which is none",
+                               subject.ParentName() + ", which is none",
                            &mof_status::cannotBeSingleton);
     }
     return {};
@@ -210,18 +220,26 @@ Breach References(const Subject& subject) {
     if (!subject.Has("association") || subject.States("abstract")) {
         return {};
     }
-    const std::size_t references =
-        subject.Count([](const PropertyDefinition& one) { return one.type == CimType::reference; });
-    if (references < 2) {
+    if (subject.CountReferences() < 2) {
         return AtClass("association " + subject.Own().name + " has fewer than two references");
     }
     return {};
 }
 
 Breach NumberOfProperties(const Subject& subject) {
-    if (subject.Count([](const PropertyDefinition&) { return true; }) > mostProperties) {
-        return AtClass("class " + subject.Own().name + " has more than 1024 properties",
-                       &mof_status::tooManyProperties);
+    if (subject.CountProperties() > mostProperties) {
+        return TooManyProperties(subject.Own().name);
+    }
+    return {};
+}
+
+Breach HandedOn(const Subject& subject) {
+    const auto own = std::ranges::count_if(subject.Own().qualifiers, &Qualifier::toSubclass);
+    const std::size_t inherited =
+        subject.Parent() == nullptr ? 0 : subject.Parent()->HandedOnCount();
+    if (inherited + static_cast<std::size_t>(own) > mostHandedOn) {
+        return AtClass("class " + subject.Own().name + " and its ancestors hand on more than " +
+                       std::to_string(mostHandedOn) + " qualifiers");
     }
     return {};
 }
@@ -239,17 +257,24 @@ Breach Overridden(const Subject& subject) {
 }
 
 Breach Properties(const Subject& subject) {
-    return FindPropertyBreach(subject.Own(),
-                              subject.Classes().Properties(subject.Own().superclass));
+    return FindPropertyBreach(subject.Own(), subject.Parent());
 }
 
 // In checking order.
 constexpr std::array rules{
-    Name,       KeyOnAClass, Terminal,  AssociationOrIndication, AbstractBelow, OnlyTrue, Dynamic,
-    Overridden, Properties,  Singleton, NumberOfProperties,      References,
+    Name,          KeyOnAClass, Terminal,  AssociationOrIndication,
+    AbstractBelow, OnlyTrue,    Dynamic,   HandedOn,
+    Overridden,    Properties,  Singleton, NumberOfProperties,
+    References,
 };
 
 }  // namespace
+
+ClassBreach TooManyProperties(const std::string& className) {
+    return AtClass(
+        "class " + className + " has more than " + std::to_string(mostProperties) + " properties",
+        &mof_status::tooManyProperties);
+}
 
 std::optional<ClassBreach> FindBreach(const ClassDefinition& definition,
                                       const ClassRepository& classes) {

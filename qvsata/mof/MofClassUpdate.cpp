@@ -49,8 +49,7 @@ std::optional<ClassBreach> FindUpdateBreach(const ClassDefinition& changed,
     ClassRepository after = classes;
     after.Replace(changed);
     for (const ClassDefinition& other : classes.Classes()) {
-        if (EqualsIgnoringCase(other.name, changed.name) ||
-            !classes.IsA(other.name, changed.name)) {
+        if (!classes.IsA(other.superclass, changed.name)) {
             continue;
         }
         if (!flags.withSubclasses) {

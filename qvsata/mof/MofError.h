@@ -19,6 +19,10 @@ struct MofPosition {
 /// code)` if the documentation names the status with which the real service or compiler ends.
 class MofError : public std::runtime_error {
 public:
+    /// The error of the whole file: `file: reason`.
+    MofError(std::string_view fileName, const std::string& what)
+        : std::runtime_error(std::string(fileName) + ": " + what) {}
+
     MofError(std::string_view fileName, MofPosition position, const std::string& what)
         : std::runtime_error(std::string(fileName) + ':' + std::to_string(position.line) + ':' +
                              std::to_string(position.column) + ": " + what) {}

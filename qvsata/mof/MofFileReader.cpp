@@ -25,7 +25,7 @@ constexpr std::array valueTypes{
     CimType::string, CimType::char16, CimType::boolean, CimType::datetime, CimType::object,
 };
 
-/// Bounds what a chain of classes costs: each class repeats the properties of its ancestors.
+/// Bounds what a chain of classes costs: what a class inherits is looked up in its ancestors.
 /// Schemas have about ten.
 constexpr std::size_t mostAncestors = 256;
 
@@ -80,6 +80,10 @@ private:
         definition.qualifiers =
             ReadQualifiers(written.qualifiers, QualifierOwner::classOrProperty, fileName_);
         for (const MofProperty& property : written.properties) {
+            if (definition.properties.size() == mostProperties) {
+                const ClassBreach breach = TooManyProperties(written.name);
+                Fail(written.position, breach.what, breach.status);
+            }
             if (FindDefinition(definition.properties, property.name) != nullptr) {
                 Fail(property.position, "property " + property.name + " is declared twice",
                      &mof_status::duplicateProperty);
@@ -99,21 +103,19 @@ private:
     }
 
     void Apply(const MofInstance& written) {
-        const ClassDefinition* const definition = Repository().Find(written.className);
-        if (definition == nullptr) {
+        const DefinedClassPtr type = Repository().FindDefined(written.className);
+        if (type == nullptr) {
             Fail(written.position, "class " + written.className + " is not defined",
                  &mof_status::invalidClass);
         }
-        if (HasQualifier(definition->qualifiers, "abstract")) {
+        if (HasQualifier(type->Definition().qualifiers, "abstract")) {
             Fail(written.position, "class " + written.className + " is abstract");
         }
         ReadQualifiers(written.qualifiers, QualifierOwner::instance, fileName_);
         InstanceDefinition instance;
-        instance.className = definition->name;
-        const std::vector<PropertyDefinition> properties =
-            Repository().Properties(definition->name);
+        instance.className = type->Definition().name;
         for (const MofInstanceValue& value : written.values) {
-            const PropertyDefinition* const property = FindDefinition(properties, value.property);
+            const PropertyDefinition* const property = type->FindProperty(value.property);
             if (property == nullptr) {
                 Fail(value.position,
                      "class " + written.className + " has no property " + value.property);
@@ -165,16 +167,17 @@ private:
     }
 
     void CheckSuperclass(const MofClass& written) {
+        const DefinedClassPtr parent = Repository().FindDefined(written.superclass);
         if (EqualsIgnoringCase(written.superclass, written.name) ||
-            Repository().IsA(written.superclass, written.name)) {
+            (parent && parent->IsA(written.name))) {
             Fail(written.superclassPosition, "class " + written.name + " derives from itself",
                  &mof_status::circularReference);
         }
-        if (!written.superclass.empty() && Repository().Find(written.superclass) == nullptr) {
+        if (!written.superclass.empty() && !parent) {
             Fail(written.superclassPosition, "superclass " + written.superclass + " is not defined",
                  &mof_status::invalidSuperclass);
         }
-        if (Repository().Derivation(written.superclass).size() >= mostAncestors) {
+        if (parent && parent->AncestorCount() >= mostAncestors) {
             Fail(written.superclassPosition, "class " + written.name + " has more than " +
                                                  std::to_string(mostAncestors) + " ancestors");
         }
@@ -230,12 +233,12 @@ private:
     }
 
     void CollectReferences(const MofClass& written, const ClassDefinition& definition) {
-        const std::vector<PropertyDefinition> inherited =
-            Repository().Properties(definition.superclass);
+        const DefinedClassPtr parent = Repository().FindDefined(definition.superclass);
         for (std::size_t at = 0; at < definition.properties.size(); ++at) {
             const PropertyDefinition& own = definition.properties[at];
             if (own.type == CimType::reference) {
-                const PropertyDefinition* const overridden = FindDefinition(inherited, own.name);
+                const PropertyDefinition* const overridden =
+                    parent ? parent->FindProperty(own.name) : nullptr;
                 references_.push_back({std::string(fileName_), written.properties[at].typePosition,
                                        namespacePath_, definition.name, own.name,
                                        own.referenceClass,

@@ -24,7 +24,7 @@ constexpr std::array<std::string_view, 8> hostingModels{
 };
 
 Refusal Keys(const InstanceDefinition& instance, const ClassRepository& classes) {
-    const std::vector<PropertyDefinition> keys = classes.Keys(instance.className);
+    const PropertyRefs keys = classes.Keys(instance.className);
     const Qualifier* const singleton = classes.ClassQualifier(instance.className, "singleton");
     if (keys.empty() && singleton == nullptr) {
         return InstanceBreach{"class " + instance.className + " has no key", &mof_status::noKey};
@@ -37,7 +37,8 @@ Refusal Keys(const InstanceDefinition& instance, const ClassRepository& classes)
         return value == nullptr || std::holds_alternative<std::monostate>(*value);
     });
     if (unset != keys.end()) {
-        return InstanceBreach{"key " + unset->name + " has no value", &mof_status::illegalNull};
+        return InstanceBreach{"key " + unset->get().name + " has no value",
+                              &mof_status::illegalNull};
     }
     return {};
 }

@@ -3,6 +3,9 @@
 #include <charconv>
 #include <optional>
 
+#include "qvsata/cim/Characters.h"
+#include "qvsata/cim/Utf8.h"
+
 namespace qv::service {
 namespace {
 
@@ -21,18 +24,8 @@ bool IsNamePart(char c) {
     return IsNameStart(c) || IsDigit(c);
 }
 
-void AppendUtf8(std::string& text, std::uint32_t codeUnit) {
-    const auto put = [&text](std::uint32_t byte) { text += static_cast<char>(byte); };
-    if (codeUnit < 0x80) {
-        put(codeUnit);
-    } else if (codeUnit < 0x800) {
-        put(0xC0 | (codeUnit >> 6));
-        put(0x80 | (codeUnit & 0x3F));
-    } else {
-        put(0xE0 | (codeUnit >> 12));
-        put(0x80 | ((codeUnit >> 6) & 0x3F));
-        put(0x80 | (codeUnit & 0x3F));
-    }
+constexpr bool IsHighHalf(char16_t codeUnit) {
+    return codeUnit >= 0xD800 && codeUnit < 0xDC00;
 }
 
 /// Returns the whole text as one number; nothing if it is not one or is too large.
@@ -81,6 +74,13 @@ private:
     bool AtEnd() const { return at_ >= text_.size(); }
 
     char Take() {
+        if (at_ == nextCharacter_) {
+            const Character character = FirstCharacter(text_.substr(at_));
+            if (!character.code) {
+                throw MofError(fileName_, here_, "not UTF-8");
+            }
+            nextCharacter_ += character.bytes.size();
+        }
         const char taken = text_[at_++];
         if (taken == '\n') {
             ++here_.line;
@@ -237,8 +237,7 @@ private:
         const MofPosition start = here_;
         Take();
         if (Peek() == 'x' || Peek() == 'X') {
-            Take();
-            AppendUtf8(text, TakeHexadecimal(start));
+            TakeCode(text, start);
             return;
         }
         const std::size_t which = letters.find(Peek());
@@ -249,8 +248,23 @@ private:
         text += meanings[which];
     }
 
-    std::uint32_t TakeHexadecimal(MofPosition start) {
+    /// Takes the code of a character, or those of its two halves in UTF-16, from the "x" on.
+    void TakeCode(std::string& text, MofPosition start) {
+        std::u16string units(1, TakeHexadecimal(start));
+        if (IsHighHalf(units.front()) && Peek() == '\\' && (Peek(1) == 'x' || Peek(1) == 'X')) {
+            Take();
+            units += TakeHexadecimal(start);
+        }
+        const std::optional<std::string> character = Utf8OfUtf16(units);
+        if (!character) {
+            throw MofError(fileName_, start, "half of a character");
+        }
+        text += *character;
+    }
+
+    char16_t TakeHexadecimal(MofPosition start) {
         std::string digits;
+        Take();
         while (digits.size() < 4 &&
                std::string_view("0123456789abcdefABCDEF").find(Peek()) != std::string_view::npos) {
             digits += Take();
@@ -259,12 +273,13 @@ private:
         if (!value) {
             throw MofError(fileName_, start, "unknown escape");
         }
-        return static_cast<std::uint32_t>(*value);
+        return static_cast<char16_t>(*value);
     }
 
     std::string_view text_;
     std::string_view fileName_;
     std::size_t at_ = 0;
+    std::size_t nextCharacter_ = 0;  ///< where the character begins that follows the last one taken
     MofPosition here_;
 };
 

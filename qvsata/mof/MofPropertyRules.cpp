@@ -17,7 +17,7 @@ constexpr std::array<std::string_view, 9> mofKeywords{
 /// A property of a class and what the class inherits.
 struct PropertySubject {
     const PropertyDefinition& own;
-    const std::vector<PropertyDefinition>& inherited;
+    bool hasInheritedKeys;
     const PropertyDefinition* overridden;  ///< null: a new property
 };
 
@@ -107,8 +107,7 @@ Breach Type(const PropertySubject& subject) {
 
 Breach AddedKey(const PropertySubject& subject) {
     const bool wasKey = subject.overridden != nullptr && subject.overridden->isKey;
-    if (subject.own.isKey && !wasKey &&
-        std::ranges::any_of(subject.inherited, &PropertyDefinition::isKey)) {
+    if (subject.own.isKey && !wasKey && subject.hasInheritedKeys) {
         return At(subject, "property " + subject.own.name + " adds to inherited keys");
     }
     return {};
@@ -150,9 +149,11 @@ std::string TypeText(const PropertyDefinition& property) {
 }
 
 std::optional<ClassBreach> FindPropertyBreach(const ClassDefinition& definition,
-                                              const std::vector<PropertyDefinition>& inherited) {
+                                              const DefinedClass* parent) {
+    const bool hasInheritedKeys = parent != nullptr && parent->HasKeys();
     for (const PropertyDefinition& own : definition.properties) {
-        const PropertySubject subject{own, inherited, FindDefinition(inherited, own.name)};
+        const PropertySubject subject{own, hasInheritedKeys,
+                                      parent == nullptr ? nullptr : parent->FindProperty(own.name)};
         for (const auto rule : propertyRules) {
             if (Breach breach = rule(subject)) {
                 return breach;

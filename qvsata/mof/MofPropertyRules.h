@@ -16,8 +16,9 @@ const PropertyDefinition* FindDefinition(const std::vector<PropertyDefinition>& 
 std::string TypeText(const PropertyDefinition& property);
 
 /// Returns the first rule that a property of a class breaks, by itself or against what the class
-/// inherits. The target class of a reference is not checked: it may be defined later.
+/// inherits from `parent`, null for a root class. The target class of a reference is not checked:
+/// it may be defined later.
 std::optional<ClassBreach> FindPropertyBreach(const ClassDefinition& definition,
-                                              const std::vector<PropertyDefinition>& inherited);
+                                              const DefinedClass* parent);
 
 }  // namespace qv::service

@@ -7,6 +7,9 @@
 namespace qv::service {
 namespace {
 
+/// Bounds what comparing them with each other costs. Schemas have about twenty.
+constexpr std::size_t mostQualifiers = 256;
+
 /// Throws the error of one qualifier.
 class Check {
 public:
@@ -68,6 +71,10 @@ std::vector<Qualifier> ReadQualifiers(const std::vector<MofQualifier>& written,
                                       QualifierOwner owner, std::string_view fileName) {
     std::vector<Qualifier> qualifiers;
     for (const MofQualifier& one : written) {
+        if (qualifiers.size() == mostQualifiers) {
+            throw MofError(fileName, one.position,
+                           "more than " + std::to_string(mostQualifiers) + " qualifiers");
+        }
         const Check check(one, fileName);
         check.Name();
         check.Flavors(owner);

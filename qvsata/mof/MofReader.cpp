@@ -1,9 +1,6 @@
 #include "qvsata/mof/MofReader.h"
 
 #include <array>
-#include <filesystem>
-#include <fstream>
-#include <sstream>
 #include <utility>
 
 #include "qvsata/mof/MofFileReader.h"
@@ -27,17 +24,15 @@ void ReadMof(std::string_view text, std::string_view fileName, Namespaces& names
     ReadMof(files, namespaces);
 }
 
-std::vector<MofSource> LoadMofFiles(std::span<const std::string> paths) {
+std::vector<MofSource> LoadMofFiles(std::span<const std::string> paths, std::uintmax_t mostBytes) {
     std::vector<MofSource> files;
     for (const std::string& path : paths) {
-        const std::u8string utf8(path.begin(), path.end());
-        std::ifstream stream(std::filesystem::path(utf8), std::ios::binary);
-        if (!stream) {
-            throw MofError(path, {}, "cannot be read");
+        try {
+            const std::u8string utf8(path.begin(), path.end());
+            files.push_back({path, ReadFileBytes(utf8, mostBytes)});
+        } catch (const UnreadableFile& why) {
+            throw MofError(path, why.what());
         }
-        std::ostringstream text;
-        text << stream.rdbuf();
-        files.push_back({path, text.str()});
     }
     return files;
 }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "qvsata/cim/ClassRepository.h"
+#include "qvsata/cim/FileBytes.h"
 #include "qvsata/mof/MofError.h"
 
 namespace qv::service {
@@ -29,8 +30,9 @@ void ReadMof(std::span<const MofSource> files, Namespaces& namespaces);
 void ReadMof(std::string_view text, std::string_view fileName, Namespaces& namespaces);
 
 /// Reads files from disk; messages name them by their paths.
-/// @throws MofError if a file cannot be read: `file:1:1: cannot be read`.
-std::vector<MofSource> LoadMofFiles(std::span<const std::string> paths);
+/// @throws MofError if a file cannot be read or has more than `mostBytes`: `file: reason`.
+std::vector<MofSource> LoadMofFiles(std::span<const std::string> paths,
+                                    std::uintmax_t mostBytes = noFileLimit);
 
 /// Loads files and reads them in the same way.
 void ReadMofFiles(std::span<const std::string> paths, Namespaces& namespaces);

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "qvsata/mof/MofPropertyRules.h"
 #include "source/Text.h"
 
 namespace qv::service {
@@ -28,16 +27,16 @@ std::string SchemaGaps(std::span<const MofDeclaration> declarations,
         if (wanted == nullptr) {
             continue;
         }
-        if (classes.Find(wanted->name) == nullptr) {
+        const DefinedClassPtr present = classes.FindDefined(wanted->name);
+        if (present == nullptr) {
             Append(gaps, wanted->name);
             continue;
         }
-        if (IsAbstract(*wanted) && classes.ClassQualifier(wanted->name, "abstract") == nullptr) {
+        if (IsAbstract(*wanted) && present->FindClassQualifier("abstract") == nullptr) {
             Append(gaps, "Abstract of " + wanted->name);
         }
-        const std::vector<PropertyDefinition> present = classes.Properties(wanted->name);
         for (const MofProperty& property : wanted->properties) {
-            if (FindDefinition(present, property.name) == nullptr) {
+            if (present->FindProperty(property.name) == nullptr) {
                 Append(gaps, wanted->name + '.' + property.name);
             }
         }

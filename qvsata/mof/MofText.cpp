@@ -22,6 +22,13 @@ constexpr std::array escapes{
     std::pair<std::string_view, std::string_view>{"\t", "\\t"},
 };
 
+/// Returns the escape of a code unit of UTF-16.
+std::string CodeText(char32_t unit) {
+    std::array<char, 16> text{};
+    std::snprintf(text.data(), text.size(), "\\x%04X", static_cast<unsigned>(unit));
+    return text.data();
+}
+
 std::string Escaped(const Character& character) {
     const auto* const escape = std::ranges::find(
         escapes, character.bytes, &std::pair<std::string_view, std::string_view>::first);
@@ -31,9 +38,11 @@ std::string Escaped(const Character& character) {
     if (!character.code || !ControlsText(character)) {
         return std::string(character.bytes);
     }
-    std::array<char, 16> text{};
-    std::snprintf(text.data(), text.size(), "\\x%04X", static_cast<unsigned>(*character.code));
-    return text.data();
+    const char32_t code = *character.code;
+    constexpr char32_t firstPair = 0x10000;
+    return code < firstPair ? CodeText(code)
+                            : CodeText(0xD800 + ((code - firstPair) >> 10U)) +
+                                  CodeText(0xDC00 + ((code - firstPair) & 0x3FFU));
 }
 
 std::string Quoted(std::string_view text) {
@@ -91,17 +100,17 @@ std::string Text(const std::vector<Element>& elements) {
 }
 
 /// Returns the value of a property. 64-bit numbers are text in a CimValue, but numbers in MOF.
-std::string PropertyText(const ObjectProperty& property) {
-    if (property.type != CimType::sint64 && property.type != CimType::uint64) {
-        return MofValueText(property.value);
+std::string PropertyText(CimType type, const CimValue& value) {
+    if (type != CimType::sint64 && type != CimType::uint64) {
+        return MofValueText(value);
     }
-    if (const auto* number = std::get_if<std::string>(&property.value)) {
+    if (const auto* number = std::get_if<std::string>(&value)) {
         return *number;
     }
-    if (const auto* numbers = std::get_if<std::vector<std::string>>(&property.value)) {
+    if (const auto* numbers = std::get_if<std::vector<std::string>>(&value)) {
         return List(*numbers, [](const std::string& number) { return number; });
     }
-    return MofValueText(property.value);
+    return MofValueText(value);
 }
 
 std::string QualifierText(const Qualifier& qualifier) {
@@ -134,23 +143,24 @@ std::string ObjectAsMof(const Object& object) {
     std::string text = "instance of " + object.ClassName() + "\n{\n";
     for (const ObjectProperty& property : PropertiesOf(object)) {
         if (!std::holds_alternative<std::monostate>(property.value)) {
-            text += "    " + property.name + " = " + PropertyText(property) + ";\n";
+            text += "    " + property.name + " = " + PropertyText(property.type, property.value) +
+                    ";\n";
         }
     }
     return text + "};\n";
 }
 
 std::string ClassAsMof(const ResolvedClass& definition) {
-    std::string text = QualifierList(definition.qualifiers);
+    std::string text = QualifierList(definition.Qualifiers());
     if (!text.empty()) {
         text.back() = '\n';
     }
     text += "class " + definition.name;
-    if (!definition.derivation.empty()) {
-        text += " : " + definition.Superclass();
+    if (const std::string superclass = definition.Superclass(); !superclass.empty()) {
+        text += " : " + superclass;
     }
     text += "\n{\n";
-    for (const PropertyDefinition& property : definition.properties) {
+    for (const PropertyDefinition& property : definition.Properties()) {
         if (!EqualsIgnoringCase(property.declaringClass, definition.name)) {
             continue;
         }
@@ -160,7 +170,7 @@ std::string ClassAsMof(const ResolvedClass& definition) {
                              : std::string(CimTypeName(property.type))) +
                 " " + property.name + (property.isArray ? "[]" : "");
         if (!std::holds_alternative<std::monostate>(property.defaultValue)) {
-            text += " = " + MofValueText(property.defaultValue);
+            text += " = " + PropertyText(property.type, property.defaultValue);
         }
         text += ";\n";
     }

@@ -1,10 +1,8 @@
 #include "qvsata/recorded/TextFile.h"
 
-#include <array>
-#include <fstream>
 #include <optional>
 #include <string_view>
-#include <system_error>
+#include <utility>
 
 #include "qvsata/cim/Utf8.h"
 #include "qvsata/recorded/HostFile.h"
@@ -12,40 +10,9 @@
 namespace qv::service {
 namespace {
 
-constexpr std::uintmax_t mebibyte = 1U << 20U;
 constexpr std::string_view utf8Mark = "\xEF\xBB\xBF";
 constexpr std::string_view littleEndianMark = "\xFF\xFE";
 constexpr std::string_view bigEndianMark = "\xFE\xFF";
-
-std::string ReadBytes(const std::filesystem::path& file, const std::string& name,
-                      std::uintmax_t most) {
-    std::error_code error;
-    const auto status = std::filesystem::status(file, error);
-    if (!std::filesystem::exists(status)) {
-        throw HostFileError(name + ": there is no such file");
-    }
-    if (std::filesystem::is_directory(status)) {
-        throw HostFileError(name + ": a directory, not a file");
-    }
-    std::ifstream stream(file, std::ios::binary);
-    if (!stream) {
-        throw HostFileError(name + ": the file cannot be read");
-    }
-    std::string bytes;
-    std::array<char, 16384> block;
-    do {
-        stream.read(block.data(), block.size());
-        bytes.append(block.data(), static_cast<std::size_t>(stream.gcount()));
-    } while (stream && bytes.size() <= most);
-    if (bytes.size() > most) {
-        throw HostFileError(name + ": larger than " + std::to_string(most / mebibyte) +
-                            " MiB (--limit)");
-    }
-    if (stream.bad()) {
-        throw HostFileError(name + ": the file cannot be read");
-    }
-    return bytes;
-}
 
 /// Returns UTF-16 as UTF-8.
 /// @param high the place in each pair of bytes of the one with the high bits
@@ -86,7 +53,13 @@ std::string TextOfBytes(std::string bytes, const std::string& name) {
 
 std::string ReadTextFile(const std::filesystem::path& file, const std::string& name,
                          std::uintmax_t mostBytes) {
-    return TextOfBytes(ReadBytes(file, name, mostBytes), name);
+    std::string bytes;
+    try {
+        bytes = ReadFileBytes(file, mostBytes);
+    } catch (const UnreadableFile& why) {
+        throw HostFileError(name + ": " + why.what());
+    }
+    return TextOfBytes(std::move(bytes), name);
 }
 
 }  // namespace qv::service

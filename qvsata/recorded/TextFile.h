@@ -2,13 +2,11 @@
 
 #include <cstdint>
 #include <filesystem>
-#include <limits>
 #include <string>
 
-namespace qv::service {
+#include "qvsata/cim/FileBytes.h"
 
-/// The limit of a file of any size.
-inline constexpr auto noFileLimit = std::numeric_limits<std::uintmax_t>::max();
+namespace qv::service {
 
 /// Returns the text of a file's bytes as UTF-8. They are UTF-8, or UTF-16 with a byte-order mark.
 /// Throws HostFileError.

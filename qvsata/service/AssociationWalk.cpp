@@ -103,7 +103,7 @@ private:
     bool MayName(const ResolvedClassPtr& type, const std::string& role) const {
         const NamespaceClasses& classes = nameSpace_.Classes();
         return type->isUndefined ||
-               std::ranges::any_of(type->properties, [&](const PropertyDefinition& property) {
+               std::ranges::any_of(type->Properties(), [&](const PropertyDefinition& property) {
                    return property.type == CimType::reference && Allows(role, property.name) &&
                           (classes.IsA(path_.className, property.referenceClass) ||
                            classes.IsA(property.referenceClass, path_.className));

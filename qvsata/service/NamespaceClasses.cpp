@@ -1,6 +1,9 @@
 #include "qvsata/service/NamespaceClasses.h"
 
-#include "qvsata/cim/SystemClasses.h"
+#include <algorithm>
+#include <iterator>
+
+#include "qvsata/cim/classes/SystemClasses.h"
 #include "source/Text.h"
 
 namespace qv::service {
@@ -9,13 +12,13 @@ NamespaceClasses::NamespaceClasses(const ClassRepository& repository, std::strin
                                    std::string_view nameSpace) {
     for (const ClassDefinition& definition : SystemClasses()) {
         byName_[FoldCase(definition.name)].type =
-            Resolve(repository, definition.name, server, nameSpace);
+            Resolve(repository.FindDefined(definition.name), server, nameSpace);
     }
     for (const ClassDefinition& definition : repository.Classes()) {
-        listed_.push_back(Resolve(repository, definition.name, server, nameSpace));
-        byName_[FoldCase(definition.name)].type = listed_.back();
+        listed_.push_back(Resolve(repository.FindDefined(definition.name), server, nameSpace));
+        byName_[FoldCase(listed_.back()->name)].type = listed_.back();
     }
-    AddToAncestors();
+    AddToSuperclasses();
 }
 
 NamespaceClasses::NamespaceClasses(const NamespaceClasses& other, std::string_view server) {
@@ -25,15 +28,16 @@ NamespaceClasses::NamespaceClasses(const NamespaceClasses& other, std::string_vi
     for (const ResolvedClassPtr& type : other.listed_) {
         listed_.push_back(Find(type->name));
     }
-    AddToAncestors();
+    AddToSuperclasses();
 }
 
-/// Fills withSubclasses.
-void NamespaceClasses::AddToAncestors() {
-    for (const ResolvedClassPtr& type : listed_) {
-        byName_[FoldCase(type->name)].withSubclasses.push_back(type);
-        for (const std::string& ancestor : type->derivation) {
-            byName_[FoldCase(ancestor)].withSubclasses.push_back(type);
+/// Fills place and subclasses of the entries.
+void NamespaceClasses::AddToSuperclasses() {
+    for (std::size_t place = 0; place < listed_.size(); ++place) {
+        Entry& entry = byName_[FoldCase(listed_[place]->name)];
+        entry.place = place;
+        if (const std::string superclass = listed_[place]->Superclass(); !superclass.empty()) {
+            byName_[FoldCase(superclass)].subclasses.push_back(&entry);
         }
     }
 }
@@ -52,7 +56,18 @@ std::vector<ResolvedClassPtr> NamespaceClasses::WithSubclasses(std::string_view 
         return type ? std::vector{type} : std::vector<ResolvedClassPtr>{};
     }
     const auto found = byName_.find(FoldCase(className));
-    return found == byName_.end() ? std::vector<ResolvedClassPtr>{} : found->second.withSubclasses;
+    if (found == byName_.end()) {
+        return {};
+    }
+    std::vector<const Entry*> entries{&found->second};
+    for (std::size_t at = 0; at < entries.size(); ++at) {
+        std::ranges::copy(entries[at]->subclasses, std::back_inserter(entries));
+    }
+    std::erase_if(entries, [](const Entry* one) { return !one->place; });
+    std::ranges::sort(entries, {}, &Entry::place);
+    std::vector<ResolvedClassPtr> classes;
+    std::ranges::transform(entries, std::back_inserter(classes), &Entry::type);
+    return classes;
 }
 
 bool NamespaceClasses::IsA(std::string_view className, std::string_view ancestor) const {

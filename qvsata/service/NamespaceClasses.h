@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -38,6 +40,8 @@ public:
     explicit NamespaceClasses(std::shared_ptr<const NamedClasses> named)
         : named_(std::move(named)) {}
 
+    NamespaceClasses(NamespaceClasses&&) = default;  // a copy's entries would name the original's
+
     /// Returns the classes in the order of their definition.
     std::vector<ResolvedClassPtr> Listed() const { return named_ ? named_->All() : listed_; }
 
@@ -58,10 +62,11 @@ public:
 private:
     struct Entry {
         ResolvedClassPtr type;
-        std::vector<ResolvedClassPtr> withSubclasses;
+        std::optional<std::size_t> place;      ///< among the listed classes; nothing if not listed
+        std::vector<const Entry*> subclasses;  ///< those directly below
     };
 
-    void AddToAncestors();
+    void AddToSuperclasses();
 
     std::shared_ptr<const NamedClasses> named_;  ///< null: the next two are the classes
     std::vector<ResolvedClassPtr> listed_;

@@ -25,10 +25,10 @@ void AttachProvider(Namespace& published, std::shared_ptr<const InstanceSource> 
 }
 
 std::shared_ptr<const PublishedClasses> ReadPublishedClasses(
-    const std::vector<std::filesystem::path>& mofFiles) {
+    const std::vector<std::filesystem::path>& mofFiles, std::uintmax_t mostBytes) {
     std::vector<std::string> files;
     std::ranges::transform(mofFiles, std::back_inserter(files), Utf8OfPath);
-    std::vector<MofSource> sources = LoadMofFiles(files);
+    std::vector<MofSource> sources = LoadMofFiles(files, mostBytes);
     // Most providers that one process starts have the classes of the one before.
     static std::mutex mutex;
     static std::vector<MofSource> lastSources;

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "qvsata/cim/FileBytes.h"
 #include "qvsata/recorded/RecordingSequence.h"
 #include "qvsata/service/EventFeed.h"
 #include "qvsata/service/Namespace.h"
@@ -52,9 +53,10 @@ void AttachProvider(Namespace& published, std::shared_ptr<const InstanceSource> 
                     const HostOptions& options);
 
 /// Reads the classes of the provider's namespace from MOF files, in order. The same files with the
-/// same text as at the last call are not parsed again. Throws MofError.
+/// same text as at the last call are not parsed again. Throws MofError, also if a file has more
+/// than `mostBytes`.
 std::shared_ptr<const PublishedClasses> ReadPublishedClasses(
-    const std::vector<std::filesystem::path>& mofFiles);
+    const std::vector<std::filesystem::path>& mofFiles, std::uintmax_t mostBytes = noFileLimit);
 
 /// A provider running on a machine, recorded or live.
 class ProviderHost {

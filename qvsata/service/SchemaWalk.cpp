@@ -25,7 +25,7 @@ std::vector<SchemaLink> SchemaLinks(const Namespace& nameSpace, const Associatio
     const NamespaceClasses& classes = nameSpace.Classes();
     std::vector<SchemaLink> links;
     for (const ResolvedClassPtr& type : ClassesAllowedBy(assocClass, classes)) {
-        for (const PropertyDefinition& property : type->properties) {
+        for (const PropertyDefinition& property : type->Properties()) {
             if (property.type == CimType::reference && Allows(query.role, property.name) &&
                 HasRequired(qualifier, type) &&
                 classes.IsA(query.path.className, property.referenceClass)) {
@@ -59,7 +59,7 @@ Answer SchemaAssociators(const Namespace& nameSpace, const AssociatorsQuery& que
     FoundClasses found;
     for (const SchemaLink& link :
          SchemaLinks(nameSpace, query, query.assocClass, query.requiredAssocQualifier)) {
-        for (const PropertyDefinition& end : link.association->properties) {
+        for (const PropertyDefinition& end : link.association->Properties()) {
             const ResolvedClassPtr type = classes.Find(end.referenceClass);
             if (type && &end != link.role && Allows(query.resultRole, end.name) &&
                 HasRequired(query.requiredQualifier, type) &&

@@ -27,9 +27,8 @@ using std::filesystem::path;
 
 std::shared_ptr<const service::RecordedHost> ReadHost(const std::string& file,
                                                       const Options& options) {
-    constexpr std::uintmax_t mebibyte = 1U << 20U;
     return std::make_shared<service::RecordedHost>(
-        service::ReadHostFile(FromUtf8(file), options.limit * mebibyte));
+        service::ReadHostFile(FromUtf8(file), options.MostBytes()));
 }
 
 std::vector<std::shared_ptr<const service::RecordedHost>> ReadLaterHosts(
@@ -83,7 +82,7 @@ std::shared_ptr<const service::PublishedClasses> ReadClasses(const Options& opti
                                ": not found; --mof names the folder of the class definitions");
         }
     }
-    return service::ReadPublishedClasses(files);
+    return service::ReadPublishedClasses(files, options.MostBytes());
 }
 
 /// Returns what the options say of the provider. The machine's facts and the classes are missing.

@@ -103,12 +103,12 @@ void AddThen(CLI::App& command, Options& options) {
 }
 
 void AddProviderOptions(CLI::App& command, Options& options) {
-    CheckWhole(
-        command.add_option("--limit", options.limit,
-                           "refuses recordings of more MiB, and classes with more thousands "
-                           "of instances, linked partitions or disks named by their rows on a "
-                           "recording (default: 100)"),
-        1, "N");
+    CheckWhole(command.add_option(
+                   "--limit", options.limit,
+                   "refuses recordings and MOF files of more MiB, and classes with more "
+                   "thousands of instances, linked partitions or disks named by their rows on a "
+                   "recording (default: 100)"),
+               1, "N");
     CheckWhole(command.add_option("--timeout", options.timeout,
                                   "ends the command after so many seconds; one query of --live "
                                   "may take half of them"),

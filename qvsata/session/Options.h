@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <iterator>
 #include <string>
@@ -22,7 +23,7 @@ struct Options {
     std::vector<std::string> hosts;
     std::vector<std::string> laterHosts;  ///< files of later recordings of the host, in order
     bool live = false;
-    unsigned limit = 100;        ///< MiB of a recording; see MostRows, too
+    unsigned limit = 100;        ///< see MostBytes and MostRows
     unsigned timeout = 0;        ///< seconds for the command; 0: no limit
     unsigned queriesInTime = 2;  ///< so many queries of the machine fit into it
     bool isEndless = false;      ///< the timeout is for each query only
@@ -35,6 +36,9 @@ struct Options {
     bool registered = false;
     std::string logFolder;  ///< of the provider's logs; empty: none
     Format format = Format::text;
+
+    /// Returns the greatest size of a recording or of a MOF file.
+    std::uintmax_t MostBytes() const { return std::uintmax_t{limit} << 20U; }
 
     /// Returns the greatest number of what rows make of each other: instances of a class, linked
     /// partitions, and disks that the rows of a class name.

@@ -11,7 +11,6 @@ namespace {
 
 using namespace service;
 using testing::ElementsAre;
-using testing::Field;
 using testing::IsEmpty;
 
 ClassRepository Read(std::string_view text) {
@@ -29,7 +28,7 @@ ClassRepository Family() {
         " [Override(\"Code\"), Description(\"d\")] uint16 Code; string Last; };");
 }
 
-std::vector<std::string> Names(const std::vector<PropertyDefinition>& properties) {
+std::vector<std::string> Names(const PropertyRefs& properties) {
     std::vector<std::string> names;
     for (const PropertyDefinition& property : properties) {
         names.push_back(property.name);
@@ -45,32 +44,38 @@ TEST(ClassRepository, FindsClassesWithoutRegardToCase) {
 
 TEST(ClassRepository, ListsClassesInTheOrderOfTheirDefinition) {
     const ClassRepository family = Family();
-    EXPECT_THAT(family.Classes(), ElementsAre(Field(&ClassDefinition::name, "Top"),
-                                              Field(&ClassDefinition::name, "Middle"),
-                                              Field(&ClassDefinition::name, "Bottom")));
+    std::vector<std::string> names;
+    for (const ClassDefinition& one : family.Classes()) {
+        names.push_back(one.name);
+    }
+    EXPECT_THAT(names, ElementsAre("Top", "Middle", "Bottom"));
 }
 
 TEST(ClassRepository, PutsInheritedPropertiesFirstAndOverridesInTheirPlace) {
-    EXPECT_THAT(Names(Family().Properties("bottom")),
+    const ClassRepository family = Family();
+    EXPECT_THAT(Names(family.Properties("bottom")),
                 ElementsAre("First", "Other", "Code", "Second", "Own", "Last"));
-    EXPECT_THAT(Family().Properties("Nothing"), IsEmpty());
+    EXPECT_THAT(family.Properties("Nothing"), IsEmpty());
 }
 
 TEST(ClassRepository, GivesAnOverrideItsOwnTypeAndTheInheritedKey) {
-    const auto other = Family().Properties("Bottom").at(1);
+    const ClassRepository family = Family();
+    const PropertyDefinition& other = family.Properties("Bottom").at(1);
     EXPECT_EQ(other.referenceClass, "Bottom");
     EXPECT_TRUE(other.isKey);
     EXPECT_EQ(other.declaringClass, "Top");
 }
 
 TEST(ClassRepository, KeepsAnInheritedDefaultValue) {
-    const auto code = Family().Properties("Bottom").at(2);
+    const ClassRepository family = Family();
+    const PropertyDefinition& code = family.Properties("Bottom").at(2);
     EXPECT_EQ(code.defaultValue, CimValue(std::int64_t{7}));
     EXPECT_NE(FindQualifier(code.qualifiers, "Description"), nullptr);
 }
 
 TEST(ClassRepository, NamesTheKeysOfAClass) {
-    EXPECT_THAT(Names(Family().Keys("Bottom")), ElementsAre("Other"));
+    const ClassRepository family = Family();
+    EXPECT_THAT(Names(family.Keys("Bottom")), ElementsAre("Other"));
 }
 
 TEST(ClassRepository, ListsAncestorsNearestFirst) {
@@ -130,7 +135,7 @@ TEST(ClassRepository, ReplacesAnInstanceOfTheSameKeys) {
         "class A { [key] string N; string V; };"
         "instance of A { N = \"x\"; V = \"1\"; }; instance of A { N = \"X\"; V = \"2\"; };");
     ASSERT_EQ(repository.Instances().size(), 1U);
-    EXPECT_EQ(*repository.Instances()[0].Find("V"), CimValue("2"));
+    EXPECT_EQ(*repository.Instances().front().get().Find("V"), CimValue("2"));
 }
 
 TEST(ClassRepository, KeepsEveryInstanceOfAClassWithoutKeys) {
@@ -138,6 +143,25 @@ TEST(ClassRepository, KeepsEveryInstanceOfAClassWithoutKeys) {
     repository.Add(InstanceDefinition{"A", {}});
     repository.Add(InstanceDefinition{"A", {}});
     EXPECT_EQ(repository.Instances().size(), 2U);
+}
+
+TEST(ClassRepository, TakesAnInstanceAgainAfterItsClassWasRemoved) {
+    ClassRepository repository = Read("class A { [key] string N; }; instance of A { N = \"x\"; };");
+    repository.RemoveClass("A");
+    EXPECT_FALSE(repository.HasInstance("A.N=\"x\""));
+    EXPECT_FALSE(repository.RemoveInstance("A.N=\"x\""));
+}
+
+TEST(ClassRepository, ListsInstancesInTheOrderInWhichTheyCame) {
+    ClassRepository repository = Read(
+        "class A { [key] string N; }; instance of A { N = \"x\"; }; instance of A { N = \"b\"; };"
+        "instance of A { N = \"c\"; }; instance of A { N = \"X\"; };");
+    repository.RemoveInstance("a.n=\"C\"");
+    std::vector<std::string> paths;
+    for (const InstanceDefinition& instance : repository.Instances()) {
+        paths.push_back(repository.RelativePath(instance));
+    }
+    EXPECT_THAT(paths, ElementsAre("A.N=\"b\"", "A.N=\"X\""));
 }
 
 TEST(ClassRepository, FindsInstancesByTheirRelativePath) {
@@ -154,18 +178,26 @@ TEST(ClassRepository, PutsAClassInThePlaceOfAnother) {
     EXPECT_EQ(repository.Classes().size(), 2U);
 }
 
+TEST(ClassRepository, HandsTheChangeOfAClassDownToAllBelow) {
+    ClassRepository repository =
+        Read("class Low {}; class High {}; class Middle : High {}; class Bottom : Middle {};");
+    repository.Replace(*Read("class Low {}; class High : Low { string X; };").Find("High"));
+    EXPECT_THAT(repository.Derivation("Bottom"), ElementsAre("Middle", "High", "Low"));
+    EXPECT_THAT(Names(repository.Properties("Bottom")), ElementsAre("X"));
+}
+
 TEST(ClassRepository, RelativePathListsKeysInAlphabeticalOrderWithNumbersUnquoted) {
     const ClassRepository repository = Read(
         "class A { [key] string Name; [key] uint16 Code; [key] boolean b; [key] uint64 Big; };"
         "instance of A { Name = \"n\"; Code = 5; b = true; Big = 9; };");
-    EXPECT_EQ(repository.RelativePath(repository.Instances()[0]),
+    EXPECT_EQ(repository.RelativePath(repository.Instances().front()),
               R"(A.b=TRUE,Big=9,Code=5,Name="n")");
 }
 
 TEST(ClassRepository, RelativePathEscapesQuotesAndBackslashes) {
     const ClassRepository repository =
         Read(R"(class A { [key] string N; }; instance of A { N = "\\\\.\\x \"y\""; };)");
-    EXPECT_EQ(repository.RelativePath(repository.Instances()[0]), R"(A.N="\\\\.\\x \"y\"")");
+    EXPECT_EQ(repository.RelativePath(repository.Instances().front()), R"(A.N="\\\\.\\x \"y\"")");
 }
 
 TEST(ClassRepository, RelativePathIsEmptyWithoutAKeyValue) {

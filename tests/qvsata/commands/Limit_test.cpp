@@ -1,4 +1,4 @@
-// What --limit refuses: large recordings and classes with many instances.
+// What --limit refuses: large recordings and MOF files, and classes with many instances.
 #include <gmock/gmock.h>
 
 #include <fstream>
@@ -70,6 +70,15 @@ TEST_F(LimitTest, RefusesALargerRecording) {
 TEST_F(LimitTest, TakesARecordingOfItsSize) {
     std::ofstream(file_.Path()) << std::string(1 << 20, ' ');
     EXPECT_THAT(Run({"sources", "--limit", "1"}).errors, HasSubstr("not JSON"));
+}
+
+TEST_F(LimitTest, RefusesALargerMofFile) {
+    std::ofstream(file_.Path()) << std::string((1 << 20) + 1, ' ');
+    const Ending run = RunOn("hosts/ahci-desktop.json",
+                             {"classes", "--installed", file_.Path().string(), "--limit", "1"});
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_EQ(run.output, "");
+    EXPECT_EQ(run.errors, "qvsata: " + file_.Path().string() + ": larger than 1 MiB (--limit)\n");
 }
 
 TEST_F(LimitTest, RefusesAClassWithMoreInstances) {

@@ -123,7 +123,7 @@ TEST(Installation, LeavesTheFullerSuperclassOfAnotherProvider) {
     Compile("cim_schema_later.mof", namespaces);
     Compile("qv_group_collection.mof", namespaces);
     EXPECT_EQ(Compile("qvwmisata.mof", namespaces), "no error");
-    EXPECT_EQ(namespaces.Find("root\\QVQ")->Properties("QV_WinComputerSystem").back().name,
+    EXPECT_EQ(namespaces.Find("root\\QVQ")->Properties("QV_WinComputerSystem").back().get().name,
               "RackName");
 }
 

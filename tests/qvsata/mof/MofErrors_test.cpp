@@ -2,8 +2,10 @@
 #include <gmock/gmock.h>
 
 #include <array>
+#include <fstream>
 
 #include "tests/qvsata/mof/ErrorOf.h"
+#include "tests/support/TemporaryFile.h"
 
 namespace qv::test {
 namespace {
@@ -213,15 +215,28 @@ TEST(MofErrors, ReadMofTakesAClassWith256AncestorsAndNoMore) {
               "a.mof:258:14: class C257 has more than 256 ancestors");
 }
 
-TEST(MofErrors, ReadMofFilesNamesAFileThatCannotBeRead) {
-    Namespaces namespaces;
-    const std::array files{std::string("no/such/file.mof")};
+/// Returns the error of loading a file of at most a mebibyte.
+std::string LoadingError(const std::string& file) {
     try {
-        ReadMofFiles(files, namespaces);
-        FAIL() << "read";
+        LoadMofFiles(std::array{file}, 1U << 20U);
     } catch (const MofError& error) {
-        EXPECT_STREQ(error.what(), "no/such/file.mof:1:1: cannot be read");
+        return error.what();
     }
+    return "no error";
+}
+
+TEST(MofErrors, LoadMofFilesNamesAFileThatCannotBeRead) {
+    EXPECT_EQ(LoadingError("no/such/file.mof"), "no/such/file.mof: there is no such file");
+    EXPECT_EQ(LoadingError("."), ".: a directory, not a file");
+}
+
+TEST(MofErrors, LoadMofFilesTakesAFileOfTheGreatestSizeAndNoLarger) {
+    const TemporaryFile file;
+    std::ofstream(file.Path()) << std::string(1U << 20U, ' ');
+    EXPECT_EQ(LoadingError(file.Path().string()), "no error");
+    std::ofstream(file.Path(), std::ios::app) << ' ';
+    EXPECT_EQ(LoadingError(file.Path().string()),
+              file.Path().string() + ": larger than 1 MiB (--limit)");
 }
 
 }  // namespace

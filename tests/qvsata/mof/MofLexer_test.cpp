@@ -59,6 +59,21 @@ TEST(MofLexer, TurnsHexadecimalEscapesIntoUtf8) {
     EXPECT_EQ(First(R"("\x41\xe9 \x20ac")").text, "A\xC3\xA9 \xE2\x82\xAC");
 }
 
+TEST(MofLexer, JoinsTheHalvesOfACharacterInEscapes) {
+    EXPECT_EQ(First(R"("\xD83D\xDCBE!")").text, "\xF0\x9F\x92\xBE!");
+    EXPECT_EQ(LexerError(R"("a\xD83D b")"), "a.mof:1:3: half of a character");
+    EXPECT_EQ(LexerError(R"("a\xDCBE")"), "a.mof:1:3: half of a character");
+    EXPECT_EQ(LexerError(R"("a\xD83D\x41")"), "a.mof:1:3: half of a character");
+}
+
+TEST(MofLexer, RefusesBytesThatAreNoUtf8AtTheirPlace) {
+    EXPECT_EQ(LexerError("a\n \"b\xFF\xFE\""), "a.mof:2:4: not UTF-8");
+    EXPECT_EQ(LexerError("\"\xE2\x82\""), "a.mof:1:2: not UTF-8");
+    EXPECT_EQ(LexerError("// \xC3\xA4\xC3"), "a.mof:1:6: not UTF-8");
+    EXPECT_EQ(LexerError("/* \x80 */"), "a.mof:1:4: not UTF-8");
+    EXPECT_EQ(LexerError("\xFF\xFE\"\x00"), "a.mof:1:1: unexpected character");
+}
+
 TEST(MofLexer, KeepsUtf8Text) {
     EXPECT_EQ(First("\"Gr\xC3\xB6\xC3\x9F"
                     "e\"")

@@ -143,7 +143,7 @@ TEST(MofReader, KeepsInstancesWithTheValuesTheyState) {
         "class A { [key] string Name; uint16 Codes[]; boolean On; };"
         "instance of a { name = \"n\"; Codes = {1, 2}; };");
     ASSERT_EQ(repository.Instances().size(), 1U);
-    const InstanceDefinition& instance = repository.Instances()[0];
+    const InstanceDefinition& instance = repository.Instances().front();
     EXPECT_EQ(instance.className, "A");
     EXPECT_EQ(*instance.Find("NAME"), CimValue("n"));
     EXPECT_EQ(*instance.Find("Codes"), CimValue(std::vector<std::int64_t>{1, 2}));
@@ -154,7 +154,7 @@ TEST(MofReader, ReplacesAnAliasByTheRelativePathOfItsInstance) {
     const ClassRepository repository = Read(
         "instance of __Win32Provider as $P { Name = \"X\"; CLSID = \"{0}\"; };"
         "instance of __InstanceProviderRegistration { provider = $P; SupportsGet = TRUE; };");
-    EXPECT_EQ(*repository.Instances().at(1).Find("Provider"),
+    EXPECT_EQ(*repository.Instances().back().get().Find("Provider"),
               CimValue("__Win32Provider.Name=\"X\""));
 }
 
@@ -202,7 +202,7 @@ TEST(MofReader, DeletesClassesAndInstances) {
     EXPECT_EQ(repository.Find("A"), nullptr);
     EXPECT_EQ(repository.Find("B"), nullptr);
     ASSERT_EQ(repository.Instances().size(), 1U);
-    EXPECT_EQ(*repository.Instances()[0].Find("Name"), CimValue("2"));
+    EXPECT_EQ(*repository.Instances().front().get().Find("Name"), CimValue("2"));
 }
 
 TEST(MofReader, ReadsFilesFromDisk) {

@@ -222,6 +222,41 @@ TEST(MofRules, ClassesHaveAtMost1024Properties) {
               "(WBEM_E_TOO_MANY_PROPERTIES 0x80041051)");
 }
 
+TEST(MofRules, ClassesInheritAndDeclareAtMost1024PropertiesInAll) {
+    const std::string large = "class A {" + Repeated("string X", 1000) + "};\n";
+    EXPECT_EQ(ErrorOf(large + "class B : A {" + Repeated("string Y", 24) + "};"), fine);
+    EXPECT_EQ(ErrorOf(large + "class B : A {" + Repeated("string Y", 25) + "};"),
+              "a.mof:2:7: class B has more than 1024 properties "
+              "(WBEM_E_TOO_MANY_PROPERTIES 0x80041051)");
+    EXPECT_EQ(ErrorOf(large + "class B : A {" + Repeated("[Override(\"X0\")] string X", 1) +
+                      Repeated("string Y", 24) + "};"),
+              fine);
+}
+
+/// Returns so many qualifiers, separated by commas.
+std::string Qualifiers(const std::string& name, int count, const std::string& flavor) {
+    std::string all = name;
+    for (int number = 1; number < count; ++number) {
+        all += flavor + ", " + name + std::to_string(number);
+    }
+    return all + flavor;
+}
+
+TEST(MofRules, ClassesAndPropertiesHaveAtMost256Qualifiers) {
+    EXPECT_EQ(ErrorOf("[" + Qualifiers("Q", 256, "") + "] class A {};"), fine);
+    EXPECT_EQ(ErrorOf("[" + Qualifiers("Q", 256, "") + ",\nR] class A {};"),
+              "a.mof:2:1: more than 256 qualifiers");
+    EXPECT_EQ(ErrorOf("class A { [" + Qualifiers("Q", 256, "") + ",\nR] string P; };"),
+              "a.mof:2:1: more than 256 qualifiers");
+}
+
+TEST(MofRules, ClassesHandOnAtMost256QualifiersWithTheirAncestors) {
+    const std::string top = "[" + Qualifiers("Q", 200, ":ToSubclass") + "] class A {};\n";
+    EXPECT_EQ(ErrorOf(top + "[" + Qualifiers("R", 56, ":ToSubclass") + "] class B : A {};"), fine);
+    EXPECT_EQ(ErrorOf(top + "[" + Qualifiers("R", 57, ":ToSubclass") + "]\nclass B : A {};"),
+              "a.mof:3:7: class B and its ancestors hand on more than 256 qualifiers");
+}
+
 TEST(MofRules, InstancesHaveAtMost256Keys) {
     EXPECT_EQ(ErrorOf("class A {" + Repeated("[key] string X", 257) + "};\ninstance of A {};"),
               "a.mof:2:13: class A has more than 256 keys");

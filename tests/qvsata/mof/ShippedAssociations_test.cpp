@@ -9,7 +9,7 @@ namespace {
 
 using namespace service;
 
-std::vector<PropertyDefinition> References(const std::string& className) {
+PropertyRefs References(const std::string& className) {
     auto properties = ShippedRepository().Properties(className);
     std::erase_if(properties, [](const PropertyDefinition& property) {
         return property.type != CimType::reference;

@@ -37,7 +37,7 @@ TEST(ShippedRegistration, CreatesTheNamespaceBeforeItIsUsed) {
     const ClassRepository* const root = Shipped().Find("root");
     ASSERT_NE(root, nullptr);
     ASSERT_EQ(root->Instances().size(), 1U);
-    EXPECT_EQ(root->RelativePath(root->Instances()[0]), "__Namespace.Name=\"QVQ\"");
+    EXPECT_EQ(root->RelativePath(root->Instances().front()), "__Namespace.Name=\"QVQ\"");
 }
 
 // The reader keeps no qualifiers of instances. P: the rights on root are not inherited. 0x6003F:

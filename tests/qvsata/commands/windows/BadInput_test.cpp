@@ -60,6 +60,12 @@ TEST(BadInput, MofIsNamedWithLineAndColumn) {
                 HasSubstr("cim_schema.mof:2:10: "));
 }
 
+TEST(BadInput, MofThatIsADirectoryIsNamed) {
+    const std::string folder = std::filesystem::temp_directory_path().string();
+    EXPECT_EQ(Failure({"classes", "--host", Desktop(), "--installed", folder}, 1),
+              "qvsata: " + folder + ": a directory, not a file\n");
+}
+
 TEST(BadInput, InstalledClassesThatLackOursAreNamed) {
     const std::string file = WriteFile("qvsata-older.mof", R"(
 #pragma namespace("\\\\.\\root\\QVQ")

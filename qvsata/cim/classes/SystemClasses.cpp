@@ -1,4 +1,4 @@
-#include "qvsata/cim/SystemClasses.h"
+#include "qvsata/cim/classes/SystemClasses.h"
 
 #include <array>
 #include <string_view>
