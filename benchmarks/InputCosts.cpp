@@ -181,6 +181,17 @@ std::string InstancesOf(int properties, int count) {
                   [](const auto& n) { return "instance of A { N = \"" + n + "\"; };"; });
 }
 
+std::string RemovedClasses(int count) {
+    std::string text;
+    for (int i = 0; i < count; ++i) {
+        text += "class C" + std::to_string(i) + " {};\n";
+    }
+    for (int i = 0; i < count; ++i) {
+        text += "#pragma deleteclass(\"C" + std::to_string(i) + "\", FAIL)\n";
+    }
+    return text;
+}
+
 std::string ManyInstances(int count) {
     return InstancesOf(0, count);
 }
@@ -261,6 +272,7 @@ const std::vector<Input> inputs{
     {"subclasses of a chain", SubclassesOfAChain, {10'000, 40'000}, mof, 3, installed, true},
     {"properties of a MOF class", ManyPropertiesOfAClass, {10'000, 40'000}, mof, 1, installed},
     {"qualifiers of a MOF property", ManyQualifiers, {20'000, 80'000}, mof, 1, installed},
+    {"classes that MOF removes", RemovedClasses, {10'000, 40'000}, mof, 3, installed, true},
     {"instances in MOF", ManyInstances, {10'000, 40'000}, mof, 3, installed, true},
     {"instances of 1,000 properties",
      InstancesOfManyProperties,

@@ -76,29 +76,25 @@ void ClassRepository::Add(ClassDefinition definition) {
     if (!definition.superclass.empty() && parent == nullptr) {
         throw std::invalid_argument("superclass " + definition.superclass + " is not defined");
     }
-    places_.emplace(FoldCase(definition.name), classes_.size());
-    classes_.push_back(
-        std::make_shared<const DefinedClass>(std::move(definition), std::move(parent)));
+    places_.emplace(FoldCase(definition.name), nextNumber_);
+    below_[FoldCase(definition.superclass)].insert(nextNumber_);
+    classes_.emplace(nextNumber_++, std::make_shared<const DefinedClass>(std::move(definition),
+                                                                         std::move(parent)));
 }
 
 void ClassRepository::Replace(ClassDefinition definition) {
-    const std::string name = definition.name;
-    std::vector<std::size_t> below;
-    for (std::size_t place = 0; place < classes_.size(); ++place) {
-        if (classes_[place]->Parent() != nullptr && classes_[place]->Parent()->IsA(name)) {
-            below.push_back(place);
-        }
-    }
-    std::ranges::sort(below, {},
-                      [&](std::size_t place) { return classes_[place]->AncestorCount(); });
-    const auto put = [&](std::size_t place, ClassDefinition changed) {
+    const auto put = [this](ClassDefinition changed) {
+        DefinedClassPtr& place = classes_.at(places_.at(FoldCase(changed.name)));
+        const std::size_t number = places_.at(FoldCase(changed.name));
+        below_[FoldCase(place->Definition().superclass)].erase(number);
+        below_[FoldCase(changed.superclass)].insert(number);
         DefinedClassPtr parent = FindDefined(changed.superclass);
-        classes_[place] =
-            std::make_shared<const DefinedClass>(std::move(changed), std::move(parent));
+        place = std::make_shared<const DefinedClass>(std::move(changed), std::move(parent));
     };
-    put(places_.at(FoldCase(name)), std::move(definition));
-    for (const std::size_t place : below) {
-        put(place, classes_[place]->Definition());
+    const std::vector<DefinedClassPtr> below = ClassesBelow(definition.name);
+    put(std::move(definition));
+    for (const DefinedClassPtr& one : below) {
+        put(one->Definition());
     }
 }
 
@@ -108,7 +104,35 @@ void ClassRepository::Add(InstanceDefinition instance) {
         RemoveInstance(path);
     }
     numbers_.emplace(FoldCase(path), nextNumber_);
+    ofClass_[FoldCase(instance.className)].insert(nextNumber_);
     instances_.emplace(nextNumber_++, std::move(instance));
+}
+
+std::vector<DefinedClassPtr> ClassRepository::ClassesBelow(std::string_view className) const {
+    std::vector<DefinedClassPtr> found;
+    std::string name = FoldCase(className);
+    for (std::size_t next = 0;; ++next) {
+        if (const auto direct = below_.find(name); direct != below_.end()) {
+            for (const std::size_t number : direct->second) {
+                found.push_back(classes_.at(number));
+            }
+        }
+        if (next == found.size()) {
+            return found;
+        }
+        name = FoldCase(found[next]->Definition().name);
+    }
+}
+
+bool ClassRepository::HasInstancesOf(std::string_view className) const {
+    const auto has = [this](std::string_view name) {
+        const auto own = ofClass_.find(FoldCase(name));
+        return own != ofClass_.end() && !own->second.empty();
+    };
+    return has(className) ||
+           std::ranges::any_of(ClassesBelow(className), [&has](const DefinedClassPtr& one) {
+               return has(one->Definition().name);
+           });
 }
 
 bool ClassRepository::RemoveClass(std::string_view className) {
@@ -116,24 +140,22 @@ bool ClassRepository::RemoveClass(std::string_view className) {
     if (found == places_.end()) {
         return false;
     }
-    const std::string name = classes_[found->second]->Definition().name;
-    std::erase_if(instances_, [&](const auto& numbered) {
-        const bool isDoomed = IsA(numbered.second.className, name);
-        if (isDoomed) {
-            numbers_.erase({FoldCase(RelativePath(numbered.second)), numbered.first});
+    std::vector<DefinedClassPtr> doomed = ClassesBelow(className);
+    doomed.push_back(classes_.at(found->second));
+    for (const DefinedClassPtr& one : doomed) {
+        const std::string name = FoldCase(one->Definition().name);
+        for (const std::size_t number : ofClass_[name]) {
+            const auto instance = instances_.find(number);
+            numbers_.erase({FoldCase(RelativePath(instance->second)), number});
+            instances_.erase(instance);
         }
-        return isDoomed;
-    });
-    std::erase_if(classes_, [&](const DefinedClassPtr& one) { return one->IsA(name); });
-    IndexClasses();
-    return true;
-}
-
-void ClassRepository::IndexClasses() {
-    places_.clear();
-    for (std::size_t place = 0; place < classes_.size(); ++place) {
-        places_.emplace(FoldCase(classes_[place]->Definition().name), place);
+        ofClass_.erase(name);
+        const std::size_t number = places_.at(name);
+        below_[FoldCase(one->Definition().superclass)].erase(number);
+        classes_.erase(number);
+        places_.erase(name);
     }
+    return true;
 }
 
 bool ClassRepository::HasInstance(std::string_view relativePath) const {
@@ -147,7 +169,9 @@ bool ClassRepository::RemoveInstance(std::string_view relativePath) {
     const auto first = numbers_.lower_bound({path, 0});
     auto end = first;
     for (; end != numbers_.end() && end->first == path; ++end) {
-        instances_.erase(end->second);
+        const auto instance = instances_.find(end->second);
+        ofClass_.at(FoldCase(instance->second.className)).erase(end->second);
+        instances_.erase(instance);
     }
     const bool hasRemoved = first != end;
     numbers_.erase(first, end);
@@ -157,7 +181,7 @@ bool ClassRepository::RemoveInstance(std::string_view relativePath) {
 DefinedClassPtr ClassRepository::FindDefined(std::string_view className) const {
     const std::string name = FoldCase(className);
     if (const auto found = places_.find(name); found != places_.end()) {
-        return classes_[found->second];
+        return classes_.at(found->second);
     }
     const auto found = SystemClassesByName().find(name);
     return found == SystemClassesByName().end() ? nullptr : found->second;
@@ -170,7 +194,7 @@ const ClassDefinition* ClassRepository::Find(std::string_view className) const {
 
 Refs<ClassDefinition> ClassRepository::Classes() const {
     Refs<ClassDefinition> classes;
-    for (const DefinedClassPtr& one : classes_) {
+    for (const auto& [number, one] : classes_) {
         classes.emplace_back(one->Definition());
     }
     return classes;

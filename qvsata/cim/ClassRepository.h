@@ -51,6 +51,12 @@ public:
     /// Returns the classes in the order of their definition.
     Refs<ClassDefinition> Classes() const;
 
+    /// Returns the classes that derive from a class, an ancestor before its subclasses.
+    std::vector<DefinedClassPtr> ClassesBelow(std::string_view className) const;
+
+    /// Returns whether a class or one that derives from it has instances.
+    bool HasInstancesOf(std::string_view className) const;
+
     /// Returns the instances in the order of their definition.
     Refs<InstanceDefinition> Instances() const;
 
@@ -76,12 +82,16 @@ public:
     std::string RelativePath(const InstanceDefinition& instance) const;
 
 private:
-    void IndexClasses();
+    using Numbers = std::set<std::size_t>;
 
-    std::vector<DefinedClassPtr> classes_;  ///< without those of the management service
-    std::unordered_map<std::string, std::size_t> places_;    ///< of the classes, by folded name
-    std::map<std::size_t, InstanceDefinition> instances_;    ///< by number, in the order of arrival
-    std::set<std::pair<std::string, std::size_t>> numbers_;  ///< of instances, by folded path
+    // Classes and instances have numbers in the order of their arrival. Those of the management
+    // service are not among them. Names and paths are folded.
+    std::map<std::size_t, DefinedClassPtr> classes_;
+    std::map<std::size_t, InstanceDefinition> instances_;
+    std::unordered_map<std::string, std::size_t> places_;    ///< of the classes, by name
+    std::unordered_map<std::string, Numbers> below_;         ///< classes, by direct superclass
+    std::unordered_map<std::string, Numbers> ofClass_;       ///< instances, by class
+    std::set<std::pair<std::string, std::size_t>> numbers_;  ///< of instances, by path
     std::size_t nextNumber_ = 0;
 };
 

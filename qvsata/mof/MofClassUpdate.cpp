@@ -39,24 +39,21 @@ std::optional<ClassBreach> FindUpdateBreach(const ClassDefinition& changed,
         return {};
     }
     const std::string change = "class " + changed.name + " is changed and ";
-    const bool hasInstances =
-        std::ranges::any_of(classes.Instances(), [&](const InstanceDefinition& instance) {
-            return classes.IsA(instance.className, changed.name);
-        });
-    if (hasInstances) {
+    if (classes.HasInstancesOf(changed.name)) {
         return ClassBreach{change + "has instances", &mof_status::classHasInstances};
+    }
+    const std::vector<DefinedClassPtr> below = classes.ClassesBelow(changed.name);
+    if (below.empty()) {
+        return {};
+    }
+    if (!flags.withSubclasses) {
+        return ClassBreach{change + "has the subclass " + below.front()->Definition().name,
+                           &mof_status::classHasChildren};
     }
     ClassRepository after = classes;
     after.Replace(changed);
-    for (const ClassDefinition& other : classes.Classes()) {
-        if (!classes.IsA(other.superclass, changed.name)) {
-            continue;
-        }
-        if (!flags.withSubclasses) {
-            return ClassBreach{change + "has the subclass " + other.name,
-                               &mof_status::classHasChildren};
-        }
-        if (const auto breach = FindBreach(other, after)) {
+    for (const DefinedClassPtr& other : below) {
+        if (const auto breach = FindBreach(other->Definition(), after)) {
             return ClassBreach{change + "contradicts its subclass: " + breach->what,
                                &mof_status::classHasChildren};
         }
