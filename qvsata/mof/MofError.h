@@ -17,19 +17,16 @@ struct MofPosition {
 
 /// An error in a MOF file. what() is one line, `file:line:column: reason`, followed by ` (name
 /// code)` if the documentation names the status with which the real service or compiler ends.
+/// Control characters, of a text that the reason quotes, are codes: `\x0a`.
 class MofError : public std::runtime_error {
 public:
     /// The error of the whole file: `file: reason`.
-    MofError(std::string_view fileName, const std::string& what)
-        : std::runtime_error(std::string(fileName) + ": " + what) {}
+    MofError(std::string_view fileName, std::string_view what);
 
-    MofError(std::string_view fileName, MofPosition position, const std::string& what)
-        : std::runtime_error(std::string(fileName) + ':' + std::to_string(position.line) + ':' +
-                             std::to_string(position.column) + ": " + what) {}
+    MofError(std::string_view fileName, MofPosition position, std::string_view what);
 
     MofError(std::string_view fileName, MofPosition position, const std::string& what,
-             const MofStatus& status)
-        : MofError(fileName, position, what + " (" + ToText(status) + ')') {}
+             const MofStatus& status);
 };
 
 }  // namespace qv::service

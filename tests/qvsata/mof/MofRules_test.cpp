@@ -191,6 +191,10 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"instance of __Win32Provider { Name = \"P\"; HostingModel = \"MyHost\"; };",
              "a.mof:1:13: unknown hosting model MyHost "
              "(WBEM_E_INVALID_PROVIDER_REGISTRATION 0x80041012)"},
+        Case{"instance of __Win32Provider { Name = \"P\"; HostingModel = \"My\\r\\nHost\x7f\"; };",
+             "a.mof:1:13: unknown hosting model My\\x0d\\x0aHost\\x7f "
+             "(WBEM_E_INVALID_PROVIDER_REGISTRATION 0x80041012)"},
+        Case{"#pragma deleteclass(\"A\\nB\", FAIL)", "a.mof:1:9: nothing to delete: A\\x0aB"},
         Case{
             "instance of __Win32Provider { Name = \"P\"; HostingModel = \"LocalServiceHost:a\"; };",
             fine},
