@@ -68,7 +68,7 @@ Finding LibraryProblem(const std::string& text, const Facts& facts, const Librar
         return Problem(text, registerAgain);
     }
     if (!library.product.empty()) {
-        return Problem(text, "msiexec /famus " + library.product);
+        return Problem(text, "msiexec /i " + library.product + " REINSTALL=ALL REINSTALLMODE=amus");
     }
     return Problem(text + "; unpack qvwmisata_" + facts.toolVersion + "_windows.zip again", {});
 }

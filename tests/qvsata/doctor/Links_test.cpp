@@ -157,7 +157,7 @@ const std::array breakages{
                  Library(facts).product = "{P}";
                  Library(facts).whyNotLoaded = "Q.dll: error 193";
              },
-             "library loads: Q.dll: error 193 -> msiexec /famus {P}"},
+             "library loads: Q.dll: error 193 -> msiexec /i {P} REINSTALL=ALL REINSTALLMODE=amus"},
     Breakage{"OldVersion", [](Facts& facts) { Library(facts).version = "0.9.0"; },
              "library version: the library has version 0.9.0, this program 1.0.0 -> qvsata "
              "register"},
